@@ -1,0 +1,30 @@
+# SPDX-FileCopyrightText: 2026 The Velkor developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# How every target of this project is compiled. Linked PRIVATE, so that a project which takes
+# the viewer in keeps its own habits.
+add_library(velkor_options INTERFACE)
+target_compile_features(velkor_options INTERFACE cxx_std_17)
+target_compile_definitions(velkor_options INTERFACE
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII
+  QT_NO_FOREACH
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  # Debug lines name their function in release builds too; support asks for them.
+  QT_MESSAGELOGCONTEXT)
+
+if(MSVC)
+  target_compile_options(velkor_options INTERFACE /W4 /utf-8 /permissive-
+    $<$<BOOL:${VELKOR_WERROR}>:/WX>)
+else()
+  target_compile_options(velkor_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wdouble-promotion -Wformat=2
+    $<$<BOOL:${VELKOR_WERROR}>:-Werror>)
+endif()
+
+if(VELKOR_SANITIZE)
+  target_compile_options(velkor_options INTERFACE
+    -fsanitize=${VELKOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(velkor_options INTERFACE -fsanitize=${VELKOR_SANITIZE})
+endif()
