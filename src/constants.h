@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLatin1String>
+#include <QtGlobal>
+
+/// \file
+/// Every number and fixed text of the viewer that has a meaning of its own, each in one place.
+///
+/// The horizontal unit of the chart is the *count*, 1.25 ns of echo time; the vertical one is one
+/// raw sample step.
+
+namespace constants {
+
+// ---- Traces ----
+
+constexpr int slotCount = 6; ///< trace slots 0..5, shown to the user as 1..6
+constexpr int slotMask = 63; ///< one bit per trace slot
+constexpr int allSections = 63; ///< one bit per section of the settings
+constexpr int drawnSamples = 250; ///< samples drawn of each trace, whatever the record holds
+constexpr int lastSample = drawnSamples - 1; ///< highest sample index under a cursor
+constexpr int stepPointCount = 2 * drawnSamples; ///< capacity for a trace drawn as steps
+constexpr double nsPerCount = 1.25; ///< echo time of one count, ns
+constexpr int noLevel = 129; ///< "no level here": above every signed byte, shown as an empty text
+constexpr int noMaster = -1; ///< master slot before the first one is chosen
+constexpr int centuryStart = 2000; ///< the record counts years from here
+
+// ---- View range ----
+
+constexpr int minScale = 0; ///< zoom exponent of the narrowest view
+constexpr int maxScale = 8; ///< zoom exponent of the widest view
+constexpr int xLength = drawnSamples << maxScale; ///< widest horizontal extent, counts
+constexpr int levelMin = -128; ///< lower end of the vertical axis, sample steps
+constexpr int levelMax = 128; ///< upper end of the vertical axis, sample steps
+constexpr int verticalOffsetLimit = 256; ///< a trace is shifted up or down by at most this
+/// Metres that the scale caption gives one count: a round number that knows no velocity factor.
+constexpr double captionMetresPerCount = nsPerCount / 10.0;
+
+// ---- Velocity factor ----
+
+constexpr float minKU = 1.0F;
+constexpr float maxKU = 10.0F;
+constexpr float startKU = 1.49896229F; ///< makes one count 0.125 m, to the precision of a float
+/// Metres per count at the speed of light, one way: 299792458 m/s x 1.25 ns / 2.
+constexpr double distCoef0 = 0.18737028625;
+constexpr float kuDialUnits = 1000.0F; ///< dial steps per unit of the velocity factor
+constexpr int kuDecimals = 3;
+constexpr double kuDialogStep = 0.001;
+
+// ---- Texts made of numbers ----
+
+constexpr int distanceDecimals = 2; ///< metres are shown to the centimetre
+
+// ---- Grid under the traces ----
+
+constexpr int gridLines = 20; ///< interior grid lines that exist; no range needs more
+constexpr int gridEdges = 2; ///< lines at the left and right edge of the plot
+constexpr double minGridIntervals = 7.0; ///< a grid step must give at least so many intervals
+constexpr double maxGridIntervals = 20.0; ///< and at most so many
+/// Grid steps are one of these times a power of ten of metres; the largest that fits is taken.
+constexpr double gridSteps[] = { 1.25, 2.5, 5.0 };
+/// The left edge is drawn only when the last grid value before it is nearer than this part of a
+/// step.
+constexpr double leftEdgeShare = 0.3;
+/// The right edge is drawn only when the last interior line is farther than this part of a step.
+constexpr double rightEdgeShare = 0.75;
+/// An edge label is left empty above ten to this power of metres: whole-numbered steps...
+constexpr double integralEdgeDigits = 3.0;
+/// ...and fractional ones, whose labels are longer by the decimal.
+constexpr double fractionalEdgeDigits = 2.0;
+
+// ---- Cursors and dials ----
+
+constexpr int dialSpeed = 100; ///< steps per turn of a dial unless the settings say otherwise
+constexpr int scaleDialSpeed = 8; ///< steps per turn while the dial sets the scale
+
+// ---- Sizes ----
+
+constexpr double fontShare = 0.018; ///< base font size as a part of the window's smaller extent
+constexpr int fontWidthNumerator = 15; ///< of the window's width, 15/16 count as its extent
+constexpr int fontWidthDenominator = 16;
+constexpr double titleShare = 0.9; ///< chart title's font as a part of the base size
+constexpr double maxTitlePoints = 12.0;
+constexpr double minGridPixels = 10.0; ///< grid labels are never smaller than this
+constexpr double titleGap = 2.0; ///< pixels between chart title and plot
+constexpr int minWindowWidth = 800;
+constexpr int minWindowHeight = 500;
+constexpr int minPlotViewWidth = 500;
+constexpr int minPlotViewHeight = 310;
+constexpr int logoWidth = 140;
+constexpr int logoHeight = 50;
+constexpr int navigationIconSize = 30;
+constexpr int chartMargin = 20; ///< pixels on each side of the plot
+/// The chart is this much wider and higher than its view, and moved by half of it, so that its own
+/// frame falls outside.
+constexpr double chartExtraWidth = 20.5;
+constexpr double chartExtraHeight = 20.0;
+constexpr double chartPosition = -10.25;
+
+// ---- Colours: 0xAARRGGBB, as QColor takes them ----
+
+/// Pens of the six traces.
+constexpr quint32 slotColours[slotCount] = {
+    0xFF00FF00, 0xFF00FFFF, 0xFFFF00FF, 0xFFFF0000, 0xFFFFFF00, 0xFF0000FF,
+};
+constexpr quint32 axisColour = 0xFF323232; ///< axes, base line and grid
+constexpr quint32 normalBackground = 0xFF0B0C0D; ///< behind the traces
+constexpr quint32 differenceBackground = 0xFF28283C; ///< behind differences
+constexpr int axisLinePen = 2;
+constexpr int baseLinePen = 3;
+constexpr int tracePen = 2;
+
+// ---- Clock ----
+
+constexpr int clockPeriod = 1000; ///< ms
+
+// ---- Files beside the program ----
+
+constexpr QLatin1String settingsFile("settings_current.ini");
+constexpr QLatin1String settingsBackupFile("settings_current_old.ini");
+/// Names the folder that holds the style sheet being worked on; unset, nothing is watched.
+constexpr char developerFolderVariable[] = "VELKOR_DEV_FOLDER";
+constexpr QLatin1String developerStyle("Velkor/style/style_%1.qss");
+constexpr int developerStyleNumber = 2; ///< the only sheet that is ever watched
+constexpr qint64 maxStyleSheetBytes = 4 * 1024 * 1024; ///< a larger sheet counts as unreadable
+
+// ---- Keys of the settings file ----
+
+constexpr QLatin1String keyLanguage("language");
+constexpr QLatin1String keyStyle("CSS");
+constexpr QLatin1String groupWorkFolders("WorkFolders");
+constexpr QLatin1String keyLastFolder("lastFolder");
+constexpr QLatin1String keyWorkFolder("folder%1"); ///< counted from 1
+constexpr QLatin1String groupPrevFiles("PrevFiles");
+constexpr QLatin1String keyStateIndex("StateIndex");
+constexpr QLatin1String keyMasterId("MasterId");
+constexpr QLatin1String keyFile("file%1"); ///< counted from 1
+constexpr QLatin1String groupWindowState("WindowState");
+constexpr QLatin1String keyGeometry("geometry");
+constexpr QLatin1String keyWindowState("windowState");
+constexpr QLatin1String groupDials("Dials");
+constexpr QLatin1String keyCursorSpeed("cursorSpeed");
+constexpr QLatin1String keyParamSpeed("paramSpeed");
+constexpr QLatin1String defaultLanguage("en_US");
+constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are read
+
+// ---- Resources. Pictures are named without their extension; the image reader finds it. ----
+
+constexpr QLatin1String defaultStyle(":/style/style_2.qss");
+constexpr QLatin1String defaultSettings(":/ini/settings_default.ini");
+constexpr QLatin1String languageFile(":/l10n/translation.ini");
+constexpr QLatin1String catalogueFolder(":/l10n");
+constexpr QLatin1String programCatalogue("Velkor_%1");
+constexpr QLatin1String toolkitCatalogue("qt_%1");
+constexpr QLatin1String windowIcon("://icons/tdr_btr_64.png");
+constexpr QLatin1String logoPicture("://pix/logo.png");
+constexpr QLatin1String slotIcon("://icons/canal_64/canal_%1"); ///< visible, not the master
+constexpr QLatin1String masterSlotIcon("://icons/canal_64/canal_%1M"); ///< visible master
+constexpr QLatin1String hiddenSlotIcon("://icons/canal_64/Canal_Disabled");
+
+static_assert(xLength == 64000, "the widest view is 250 samples of 256 counts");
+
+} // namespace constants
