@@ -51,6 +51,7 @@ constexpr double kuDialogStep = 0.001;
 // ---- Texts made of numbers ----
 
 constexpr int distanceDecimals = 2; ///< metres are shown to the centimetre
+constexpr int generalDigits = 6; ///< significant digits where no decimals are prescribed
 
 // ---- Grid under the traces ----
 

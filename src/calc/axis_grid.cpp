@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/axis_grid.h"
+
+#include <cmath>
+
+namespace calc {
+
+namespace {
+
+// A step of 2.5 needs its decimal, one of 25 does not.
+bool isIntegral(double step)
+{
+    return std::floor(step) == step;
+}
+
+QString labelText(double metres, bool integral)
+{
+    return QString::number(metres, 'f', integral ? 0 : 1);
+}
+
+// Large distances stay blank at the edges, where a long number would run into its neighbour; so do
+// negative ones. The line is drawn all the same.
+QString edgeText(double metres, bool integral)
+{
+    if (metres < 0.0)
+        return QString();
+    const double digits
+        = integral ? constants::integralEdgeDigits : constants::fractionalEdgeDigits;
+    // log10(0) is minus infinity, so that 0 is always labelled.
+    if (std::log10(metres) > digits)
+        return QString();
+    return labelText(metres, integral);
+}
+
+} // namespace
+
+double gridStep(double span)
+{
+    if (!(span > 0.0) || !std::isfinite(span))
+        return 0.0;
+    const double level = std::pow(10.0, std::floor(std::log10(span)) - 1.0);
+    double step = 0.0;
+    for (const double factor : constants::gridSteps) {
+        const double candidate = factor * level;
+        if (constants::minGridIntervals * candidate <= span
+            && span <= constants::maxGridIntervals * candidate)
+            step = candidate;
+    }
+    return step;
+}
+
+GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
+{
+    GridPlan plan;
+    const double first = range.min * metresPerCount;
+    const double last = range.max * metresPerCount;
+    const double span = last - first;
+    const double step = gridStep(span);
+    if (!(step > 0.0))
+        return plan;
+
+    // Pixels per metre rather than metres per pixel: a plot without a width divides by nothing.
+    const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
+    const double width = hasWidth ? static_cast<double>(plotWidth) : 0.0;
+    const double stepPixels = step * (width / span);
+    const double gridStart = step * std::floor(first / step); // at or left of the left edge
+    const double startPixels = (first - gridStart) * (width / span);
+    const bool integral = isIntegral(step);
+    plan.valid = true;
+    plan.step = step;
+
+    if (first - gridStart < constants::leftEdgeShare * step)
+        plan.edges[0] = { true, 0.0, edgeText(first, integral) };
+
+    // No range that a plot can show needs more lines than there are, but the bound is not left to
+    // the arithmetic.
+    int &count = plan.interiorCount;
+    while (count < constants::gridLines && count < (last - gridStart) / step - 1.0) {
+        const int line = count + 1;
+        plan.interior[count] = { true, line * stepPixels - startPixels,
+                                 labelText(gridStart + line * step, integral) };
+        count = line;
+    }
+
+    // Unless the last interior line is too close, the right edge gets one of its own.
+    if (last - (count * step + gridStart) > constants::rightEdgeShare * step)
+        plan.edges[1] = { true, width, edgeText(last, integral) };
+    return plan;
+}
+
+} // namespace calc

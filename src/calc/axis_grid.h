@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "calc/view_range.h"
+#include "constants.h"
+
+#include <QString>
+
+/// \file
+/// The vertical grid under the traces: round distances in metres over an axis that counts time.
+
+namespace calc {
+
+/// Metres between two grid lines for \a span metres across the plot: 1.25, 2.5 or 5 times a power
+/// of ten, the largest of them that gives 7 to 20 intervals. 0 when there is no such step: \a span
+/// is not a finite number above 0, or so small that its tenth is none.
+double gridStep(double span);
+
+/// Which grid lines to show, where, and what to write under them.
+struct GridPlan
+{
+    /// One grid line with its label. What is not visible has offset 0 and no text.
+    struct Line
+    {
+        bool visible = false;
+        double offset = 0.0; ///< pixels to the right of the plot's left edge
+        QString text; ///< metres without a unit; may be empty though the line is visible
+    };
+
+    bool valid = false; ///< false: there is no step, and nothing at all is visible
+    double step = 0.0; ///< metres between two lines
+    Line edges[constants::gridEdges]; ///< at the left and at the right edge of the plot
+    Line interior[constants::gridLines]; ///< the first \c interiorCount are visible, left to right
+    int interiorCount = 0;
+};
+
+/// The grid for \a range counts of \a metresPerCount each on a plot \a plotWidth pixels wide. The
+/// step and the texts depend on the metres alone, the offsets on the width too: all of them are 0
+/// on a plot that has no width yet. Not valid when the distance across is not a finite number above
+/// 0.
+GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth);
+
+} // namespace calc
