@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "parambutton.h"
+
+ParamButton::ParamButton(Dictionary *words, char parameter)
+    : InterfaceButton(nullptr)
+    , id(parameter)
+{
+    Q_UNUSED(words)
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    setCheckable(true);
+    installEventFilter(this);
+}
+
+bool ParamButton::eventFilter(QObject *watched, QEvent *event)
+{
+    // The push button's own filter is passed by: nothing may be held back here.
+    return QObject::eventFilter(watched, event);
+}
