@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "program_files.h"
+
+#include "constants.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#ifdef Q_OS_WIN
+// Without it QFileInfo knows the read-only attribute alone and takes every folder for writable.
+extern Q_CORE_EXPORT int qt_ntfs_permission_lookup;
+#endif
+
+namespace {
+
+bool isWritableFolder(const QString &folder)
+{
+#ifdef Q_OS_WIN
+    ++qt_ntfs_permission_lookup;
+    const bool writable = QFileInfo(folder).isWritable();
+    --qt_ntfs_permission_lookup;
+    return writable;
+#else
+    return QFileInfo(folder).isWritable();
+#endif
+}
+
+QString inFolder(const QString &folder, QLatin1String name)
+{
+#ifdef Q_OS_WIN
+    return folder + QLatin1Char('\\') + name;
+#else
+    return folder + QLatin1Char('/') + name;
+#endif
+}
+
+QString userFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+}
+
+QString pathToWrite(QLatin1String name)
+{
+    const QString folder = program_files::programFolder();
+    if (isWritableFolder(folder)) {
+        return inFolder(folder, name);
+    }
+    // When the folder cannot be made, the write that follows fails and nobody is told.
+    QDir().mkpath(userFolder());
+    return inFolder(userFolder(), name);
+}
+
+} // namespace
+
+QString program_files::programFolder()
+{
+    return QCoreApplication::applicationDirPath();
+}
+
+QString program_files::settingsFile()
+{
+    return pathToWrite(constants::settingsFile);
+}
+
+QString program_files::settingsFileToRead()
+{
+    const QString beside = inFolder(programFolder(), constants::settingsFile);
+    if (isWritableFolder(programFolder())) {
+        return beside;
+    }
+    const QString own = inFolder(userFolder(), constants::settingsFile);
+    return isRegularFile(own) || !isRegularFile(beside) ? own : beside;
+}
+
+QString program_files::settingsBackupFile()
+{
+    return pathToWrite(constants::settingsBackupFile);
+}
+
+bool program_files::isRegularFile(const QString &path)
+{
+    return QFileInfo(path).isFile();
+}
+
+bool program_files::openRegularFile(QFile &file)
+{
+    return isRegularFile(file.fileName()) && file.open(QIODevice::ReadOnly);
+}
+
+QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
+{
+    QFile file(path);
+    if (!openRegularFile(file)) {
+        return {};
+    }
+    // One byte more than allowed is asked for: what a file says of its own size is not trusted.
+    QByteArray bytes = file.read(limit + 1);
+    if (bytes.size() > limit) {
+        bytes.clear();
+    }
+    return bytes;
+}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class QFile;
+
+/// \file
+/// Where the files of the program lie, and how files from outside are opened. Nothing else in the
+/// program knows either.
+///
+/// Settings lie beside the program. Where that folder cannot be written (an installed package) they
+/// lie in the user's own configuration folder, which is made when it is first written to.
+namespace program_files {
+
+/// The folder of the executable, without a separator at its end.
+QString programFolder();
+
+/// Where the settings are written. Makes the user's folder when that is the place.
+QString settingsFile();
+
+/// Where the settings are read: as \c settingsFile, but the file beside the program still counts
+/// while the user's folder has none. Makes nothing; the file need not exist.
+QString settingsFileToRead();
+
+/// Where the one backup of the settings lies: in the folder of \c settingsFile, made as there.
+QString settingsBackupFile();
+
+/// True when \a path, all links followed, is a regular file. Pipes, devices and folders are not:
+/// opening one may never return.
+bool isRegularFile(const QString &path);
+
+/// Opens \a file for reading; false when it is no regular file or cannot be opened.
+bool openRegularFile(QFile &file);
+
+/// All bytes of the file at \a path; empty when it cannot be opened or holds more than \a limit
+/// bytes.
+QByteArray readRegularFile(const QString &path, qint64 limit);
+
+} // namespace program_files

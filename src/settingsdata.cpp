@@ -1,0 +1,250 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settingsdata.h"
+
+#include "constants.h"
+#include "program_files.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace {
+
+enum Section {
+    FilesSection,
+    StyleSection,
+    FoldersSection,
+    LanguageSection,
+    GeometrySection,
+    DialsSection
+};
+
+/// Stands in for a file that must not be opened: a place where nothing is ever found.
+constexpr QLatin1String nothingToRead(":/ini/nothing.ini");
+
+constexpr int toolkitCodeLength = 2; ///< the toolkit's catalogues know languages, not countries
+
+QString numberedKey(QLatin1String pattern, int number)
+{
+    return QString(pattern).arg(number);
+}
+
+QStringList readFolders(const QSettings &ini)
+{
+    QStringList folders;
+    for (int i = 1; i <= constants::maxWorkFolders; ++i) {
+        const QString folder = ini.value(numberedKey(constants::keyWorkFolder, i)).toString();
+        if (folder.isEmpty()) {
+            break;
+        }
+        folders.append(folder);
+    }
+    return folders;
+}
+
+void writeFolders(QSettings &ini)
+{
+    // Not the list that was read: the same three entries each time, the first a name for people
+    // and no path.
+    const QString folders[] = { QStandardPaths::displayName(QStandardPaths::DocumentsLocation),
+                                QCoreApplication::applicationDirPath(), QDir::currentPath() };
+    int number = 0;
+    for (const QString &folder : folders) {
+        ini.setValue(numberedKey(constants::keyWorkFolder, ++number), folder);
+    }
+}
+
+} // namespace
+
+SettingsData::SettingsData(QObject *parent)
+    : QObject(parent)
+{
+}
+
+bool SettingsData::loadSettings(const QString &file, state_index mask)
+{
+    const QSettings::Format format = QSettings::IniFormat;
+    QSettings ini(program_files::isRegularFile(file) ? file : QString(nothingToRead), format);
+    if (checkbit(mask, LanguageSection)) {
+        current_language
+            = ini.value(constants::keyLanguage, QString(constants::defaultLanguage)).toString();
+    }
+    if (checkbit(mask, StyleSection)) {
+        current_CSS_path
+            = ini.value(constants::keyStyle, QString(constants::defaultStyle)).toString();
+    }
+    ini.beginGroup(constants::groupWorkFolders);
+    if (checkbit(mask, FoldersSection)) {
+        last_folder = ini.value(constants::keyLastFolder, QDir::currentPath()).toString();
+        work_folders = readFolders(ini);
+    }
+    ini.endGroup();
+    ini.beginGroup(constants::groupPrevFiles);
+    if (checkbit(mask, FilesSection)) {
+        read_index = ini.value(constants::keyStateIndex, 0).toInt();
+        // A number that was never saved means the first slot, although a new store knows no master.
+        master_ID = static_cast<signed char>(ini.value(constants::keyMasterId, 0).toInt());
+        for (int slot = 0; slot < constants::slotCount; ++slot) {
+            if (checkbit(read_index, slot)) {
+                current_files[slot]
+                    = ini.value(numberedKey(constants::keyFile, slot + 1)).toString();
+            }
+        }
+    }
+    ini.endGroup();
+    ini.beginGroup(constants::groupWindowState);
+    if (checkbit(mask, GeometrySection)) {
+        window_geometry = ini.value(constants::keyGeometry).toByteArray();
+        window_state = ini.value(constants::keyWindowState).toByteArray();
+    }
+    ini.endGroup();
+    ini.beginGroup(constants::groupDials);
+    if (checkbit(mask, DialsSection)) {
+        cursor_dial_speed = ini.value(constants::keyCursorSpeed, constants::dialSpeed).toInt();
+        param_dial_speed = ini.value(constants::keyParamSpeed, constants::dialSpeed).toInt();
+    }
+    ini.endGroup();
+    return false;
+}
+
+void SettingsData::updateSettings(state_index mask)
+{
+    if (checkbit(mask, FilesSection)) {
+        emit files_to_load(read_index);
+    }
+    if (checkbit(mask, StyleSection)) {
+        parse_CSS();
+    }
+    // The folders need no action.
+    if (checkbit(mask, LanguageSection)) {
+        setTranslation();
+    }
+    if (checkbit(mask, GeometrySection)) {
+        emit window_geometry_loaded();
+    }
+    if (checkbit(mask, DialsSection)) {
+        emit dial_settings_changed();
+    }
+}
+
+void SettingsData::copy(const SettingsData *from, state_index mask)
+{
+    if (checkbit(mask, FilesSection)) {
+        read_index = from->read_index;
+        master_ID = from->master_ID;
+        std::copy(std::begin(from->current_files), std::end(from->current_files),
+                  std::begin(current_files));
+    }
+    if (checkbit(mask, StyleSection)) {
+        current_CSS_path = from->current_CSS_path;
+        current_CSS = from->current_CSS;
+    }
+    if (checkbit(mask, FoldersSection)) {
+        work_folders = from->work_folders;
+        last_folder = from->last_folder;
+    }
+    if (checkbit(mask, LanguageSection)) {
+        std::copy(std::begin(from->languageList), std::end(from->languageList),
+                  std::begin(languageList));
+        current_language = from->current_language;
+    }
+    if (checkbit(mask, GeometrySection)) {
+        window_state = from->window_state;
+        window_geometry = from->window_geometry;
+    }
+    if (checkbit(mask, DialsSection)) {
+        param_dial_speed = from->param_dial_speed;
+        cursor_dial_speed = from->cursor_dial_speed;
+    }
+    curAppPointer = from->curAppPointer;
+}
+
+void SettingsData::parse_CSS()
+{
+    const QByteArray sheet
+        = program_files::readRegularFile(current_CSS_path, constants::maxStyleSheetBytes);
+    // With its length: a NUL is a character like any other and ends nothing.
+    current_CSS = QString::fromLatin1(sheet.constData(), sheet.size());
+    emit CSS_changed();
+}
+
+void SettingsData::parse_translations()
+{
+    QFile file{ QString(constants::languageFile) };
+    if (!program_files::openRegularFile(file)) {
+        return;
+    }
+    QTextStream lines(&file);
+    lines.setAutoDetectUnicode(true);
+    for (int i = 0; i < languageCount; ++i) {
+        const QString line = lines.readLine();
+        // Languages below an empty line wait there until they have a catalogue.
+        if (line.isEmpty()) {
+            break;
+        }
+        const QStringList parts = line.split(QLatin1Char(' '));
+        languageList[i].id = i;
+        languageList[i].CODE = parts.at(0);
+        languageList[i].label = parts.value(1, parts.at(0));
+    }
+}
+
+void SettingsData::setTranslation()
+{
+    // Installed whatever loading says: an empty catalogue displaces the former language.
+    const QString folder = constants::catalogueFolder;
+    m_translator.load(QString(constants::programCatalogue).arg(current_language), folder);
+    QCoreApplication::installTranslator(&m_translator);
+    const QString toolkitCode = current_language.left(toolkitCodeLength);
+    qt_translator.load(QString(constants::toolkitCatalogue).arg(toolkitCode), folder);
+    QCoreApplication::installTranslator(&qt_translator);
+    emit translation_changed();
+}
+
+void SettingsData::saveSettings(const QString &file, state_index mask)
+{
+    QSettings ini(file, QSettings::IniFormat);
+    ini.clear();
+    if (checkbit(mask, LanguageSection)) {
+        ini.setValue(constants::keyLanguage, current_language);
+    }
+    if (checkbit(mask, StyleSection)) {
+        ini.setValue(constants::keyStyle, current_CSS_path);
+    }
+    if (checkbit(mask, FoldersSection)) {
+        ini.beginGroup(constants::groupWorkFolders);
+        ini.setValue(constants::keyLastFolder, last_folder);
+        writeFolders(ini);
+        ini.endGroup();
+    }
+    if (checkbit(mask, FilesSection)) {
+        ini.beginGroup(constants::groupPrevFiles);
+        ini.setValue(constants::keyStateIndex, read_index);
+        ini.setValue(constants::keyMasterId, static_cast<int>(master_ID));
+        for (int slot = 0; slot < constants::slotCount; ++slot) {
+            if (checkbit(read_index, slot)) {
+                ini.setValue(numberedKey(constants::keyFile, slot + 1), current_files[slot]);
+            }
+        }
+        ini.endGroup();
+    }
+    if (checkbit(mask, GeometrySection)) {
+        ini.beginGroup(constants::groupWindowState);
+        ini.setValue(constants::keyGeometry, window_geometry);
+        ini.setValue(constants::keyWindowState, window_state);
+        ini.endGroup();
+    }
+    if (checkbit(mask, DialsSection)) {
+        ini.beginGroup(constants::groupDials);
+        ini.setValue(constants::keyCursorSpeed, cursor_dial_speed);
+        ini.setValue(constants::keyParamSpeed, param_dial_speed);
+        ini.endGroup();
+    }
+}

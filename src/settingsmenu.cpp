@@ -1,0 +1,330 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settingsmenu.h"
+
+#include "constants.h"
+#include "dictionary.h"
+#include "program_files.h"
+#include "settingsdata.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int languageSection = 3;
+constexpr int dialsSection = 5;
+constexpr int minSpeed = 10;
+constexpr int maxSpeed = 1000;
+constexpr int speedStep = 10;
+constexpr int labelStretch = 2;
+constexpr int speedStretch = 1;
+
+void limitSpeed(QSpinBox *box)
+{
+    // The limits move the value to 10, which is not an edit.
+    const QSignalBlocker quiet(box);
+    box->setRange(minSpeed, maxSpeed);
+    box->setSingleStep(speedStep);
+    box->setAccelerated(true);
+}
+
+QHBoxLayout *speedRow(QLabel *label, QSpinBox *box)
+{
+    auto *row = new QHBoxLayout;
+    row->addWidget(label, labelStretch);
+    row->addWidget(box, speedStretch);
+    return row;
+}
+
+} // namespace
+
+SettingsMenu::SettingsMenu(Dictionary *words, SettingsData *store, QWidget *parent)
+    : QDialog(parent)
+    , dict(words)
+    , data_ex(store)
+    , data_in(new SettingsData(this))
+{
+    createPages();
+    createControls();
+    connectControls();
+    connectFileButtons();
+    layOutLanguageAndDials();
+    layOutFiles();
+    layOutDialog();
+    limitSpeed(cursor_accur);
+    limitSpeed(param_accur);
+    // After the connections: the ticks reach save_load_index. Neither the open files nor the
+    // folders are touched unless the user asks for it.
+    CSS_settings_check->setChecked(true);
+    lang_settings_check->setChecked(true);
+    geometry_settings_check->setChecked(true);
+    dial_settings_check->setChecked(true);
+}
+
+void SettingsMenu::createPages()
+{
+    tabs = new QTabWidget(this);
+    files_widget = new QWidget(tabs);
+    settings_widget = new QWidget(tabs);
+    settings_box = new QGroupBox(settings_widget);
+    dial_accur_box = new QGroupBox(settings_widget);
+    language_box = new QGroupBox(settings_widget);
+    settings_check_box = new QGroupBox(settings_box);
+    ok_button = new QPushButton(this);
+    cancel_button = new QPushButton(this);
+    apply_button = new QPushButton(this);
+}
+
+void SettingsMenu::createControls()
+{
+    language_select = new QComboBox(language_box);
+    load_default_button = new QPushButton(settings_box);
+    load_last_button = new QPushButton(settings_box);
+    load_settings_button = new QPushButton(settings_box);
+    save_settings_button = new QPushButton(settings_box);
+    settings_check_group = new QButtonGroup(this);
+    files_settings_check = new QCheckBox(settings_check_box);
+    CSS_settings_check = new QCheckBox(settings_check_box);
+    dir_settings_check = new QCheckBox(settings_check_box);
+    lang_settings_check = new QCheckBox(settings_check_box);
+    geometry_settings_check = new QCheckBox(settings_check_box);
+    dial_settings_check = new QCheckBox(settings_check_box);
+    param_accur_lbl = new QLabel(dial_accur_box);
+    cursor_accur_lbl = new QLabel(dial_accur_box);
+    accur_lbl = new QLabel(dial_accur_box);
+    param_accur = new QSpinBox(dial_accur_box);
+    cursor_accur = new QSpinBox(dial_accur_box);
+    int section = 0;
+    for (QCheckBox *check : { files_settings_check, CSS_settings_check, dir_settings_check,
+                              lang_settings_check, geometry_settings_check, dial_settings_check }) {
+        settings_check_group->addButton(check, section++);
+    }
+    settings_check_group->setExclusive(false);
+}
+
+void SettingsMenu::connectControls()
+{
+    connect(settings_check_group, &QButtonGroup::idToggled, this,
+            &SettingsMenu::sectionToggled_slot);
+    connect(language_select, &QComboBox::currentTextChanged, this,
+            &SettingsMenu::languageChosen_slot);
+    const auto speedChanged = qOverload<int>(&QSpinBox::valueChanged);
+    connect(cursor_accur, speedChanged, this, &SettingsMenu::cursorSpeed_slot);
+    connect(param_accur, speedChanged, this, &SettingsMenu::paramSpeed_slot);
+}
+
+void SettingsMenu::connectFileButtons()
+{
+    connect(load_default_button, &QPushButton::pressed, this,
+            [this] { loadIntoLiveStore(constants::defaultSettings); });
+    connect(load_settings_button, &QPushButton::pressed, this, &SettingsMenu::loadFile_slot);
+    connect(save_settings_button, &QPushButton::pressed, this, &SettingsMenu::saveFile_slot);
+    connect(load_last_button, &QPushButton::pressed, this,
+            [this] { loadIntoLiveStore(program_files::settingsFileToRead()); });
+    connect(ok_button, &QPushButton::pressed, this, &SettingsMenu::ok_slot);
+    connect(apply_button, &QPushButton::pressed, this, &SettingsMenu::apply_slot);
+    connect(cancel_button, &QPushButton::pressed, this, &QDialog::reject);
+}
+
+void SettingsMenu::layOutLanguageAndDials()
+{
+    auto *language = new QVBoxLayout(language_box);
+    language->addWidget(language_select);
+
+    auto *dials = new QVBoxLayout(dial_accur_box);
+    dials->addLayout(speedRow(cursor_accur_lbl, cursor_accur));
+    dials->addLayout(speedRow(param_accur_lbl, param_accur));
+    dials->addWidget(accur_lbl);
+}
+
+void SettingsMenu::layOutFiles()
+{
+    auto *buttons = new QVBoxLayout;
+    buttons->addWidget(load_settings_button);
+    buttons->addWidget(load_last_button);
+    buttons->addWidget(load_default_button);
+    buttons->addWidget(save_settings_button);
+
+    auto *checks = new QVBoxLayout(settings_check_box);
+    const QList<QAbstractButton *> sections = settings_check_group->buttons();
+    for (QAbstractButton *check : sections) {
+        checks->addWidget(check);
+    }
+
+    auto *files = new QHBoxLayout(settings_box);
+    files->addLayout(buttons);
+    files->addWidget(settings_check_box);
+}
+
+void SettingsMenu::layOutDialog()
+{
+    auto *page = new QVBoxLayout(settings_widget);
+    page->addWidget(language_box);
+    page->addWidget(dial_accur_box);
+    page->addWidget(settings_box);
+
+    // The first page stays empty: the dialog is always opened on the second.
+    tabs->addTab(files_widget, QString());
+    tabs->addTab(settings_widget, QString());
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(ok_button);
+    buttons->addWidget(apply_button);
+    buttons->addWidget(cancel_button);
+
+    auto *dialog = new QVBoxLayout(this);
+    dialog->addWidget(tabs);
+    dialog->addLayout(buttons);
+}
+
+void SettingsMenu::retranslateUI()
+{
+    const QString dots = QStringLiteral("...");
+    setWindowTitle(dict->SETTINGS_STR);
+    tabs->setTabText(tabs->indexOf(files_widget), dict->FILES_STR);
+    tabs->setTabText(tabs->indexOf(settings_widget), dict->SETTINGS_STR);
+    language_box->setTitle(dict->LANGUAGE_STR);
+    dial_accur_box->setTitle(tr("Dials speed"));
+    settings_box->setTitle(dict->SETTINGS_STR);
+    cursor_accur_lbl->setText(tr("Cursor dial speed"));
+    param_accur_lbl->setText(tr("Parameter dial speed"));
+    accur_lbl->setText(tr("Defines step number per dial turn"));
+    load_settings_button->setText(dict->LOAD_STR + dots);
+    save_settings_button->setText(dict->SAVE_STR + dots);
+    load_default_button->setText(tr("Load default"));
+    load_last_button->setText(tr("Reload starting"));
+    files_settings_check->setText(dict->FILES_STR);
+    CSS_settings_check->setText(tr("Colors"));
+    dir_settings_check->setText(dict->FOLDERS_STR);
+    lang_settings_check->setText(dict->LANGUAGE_STR);
+    geometry_settings_check->setText(tr("Window size"));
+    dial_settings_check->setText(tr("Dials"));
+    ok_button->setText(dict->OK_STR);
+    cancel_button->setText(dict->CANCEL_STR);
+    apply_button->setText(dict->APPLY_STR);
+}
+
+void SettingsMenu::interfaceUpdate()
+{
+    data_in->copy(data_ex, constants::allSections);
+    if (!initiated) {
+        interfaceInit();
+    }
+    cursor_accur->setValue(data_ex->cursor_dial_speed);
+    param_accur->setValue(data_ex->param_dial_speed);
+    // The box holds names, the store a code: this finds nothing and the box keeps its choice.
+    language_select->setCurrentText(data_ex->current_language);
+    apply_button->setEnabled(false);
+}
+
+void SettingsMenu::interfaceInit()
+{
+    for (const language &entry : data_ex->languageList) {
+        if (entry.id == -1) {
+            break;
+        }
+        language_select->addItem(entry.label);
+    }
+    initiated = true;
+}
+
+void SettingsMenu::sectionToggled_slot(int id, bool checked)
+{
+    save_load_index = checked ? setbit(save_load_index, id) : unsetbit(save_load_index, id);
+}
+
+void SettingsMenu::languageChosen_slot(const QString &text)
+{
+    QString code;
+    for (const language &entry : data_ex->languageList) {
+        if (entry.label == text) {
+            code = entry.CODE;
+        }
+    }
+    if (code != data_ex->current_language) {
+        update_index = setbit(update_index, languageSection);
+        apply_button->setEnabled(true);
+    } else {
+        update_index = unsetbit(update_index, languageSection);
+        if (update_index == 0) {
+            apply_button->setEnabled(false);
+        }
+    }
+    data_in->current_language = code;
+}
+
+void SettingsMenu::cursorSpeed_slot(int speed)
+{
+    // Going back to the live speed does not take the mark away: applying it again is harmless.
+    if (speed != data_ex->cursor_dial_speed) {
+        update_index = setbit(update_index, dialsSection);
+        apply_button->setEnabled(true);
+    }
+    data_in->cursor_dial_speed = speed;
+}
+
+void SettingsMenu::paramSpeed_slot(int speed)
+{
+    if (speed != data_ex->param_dial_speed) {
+        update_index = setbit(update_index, dialsSection);
+        apply_button->setEnabled(true);
+    }
+    data_in->param_dial_speed = speed;
+}
+
+void SettingsMenu::loadIntoLiveStore(const QString &file)
+{
+    data_ex->loadSettings(file, save_load_index);
+    data_ex->updateSettings(save_load_index);
+    interfaceUpdate();
+}
+
+void SettingsMenu::loadFile_slot()
+{
+    const QString file
+        = QFileDialog::getOpenFileName(this, tr("Select settings file to load"),
+                                       program_files::programFolder(), tr("settings (*.ini)"));
+    if (!file.isEmpty()) {
+        loadIntoLiveStore(file);
+    }
+}
+
+void SettingsMenu::saveFile_slot()
+{
+    const QString file = QFileDialog::getSaveFileName(
+        this, tr("Save as"), program_files::programFolder(), tr("settings (*.ini)"));
+    if (!file.isEmpty()) {
+        data_ex->saveSettings(file, save_load_index);
+    }
+}
+
+void SettingsMenu::ok_slot()
+{
+    if (apply_button->isEnabled()) {
+        applyEdits();
+    }
+    accept();
+}
+
+void SettingsMenu::apply_slot()
+{
+    applyEdits();
+    apply_button->setEnabled(false);
+}
+
+void SettingsMenu::applyEdits()
+{
+    data_ex->copy(data_in, update_index);
+    data_ex->updateSettings(update_index);
+}
