@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "constants.h"
+
+#include <QFile>
+#include <QTranslator>
+#include <QtEndian>
+#include <QtTest>
+
+#include <cstring>
+
+namespace {
+
+struct Message
+{
+    const char *context;
+    const char *source;
+    const char *russian;
+};
+
+const Message messages[] = {
+    { "Dictionary", "Gain", "Усиление" },
+    { "Dictionary", "KU", "КУ" },
+    { "Dictionary", "Average", "Усреднение" },
+    { "Dictionary", "Y Shift", "Y Сдвиг" },
+    { "Dictionary", "Pulse Width", "Ширина импульса" },
+    { "Dictionary", "Pulse Amp", "Амплитуда" },
+    { "Dictionary", "Impedance", "Импеданс" },
+    { "Dictionary", "X Shift", "X Сдвиг" },
+    { "Dictionary", "Scale", "Масштаб" },
+    { "Dictionary", "Cursor A", "Курсор A" },
+    { "Dictionary", "Cursor B", "Курсор B" },
+    { "Dictionary", "Δ", "Δ" },
+    { "Dictionary", "cursor step", "шаг курсора" },
+    { "Dictionary", "Range", "Диапазон" },
+    { "Dictionary", "Wheel moves cursors", "Колесо двигает курсоры" },
+    { "Dictionary", "Wheel chahges scale", "Колесо меняет масштаб" },
+    { "Dictionary", "RFG", "РФГ" },
+    { "Dictionary", "(not loaded)", "(не загружено)" },
+    { "Dictionary", "Parameter", "Параметр" },
+    { "Dictionary", "Files", "Файлы" },
+    { "Dictionary", "Settings", "Настройки" },
+    { "Dictionary", "Normal Mode", "Нормальный режим" },
+    { "Dictionary", "Difference", "Вычитание" },
+    { "Dictionary", "m", "м" },
+    { "Dictionary", "ns", "нс" },
+    { "Dictionary", "V", "В" },
+    { "Dictionary", "Load", "Загрузить" },
+    { "Dictionary", "Reset", "Сбросить" },
+    { "Dictionary", "Clear", "Отчистить" },
+    { "Dictionary", "set Visible", "Отобразить" },
+    { "Dictionary", "Set as Master", "Сделать мастером" },
+    { "Dictionary", "OK", "ОК" },
+    { "Dictionary", "Cancel", "Отмена" },
+    { "Dictionary", "Apply", "Применить" },
+    { "Dictionary", "Save", "Сохранить" },
+    { "Dictionary", "Folders", "Папки" },
+    { "Dictionary", "Language", "Язык" },
+    { "MainWindow", "Date", "Дата" },
+    { "MainWindow", "RFG", "РФГ" },
+    { "MainWindow", "Reset All", "Сбросить всё" },
+    { "MainWindow", "Select RFG file to open", "Выбор файла рефлектограммы для загрузки" },
+    { "MainWindow", "Select RFG files to open", "Выбор файлов рефлектограммы для загрузки" },
+    { "MainWindow", "Smooth", "Сглаживание" },
+    { "MainWindow", "Time", "Время" },
+    { "MainWindow", "rfg (*.tdr)", "рфг файлы (*.tdr)" },
+    { "SettingsMenu", "Colors", "Цвета" },
+    { "SettingsMenu", "Cursor dial speed", "Скорость энкодера курсоров" },
+    { "SettingsMenu", "Defines step number per dial turn",
+      "Определяет количество шагов за оборот энкодера" },
+    { "SettingsMenu", "Dials", "Энкодеры" },
+    { "SettingsMenu", "Dials speed", "Скорость энкодеров" },
+    { "SettingsMenu", "Load default", "По умолчанию" },
+    { "SettingsMenu", "Parameter dial speed", "Скорость энкодера параметров" },
+    { "SettingsMenu", "Reload starting", "Загрузить стартовые" },
+    { "SettingsMenu", "Save as", "Сохранить как" },
+    { "SettingsMenu", "Select settings file to load", "Выбор файла настроек для загрузки" },
+    { "SettingsMenu", "Window size", "Размер окна" },
+    { "SettingsMenu", "settings (*.ini)", "файлы настроек (*.ini)" },
+};
+
+/// One section of a compiled catalogue; empty when it has none with this \a tag. A catalogue is a
+/// magic of 16 bytes and then sections of tag, length and bytes.
+QByteArray section(const QString &path, uchar tag)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.readAll();
+    int at = 16;
+    while (at + 5 <= bytes.size()) {
+        const int length = int(qFromBigEndian<quint32>(bytes.constData() + at + 1));
+        if (uchar(bytes.at(at)) == tag)
+            return bytes.mid(at + 5, length);
+        at += 5 + length;
+    }
+    return {};
+}
+
+constexpr uchar hashesTag = 0x42; ///< one hash and one offset, 8 bytes together, for each message
+constexpr uchar dependenciesTag = 0x96;
+
+int messageCount(const QString &path)
+{
+    return section(path, hashesTag).size() / 8;
+}
+
+} // namespace
+
+class TestCatalogues : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theRussianCatalogueHasEachTextAndNoOther()
+    {
+        QTranslator translator;
+        QVERIFY(translator.load(QString(constants::programCatalogue).arg(QLatin1String("ru_RU")),
+                                constants::catalogueFolder));
+        for (const Message &message : messages) {
+            QCOMPARE(translator.translate(message.context, message.source),
+                     QString::fromUtf8(message.russian));
+        }
+        QCOMPARE(int(std::size(messages)), 57);
+        QCOMPARE(messageCount(QStringLiteral(":/l10n/Velkor_ru_RU.qm")), 57);
+    }
+
+    void eachContextHasItsNumberOfTexts_data()
+    {
+        QTest::addColumn<QByteArray>("context");
+        QTest::addColumn<int>("count");
+        QTest::newRow("recurring words") << QByteArray("Dictionary") << 37;
+        QTest::newRow("window") << QByteArray("MainWindow") << 8;
+        QTest::newRow("settings dialog") << QByteArray("SettingsMenu") << 12;
+    }
+
+    void eachContextHasItsNumberOfTexts()
+    {
+        QFETCH(QByteArray, context);
+        const auto found = std::count_if(std::begin(messages), std::end(messages),
+                                         [&](const Message &m) { return context == m.context; });
+        QTEST(int(found), "count");
+    }
+
+    void aTextOfAnotherContextIsNotTranslated()
+    {
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral("Velkor_ru_RU"), constants::catalogueFolder));
+        QVERIFY(translator.translate("MainWindow", "Gain").isEmpty());
+        QVERIFY(translator.translate("Dictionary", "Smooth").isEmpty());
+    }
+
+    // It loads and is empty: every text falls back to the English of the source.
+    void theEnglishCatalogueIsEmpty()
+    {
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral("Velkor_en_US"), constants::catalogueFolder));
+        QVERIFY(translator.isEmpty());
+        QCOMPARE(messageCount(QStringLiteral(":/l10n/Velkor_en_US.qm")), 0);
+    }
+
+    // The toolkit's own dialogs stay English on purpose: the catalogues named here are not shipped.
+    void theToolkitCatalogueOnlyNamesOthers()
+    {
+        const QString path = QStringLiteral(":/l10n/qt_ru.qm");
+        QVERIFY(QFile::exists(path));
+        QCOMPARE(messageCount(path), 0);
+        QStringList names;
+        QDataStream stream(section(path, dependenciesTag));
+        while (!stream.atEnd()) {
+            QString name;
+            stream >> name;
+            names.append(name);
+        }
+        const QStringList expected{ QStringLiteral("qtbase_ru"), QStringLiteral("qtscript_ru"),
+                                    QStringLiteral("qtmultimedia_ru"),
+                                    QStringLiteral("qtxmlpatterns_ru") };
+        QCOMPARE(names, expected);
+        QTranslator translator;
+        QVERIFY(!translator.load(QString(constants::toolkitCatalogue).arg(QLatin1String("ru")),
+                                 constants::catalogueFolder));
+        QVERIFY(translator.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCatalogues)
+#include "tst_catalogues.moc"
