@@ -1,9 +1,30 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+#include "settingsdata.h"
+
 #include <QApplication>
 
-int main(int argc, char **argv)
+/// Runs the viewer: one window, one event loop. Returns the loop's exit code.
+int qMain(int argc, char **argv)
 {
-    const QApplication application(argc, argv);
+    // The xcb platform loads OpenGL for a window of any kind, which costs a third of the start and
+    // half of the memory, and nothing here draws with it. Somebody who set the variable meant it.
+    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
+        qputenv("QT_XCB_GL_INTEGRATION", "none");
+
+    QApplication application(argc, argv);
+    MainWindow window;
+    window.settings()->curAppPointer = &application;
+    window.show();
+    window.reportSizes();
     return QApplication::exec();
 }
+
+// Where the toolkit brings an entry of its own (windowed programs on Windows) it calls qMain itself.
+#ifndef QT_NEEDS_QMAIN
+int main(int argc, char **argv)
+{
+    return qMain(argc, argv);
+}
+#endif

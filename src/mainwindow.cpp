@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
+#include "calc/window_geometry.h"
+#include "curarrow.h"
+#include "cont_dial.h"
+#include "dictionary.h"
+#include "program_files.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QDebug>
+#include <QFile>
+#include <QGraphicsView>
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QScreen>
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+{
+    d = new Dictionary(this);
+    settingsData = new SettingsData(this);
+    settingsMenu = new SettingsMenu(d, settingsData, this);
+
+    createControls();
+    createLegendButtons();
+    setWindowSizes();
+
+    buildLayouts();
+    buildChart();
+    fillButtonGroups();
+    setUpDials();
+    buildChartMenu();
+
+    connectControls();
+    decorateControls();
+    // From here on every member exists, so events may be looked at and slots may run.
+    installEventFilters();
+
+    interface_init();
+    watchStyleSheet();
+}
+
+MainWindow::~MainWindow()
+{
+    // Before the scene goes: it would delete the markers' groups, and those the markers' items,
+    // which are values.
+    delete cur_arrowA;
+    delete cur_arrowB;
+    delete blank_1;
+    delete blank_2;
+    delete blank_3;
+}
+
+SettingsData *MainWindow::settings() const
+{
+    return settingsData;
+}
+
+void MainWindow::reportSizes() const
+{
+    qDebug() << "window" << size() << "central widget" << centralWidget->size();
+    qDebug() << "plot view" << Plot_View->size() << "chart" << Plot_Chart->size();
+}
+
+void MainWindow::interface_init()
+{
+    settingsData->parse_translations();
+    d->RFG_STR = tr("RFG");
+    axisCreate();
+    primeInputDialog();
+
+    settingsData->loadSettings(program_files::settingsFileToRead(), constants::allSections);
+    settingsData->updateSettings(constants::allSections);
+    if (rfg_read_index == 0) {
+        KU_change(double{constants::startKU});
+        scale_change(0);
+    }
+
+    H_offset_button->setChecked(true);
+    selectTrace(rfg_ID);
+    up_buttons->button(CURSOR_A)->setChecked(true);
+
+    // The other parameters are facts from the file: shown, never set.
+    const auto parameterButtons = down_buttons->buttons();
+    for (QAbstractButton *button : parameterButtons) {
+        const int id = down_buttons->id(button);
+        button->setEnabled(id == KU || id == V_OFFSET || id == H_OFFSET || id == SCALE);
+    }
+}
+
+void MainWindow::primeInputDialog()
+{
+    // Opened and rejected once per mode, the dialog settles its layout before anybody sees it.
+    for (const auto mode : { QInputDialog::DoubleInput, QInputDialog::IntInput,
+                             QInputDialog::TextInput }) {
+        if (mode == QInputDialog::TextInput)
+            input_dialog->setComboBoxItems({});
+        input_dialog->setInputMode(mode);
+        input_dialog->open();
+        input_dialog->reject();
+    }
+}
+
+void MainWindow::setWindowGeometry()
+{
+    const QRect desktop = QGuiApplication::primaryScreen()->virtualGeometry();
+    // One wrong byte in the record can ask for a window that takes all memory, at every start.
+    if (calc::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
+        restoreGeometry(settingsData->window_geometry);
+    restoreState(settingsData->window_state);
+}
+
+void MainWindow::setDialSettings()
+{
+    cursor_dial->setAccuracy(settingsData->cursor_dial_speed);
+    if (checkedParameter() != SCALE)
+        param_dial->setAccuracy(settingsData->param_dial_speed);
+}
+
+void MainWindow::storeWindowGeometry()
+{
+    settingsData->window_geometry = saveGeometry();
+    settingsData->window_state = saveState(0);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    storeWindowGeometry();
+    const QString file = program_files::settingsFile();
+    // Never overwrites: the backup keeps the state before the first close, on purpose, so that
+    // there is a way back however often the program was closed since.
+    QFile::copy(file, program_files::settingsBackupFile());
+    settingsData->saveSettings(file, constants::allSections);
+    QMainWindow::closeEvent(event);
+}

@@ -1,0 +1,587 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+/// \file
+/// The one window of the viewer. It owns all state and every named operation; each operation has
+/// one room, a source file of its own:
+///
+/// | File | Room |
+/// |---|---|
+/// | mainwindow.cpp | construction as a list of steps, start, close, geometry, dial settings |
+/// | mainwindow_controls.cpp | the controls themselves, created in a fixed order |
+/// | mainwindow_layout.cpp | groups and ids, layouts, icons, chart menu |
+/// | mainwindow_wiring.cpp | every connection and event filter |
+/// | mainwindow_texts.cpp | retranslation and captions built in more than one place |
+/// | mainwindow_style.cpp | style sheet and its watcher |
+/// | mainwindow_files.cpp | trace slots: reading, loading, emptying, resetting |
+/// | mainwindow_selection.cpp | selected trace, visibility, master |
+/// | mainwindow_chart.cpp | chart construction, trace points, smoothing, difference, raising |
+/// | mainwindow_axes.cpp | grid lines, labels, title |
+/// | mainwindow_range.cpp | scale, scroll, shifts, velocity factor |
+/// | mainwindow_params.cpp | parameter selection, parameter dial |
+/// | mainwindow_cursors.cpp | cursor model, readouts, going to a cursor |
+/// | mainwindow_input.cpp | the event filter and one handler per watched object and event |
+/// | mainwindow_dialogs.cpp | the entry dialogs that a right click opens |
+///
+/// What can be computed without a widget is in calc/.
+
+#include "calc/trace_points.h"
+#include "constants.h"
+#include "miscfunc.h"
+#include "protocol_vx840.h"
+#include "rfg_shown.h"
+
+#include <QBrush>
+#include <QCursor>
+#include <QFileSystemWatcher>
+#include <QGraphicsLineItem>
+#include <QGraphicsSimpleTextItem>
+#include <QMainWindow>
+#include <QPen>
+#include <QPointF>
+#include <QVector>
+#include <QtCharts/QChart>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QSplineSeries>
+#include <QtCharts/QValueAxis>
+
+class Cont_dial;
+class CurArrow;
+class DateTime_lbl;
+class Dictionary;
+class InterfaceButton;
+class LegendButton;
+class ParamButton;
+class SettingsData;
+class SettingsMenu;
+
+class QAbstractButton;
+class QAction;
+class QButtonGroup;
+class QGraphicsScene;
+class QGraphicsView;
+class QGridLayout;
+class QGroupBox;
+class QInputDialog;
+class QLabel;
+class QLayout;
+class QMenu;
+class QMessageBox;
+class QMouseEvent;
+class QProgressBar;
+class QPushButton;
+class QSpacerItem;
+class QWheelEvent;
+
+/// The viewer's window: six trace slots over one another on a chart against distance, two cursors,
+/// two dials. Slots are numbered 0 to 5 and shown as 1 to 6; a slot number outside that range is
+/// ignored by every operation that takes one, unless it says otherwise.
+///
+/// The horizontal unit is the count, 1.25 ns of echo time; metres are counts times \c dist_coef.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Which cursor the cursor dial moves; also the ids of the cursor buttons and markers.
+    enum CURSOR_MODE {
+        DELTA = 0, ///< none
+        CURSOR_A = 1,
+        CURSOR_B = 2,
+    };
+
+    /// What a parameter button stands for; also its id.
+    enum PARAMETER_MODE {
+        GAIN = 0,
+        KU = 1, ///< velocity factor
+        AVERAGE = 2,
+        V_OFFSET = 3,
+        PULSE_WIDTH = 4,
+        PULSE_AMPLITUDE = 5,
+        IMPEDANCE = 6,
+        H_OFFSET = 7,
+        SCALE = 8,
+    };
+
+    /// How traces are drawn: as they are, or as their difference from the master.
+    enum DIFF_MODE {
+        NORMAL = 0,
+        DIFF = 1,
+    };
+
+    // ---- Construction, start, close (mainwindow.cpp) ----
+
+    /// Builds the whole window, restores the previous run from its settings file and reads the
+    /// traces named there. Nothing in that file can make it fail; what makes no sense is ignored.
+    explicit MainWindow(QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    /// The live settings. Owned by the window.
+    SettingsData *settings() const;
+    /// Writes the sizes of window, central widget, plot view and chart to the debug log.
+    void reportSizes() const;
+
+signals:
+    /// Declared for a slot's new data; nothing emits or connects it.
+    void rfg_update(int id);
+
+public slots:
+    /// Restores window geometry and state from the settings. A damaged geometry, or one larger
+    /// than the whole desktop, leaves the window where it is.
+    void setWindowGeometry();
+    /// Gives both dials their speeds from the settings. The scale keeps its own speed.
+    void setDialSettings();
+
+protected:
+    /// Stores geometry and state, keeps the very first settings file as a backup, saves.
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void interface_init();
+    void primeInputDialog();
+    void storeWindowGeometry();
+    /// Backs up and replaces the settings file: the backup is made once and never refreshed.
+    void saveSettingsFile();
+
+    // ---- Controls (mainwindow_controls.cpp) ----
+private:
+    void createControls();
+    void createCursorRow();
+    void createParameterRow();
+    void createTraceAndMiscButtons();
+    void createNavigation();
+    void createStatusAndBoxes();
+    void createDialsAndDialogs();
+    void createChartObjects();
+    void createLegendButtons();
+
+    // ---- Layout, groups, icons, chart menu (mainwindow_layout.cpp) ----
+private:
+    void setWindowSizes();
+    void buildLayouts();
+    QLayout *topRow();
+    QLayout *leftColumn();
+    QLayout *rightColumn();
+    QGridLayout *navigationGrid();
+    QGridLayout *parameterGrid();
+    void fillButtonGroups();
+    void setUpPlotView();
+    void setUpDials();
+    void buildChartMenu();
+    void decorateControls();
+    void setNamesAndPolicies();
+    void setIcons();
+
+    // ---- Wiring (mainwindow_wiring.cpp) ----
+private:
+    void connectControls();
+    void connectMenuAndButtons();
+    void connectGroups();
+    void connectSettings();
+    void connectLegendButtons();
+    void installEventFilters();
+    /// Runs the settings dialog on its settings page.
+    void openSettings();
+
+    // ---- Texts (mainwindow_texts.cpp) ----
+public slots:
+    /// Sets every text anew from the current translation. May run twice for one language change.
+    void retranslateUi();
+    /// Texts of the controls when the selected slot is empty.
+    void voidInterface();
+
+private:
+    void retranslateButtons();
+    void setParameterTexts();
+    /// Two-line caption: the word over the value.
+    static void setCaption(QAbstractButton *button, const QString &word, const QString &value);
+    QString scaleText() const;
+    QString velocityText() const;
+    QString slotTitle(int id) const;
+    QString testDateText(int id) const;
+
+    // ---- Style (mainwindow_style.cpp) ----
+public slots:
+    /// Applies the current style sheet and paints chart and scene near-black.
+    void set_CSS();
+    /// Makes the changed file the current style sheet. A file that is being replaced and is not
+    /// there at this moment changes nothing.
+    void CSS_watcher_slot(const QString &path);
+
+private:
+    void watchStyleSheet();
+    void styleFolderChanged();
+
+    // ---- Trace slots (mainwindow_files.cpp) ----
+public slots:
+    /// Asks for traces and fills the slots from the first one on; slots past the choice are
+    /// emptied. At most six files are taken. Cancelling changes nothing.
+    void files_slot();
+    /// Asks for one trace for slot \a id. Cancelling changes nothing.
+    void loadSingle_slot(int id);
+    /// Empties slot \a id; its record stays, only the slot mask says that it is empty.
+    void remove_Selected_RFG(int id);
+    /// Reads every slot of \a mask from the paths in the settings and empties the others. Bits
+    /// above slot 5 are ignored. A file that cannot be read leaves its slot with its old record.
+    void show_AllSelected_RFGs(state_index mask);
+    /// Reads slot \a id again, which drops its shifts; for the master the whole view is reset.
+    void resetCurrent_slot(int id);
+    /// Scrolls to count 0, leaves difference mode and reads every loaded slot again.
+    void reset_slot();
+    /// Sets the trace button of slot \a id to date and time, bytes taken as they are instead of
+    /// as BCD. Called by nothing.
+    void parse_T_Name(int id);
+
+public:
+    /// Reads the file \a path into slot \a id. False, and the slot untouched, when it cannot be
+    /// opened or is no regular file. A short file fills the record as far as it goes.
+    bool read_rfg_DATA(const QString &path, int id);
+    /// Puts the file \a path into slot \a id, whether it can be read or not.
+    void add_Selected_RFG(const QString &path, int id);
+    /// Hook for add-on data of slot \a id: forms the file's name and opens nothing.
+    void write_rfg_DATA(int id);
+
+private:
+    static bool isSlot(int id);
+    bool isLoaded(int id) const;
+    /// Counts per sample of slot \a id as drawing and dividing need it: at least 1.
+    int stepOf(int id) const;
+    /// True when the master is a loaded slot, so that differences from it can be drawn.
+    bool masterExists() const;
+    /// True when slot \a id is drawn as its difference from the master.
+    bool isDrawnAsDifference(int id) const;
+    /// Counts of one step of the cursor over the selected trace, or over the master where that
+    /// one decides (difference mode, selected slot empty); 1 without a master.
+    int cursorStep() const;
+    int emptySlotStep() const;
+    void loadAllTraces();
+
+    // ---- Selection, visibility, master (mainwindow_selection.cpp) ----
+public slots:
+    /// Selects slot \a id: its parameters, title, series on top, cursors.
+    void rfgSelect_slot(int id);
+    /// Shows or hides the trace of slot \a id and gives its legend button the matching icon.
+    void RFG_visibleToggle(int id, bool visible);
+    /// Makes slot \a id the master; any number outside 1..5 means slot 0. Its sample step sets
+    /// scale and range, its record the velocity factor.
+    void setMasterID(int id);
+    /// Opens the menu of slot \a id at the corner of its legend button.
+    void rfgMenuRequested_slot(int id);
+
+public:
+    /// Slot of the master, -1 before there was one.
+    int getMasterID() const;
+    /// Raises the series of the selected slot and draws them with the thick pen.
+    void seriaIsSelected();
+    /// Sets the text of the trace button and the name of slot \a id.
+    void setRfgButtonText(int id);
+    /// Shows or hides slot \a id and repairs the master in one step.
+    void addremove_aux(int id, bool shown);
+    /// Reserved for a legend text; always empty.
+    QString rfgLegend(int id) const;
+
+private:
+    void selectTrace(int id);
+    void unmarkMaster(int id);
+    void markMaster(int id);
+    void setSlotIcon(int id, QLatin1String path);
+
+    // ---- Chart (mainwindow_chart.cpp) ----
+public slots:
+    /// Draws traces as splines through their samples, or as steps. Filters nothing.
+    void setSmoothFlag(bool on);
+    /// Draws every trace but the master as its difference from the master.
+    void setDiff_flag(bool on);
+
+public:
+    /// Rebuilds the points of slot \a id and hands them to its visible series in one piece.
+    void load_rfg(int id);
+    /// Raises \a series above all others.
+    void seriesUp(QtCharts::QXYSeries *series);
+    /// Distance text of \a count counts at the current velocity factor: "1.00 m".
+    QString count_to_distance(int count) const;
+    /// Text of a level in sample steps; empty for 129, which stands for "no level".
+    QString count_to_level(int level) const;
+
+private:
+    void buildChart();
+    void createChartAxes();
+    void addTraceSeries();
+    void addCursorSeries();
+    calc::TraceRef traceRef(int id) const;
+
+    // ---- Axes, grid, title (mainwindow_axes.cpp) ----
+public:
+    /// Puts grid lines, labels and texts into the scene, under the traces. Called once.
+    void axisCreate();
+    /// Lays the grid out for the plot area and chart rectangle, both in scene coordinates.
+    void axisSetup(QRectF plot, QRectF chart);
+    /// Chooses the metre step for the visible range and shows the lines and labels it needs.
+    void setXAxis();
+
+private:
+    void setAxisFonts();
+    void placeTitle();
+    QRectF plotInScene() const;
+
+    // ---- View range: scale, scroll, shifts, velocity factor (mainwindow_range.cpp) ----
+public slots:
+    /// Scrolls by \a step counts; a step that would pass an end is refused whole.
+    void plotScroll(int step);
+    /// Zoom exponent, clamped to 0..8: the view becomes 250 * 2^exponent counts from count 0 on.
+    void scale_change(int scaleN);
+    /// Horizontal shift of the selected trace in counts, clamped to one view of the widest scale,
+    /// cut to whole samples.
+    void H_Offset_change(int value);
+    /// Vertical shift of the selected trace in sample steps, clamped to -256..256.
+    void V_Offset_change(int value);
+    /// Velocity factor (speed of light over speed in the cable), clamped to 1..10; not a number
+    /// counts as below.
+    void KU_change(double ku);
+
+public:
+    /// Shows the counts from \a min to \a max.
+    void setPlotRange(int min, int max);
+    /// Resizes the chart until its plot is \c trueWidth pixels wide. Kept for callers to come.
+    void plotCorrection();
+
+private:
+    void redrawAfterShift();
+    void updateMarkers(int min, int max);
+    void updateStepLabel();
+    int axisMin() const;
+    int axisMax() const;
+    int checkedParameter() const;
+
+    // ---- Parameters (mainwindow_params.cpp) ----
+public slots:
+    /// Makes the parameter dial adjust parameter \a id. Read-only parameters leave the dial as
+    /// it is.
+    void paramSelect_slot(int id);
+    /// Applies dial value \a x to the checked parameter.
+    void paramSetup_slot(int x);
+
+public:
+    /// Caption of the parameter dial. Parameters of a trace show no value while the selected slot
+    /// is empty.
+    void setParamDialText(const QString &title, const QString &value);
+
+private:
+    struct DialSetup
+    {
+        bool startsAtZero;
+        int min;
+        int max;
+        int value;
+        int speed;
+    };
+    void setUpParamDial(const DialSetup &setup);
+
+    // ---- Cursors (mainwindow_cursors.cpp) ----
+public slots:
+    /// Moves the active cursor to \a column counts, clamped to the chart and snapped down to a
+    /// whole sample of the selected trace. Nothing happens in delta mode.
+    void cursorSetup_slot(int column);
+    /// Makes cursor \a mode the active one.
+    void cursorSelect_slot(int mode);
+
+public:
+    void cursorInfo_update();
+    /// Recomputes both cursors after the data under them changed, the active one last.
+    void cursors_update();
+    /// Scrolls the view so that cursor \a which is in its middle, as far as the ends allow. Any
+    /// other number goes to count 0.
+    void gotoCursor(int which);
+    /// True when cursor \a which lies in the visible range.
+    bool isCursor_visible(int which) const;
+    void setCursorDialText(const QString &text);
+    /// Puts the step label into the top right corner of the plot.
+    void set_cur_step_lbl();
+
+private:
+    struct CursorSpot
+    {
+        int position; ///< counts
+        int level; ///< sample steps, or 129
+    };
+    CursorSpot spotUnder(int column) const;
+    void showCursor(int column, const CursorSpot &spot);
+    int cursorPosition(int which) const;
+    void colourCursors(bool aIsActive, bool bIsActive);
+
+    // ---- Input (mainwindow_input.cpp) ----
+public:
+    /// Looks at the events of the chart and of some controls, and consumes none.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void filterViewport(QEvent *event);
+    void filterControls(QObject *watched, QEvent *event);
+    void resizeChart();
+    void scaleInterface();
+    void scaleFonts();
+    void scaleIcons();
+    void scaleMarkers(float ratio);
+    void plotMouseMove(const QMouseEvent *event);
+    void plotMousePress(const QMouseEvent *event);
+    void plotWheel(const QWheelEvent *event);
+    void cursorWheel(int notch);
+    void paramWheel(int notch);
+    void setPointerShape(Qt::CursorShape shape);
+    void resizeSpacers();
+
+    // ---- Entry dialogs (mainwindow_dialogs.cpp) ----
+private:
+    void openEntryDialog(const QObject *button);
+    void setDialogTexts(const QString &word, const QString &from, const QString &to);
+    bool askForNumber(const QString &word, const QString &from, double min, double max,
+                      double step, int decimals, double value);
+    void enterVelocityFactor();
+    void enterHorizontalOffset();
+    void enterVerticalOffset();
+    void enterScale();
+    void enterCursor(int which);
+
+private:
+    friend class MainWindowProbe;
+
+    // ---- State: collaborators ----
+    QWidget *centralWidget = nullptr;
+    Dictionary *d = nullptr;
+    SettingsData *settingsData = nullptr;
+    SettingsMenu *settingsMenu = nullptr;
+
+    // ---- State: controls ----
+    QLabel *logo_lbl = nullptr;
+    QButtonGroup *up_buttons = nullptr;
+    InterfaceButton *curA_button = nullptr;
+    InterfaceButton *curB_button = nullptr;
+    QLabel *delta_lbl = nullptr;
+
+    QButtonGroup *down_buttons = nullptr;
+    ParamButton *gain_button = nullptr;
+    ParamButton *KU_button = nullptr;
+    ParamButton *average_button = nullptr;
+    ParamButton *V_offset_button = nullptr;
+    ParamButton *pulse_width_button = nullptr;
+    ParamButton *pulse_amplitude_button = nullptr;
+    ParamButton *impedance_button = nullptr;
+    ParamButton *H_offset_button = nullptr;
+    ParamButton *scale_button = nullptr;
+    ParamButton *reserve_button = nullptr;
+
+    QButtonGroup *rfg_buttons = nullptr;
+    LegendButton *selected_rfg[constants::slotCount] = {};
+
+    QPushButton *smooth_button = nullptr;
+    QPushButton *reset_all_button = nullptr;
+    QPushButton *legend_button = nullptr;
+    QPushButton *settings_button = nullptr;
+    QPushButton *difference_button = nullptr;
+
+    QButtonGroup *scale_nav_group = nullptr;
+    QPushButton *scale_up_button = nullptr;
+    QPushButton *scale_down_button = nullptr;
+    QButtonGroup *scroll_nav_group = nullptr;
+    QPushButton *scroll_left_button = nullptr;
+    QPushButton *scroll_right_button = nullptr;
+    QButtonGroup *cur_nav_group = nullptr;
+    QPushButton *curA_nav_button = nullptr;
+    QPushButton *curB_nav_button = nullptr;
+
+    QProgressBar *bat_bar = nullptr; ///< no place in the layout; hidden
+    DateTime_lbl *date_bar = nullptr;
+
+    // ---- State: layout ----
+    QSpacerItem *blank_1 = nullptr; ///< in no layout, so the window deletes them itself
+    QSpacerItem *blank_2 = nullptr;
+    QSpacerItem *blank_3 = nullptr;
+    QGroupBox *legend_group = nullptr; ///< no place in the layout; hidden
+    QGroupBox *misc_group = nullptr; ///< no place in the layout; hidden
+    float trueWidth = 0.0F; ///< width of the plot area in pixels, as last measured
+    float plotLeft = 0.0F; ///< scene x of the plot area's left edge
+
+    Cont_dial *param_dial = nullptr;
+    Cont_dial *cursor_dial = nullptr;
+
+    QMenu *chartMenu = nullptr;
+    QAction *curA_action = nullptr;
+    QAction *curB_action = nullptr;
+    QAction *cur_wheel_action = nullptr;
+    QAction *scale_wheel_action = nullptr;
+
+    QInputDialog *input_dialog = nullptr;
+    QMessageBox *info_dialog = nullptr;
+
+    // ---- State: style ----
+    QFileSystemWatcher CSS_watcher;
+    QString watchedStyleSheet; ///< empty when nothing is watched
+
+    // ---- State: trace slots ----
+    rfg_SHOWN rfg_DATA[constants::slotCount];
+    state_index rfg_read_index = 0; ///< one bit per loaded slot
+
+    // ---- State: selection and master ----
+    int rfg_ID = 0; ///< selected slot
+    int rfg_master_ID = constants::noMaster;
+    bool master_is_set = false;
+    Protocol_VX840::CH_PARAMS_t master_params = {}; ///< only KU and sample_minstep are kept
+
+    // ---- State: chart ----
+    QGraphicsView *Plot_View = nullptr;
+    QGraphicsScene *Plot_Scene = nullptr;
+    QtCharts::QChart *Plot_Chart = nullptr;
+    QtCharts::QLineSeries *rfg_series[constants::slotCount] = {};
+    QtCharts::QSplineSeries *rfg_series_sp[constants::slotCount] = {};
+    bool smooth_rfg_flag = false;
+    DIFF_MODE diff_flag = NORMAL;
+    QVector<QPointF> points; ///< buffer for the step form
+    QVector<QPointF> points_sp; ///< buffer for the spline form
+    QtCharts::QLineSeries *cursor_A = nullptr;
+    QtCharts::QLineSeries *cursor_B = nullptr;
+    QtCharts::QLineSeries *cursor_A_add = nullptr;
+    QtCharts::QLineSeries *cursor_B_add = nullptr;
+    QtCharts::QLineSeries *axisX = nullptr; ///< zero base line; the chart's first series, always
+    QtCharts::QValueAxis *cust_axisX = nullptr; ///< counts
+    QtCharts::QValueAxis *cust_axisY = nullptr; ///< sample steps
+    int x_length = constants::xLength; ///< widest extent in counts
+    QPen m_pen;
+    QBrush m_brush;
+
+    // ---- State: grid and texts of the chart ----
+    QGraphicsSimpleTextItem axis_lbl[constants::gridLines];
+    QGraphicsLineItem axis_lines[constants::gridLines];
+    QGraphicsSimpleTextItem axis_0_lbl[constants::gridEdges];
+    QGraphicsLineItem axis_0_lines[constants::gridEdges];
+    QGraphicsSimpleTextItem chart_title;
+    QGraphicsSimpleTextItem cursor_step_lbl;
+    float font_size = 0.0F; ///< base font size in points; 0 before the first resize
+
+    // ---- State: view range ----
+    int master_scale = 0; ///< zoom exponent 0..8; the view is 250 * 2^master_scale counts wide
+    float scale_dist = 31.25F; ///< caption of the scale, metres
+    int scrollfactorX = 0; ///< left edge of the view, counts
+    float KU_min = constants::minKU;
+    float KU_max = constants::maxKU;
+    double dist_coef_0 = constants::distCoef0; ///< metres per count at the speed of light
+    double dist_coef = 0.0; ///< metres per count at the current velocity factor; 0 until known
+
+    // ---- State: parameters ----
+    PARAMETER_MODE parameter_flag = V_OFFSET; ///< read by nothing; the checked button decides
+
+    // ---- State: cursors ----
+    CURSOR_MODE Cur_flag = CURSOR_A; ///< cursor that the dial drives
+    CURSOR_MODE Cur_flag_true = CURSOR_A; ///< the user's choice while Cur_flag visits the other
+    int cursor_A_pos = 0; ///< counts
+    int cursor_B_pos = 0;
+    int cursor_A_pos_Y = 0; ///< sample steps, or 129
+    int cursor_B_pos_Y = 0;
+    CurArrow *cur_arrowA = nullptr;
+    CurArrow *cur_arrowB = nullptr;
+
+    // ---- State: input ----
+    bool zoom_wheel_flag = false; ///< the wheel changes the scale instead of moving cursors
+    int mp = 0; ///< last mouse x in chart coordinates
+    QCursor chart_cursor_plot;
+};

@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/axis_grid.h"
+#include "calc/numeric.h"
+#include "mainwindow.h"
+
+#include <QGraphicsScene>
+
+#include <algorithm>
+
+QT_CHARTS_USE_NAMESPACE
+
+namespace {
+
+void hide(QGraphicsLineItem &line, QGraphicsSimpleTextItem &label)
+{
+    line.hide();
+    label.hide();
+}
+
+} // namespace
+
+void MainWindow::axisCreate()
+{
+    const auto add = [this](QGraphicsSimpleTextItem &label, QGraphicsLineItem &line) {
+        Plot_Scene->addItem(&label);
+        label.setBrush(cust_axisX->labelsBrush());
+        Plot_Scene->addItem(&line);
+        line.setZValue(0.0);
+        // Grid lines lie under the traces.
+        line.stackBefore(Plot_Chart);
+        line.setPen(cust_axisX->gridLinePen());
+    };
+    for (int i = 0; i < constants::gridLines; ++i)
+        add(axis_lbl[i], axis_lines[i]);
+    for (int i = 0; i < constants::gridEdges; ++i)
+        add(axis_0_lbl[i], axis_0_lines[i]);
+}
+
+void MainWindow::createChartTexts()
+{
+    QFont bold = Plot_Chart->titleFont();
+    bold.setBold(true);
+    chart_title.setFont(bold);
+    chart_title.setBrush(QBrush(Qt::gray));
+    // Black, the brush it would have otherwise, cannot be seen on this background.
+    cursor_step_lbl.setBrush(QBrush(Qt::gray));
+    Plot_Scene->addItem(&chart_title);
+    Plot_Scene->addItem(&cursor_step_lbl);
+}
+
+QRectF MainWindow::plotInScene() const
+{
+    return Plot_Chart->mapToScene(Plot_Chart->plotArea()).boundingRect();
+}
+
+void MainWindow::placeTitle()
+{
+    QFont font = chart_title.font();
+    font.setPointSize(titlePoints());
+    chart_title.setFont(font);
+    const QPointF corner = plotInScene().topLeft();
+    chart_title.setPos(corner.x() + double{font_size},
+                       corner.y() - chart_title.boundingRect().height() - constants::titleGap);
+
+    QFont stepFont = cursor_step_lbl.font();
+    stepFont.setPointSize(titlePoints());
+    cursor_step_lbl.setFont(stepFont);
+    set_cur_step_lbl();
+}
+
+int MainWindow::titlePoints() const
+{
+    // A window of hardly any height would ask for no points at all, which no font can have.
+    return std::max(1, calc::truncated(std::min(double{font_size} * constants::titleShare,
+                                                constants::maxTitlePoints)));
+}
+
+void MainWindow::setAxisFonts()
+{
+    QFont font = axis_lbl[0].font();
+    font.setPixelSize(calc::truncated(std::max(constants::minGridPixels, double{font_size})));
+    for (QGraphicsSimpleTextItem &label : axis_lbl)
+        label.setFont(font);
+    for (QGraphicsSimpleTextItem &label : axis_0_lbl)
+        label.setFont(font);
+}
+
+void MainWindow::axisSetup(QRectF plot, QRectF chart)
+{
+    plotLeft = static_cast<float>(plot.left());
+    // Labels stand in the middle of the band under the plot.
+    const auto shift = static_cast<float>((chart.bottom() - plot.bottom()) / 2.0
+                                          - axis_lbl[0].font().pixelSize() / 2);
+    const QLineF upright(plot.bottomLeft(), plot.topLeft());
+    const auto place = [&](QGraphicsLineItem &line, QGraphicsSimpleTextItem &label) {
+        line.setLine(upright);
+        label.setPos(double{plotLeft}, plot.bottom() + double{shift});
+        hide(line, label);
+    };
+    for (int i = 0; i < constants::gridLines; ++i)
+        place(axis_lines[i], axis_lbl[i]);
+    for (int i = 0; i < constants::gridEdges; ++i)
+        place(axis_0_lines[i], axis_0_lbl[i]);
+    setXAxis();
+}
+
+void MainWindow::setXAxis()
+{
+    const calc::GridPlan plan
+        = calc::planGrid({ axisMin(), axisMax() }, dist_coef, double{trueWidth});
+    const int labelShift = axis_lbl[0].font().pixelSize() / 2;
+    const auto apply = [&](const calc::GridLine &planned, QGraphicsLineItem &line,
+                           QGraphicsSimpleTextItem &label) {
+        line.setX(planned.offset);
+        label.setText(planned.text);
+        label.setX(planned.offset + double{plotLeft} - labelShift);
+        line.show();
+        label.show();
+    };
+    for (int i = 0; i < constants::gridLines; ++i) {
+        if (i < plan.count)
+            apply(plan.lines[i], axis_lines[i], axis_lbl[i]);
+        else
+            hide(axis_lines[i], axis_lbl[i]);
+    }
+    for (int i = 0; i < constants::gridEdges; ++i) {
+        if (plan.edges[i].visible)
+            apply(plan.edges[i], axis_0_lines[i], axis_0_lbl[i]);
+        else
+            hide(axis_0_lines[i], axis_0_lbl[i]);
+    }
+}

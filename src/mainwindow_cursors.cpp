@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/cursor_level.h"
+#include "calc/numeric.h"
+#include "calc/view_range.h"
+#include "cont_dial.h"
+#include "curarrow.h"
+#include "dictionary.h"
+#include "mainwindow.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QLabel>
+
+QT_CHARTS_USE_NAMESPACE
+
+void MainWindow::cursorSetup_slot(int column)
+{
+    if (Cur_flag == DELTA)
+        return;
+    const int clamped = calc::clampedColumn(column);
+    showCursor(pointUnder(clamped));
+    // The dial keeps the column that was asked for, so that slow turns add up to a sample.
+    cursor_dial->trueValue = clamped;
+    cursorInfo_update();
+}
+
+calc::CursorPoint MainWindow::pointUnder(int column) const
+{
+    if (!isLoaded(rfg_ID))
+        return { calc::snapped(column, stepOf(rfg_ID)), constants::noLevel };
+    if (isDrawnAsDifference(rfg_ID))
+        return calc::cursorOnDifference(column, traceRef(rfg_master_ID), traceRef(rfg_ID));
+    return calc::cursorOn(column, traceRef(rfg_ID));
+}
+
+void MainWindow::showCursor(const calc::CursorPoint &point)
+{
+    const bool isA = Cur_flag == CURSOR_A;
+    (isA ? cursor_A_pos : cursor_B_pos) = point.column;
+    (isA ? cursor_A_pos_Y : cursor_B_pos_Y) = point.level;
+
+    CurArrow *marker = isA ? cur_arrowA : cur_arrowB;
+    marker->moveX(static_cast<float>(point.column - cust_axisX->min()));
+    marker->vis_state(isCursor_visible(Cur_flag));
+
+    QLineSeries *line = isA ? cursor_A : cursor_B;
+    QLineSeries *level = isA ? cursor_A_add : cursor_B_add;
+    line->replace(0, point.column, constants::levelMin);
+    line->replace(1, point.column, constants::levelMax);
+    level->replace(0, 0.0, point.level);
+    level->replace(1, x_length, point.level);
+    seriesUp(level);
+    seriesUp(line);
+}
+
+void MainWindow::cursorSelect_slot(int mode)
+{
+    Cur_flag = Cur_flag_true = static_cast<CURSOR_MODE>(mode);
+    if (QAbstractButton *button = cur_nav_group->button(mode))
+        button->setChecked(true);
+
+    QString caption;
+    if (mode == CURSOR_A) {
+        curA_action->setChecked(true);
+        cursor_dial->trueValue = cursor_A_pos;
+        caption = count_to_distance(cursor_A_pos);
+        cur_arrowB->group->stackBefore(cur_arrowA->group);
+        seriesUp(cursor_A_add);
+        seriesUp(cursor_A);
+    } else if (mode == CURSOR_B) {
+        curB_action->setChecked(true);
+        cursor_dial->trueValue = cursor_B_pos;
+        caption = count_to_distance(cursor_B_pos);
+        cur_arrowA->group->stackBefore(cur_arrowB->group);
+        seriesUp(cursor_B_add);
+        seriesUp(cursor_B);
+    } else {
+        cursor_dial->ring_color = Qt::black;
+    }
+    colourCursors();
+    setCursorDialText(caption);
+}
+
+void MainWindow::colourCursors()
+{
+    const auto colour = [](bool active, QLineSeries *line, QLineSeries *level, CurArrow *marker) {
+        const QColor ink = active ? Qt::yellow : Qt::gray;
+        QPen pen(ink, constants::cursorPen);
+        line->setPen(pen);
+        pen.setWidth(constants::cursorLevelPen);
+        pen.setStyle(Qt::DashLine);
+        level->setPen(pen);
+        marker->setBr_style(active ? Qt::SolidPattern : Qt::NoBrush);
+        marker->setColor(ink);
+    };
+    colour(Cur_flag == CURSOR_A, cursor_A, cursor_A_add, cur_arrowA);
+    colour(Cur_flag == CURSOR_B, cursor_B, cursor_B_add, cur_arrowB);
+}
+
+void MainWindow::cursorInfo_update()
+{
+    QString name;
+    if (Cur_flag == CURSOR_A)
+        name = d->CURSOR_A_STR;
+    else if (Cur_flag == CURSOR_B)
+        name = d->CURSOR_B_STR;
+    const int column = cursorPosition(Cur_flag);
+    const int level = Cur_flag == CURSOR_A ? cursor_A_pos_Y
+        : Cur_flag == CURSOR_B             ? cursor_B_pos_Y
+                                           : 0;
+    const QString distance = count_to_distance(column);
+    if (QAbstractButton *button = up_buttons->button(Cur_flag))
+        button->setText(cursorReadout(name, distance, level));
+    delta_lbl->setText(d->DELTA_STR + QStringLiteral(" = ")
+                       + count_to_distance(qAbs(cursor_A_pos - cursor_B_pos)));
+    if (Cur_flag == Cur_flag_true)
+        setCursorDialText(distance);
+}
+
+void MainWindow::cursors_update()
+{
+    Cur_flag_true = Cur_flag;
+    if (Cur_flag == DELTA)
+        return;
+    // The active cursor comes last, so that dial and caption end on it.
+    const CURSOR_MODE other = Cur_flag == CURSOR_A ? CURSOR_B : CURSOR_A;
+    for (const CURSOR_MODE cursor : { other, Cur_flag_true }) {
+        Cur_flag = cursor;
+        cursorSetup_slot(cursorPosition(cursor));
+    }
+}
+
+int MainWindow::cursorPosition(int which) const
+{
+    if (which == CURSOR_A)
+        return cursor_A_pos;
+    return which == CURSOR_B ? cursor_B_pos : 0;
+}
+
+void MainWindow::gotoCursor(int which)
+{
+    const calc::Range range
+        = calc::centredOn(cursorPosition(which), { axisMin(), axisMax() });
+    setPlotRange(range.min, range.max);
+}
+
+bool MainWindow::isCursor_visible(int which) const
+{
+    const int column = cursorPosition(which);
+    return cust_axisX->min() <= column && column <= cust_axisX->max();
+}
+
+void MainWindow::setCursorDialText(const QString &text)
+{
+    if (Cur_flag == CURSOR_A)
+        cursor_dial->setText(d->CURSOR_A_STR + QLatin1Char('\n') + text);
+    else if (Cur_flag == CURSOR_B)
+        cursor_dial->setText(d->CURSOR_B_STR + QLatin1Char('\n') + text);
+    else
+        cursor_dial->setText(d->DELTA_STR);
+}
+
+void MainWindow::set_cur_step_lbl()
+{
+    const int width = calc::truncated(cursor_step_lbl.boundingRect().width());
+    const int height = calc::truncated(cursor_step_lbl.boundingRect().height());
+    const QRectF plot = plotInScene();
+    cursor_step_lbl.setPos(plot.right() - width - height / 2, plot.top());
+}

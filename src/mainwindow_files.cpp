@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/tdr_record.h"
+#include "dictionary.h"
+#include "legendbutton.h"
+#include "mainwindow.h"
+#include "program_files.h"
+#include "settingsdata.h"
+
+#include <QButtonGroup>
+#include <QDataStream>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLocale>
+#include <QPushButton>
+
+using Protocol_VX840::TDR_FILE_t;
+
+bool MainWindow::isSlot(int id)
+{
+    return id >= 0 && id < constants::slotCount;
+}
+
+bool MainWindow::isLoaded(int id) const
+{
+    return isSlot(id) && checkbit(rfg_read_index, id);
+}
+
+int MainWindow::stepOf(int id) const
+{
+    return calc::usableStep(rfg_DATA[id].coef_from_min);
+}
+
+bool MainWindow::masterExists() const
+{
+    // Not master_is_set: that one is still false while a new master's differences are drawn.
+    return isLoaded(rfg_master_ID);
+}
+
+bool MainWindow::isDrawnAsDifference(int id) const
+{
+    return diff_flag == DIFF && masterExists() && id != rfg_master_ID;
+}
+
+int MainWindow::cursorStep() const
+{
+    if (!master_is_set)
+        return 1;
+    return stepOf(diff_flag == NORMAL && isLoaded(rfg_ID) ? rfg_ID : rfg_master_ID);
+}
+
+int MainWindow::emptySlotStep() const
+{
+    return calc::countsPerSample(master_params.sample_minstep);
+}
+
+bool MainWindow::read_rfg_DATA(const QString &path, int id)
+{
+    if (!isSlot(id))
+        return false;
+    QFile file(path);
+    if (!program_files::openRegularFile(file))
+        return false;
+    QByteArray bytes(static_cast<int>(sizeof(TDR_FILE_t)), Qt::Uninitialized);
+    QDataStream stream(&file);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    const int size = stream.readRawData(bytes.data(), bytes.size());
+
+    rfg_SHOWN &trace = rfg_DATA[id];
+    // A short file fills the record as far as it goes and the rest keeps the bytes of the trace
+    // before it. Said to nobody: in the field half a trace on screen is worth more than a message.
+    calc::fillRecord(bytes.constData(), size, trace.f_p_840);
+    const auto params = trace.f_p_840.ch.params;
+    trace.coef_from_min = calc::countsPerSample(params.sample_minstep);
+    trace.scroll = calc::initialScroll(params.shiftX, trace.coef_from_min);
+    trace.offset = params.shiftY;
+    trace.date = calc::testDate(trace.f_p_840);
+    trace.time = calc::testTime(trace.f_p_840);
+
+    const QFileInfo info(path);
+    trace.full_path = path;
+    trace.dir_name = info.dir().dirName();
+    trace.file_name = info.baseName();
+    trace.name = slotTitle(id);
+    return true;
+}
+
+void MainWindow::files_slot()
+{
+    const QStringList chosen
+        = QFileDialog::getOpenFileNames(this, tr("Select RFG files to open"),
+                                        settingsData->last_folder, tr("rfg (*.tdr)"));
+    if (chosen.isEmpty())
+        return;
+    const QStringList taken = chosen.mid(0, constants::slotCount);
+    rfg_read_index = 0;
+    for (int slot = 0; slot < taken.size(); ++slot) {
+        rfg_read_index = setbit(rfg_read_index, slot);
+        settingsData->current_files[slot] = taken[slot];
+    }
+    settingsData->last_folder = QFileInfo(taken.last()).path();
+    settingsData->read_index = rfg_read_index;
+    show_AllSelected_RFGs(rfg_read_index);
+}
+
+void MainWindow::show_AllSelected_RFGs(state_index mask)
+{
+    rfg_read_index = mask & constants::slotMask;
+    loadAllTraces();
+    if (rfg_read_index == 0) {
+        master_is_set = false;
+        selectTrace(0);
+        return;
+    }
+    // The old master is forgotten before setMasterID could see it, so its mark goes here.
+    unmarkMaster(rfg_master_ID);
+    rfg_master_ID = settingsData->master_ID;
+    master_is_set = false;
+    rfg_ID = isSlot(rfg_master_ID) ? rfg_master_ID : 0;
+    setMasterID(rfg_ID);
+    selectTrace(rfg_ID);
+}
+
+void MainWindow::loadAllTraces()
+{
+    for (int slot = 0; slot < constants::slotCount; ++slot) {
+        if (isLoaded(slot)) {
+            // Whether the file could be read is not asked: a trace whose file has gone since the
+            // last run keeps its slot.
+            read_rfg_DATA(settingsData->current_files[slot], slot);
+            load_rfg(slot);
+        } else {
+            rfg_DATA[slot].coef_from_min = 1;
+        }
+    }
+    for (int slot = 0; slot < constants::slotCount; ++slot) {
+        RFG_visibleToggle(slot, isLoaded(slot));
+        selected_rfg[slot]->menuEnable(isLoaded(slot));
+        setRfgButtonText(slot);
+    }
+}
+
+void MainWindow::loadSingle_slot(int id)
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Select RFG file to open"),
+                                                      settingsData->last_folder,
+                                                      tr("rfg (*.tdr)"));
+    if (file.isEmpty())
+        return;
+    settingsData->last_folder = QFileInfo(file).path();
+    add_Selected_RFG(file, id);
+}
+
+void MainWindow::add_Selected_RFG(const QString &path, int id)
+{
+    if (!isSlot(id))
+        return;
+    read_rfg_DATA(path, id);
+    rfg_read_index = setbit(rfg_read_index, id);
+    settingsData->current_files[id] = rfg_DATA[id].full_path;
+    settingsData->read_index = rfg_read_index;
+    selected_rfg[id]->menuEnable(true);
+    RFG_visibleToggle(id, true);
+    setRfgButtonText(id);
+    if (id == rfg_master_ID || !master_is_set)
+        setMasterID(id);
+    load_rfg(id);
+    // A new record under the master's mark changes every difference from it.
+    if (diff_flag == DIFF && id == rfg_master_ID) {
+        for (int slot = 0; slot < constants::slotCount; ++slot)
+            if (slot != id && isLoaded(slot))
+                load_rfg(slot);
+    }
+    rfgSelect_slot(rfg_ID);
+}
+
+void MainWindow::remove_Selected_RFG(int id)
+{
+    if (!isSlot(id))
+        return;
+    rfg_read_index = unsetbit(rfg_read_index, id);
+    settingsData->read_index = rfg_read_index;
+    rfg_DATA[id].coef_from_min = emptySlotStep();
+    selected_rfg[id]->menuEnable(false);
+    RFG_visibleToggle(id, false);
+    setRfgButtonText(id);
+    if (id == rfg_master_ID) {
+        const int lowest = firstbit(rfg_read_index);
+        if (isSlot(lowest))
+            setMasterID(lowest);
+        else
+            master_is_set = false;
+    }
+    if (id == rfg_ID)
+        rfgSelect_slot(id);
+}
+
+void MainWindow::resetCurrent_slot(int id)
+{
+    if (!isSlot(id))
+        return;
+    if (id == rfg_master_ID) {
+        reset_slot();
+        return;
+    }
+    // A copy, because reading sets the slot's own path.
+    const QString path = rfg_DATA[id].full_path;
+    read_rfg_DATA(path, id);
+    load_rfg(id);
+    if (id == rfg_ID)
+        rfgSelect_slot(id);
+}
+
+void MainWindow::reset_slot()
+{
+    plotScroll(-axisMin());
+    diff_flag = NORMAL;
+    difference_button->setChecked(false);
+    show_AllSelected_RFGs(rfg_read_index);
+}
+
+void MainWindow::write_rfg_DATA(int id)
+{
+    const QDir folder(qEnvironmentVariable(constants::developerFolderVariable));
+    const QString name = folder.filePath(QStringLiteral("Velkor_add/data0%1.bin").arg(id));
+    // Add-on data has a place and a name, but no format yet: nothing is opened.
+    Q_UNUSED(name)
+}
+
+void MainWindow::parse_T_Name(int id)
+{
+    if (!isSlot(id))
+        return;
+    const auto date = rfg_DATA[id].f_p_840.ch.test_date;
+    const auto time = rfg_DATA[id].f_p_840.ch.test_time;
+    // The one place that takes the bytes as plain numbers: older instruments wrote them so.
+    const QDate day(date.RTC_Year + constants::centuryStart, date.RTC_Month, date.RTC_Date);
+    const QTime clock(time.RTC_Hours, time.RTC_Minutes, time.RTC_Seconds);
+    QAbstractButton *button = rfg_buttons->button(id);
+    button->setEnabled(true);
+    button->setText(tr("Date") + QLatin1Char(' ')
+                    + QLocale::system().toString(day, QLocale::ShortFormat) + QLatin1Char('\n')
+                    + tr("Time") + QLatin1Char(' ') + clock.toString(Qt::TextDate));
+}

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/view_range.h"
+#include "cont_dial.h"
+#include "dictionary.h"
+#include "mainwindow.h"
+#include "settingsdata.h"
+
+void MainWindow::paramSelect_slot(int id)
+{
+    const rfg_SHOWN &trace = rfg_DATA[rfg_ID];
+    const int speed = settingsData->param_dial_speed;
+    switch (id) {
+    case KU:
+        setUpParamDial({ true, 0, calc::dialOfKU(KU_max), calc::dialOfKU(master_params.KU), speed });
+        setParamDialText(d->KU_STR, velocityText());
+        break;
+    case V_OFFSET:
+        setUpParamDial({ false, -constants::verticalOffsetLimit, constants::verticalOffsetLimit,
+                         trace.offset, speed });
+        setParamDialText(d->V_OFFSET_STR, count_to_level(trace.offset));
+        break;
+    case H_OFFSET:
+        setUpParamDial({ false, -x_length, x_length, trace.scroll, speed });
+        setParamDialText(d->H_OFFSET_STR, count_to_distance(trace.scroll));
+        break;
+    case SCALE:
+        // Nine levels would be crossed in a tenth of a turn at the user's speed.
+        setUpParamDial({ true, constants::minScale, constants::maxScale, master_scale,
+                         constants::scaleDialSpeed });
+        setParamDialText(d->SCALE_STR, scaleText());
+        break;
+    default:
+        // Read-only parameters and "nothing checked yet": the dial keeps what it adjusts.
+        break;
+    }
+}
+
+void MainWindow::setUpParamDial(const DialSetup &setup)
+{
+    param_dial->zeroOff = setup.startsAtZero;
+    param_dial->trueMin = setup.min;
+    param_dial->trueMax = setup.max;
+    param_dial->trueValue = setup.value;
+    param_dial->setAccuracy(setup.speed);
+    // The base dial takes this modulo its range; only trueValue is the truth.
+    param_dial->setValue(setup.value);
+}
+
+void MainWindow::paramSetup_slot(int x)
+{
+    switch (checkedParameter()) {
+    case KU:
+        KU_change(calc::kuOfDial(x));
+        // Also into an empty slot's record: the factor belongs to the view.
+        rfg_DATA[rfg_ID].f_p_840.ch.params.KU = master_params.KU;
+        break;
+    case V_OFFSET:
+        if (isLoaded(rfg_ID))
+            V_Offset_change(x);
+        break;
+    case H_OFFSET:
+        if (isLoaded(rfg_ID))
+            H_Offset_change(x);
+        break;
+    case SCALE:
+        scale_change(x);
+        break;
+    default:
+        break;
+    }
+}
+
+void MainWindow::setParamDialText(const QString &title, const QString &value)
+{
+    const int parameter = checkedParameter();
+    // Velocity factor and scale belong to the view, the others to a trace that may not be there.
+    const bool hasValue = isLoaded(rfg_ID) || parameter == KU || parameter == SCALE;
+    param_dial->setText(title + QLatin1Char('\n') + (hasValue ? value : QString()));
+}

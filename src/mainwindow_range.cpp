@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/numeric.h"
+#include "calc/view_range.h"
+#include "cont_dial.h"
+#include "curarrow.h"
+#include "dictionary.h"
+#include "mainwindow.h"
+#include "parambutton.h"
+
+#include <QButtonGroup>
+#include <QPushButton>
+
+#include <algorithm>
+
+int MainWindow::axisMin() const
+{
+    return calc::truncated(cust_axisX->min());
+}
+
+int MainWindow::axisMax() const
+{
+    return calc::truncated(cust_axisX->max());
+}
+
+void MainWindow::setPlotRange(int min, int max)
+{
+    cust_axisX->setRange(min, max);
+    const auto width = static_cast<float>(Plot_Chart->plotArea().width());
+    if (trueWidth != width) {
+        const QRectF plot = plotInScene();
+        cur_arrowA->setRect(plot);
+        cur_arrowB->setRect(plot);
+        trueWidth = width;
+    }
+    scrollfactorX = min;
+    setXAxis();
+    updateMarkers(min, max);
+    scroll_left_button->setEnabled(min != 0);
+    scroll_right_button->setEnabled(max != x_length);
+}
+
+void MainWindow::updateMarkers(int min, int max)
+{
+    cur_arrowA->setXRes(max - min);
+    cur_arrowB->setXRes(max - min);
+    cur_arrowA->moveX(static_cast<float>(qint64{cursor_A_pos} - min));
+    cur_arrowB->moveX(static_cast<float>(qint64{cursor_B_pos} - min));
+    cur_arrowA->vis_state(isCursor_visible(CURSOR_A));
+    cur_arrowB->vis_state(isCursor_visible(CURSOR_B));
+}
+
+void MainWindow::plotScroll(int step)
+{
+    const calc::Range range = calc::scrolled({ axisMin(), axisMax() }, step);
+    setPlotRange(range.min, range.max);
+}
+
+void MainWindow::scale_change(int scaleN)
+{
+    master_scale = calc::clampedScale(scaleN);
+    setPlotRange(0, calc::visibleCounts(master_scale));
+    scale_dist = calc::scaleDistance(master_scale);
+    // At an end only the button that leads past it goes; the other one is left as it was.
+    if (master_scale == constants::minScale) {
+        scale_down_button->setEnabled(false);
+    } else if (master_scale == constants::maxScale) {
+        scale_up_button->setEnabled(false);
+    } else {
+        scale_down_button->setEnabled(true);
+        scale_up_button->setEnabled(true);
+    }
+    setCaption(scale_button, d->SCALE_STR, scaleText());
+    if (checkedParameter() == SCALE)
+        setParamDialText(d->SCALE_STR, scaleText());
+}
+
+void MainWindow::H_Offset_change(int value)
+{
+    rfg_SHOWN &trace = rfg_DATA[rfg_ID];
+    const int step = stepOf(rfg_ID);
+    const int samples = calc::wholeSamples(value, step);
+    // Shifts to the left are kept in two's complement, as the instrument does.
+    trace.f_p_840.ch.params.shiftX = static_cast<quint32>(samples);
+    trace.scroll = samples * step;
+    redrawAfterShift();
+    setCaption(H_offset_button, d->H_OFFSET_STR, count_to_distance(trace.scroll));
+    cursors_update();
+    if (checkedParameter() == H_OFFSET)
+        setParamDialText(d->H_OFFSET_STR, count_to_distance(trace.scroll));
+}
+
+void MainWindow::V_Offset_change(int value)
+{
+    rfg_SHOWN &trace = rfg_DATA[rfg_ID];
+    trace.offset = calc::clampedVerticalOffset(value);
+    redrawAfterShift();
+    setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
+    cursors_update();
+    // An offset of exactly 129 is nothing here and 129 on the button: the dial shows levels, and
+    // that one means "no level".
+    if (checkedParameter() == V_OFFSET)
+        setParamDialText(d->V_OFFSET_STR, count_to_level(trace.offset));
+}
+
+void MainWindow::redrawAfterShift()
+{
+    if (diff_flag == NORMAL || rfg_ID != rfg_master_ID) {
+        load_rfg(rfg_ID);
+        return;
+    }
+    // All differences depend on the master.
+    for (int slot = 0; slot < constants::slotCount; ++slot)
+        if (isLoaded(slot))
+            load_rfg(slot);
+}
+
+void MainWindow::KU_change(double ku)
+{
+    master_params.KU = calc::clampedKU(ku);
+    dist_coef = dist_coef_0 / double{master_params.KU};
+    setXAxis();
+    updateStepLabel();
+    setCaption(KU_button, d->KU_STR, velocityText());
+    const QString shift = count_to_distance(rfg_DATA[rfg_ID].scroll);
+    if (isLoaded(rfg_ID))
+        setCaption(H_offset_button, d->H_OFFSET_STR, shift);
+    if (checkedParameter() == KU)
+        setParamDialText(d->KU_STR, velocityText());
+    else if (checkedParameter() == H_OFFSET)
+        setParamDialText(d->H_OFFSET_STR, shift);
+    cursors_update();
+}
+
+void MainWindow::plotCorrection()
+{
+    const double plotWidth = Plot_Chart->plotArea().width();
+    if (double{trueWidth} == plotWidth)
+        return;
+    // The plot area's own place in a chart of the usual margins.
+    constexpr double plotX = 74.0;
+    Plot_Chart->resize(double{trueWidth} + Plot_Chart->size().width() - plotWidth,
+                       Plot_Chart->size().height());
+    Plot_Chart->setPos(plotX - Plot_Chart->plotArea().x() + constants::chartPosition,
+                       constants::chartPosition);
+}
+
+void MainWindow::updateStepLabel()
+{
+    cursor_step_lbl.setText(d->CUR_STEP_STR + QStringLiteral(" = ")
+                            + count_to_distance(cursorStep()));
+    // Right-aligned by hand; there is nothing to align it to before the first layout.
+    if (font_size > 0.0F)
+        set_cur_step_lbl();
+}
+
+int MainWindow::checkedParameter() const
+{
+    return down_buttons->checkedId();
+}

@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/numeric.h"
+#include "calc/tdr_record.h"
+#include "calc/view_range.h"
+#include "dictionary.h"
+#include "legendbutton.h"
+#include "mainwindow.h"
+#include "settingsdata.h"
+
+#include <QButtonGroup>
+#include <QMenu>
+
+#include <algorithm>
+#include <climits>
+
+QT_CHARTS_USE_NAMESPACE
+
+void MainWindow::rfgSelect_slot(int id)
+{
+    if (!isSlot(id))
+        return;
+    rfg_ID = id;
+    updateStepLabel();
+    if (isLoaded(id)) {
+        seriaIsSelected();
+        const rfg_SHOWN &trace = rfg_DATA[id];
+        chart_title.setText(trace.file_name + QStringLiteral(", /") + trace.dir_name
+                            + QStringLiteral(", ") + testDateText(id) + QLatin1Char(' ')
+                            + trace.time.toString(Qt::TextDate));
+        setParameterTexts();
+    } else {
+        voidInterface();
+        chart_title.setText(selected_rfg[id]->name);
+    }
+    paramSelect_slot(checkedParameter());
+    cursors_update();
+}
+
+void MainWindow::selectTrace(int id)
+{
+    // Checking the button selects; a button that is checked already says nothing.
+    QAbstractButton *button = rfg_buttons->button(id);
+    if (button->isChecked())
+        rfgSelect_slot(id);
+    else
+        button->setChecked(true);
+}
+
+void MainWindow::seriaIsSelected()
+{
+    // Pens first: a series that was just raised has a second item until the event loop runs, and
+    // a new pen would bring the dead one back to sight.
+    for (int slot = 0; slot < constants::slotCount; ++slot) {
+        for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
+                                   static_cast<QXYSeries *>(rfg_series_sp[slot]) }) {
+            QPen pen = series->pen();
+            pen.setWidthF(slot == rfg_ID ? constants::tracePen : constants::thinTracePen);
+            series->setPen(pen);
+        }
+    }
+    seriesUp(rfg_series[rfg_ID]);
+    seriesUp(rfg_series_sp[rfg_ID]);
+}
+
+void MainWindow::setRfgButtonText(int id)
+{
+    if (!isSlot(id))
+        return;
+    const QString title = slotTitle(id);
+    QString text = title + QLatin1Char('\n') + d->EMPTY_STR;
+    selected_rfg[id]->date.clear();
+    if (isLoaded(id)) {
+        const QString name = rfg_DATA[id].name;
+        selected_rfg[id]->date = testDateText(id);
+        // A slot whose file was never read has no name of its own.
+        text = (name.isEmpty() ? title : name) + QLatin1Char('\n') + selected_rfg[id]->date;
+    }
+    rfg_buttons->button(id)->setText(text);
+    selected_rfg[id]->setName(title);
+}
+
+void MainWindow::RFG_visibleToggle(int id, bool visible)
+{
+    if (!isSlot(id))
+        return;
+    if (smooth_rfg_flag)
+        rfg_series_sp[id]->setVisible(visible);
+    else
+        rfg_series[id]->setVisible(visible);
+    if (!visible)
+        setSlotIcon(id, constants::hiddenSlotIcon);
+    else
+        setSlotIcon(id, id == rfg_master_ID ? constants::masterSlotIcon : constants::slotIcon);
+    selected_rfg[id]->setVis(visible);
+}
+
+void MainWindow::setSlotIcon(int id, QLatin1String path)
+{
+    // The hidden picture has no number to fill in.
+    const QString name = path;
+    const bool numbered = name.contains(QLatin1String("%1"));
+    selected_rfg[id]->setIcon(QIcon(QPixmap(numbered ? name.arg(id + 1) : name)));
+}
+
+void MainWindow::setMasterID(int id)
+{
+    const int previous = rfg_master_ID;
+    rfg_master_ID = isSlot(id) ? id : 0;
+    if (rfg_master_ID == previous && master_is_set)
+        return;
+    unmarkMaster(previous);
+    markMaster(rfg_master_ID);
+    settingsData->master_ID = static_cast<signed char>(rfg_master_ID);
+
+    const auto params = rfg_DATA[rfg_master_ID].f_p_840.ch.params;
+    const float formerKU = master_params.KU;
+    master_params.sample_minstep = params.sample_minstep;
+    for (int slot = 0; slot < constants::slotCount; ++slot)
+        if (!isLoaded(slot))
+            rfg_DATA[slot].coef_from_min = emptySlotStep();
+    if (diff_flag == DIFF) {
+        for (int slot = 0; slot < constants::slotCount; ++slot)
+            if (isLoaded(slot))
+                load_rfg(slot);
+    }
+
+    scale_change(calc::exponentForMinstep(params.sample_minstep));
+    // Clamped only so far that the end of the range still is an int.
+    const int delay = static_cast<int>(
+        std::min(quint32{params.delay}, static_cast<quint32>(INT_MAX - constants::xLength)));
+    setPlotRange(delay, calc::visibleCounts(master_scale) + delay);
+    // A record of zeros has the factor that is remembered before any was applied; without the
+    // second test no distance would ever be known.
+    if (!(params.KU == formerKU) || !(dist_coef > 0.0))
+        KU_change(double{params.KU});
+    master_is_set = true;
+}
+
+int MainWindow::getMasterID() const
+{
+    return rfg_master_ID;
+}
+
+void MainWindow::unmarkMaster(int id)
+{
+    // -1 before the first master; the settings can bring any other number.
+    if (!isSlot(id))
+        return;
+    selected_rfg[id]->setMast(false);
+    if (selected_rfg[id]->vis())
+        setSlotIcon(id, constants::slotIcon);
+}
+
+void MainWindow::markMaster(int id)
+{
+    selected_rfg[id]->setMast(true);
+    if (selected_rfg[id]->vis())
+        setSlotIcon(id, constants::masterSlotIcon);
+}
+
+void MainWindow::addremove_aux(int id, bool shown)
+{
+    if (!isSlot(id))
+        return;
+    RFG_visibleToggle(id, shown);
+    setRfgButtonText(id);
+    if (id == rfg_master_ID)
+        setMasterID(shown ? id : firstbit(rfg_read_index));
+}
+
+void MainWindow::rfgMenuRequested_slot(int id)
+{
+    if (!isSlot(id))
+        return;
+    QMenu *menu = selected_rfg[id]->contextMenu;
+    menu->setFont(font());
+    menu->exec(mapToGlobal(selected_rfg[id]->geometry().topRight()));
+}
+
+QString MainWindow::rfgLegend(int id) const
+{
+    Q_UNUSED(id)
+    return {};
+}

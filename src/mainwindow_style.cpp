@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+#include "settingsdata.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGraphicsScene>
+#include <QInputDialog>
+
+void MainWindow::set_CSS()
+{
+    setStyleSheet(settingsData->current_CSS);
+    input_dialog->setStyleSheet(settingsData->current_CSS);
+    // The plot is near-black whatever the sheet says; it comes back so in difference mode too.
+    m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);
+    Plot_Chart->setBackgroundBrush(m_brush);
+    m_brush.setColor(QColor::fromRgba(constants::normalBackground));
+    Plot_Scene->setBackgroundBrush(m_brush);
+}
+
+void MainWindow::watchStyleSheet()
+{
+    const QString folder = qEnvironmentVariable(constants::developerFolderVariable);
+    if (folder.isEmpty())
+        return;
+    const QString sheet = QDir(folder).absoluteFilePath(
+        QString(constants::developerStyle).arg(constants::developerStyleNumber));
+    if (!QFileInfo(sheet).isFile())
+        return;
+    watchedStyleSheet = sheet;
+    CSS_watcher.addPath(sheet);
+    connect(&CSS_watcher, &QFileSystemWatcher::fileChanged, this, &MainWindow::CSS_watcher_slot);
+    connect(&CSS_watcher, &QFileSystemWatcher::directoryChanged, this,
+            &MainWindow::styleFolderChanged);
+}
+
+void MainWindow::CSS_watcher_slot(const QString &path)
+{
+    if (!QFileInfo(path).isFile()) {
+        // An editor that writes a new file has taken the old one away and with it the watch; its
+        // folder tells when the new one is there.
+        CSS_watcher.addPath(QFileInfo(path).absolutePath());
+        return;
+    }
+    if (!CSS_watcher.files().contains(path))
+        CSS_watcher.addPath(path);
+    settingsData->current_CSS_path = path;
+    settingsData->parse_CSS();
+}
+
+void MainWindow::styleFolderChanged()
+{
+    if (!QFileInfo(watchedStyleSheet).isFile())
+        return;
+    CSS_watcher.removePaths(CSS_watcher.directories());
+    CSS_watcher_slot(watchedStyleSheet);
+}

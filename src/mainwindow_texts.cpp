@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/readout.h"
+#include "dictionary.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "mainwindow.h"
+#include "parambutton.h"
+#include "settingsmenu.h"
+
+#include <QAction>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+
+void MainWindow::retranslateUi()
+{
+    d->setStrings();
+    retranslateButtons();
+    // Loaded slots carry the word in their own names.
+    for (int slot = 0; slot < constants::slotCount; ++slot)
+        rfg_DATA[slot].name = slotTitle(slot);
+
+    if (rfg_read_index != 0)
+        rfgSelect_slot(rfg_ID);
+    else
+        voidInterface();
+    for (int slot = 0; slot < constants::slotCount; ++slot) {
+        setRfgButtonText(slot);
+        selected_rfg[slot]->retranslateUI();
+    }
+    // An empty slot's title is its legend name, which has only now been translated.
+    if (!isLoaded(rfg_ID))
+        rfgSelect_slot(rfg_ID);
+}
+
+void MainWindow::retranslateButtons()
+{
+    legend_button->setText(d->FILES_STR + QStringLiteral("..."));
+    settings_button->setText(d->SETTINGS_STR + QStringLiteral("..."));
+    settingsMenu->retranslateUI();
+    difference_button->setText(d->DIFF_MODE_STR);
+    smooth_button->setText(tr("Smooth"));
+    reset_all_button->setText(tr("Reset All"));
+    input_dialog->setOkButtonText(d->OK_STR);
+    input_dialog->setCancelButtonText(d->CANCEL_STR);
+    curA_nav_button->setText(QStringLiteral("A"));
+    curB_nav_button->setText(QStringLiteral("B"));
+    curA_action->setText(d->CURSOR_A_STR);
+    curB_action->setText(d->CURSOR_B_STR);
+    cur_wheel_action->setText(d->CURSORS_MOVE_STR);
+    scale_wheel_action->setText(d->SCALE_CHG_STR);
+}
+
+void MainWindow::voidInterface()
+{
+    const QString readout = QStringLiteral("%1\n x = %2\n y = %3");
+    const QString noLevel = count_to_level(constants::noLevel);
+    curA_button->setText(readout.arg(d->CURSOR_A_STR, count_to_distance(cursor_A_pos), noLevel));
+    curB_button->setText(readout.arg(d->CURSOR_B_STR, count_to_distance(cursor_B_pos), noLevel));
+
+    gain_button->setText(d->GAIN_STR);
+    average_button->setText(d->AVERAGE_STR);
+    V_offset_button->setText(d->V_OFFSET_STR);
+    pulse_width_button->setText(d->PULSE_W_STR);
+    pulse_amplitude_button->setText(d->PULSE_A_STR);
+    impedance_button->setText(d->IMPEDANCE_STR);
+    H_offset_button->setText(d->H_OFFSET_STR);
+    setCaption(KU_button, d->KU_STR, velocityText());
+    setCaption(scale_button, d->SCALE_STR, scaleText());
+
+    delta_lbl->setText(d->DELTA_STR + QStringLiteral(" = ") + count_to_distance(0));
+}
+
+void MainWindow::setParameterTexts()
+{
+    const rfg_SHOWN &trace = rfg_DATA[rfg_ID];
+    // Copied, because fields of a packed record must not be bound to references.
+    const Protocol_VX840::CH_PARAMS_t params = trace.f_p_840.ch.params;
+    setCaption(gain_button, d->GAIN_STR, QString::number(int{params.gain}));
+    setCaption(KU_button, d->KU_STR, velocityText());
+    setCaption(average_button, d->AVERAGE_STR, QString::number(int{params.average}));
+    setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
+    setCaption(pulse_width_button, d->PULSE_W_STR,
+               QString::number(quint32{params.pulse_width}) + d->TIME_SUFFIX_STR);
+    setCaption(pulse_amplitude_button, d->PULSE_A_STR,
+               QString::number(int{params.pulse_amplitude}) + d->VOLTAGE_SUFFIX_STR);
+    setCaption(impedance_button, d->IMPEDANCE_STR, QString::number(int{params.impedance}));
+    setCaption(H_offset_button, d->H_OFFSET_STR, count_to_distance(trace.scroll));
+    setCaption(scale_button, d->SCALE_STR, scaleText());
+}
+
+void MainWindow::setCaption(QAbstractButton *button, const QString &word, const QString &value)
+{
+    button->setText(word + QLatin1Char('\n') + value);
+}
+
+QString MainWindow::scaleText() const
+{
+    // "m" whatever the language: the caption is a scale mark of the instrument, not a distance.
+    return calc::scaleText(scale_dist);
+}
+
+QString MainWindow::velocityText() const
+{
+    return calc::velocityText(master_params.KU);
+}
+
+QString MainWindow::slotTitle(int id) const
+{
+    return d->RFG_STR + QStringLiteral(" %1").arg(id + 1);
+}
+
+QString MainWindow::testDateText(int id) const
+{
+    return QLocale::system().toString(rfg_DATA[id].date, QLocale::ShortFormat);
+}

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/numeric.h"
+#include "cont_dial.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "mainwindow.h"
+#include "parambutton.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+// Connections stand in the order of the window, top to bottom, left to right. The settings that
+// must reach these slots are loaded after all of them are made.
+void MainWindow::connectControls()
+{
+    connectMenuAndButtons();
+    connectGroups();
+    connectSettings();
+    connectLegendButtons();
+}
+
+void MainWindow::connectMenuAndButtons()
+{
+    connect(curA_action, &QAction::triggered, this, [this] { curA_button->setChecked(true); });
+    connect(curB_action, &QAction::triggered, this, [this] { curB_button->setChecked(true); });
+    connect(scale_wheel_action, &QAction::triggered, this, [this] { zoom_wheel_flag = true; });
+    connect(cur_wheel_action, &QAction::triggered, this, [this] { zoom_wheel_flag = false; });
+
+    connect(settings_button, &QPushButton::pressed, this, &MainWindow::openSettings);
+    connect(difference_button, SIGNAL(toggled(bool)), this, SLOT(setDiff_flag(bool)));
+    connect(reset_all_button, &QPushButton::clicked, this, &MainWindow::reset_slot);
+    connect(smooth_button, SIGNAL(toggled(bool)), this, SLOT(setSmoothFlag(bool)));
+    connect(cursor_dial, &Cont_dial::trueValueChanged, this, &MainWindow::cursorSetup_slot);
+    connect(param_dial, &Cont_dial::trueValueChanged, this, &MainWindow::paramSetup_slot);
+}
+
+void MainWindow::connectGroups()
+{
+    const auto connectSelection = [this](QButtonGroup *group, void (MainWindow::*select)(int)) {
+        connect(group, &QButtonGroup::idToggled, this, [this, select](int id, bool checked) {
+            if (checked)
+                (this->*select)(id);
+        });
+    };
+    connectSelection(up_buttons, &MainWindow::cursorSelect_slot);
+    connectSelection(rfg_buttons, &MainWindow::rfgSelect_slot);
+    connectSelection(down_buttons, &MainWindow::paramSelect_slot);
+
+    connect(legend_button, &QPushButton::pressed, this, &MainWindow::files_slot);
+
+    // The two pairs of cursor buttons set each other and come to rest by themselves.
+    connect(cur_nav_group, &QButtonGroup::idToggled, this,
+            [this](int id, bool checked) { up_buttons->button(id)->setChecked(checked); });
+    connect(scale_nav_group, &QButtonGroup::idPressed, this, [this](int id) {
+        scale_change(master_scale + 2 * id - 1);
+        gotoCursor(Cur_flag);
+    });
+    connect(scroll_nav_group, &QButtonGroup::idPressed, this, [this](int id) {
+        plotScroll(calc::truncated(double{m_pow2(master_scale)} * (2 * id - 1)));
+    });
+}
+
+void MainWindow::connectSettings()
+{
+    connect(settingsData, &SettingsData::files_to_load, this, &MainWindow::show_AllSelected_RFGs);
+    connect(settingsData, &SettingsData::CSS_changed, this, &MainWindow::set_CSS);
+    connect(settingsData, &SettingsData::translation_changed, this, &MainWindow::retranslateUi);
+    connect(settingsData, &SettingsData::window_geometry_loaded, this,
+            &MainWindow::setWindowGeometry);
+    connect(settingsData, &SettingsData::dial_settings_changed, this,
+            &MainWindow::setDialSettings);
+}
+
+void MainWindow::connectLegendButtons()
+{
+    for (LegendButton *button : selected_rfg) {
+        connect(button, &LegendButton::contextMenu_signal, this,
+                &MainWindow::rfgMenuRequested_slot);
+        connect(button, &LegendButton::load_signal, this, &MainWindow::loadSingle_slot);
+        connect(button, &LegendButton::clear_signal, this, &MainWindow::remove_Selected_RFG);
+        connect(button, &LegendButton::reset_signal, this, &MainWindow::resetCurrent_slot);
+        connect(button, &LegendButton::visible_signal, this, &MainWindow::RFG_visibleToggle);
+        connect(button, &LegendButton::master_signal, this, &MainWindow::setMasterID);
+    }
+}
+
+void MainWindow::installEventFilters()
+{
+    QObject *const watched[] = { Plot_View->viewport(), Plot_Scene,      logo_lbl,
+                                 legend_button,         curA_button,     curB_button,
+                                 KU_button,             V_offset_button, H_offset_button,
+                                 scale_button,          param_dial,      cursor_dial };
+    for (QObject *object : watched)
+        object->installEventFilter(this);
+}
+
+void MainWindow::openSettings()
+{
+    storeWindowGeometry();
+    settingsMenu->interfaceUpdate();
+    settingsMenu->tabs->setCurrentWidget(settingsMenu->settings_widget);
+    settingsMenu->exec();
+}
