@@ -84,6 +84,10 @@ constexpr int fontWidthDenominator = 16;
 constexpr double titleShare = 0.9; ///< chart title's font as a part of the base size
 constexpr double maxTitlePoints = 12.0;
 constexpr double minGridPixels = 10.0; ///< grid labels are never smaller than this
+constexpr double deltaFontFactor = 2.0; ///< distance between the cursors, of the base font size
+constexpr double navigationFontFactor = 1.5; ///< "A" and "B" of the navigation buttons, likewise
+constexpr float largeIconFactor = 3.0F; ///< icon side of trace and navigation buttons, likewise
+constexpr float smallIconFactor = 2.0F; ///< icon side of parameter and cursor buttons, likewise
 constexpr double titleGap = 2.0; ///< pixels between chart title and plot
 constexpr int minWindowWidth = 800;
 constexpr int minWindowHeight = 500;
@@ -110,7 +114,10 @@ constexpr quint32 normalBackground = 0xFF0B0C0D; ///< behind the traces
 constexpr quint32 differenceBackground = 0xFF28283C; ///< behind differences
 constexpr int axisLinePen = 2;
 constexpr int baseLinePen = 3;
-constexpr int tracePen = 2;
+constexpr int tracePen = 2; ///< width of a trace, and of the selected one later on
+constexpr double thinTracePen = 1.0; ///< width of the traces that are not selected
+constexpr int cursorPen = 2; ///< width of a cursor's upright line
+constexpr int cursorLevelPen = 1; ///< width of a cursor's level line
 
 // ---- Clock ----
 

@@ -21,7 +21,8 @@ int qMain(int argc, char **argv)
     return QApplication::exec();
 }
 
-// Where the toolkit brings an entry of its own (windowed programs on Windows) it calls qMain itself.
+// Where the toolkit brings an entry of its own (windowed programs on Windows) it calls qMain
+// itself.
 #ifndef QT_NEEDS_QMAIN
 int main(int argc, char **argv)
 {

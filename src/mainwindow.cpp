@@ -3,9 +3,10 @@
 #include "mainwindow.h"
 
 #include "calc/window_geometry.h"
-#include "curarrow.h"
 #include "cont_dial.h"
+#include "curarrow.h"
 #include "dictionary.h"
+#include "parambutton.h"
 #include "program_files.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
@@ -18,6 +19,7 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QScreen>
+#include <QSpacerItem>
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
@@ -77,7 +79,7 @@ void MainWindow::interface_init()
     settingsData->loadSettings(program_files::settingsFileToRead(), constants::allSections);
     settingsData->updateSettings(constants::allSections);
     if (rfg_read_index == 0) {
-        KU_change(double{constants::startKU});
+        KU_change(double{ constants::startKU });
         scale_change(0);
     }
 
@@ -96,8 +98,8 @@ void MainWindow::interface_init()
 void MainWindow::primeInputDialog()
 {
     // Opened and rejected once per mode, the dialog settles its layout before anybody sees it.
-    for (const auto mode : { QInputDialog::DoubleInput, QInputDialog::IntInput,
-                             QInputDialog::TextInput }) {
+    for (const auto mode :
+         { QInputDialog::DoubleInput, QInputDialog::IntInput, QInputDialog::TextInput }) {
         if (mode == QInputDialog::TextInput)
             input_dialog->setComboBoxItems({});
         input_dialog->setInputMode(mode);
@@ -134,7 +136,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
     const QString file = program_files::settingsFile();
     // Never overwrites: the backup keeps the state before the first close, on purpose, so that
     // there is a way back however often the program was closed since.
-    QFile::copy(file, program_files::settingsBackupFile());
+    if (program_files::isRegularFile(file))
+        QFile::copy(file, program_files::settingsBackupFile());
     settingsData->saveSettings(file, constants::allSections);
     QMainWindow::closeEvent(event);
 }

@@ -26,6 +26,7 @@
 ///
 /// What can be computed without a widget is in calc/.
 
+#include "calc/cursor_level.h"
 #include "calc/trace_points.h"
 #include "constants.h"
 #include "miscfunc.h"
@@ -141,8 +142,6 @@ private:
     void interface_init();
     void primeInputDialog();
     void storeWindowGeometry();
-    /// Backs up and replaces the settings file: the backup is made once and never refreshed.
-    void saveSettingsFile();
 
     // ---- Controls (mainwindow_controls.cpp) ----
 private:
@@ -196,6 +195,7 @@ private:
     void setParameterTexts();
     /// Two-line caption: the word over the value.
     static void setCaption(QAbstractButton *button, const QString &word, const QString &value);
+    QString cursorReadout(const QString &name, const QString &distance, int level) const;
     QString scaleText() const;
     QString velocityText() const;
     QString slotTitle(int id) const;
@@ -307,6 +307,7 @@ public:
 private:
     void buildChart();
     void createChartAxes();
+    void createChartTexts();
     void addTraceSeries();
     void addCursorSeries();
     calc::TraceRef traceRef(int id) const;
@@ -323,6 +324,7 @@ public:
 private:
     void setAxisFonts();
     void placeTitle();
+    int titlePoints() const;
     QRectF plotInScene() const;
 
     // ---- View range: scale, scroll, shifts, velocity factor (mainwindow_range.cpp) ----
@@ -400,15 +402,10 @@ public:
     void set_cur_step_lbl();
 
 private:
-    struct CursorSpot
-    {
-        int position; ///< counts
-        int level; ///< sample steps, or 129
-    };
-    CursorSpot spotUnder(int column) const;
-    void showCursor(int column, const CursorSpot &spot);
+    calc::CursorPoint pointUnder(int column) const;
+    void showCursor(const calc::CursorPoint &point);
     int cursorPosition(int which) const;
-    void colourCursors(bool aIsActive, bool bIsActive);
+    void colourCursors();
 
     // ---- Input (mainwindow_input.cpp) ----
 public:
@@ -418,6 +415,7 @@ public:
 private:
     void filterViewport(QEvent *event);
     void filterControls(QObject *watched, QEvent *event);
+    QString chartReport() const;
     void resizeChart();
     void scaleInterface();
     void scaleFonts();
@@ -435,8 +433,15 @@ private:
 private:
     void openEntryDialog(const QObject *button);
     void setDialogTexts(const QString &word, const QString &from, const QString &to);
-    bool askForNumber(const QString &word, const QString &from, double min, double max,
-                      double step, int decimals, double value);
+    struct NumberQuestion
+    {
+        double min;
+        double max;
+        double step;
+        int decimals;
+        double value;
+    };
+    bool askForNumber(const NumberQuestion &question);
     void enterVelocityFactor();
     void enterHorizontalOffset();
     void enterVerticalOffset();

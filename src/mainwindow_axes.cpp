@@ -12,7 +12,7 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-void hide(QGraphicsLineItem &line, QGraphicsSimpleTextItem &label)
+void hidePair(QGraphicsLineItem &line, QGraphicsSimpleTextItem &label)
 {
     line.hide();
     label.hide();
@@ -60,7 +60,7 @@ void MainWindow::placeTitle()
     font.setPointSize(titlePoints());
     chart_title.setFont(font);
     const QPointF corner = plotInScene().topLeft();
-    chart_title.setPos(corner.x() + double{font_size},
+    chart_title.setPos(corner.x() + double{ font_size },
                        corner.y() - chart_title.boundingRect().height() - constants::titleGap);
 
     QFont stepFont = cursor_step_lbl.font();
@@ -72,14 +72,15 @@ void MainWindow::placeTitle()
 int MainWindow::titlePoints() const
 {
     // A window of hardly any height would ask for no points at all, which no font can have.
-    return std::max(1, calc::truncated(std::min(double{font_size} * constants::titleShare,
-                                                constants::maxTitlePoints)));
+    return std::max(1,
+                    calc::truncated(std::min(double{ font_size } * constants::titleShare,
+                                             constants::maxTitlePoints)));
 }
 
 void MainWindow::setAxisFonts()
 {
     QFont font = axis_lbl[0].font();
-    font.setPixelSize(calc::truncated(std::max(constants::minGridPixels, double{font_size})));
+    font.setPixelSize(calc::truncated(std::max(constants::minGridPixels, double{ font_size })));
     for (QGraphicsSimpleTextItem &label : axis_lbl)
         label.setFont(font);
     for (QGraphicsSimpleTextItem &label : axis_0_lbl)
@@ -95,8 +96,8 @@ void MainWindow::axisSetup(QRectF plot, QRectF chart)
     const QLineF upright(plot.bottomLeft(), plot.topLeft());
     const auto place = [&](QGraphicsLineItem &line, QGraphicsSimpleTextItem &label) {
         line.setLine(upright);
-        label.setPos(double{plotLeft}, plot.bottom() + double{shift});
-        hide(line, label);
+        label.setPos(double{ plotLeft }, plot.bottom() + double{ shift });
+        hidePair(line, label);
     };
     for (int i = 0; i < constants::gridLines; ++i)
         place(axis_lines[i], axis_lbl[i]);
@@ -107,27 +108,22 @@ void MainWindow::axisSetup(QRectF plot, QRectF chart)
 
 void MainWindow::setXAxis()
 {
-    const calc::GridPlan plan
-        = calc::planGrid({ axisMin(), axisMax() }, dist_coef, double{trueWidth});
+    const calc::GridPlan plan = calc::planGrid({ axisMin(), axisMax() }, dist_coef, trueWidth);
     const int labelShift = axis_lbl[0].font().pixelSize() / 2;
-    const auto apply = [&](const calc::GridLine &planned, QGraphicsLineItem &line,
+    const auto apply = [&](const calc::GridPlan::Line &planned, QGraphicsLineItem &line,
                            QGraphicsSimpleTextItem &label) {
+        if (!planned.visible) {
+            hidePair(line, label);
+            return;
+        }
         line.setX(planned.offset);
         label.setText(planned.text);
-        label.setX(planned.offset + double{plotLeft} - labelShift);
+        label.setX(planned.offset + double{ plotLeft } - labelShift);
         line.show();
         label.show();
     };
-    for (int i = 0; i < constants::gridLines; ++i) {
-        if (i < plan.count)
-            apply(plan.lines[i], axis_lines[i], axis_lbl[i]);
-        else
-            hide(axis_lines[i], axis_lbl[i]);
-    }
-    for (int i = 0; i < constants::gridEdges; ++i) {
-        if (plan.edges[i].visible)
-            apply(plan.edges[i], axis_0_lines[i], axis_0_lbl[i]);
-        else
-            hide(axis_0_lines[i], axis_0_lbl[i]);
-    }
+    for (int i = 0; i < constants::gridLines; ++i)
+        apply(plan.interior[i], axis_lines[i], axis_lbl[i]);
+    for (int i = 0; i < constants::gridEdges; ++i)
+        apply(plan.edges[i], axis_0_lines[i], axis_0_lbl[i]);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/readout.h"
 #include "calc/trace_points.h"
+#include "curarrow.h"
 #include "dictionary.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
@@ -24,6 +25,7 @@ void MainWindow::buildChart()
     createChartAxes();
     addTraceSeries();
     addCursorSeries();
+    createChartTexts();
     points.resize(constants::stepPointCount);
     points_sp.resize(constants::drawnSamples);
 
@@ -89,8 +91,8 @@ void MainWindow::addCursorSeries()
 {
     // Two points each from the start: they are only ever replaced.
     for (QLineSeries *line : { cursor_A, cursor_B })
-        line->replace(QVector<QPointF>{
-            { 0.0, constants::levelMin }, { 0.0, constants::levelMax } });
+        line->replace(
+            QVector<QPointF>{ { 0.0, constants::levelMin }, { 0.0, constants::levelMax } });
     for (QLineSeries *level : { cursor_A_add, cursor_B_add })
         level->replace(QVector<QPointF>{ { 0.0, 0.0 }, { double(x_length), 0.0 } });
     for (QLineSeries *series : { cursor_A_add, cursor_A, cursor_B_add, cursor_B }) {
@@ -103,7 +105,7 @@ void MainWindow::addCursorSeries()
 calc::TraceRef MainWindow::traceRef(int id) const
 {
     const rfg_SHOWN &trace = rfg_DATA[id];
-    return { trace.f_p_840.samples, stepOf(id), quint32{trace.f_p_840.ch.params.delay},
+    return { trace.f_p_840.samples, stepOf(id), quint32{ trace.f_p_840.ch.params.delay },
              trace.scroll, trace.offset };
 }
 

@@ -8,6 +8,7 @@
 #include "dictionary.h"
 #include "mainwindow.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QButtonGroup>
 #include <QLabel>
@@ -140,8 +141,7 @@ int MainWindow::cursorPosition(int which) const
 
 void MainWindow::gotoCursor(int which)
 {
-    const calc::Range range
-        = calc::centredOn(cursorPosition(which), { axisMin(), axisMax() });
+    const calc::Range range = calc::centredOn(cursorPosition(which), { axisMin(), axisMax() });
     setPlotRange(range.min, range.max);
 }
 

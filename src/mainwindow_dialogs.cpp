@@ -47,9 +47,10 @@ bool MainWindow::askForNumber(const NumberQuestion &question)
 
 void MainWindow::enterVelocityFactor()
 {
-    setDialogTexts(d->KU_STR, calc::generalText(double{KU_min}), calc::generalText(double{KU_max}));
-    if (!askForNumber({ double{KU_min}, double{KU_max}, constants::kuDialogStep,
-                        constants::kuDecimals, double{master_params.KU} }))
+    setDialogTexts(d->KU_STR, calc::generalText(double{ KU_min }),
+                   calc::generalText(double{ KU_max }));
+    if (!askForNumber({ double{ KU_min }, double{ KU_max }, constants::kuDialogStep,
+                        constants::kuDecimals, double{ master_params.KU } }))
         return;
     KU_change(input_dialog->doubleValue());
     // The factor itself, not its thousandths: the dial catches up with the next turn of it.
@@ -88,9 +89,10 @@ void MainWindow::enterScale()
 {
     QStringList items;
     for (int exponent = constants::minScale; exponent <= constants::maxScale; ++exponent)
-        items << calc::generalText(double{calc::scaleDistance(exponent)}) + d->DIST_SUFFIX_STR;
-    setDialogTexts(d->SCALE_STR, calc::generalText(double{calc::scaleDistance(constants::minScale)}),
-                   calc::generalText(double{calc::scaleDistance(constants::maxScale)}));
+        items << calc::generalText(double{ calc::scaleDistance(exponent) }) + d->DIST_SUFFIX_STR;
+    setDialogTexts(d->SCALE_STR,
+                   calc::generalText(double{ calc::scaleDistance(constants::minScale) }),
+                   calc::generalText(double{ calc::scaleDistance(constants::maxScale) }));
     input_dialog->setInputMode(QInputDialog::TextInput);
     input_dialog->setComboBoxEditable(false);
     input_dialog->setComboBoxItems(items);

@@ -88,9 +88,8 @@ bool MainWindow::read_rfg_DATA(const QString &path, int id)
 
 void MainWindow::files_slot()
 {
-    const QStringList chosen
-        = QFileDialog::getOpenFileNames(this, tr("Select RFG files to open"),
-                                        settingsData->last_folder, tr("rfg (*.tdr)"));
+    const QStringList chosen = QFileDialog::getOpenFileNames(
+        this, tr("Select RFG files to open"), settingsData->last_folder, tr("rfg (*.tdr)"));
     if (chosen.isEmpty())
         return;
     const QStringList taken = chosen.mid(0, constants::slotCount);
@@ -144,8 +143,7 @@ void MainWindow::loadAllTraces()
 void MainWindow::loadSingle_slot(int id)
 {
     const QString file = QFileDialog::getOpenFileName(this, tr("Select RFG file to open"),
-                                                      settingsData->last_folder,
-                                                      tr("rfg (*.tdr)"));
+                                                      settingsData->last_folder, tr("rfg (*.tdr)"));
     if (file.isEmpty())
         return;
     settingsData->last_folder = QFileInfo(file).path();
@@ -234,7 +232,8 @@ void MainWindow::parse_T_Name(int id)
         return;
     const auto date = rfg_DATA[id].f_p_840.ch.test_date;
     const auto time = rfg_DATA[id].f_p_840.ch.test_time;
-    // The one place that takes the bytes as plain numbers: older instruments wrote them so.
+    // The one place that takes the bytes as plain numbers and not as BCD. Nothing calls it, and who
+    // does one day decides what its records hold; kept as it is until then.
     const QDate day(date.RTC_Year + constants::centuryStart, date.RTC_Month, date.RTC_Date);
     const QTime clock(time.RTC_Hours, time.RTC_Minutes, time.RTC_Seconds);
     QAbstractButton *button = rfg_buttons->button(id);

@@ -140,7 +140,7 @@ void MainWindow::scaleFonts()
 {
     const auto sized = [this](double factor) {
         QFont font = this->font();
-        font.setPointSize(std::max(1, calc::truncated(factor * double{font_size})));
+        font.setPointSize(std::max(1, calc::truncated(factor * double{ font_size })));
         return font;
     };
     const QFont common = sized(1.0);
@@ -168,9 +168,9 @@ void MainWindow::scaleIcons()
     const auto parameterButtons = down_buttons->buttons();
     for (QAbstractButton *button : parameterButtons)
         button->setIconSize(small);
-    for (QPushButton *button : { static_cast<QPushButton *>(curA_button),
-                                 static_cast<QPushButton *>(curB_button), settings_button,
-                                 difference_button })
+    for (QPushButton *button :
+         { static_cast<QPushButton *>(curA_button), static_cast<QPushButton *>(curB_button),
+           settings_button, difference_button })
         button->setIconSize(small);
 }
 
@@ -229,14 +229,14 @@ void MainWindow::cursorWheel(int notch)
     int step = stepOf(rfg_ID);
     if (diff_flag == DIFF && masterExists())
         step = std::max(step, stepOf(rfg_master_ID));
-    cursor_dial->trueValue = calc::saturated(qint64{cursor_dial->trueValue} + notch * step);
+    cursor_dial->trueValue = calc::saturated(qint64{ cursor_dial->trueValue } + notch * step);
     cursorSetup_slot(cursor_dial->trueValue);
 }
 
 void MainWindow::paramWheel(int notch)
 {
     const int step = checkedParameter() == H_OFFSET ? stepOf(rfg_ID) : 1;
-    const qint64 value = qint64{param_dial->trueValue} + notch * step;
+    const qint64 value = qint64{ param_dial->trueValue } + notch * step;
     // Upper end first: with the ends the wrong way round, the lower one decides.
     const qint64 clamped = value > param_dial->trueMax ? param_dial->trueMax
         : value < param_dial->trueMin                  ? param_dial->trueMin

@@ -59,7 +59,7 @@ void setNavigationIcon(QPushButton *button, const QString &name)
     icon.addPixmap(QPixmap(QStringLiteral("://icons/%1.png").arg(name)), QIcon::Normal);
     icon.addPixmap(QPixmap(QStringLiteral("://icons/%1_dis.png").arg(name)), QIcon::Disabled);
     button->setIcon(icon);
-    button->setIconSize({constants::navigationIconSize, constants::navigationIconSize});
+    button->setIconSize({ constants::navigationIconSize, constants::navigationIconSize });
 }
 
 } // namespace
@@ -182,9 +182,10 @@ void MainWindow::fillButtonGroups()
     curB_button->setCheckable(true);
 
     ParamButton *const parameters[]
-        = { gain_button,         KU_button,              average_button,   V_offset_button,
-            pulse_width_button,  pulse_amplitude_button, impedance_button, H_offset_button,
-            scale_button,        reserve_button };
+        = { gain_button,      KU_button,          average_button,
+            V_offset_button,  pulse_width_button, pulse_amplitude_button,
+            impedance_button, H_offset_button,    scale_button,
+            reserve_button };
     for (ParamButton *button : parameters)
         down_buttons->addButton(button, button->id);
 
@@ -260,11 +261,11 @@ void MainWindow::setNamesAndPolicies()
     scale_up_button->setObjectName(QStringLiteral("ScaleUp"));
     scale_down_button->setObjectName(QStringLiteral("ScaleDown"));
 
-    QWidget *const preferred[] = { curA_button,       curB_button,        smooth_button,
-                                   reset_all_button,  legend_button,      settings_button,
-                                   difference_button, scale_up_button,    scale_down_button,
-                                   curA_nav_button,   scroll_left_button, scroll_right_button,
-                                   curB_nav_button };
+    QWidget *const preferred[]
+        = { curA_button,       curB_button,     smooth_button,      reset_all_button,
+            legend_button,     settings_button, difference_button,  scale_up_button,
+            scale_down_button, curA_nav_button, scroll_left_button, scroll_right_button,
+            curB_nav_button };
     for (QWidget *button : preferred)
         button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     QWidget *const navigation[] = { scale_up_button,     scale_down_button, scroll_left_button,

@@ -12,7 +12,8 @@ void MainWindow::paramSelect_slot(int id)
     const int speed = settingsData->param_dial_speed;
     switch (id) {
     case KU:
-        setUpParamDial({ true, 0, calc::dialOfKU(KU_max), calc::dialOfKU(master_params.KU), speed });
+        setUpParamDial(
+            { true, 0, calc::dialOfKU(KU_max), calc::dialOfKU(master_params.KU), speed });
         setParamDialText(d->KU_STR, velocityText());
         break;
     case V_OFFSET:

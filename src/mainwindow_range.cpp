@@ -44,8 +44,8 @@ void MainWindow::updateMarkers(int min, int max)
 {
     cur_arrowA->setXRes(max - min);
     cur_arrowB->setXRes(max - min);
-    cur_arrowA->moveX(static_cast<float>(qint64{cursor_A_pos} - min));
-    cur_arrowB->moveX(static_cast<float>(qint64{cursor_B_pos} - min));
+    cur_arrowA->moveX(static_cast<float>(qint64{ cursor_A_pos } - min));
+    cur_arrowB->moveX(static_cast<float>(qint64{ cursor_B_pos } - min));
     cur_arrowA->vis_state(isCursor_visible(CURSOR_A));
     cur_arrowB->vis_state(isCursor_visible(CURSOR_B));
 }
@@ -118,7 +118,7 @@ void MainWindow::redrawAfterShift()
 void MainWindow::KU_change(double ku)
 {
     master_params.KU = calc::clampedKU(ku);
-    dist_coef = dist_coef_0 / double{master_params.KU};
+    dist_coef = dist_coef_0 / double{ master_params.KU };
     setXAxis();
     updateStepLabel();
     setCaption(KU_button, d->KU_STR, velocityText());
@@ -135,11 +135,11 @@ void MainWindow::KU_change(double ku)
 void MainWindow::plotCorrection()
 {
     const double plotWidth = Plot_Chart->plotArea().width();
-    if (double{trueWidth} == plotWidth)
+    if (double{ trueWidth } == plotWidth)
         return;
     // The plot area's own place in a chart of the usual margins.
     constexpr double plotX = 74.0;
-    Plot_Chart->resize(double{trueWidth} + Plot_Chart->size().width() - plotWidth,
+    Plot_Chart->resize(double{ trueWidth } + Plot_Chart->size().width() - plotWidth,
                        Plot_Chart->size().height());
     Plot_Chart->setPos(plotX - Plot_Chart->plotArea().x() + constants::chartPosition,
                        constants::chartPosition);

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "calc/numeric.h"
 #include "calc/tdr_record.h"
 #include "calc/view_range.h"
 #include "dictionary.h"
@@ -10,9 +9,6 @@
 
 #include <QButtonGroup>
 #include <QMenu>
-
-#include <algorithm>
-#include <climits>
 
 QT_CHARTS_USE_NAMESPACE
 
@@ -126,14 +122,12 @@ void MainWindow::setMasterID(int id)
     }
 
     scale_change(calc::exponentForMinstep(params.sample_minstep));
-    // Clamped only so far that the end of the range still is an int.
-    const int delay = static_cast<int>(
-        std::min(quint32{params.delay}, static_cast<quint32>(INT_MAX - constants::xLength)));
-    setPlotRange(delay, calc::visibleCounts(master_scale) + delay);
+    const calc::Range range = calc::rangeFromDelay(params.delay, master_scale);
+    setPlotRange(range.min, range.max);
     // A record of zeros has the factor that is remembered before any was applied; without the
     // second test no distance would ever be known.
     if (!(params.KU == formerKU) || !(dist_coef > 0.0))
-        KU_change(double{params.KU});
+        KU_change(double{ params.KU });
     master_is_set = true;
 }
 

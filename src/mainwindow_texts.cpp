@@ -55,10 +55,10 @@ void MainWindow::retranslateButtons()
 
 void MainWindow::voidInterface()
 {
-    const QString readout = QStringLiteral("%1\n x = %2\n y = %3");
-    const QString noLevel = count_to_level(constants::noLevel);
-    curA_button->setText(readout.arg(d->CURSOR_A_STR, count_to_distance(cursor_A_pos), noLevel));
-    curB_button->setText(readout.arg(d->CURSOR_B_STR, count_to_distance(cursor_B_pos), noLevel));
+    curA_button->setText(
+        cursorReadout(d->CURSOR_A_STR, count_to_distance(cursor_A_pos), constants::noLevel));
+    curB_button->setText(
+        cursorReadout(d->CURSOR_B_STR, count_to_distance(cursor_B_pos), constants::noLevel));
 
     gain_button->setText(d->GAIN_STR);
     average_button->setText(d->AVERAGE_STR);
@@ -78,15 +78,15 @@ void MainWindow::setParameterTexts()
     const rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     // Copied, because fields of a packed record must not be bound to references.
     const Protocol_VX840::CH_PARAMS_t params = trace.f_p_840.ch.params;
-    setCaption(gain_button, d->GAIN_STR, QString::number(int{params.gain}));
+    setCaption(gain_button, d->GAIN_STR, QString::number(int{ params.gain }));
     setCaption(KU_button, d->KU_STR, velocityText());
-    setCaption(average_button, d->AVERAGE_STR, QString::number(int{params.average}));
+    setCaption(average_button, d->AVERAGE_STR, QString::number(int{ params.average }));
     setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
     setCaption(pulse_width_button, d->PULSE_W_STR,
-               QString::number(quint32{params.pulse_width}) + d->TIME_SUFFIX_STR);
+               QString::number(quint32{ params.pulse_width }) + d->TIME_SUFFIX_STR);
     setCaption(pulse_amplitude_button, d->PULSE_A_STR,
-               QString::number(int{params.pulse_amplitude}) + d->VOLTAGE_SUFFIX_STR);
-    setCaption(impedance_button, d->IMPEDANCE_STR, QString::number(int{params.impedance}));
+               QString::number(int{ params.pulse_amplitude }) + d->VOLTAGE_SUFFIX_STR);
+    setCaption(impedance_button, d->IMPEDANCE_STR, QString::number(int{ params.impedance }));
     setCaption(H_offset_button, d->H_OFFSET_STR, count_to_distance(trace.scroll));
     setCaption(scale_button, d->SCALE_STR, scaleText());
 }
@@ -94,6 +94,11 @@ void MainWindow::setParameterTexts()
 void MainWindow::setCaption(QAbstractButton *button, const QString &word, const QString &value)
 {
     button->setText(word + QLatin1Char('\n') + value);
+}
+
+QString MainWindow::cursorReadout(const QString &name, const QString &distance, int level) const
+{
+    return QStringLiteral("%1\n x = %2\n y = %3").arg(name, distance, count_to_level(level));
 }
 
 QString MainWindow::scaleText() const
@@ -104,7 +109,7 @@ QString MainWindow::scaleText() const
 
 QString MainWindow::velocityText() const
 {
-    return calc::velocityText(master_params.KU);
+    return calc::kuText(master_params.KU);
 }
 
 QString MainWindow::slotTitle(int id) const

@@ -64,7 +64,7 @@ void MainWindow::connectGroups()
         gotoCursor(Cur_flag);
     });
     connect(scroll_nav_group, &QButtonGroup::idPressed, this, [this](int id) {
-        plotScroll(calc::truncated(double{m_pow2(master_scale)} * (2 * id - 1)));
+        plotScroll(calc::truncated(double{ m_pow2(master_scale) } * (2 * id - 1)));
     });
 }
 
@@ -75,8 +75,7 @@ void MainWindow::connectSettings()
     connect(settingsData, &SettingsData::translation_changed, this, &MainWindow::retranslateUi);
     connect(settingsData, &SettingsData::window_geometry_loaded, this,
             &MainWindow::setWindowGeometry);
-    connect(settingsData, &SettingsData::dial_settings_changed, this,
-            &MainWindow::setDialSettings);
+    connect(settingsData, &SettingsData::dial_settings_changed, this, &MainWindow::setDialSettings);
 }
 
 void MainWindow::connectLegendButtons()
@@ -94,10 +93,9 @@ void MainWindow::connectLegendButtons()
 
 void MainWindow::installEventFilters()
 {
-    QObject *const watched[] = { Plot_View->viewport(), Plot_Scene,      logo_lbl,
-                                 legend_button,         curA_button,     curB_button,
-                                 KU_button,             V_offset_button, H_offset_button,
-                                 scale_button,          param_dial,      cursor_dial };
+    QObject *const watched[] = { Plot_View->viewport(), Plot_Scene,   logo_lbl,   legend_button,
+                                 curA_button,           curB_button,  KU_button,  V_offset_button,
+                                 H_offset_button,       scale_button, param_dial, cursor_dial };
     for (QObject *object : watched)
         object->installEventFilter(this);
 }

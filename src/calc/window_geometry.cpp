@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/window_geometry.h"
+
+#include <QDataStream>
+
+namespace calc {
+namespace {
+
+constexpr quint32 geometryMagic = 0x1D9D0CB;
+constexpr quint16 newestVersion = 3;
+
+struct Edges
+{
+    qint32 left = 0;
+    qint32 top = 0;
+    qint32 right = 0;
+    qint32 bottom = 0;
+};
+
+QDataStream &operator>>(QDataStream &stream, Edges &edges)
+{
+    return stream >> edges.left >> edges.top >> edges.right >> edges.bottom;
+}
+
+bool fits(const Edges &edges, const QSize &desktop)
+{
+    // In 64 bits: the extreme edges of a damaged record lie 2^32 apart.
+    const qint64 width = qint64{ edges.right } - edges.left + 1;
+    const qint64 height = qint64{ edges.bottom } - edges.top + 1;
+    return width > 0 && height > 0 && width <= desktop.width() && height <= desktop.height();
+}
+
+} // namespace
+
+bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
+{
+    QDataStream stream(record);
+    quint32 magic = 0;
+    quint16 major = 0;
+    quint16 minor = 0;
+    Edges frame;
+    Edges normal;
+    stream >> magic >> major >> minor >> frame >> normal;
+    if (stream.status() != QDataStream::Ok || magic != geometryMagic || major < 1
+        || major > newestVersion || !fits(frame, desktop) || !fits(normal, desktop))
+        return false;
+    qint32 screen = 0;
+    quint8 maximized = 0;
+    quint8 fullScreen = 0;
+    stream >> screen >> maximized >> fullScreen;
+    if (major >= 2) {
+        qint32 screenWidth = 0;
+        stream >> screenWidth;
+    }
+    Edges client = normal;
+    if (major >= 3)
+        stream >> client;
+    return stream.status() == QDataStream::Ok && fits(client, desktop);
+}
+
+} // namespace calc
