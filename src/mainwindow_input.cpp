@@ -31,11 +31,12 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
         if (event->type() == QEvent::Resize && Plot_Chart) {
             // These lines stand here and not in a helper: their function name tells support that
             // the filter was reached.
-            qDebug() << "1 before resize" << chartReport();
+            qDebug() << "1 before resize" << qUtf8Printable(chartReport());
             resizeChart();
-            qDebug() << "2 after resize" << chartReport();
+            qDebug() << "2 after resize" << qUtf8Printable(chartReport());
             trueWidth = static_cast<float>(Plot_Chart->plotArea().width());
-            qDebug() << "5 after correction" << chartReport() << "view" << Plot_View->size();
+            qDebug() << "5 after correction" << qUtf8Printable(chartReport()) << "view"
+                     << Plot_View->size();
         }
         filterViewport(event);
     } else {

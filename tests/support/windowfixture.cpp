@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windowfixture.h"
+
+#include "constants.h"
+#include "program_files.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSettings>
+#include <QtTest>
+
+WindowFixture::WindowFixture()
+{
+    removeSettings();
+}
+
+WindowFixture::~WindowFixture()
+{
+    m_probe.reset();
+    m_window.reset();
+    settle();
+    removeSettings();
+}
+
+MainWindow &WindowFixture::open()
+{
+    close();
+    m_window = std::make_unique<MainWindow>();
+    m_probe = std::make_unique<MainWindowProbe>(*m_window);
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window.get()))
+        qFatal("the window did not come up");
+    settle();
+    return *m_window;
+}
+
+void WindowFixture::close()
+{
+    if (m_window)
+        m_window->close();
+    m_probe.reset();
+    m_window.reset();
+    settle();
+}
+
+MainWindow &WindowFixture::window() const
+{
+    return *m_window;
+}
+
+const MainWindowProbe &WindowFixture::probe() const
+{
+    return *m_probe;
+}
+
+QString WindowFixture::path(const QString &name) const
+{
+    return m_folder.filePath(name);
+}
+
+QString WindowFixture::trace(const QString &name, const TraceBuilder &builder) const
+{
+    return builder.write(path(name));
+}
+
+QString WindowFixture::settingsFile()
+{
+    return program_files::settingsFile();
+}
+
+void WindowFixture::writeSettings(const QByteArray &bytes)
+{
+    QFile file(settingsFile());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write the settings");
+}
+
+void WindowFixture::writePreviousRun(const QStringList &traces, int master)
+{
+    QSettings settings(settingsFile(), QSettings::IniFormat);
+    settings.beginGroup(constants::groupPrevFiles);
+    settings.setValue(constants::keyStateIndex, (1 << traces.size()) - 1);
+    settings.setValue(constants::keyMasterId, master);
+    for (int slot = 0; slot < traces.size(); ++slot)
+        settings.setValue(QString(constants::keyFile).arg(slot + 1), traces[slot]);
+    settings.endGroup();
+}
+
+void WindowFixture::removeSettings()
+{
+    QFile::remove(program_files::settingsFile());
+    QFile::remove(program_files::settingsBackupFile());
+}
+
+void WindowFixture::settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
