@@ -4,7 +4,6 @@
 # How every target of this project is compiled. Linked PRIVATE, so that a project which takes
 # the viewer in keeps its own habits.
 add_library(velkor_options INTERFACE)
-target_compile_features(velkor_options INTERFACE cxx_std_17)
 target_compile_definitions(velkor_options INTERFACE
   QT_NO_CAST_FROM_ASCII
   QT_NO_CAST_TO_ASCII

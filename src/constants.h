@@ -5,6 +5,8 @@
 #include <QLatin1String>
 #include <QtGlobal>
 
+#include <cstddef>
+
 /// \file
 /// Every number and fixed text of the viewer that has a meaning of its own, each in one place.
 ///
@@ -12,6 +14,13 @@
 /// raw sample step.
 
 namespace constants {
+
+/// A text with its length counted at compile time. The constructor that counts by itself calls a
+/// library function for it, which only g++ accepts in a constant.
+template <std::size_t size> constexpr QLatin1String latin1(const char (&text)[size])
+{
+    return QLatin1String(text, static_cast<int>(size) - 1);
+}
 
 // ---- Traces ----
 
@@ -125,47 +134,48 @@ constexpr int clockPeriod = 1000; ///< ms
 
 // ---- Files beside the program ----
 
-constexpr QLatin1String settingsFile("settings_current.ini");
-constexpr QLatin1String settingsBackupFile("settings_current_old.ini");
+constexpr QLatin1String settingsFile = latin1("settings_current.ini");
+constexpr QLatin1String settingsBackupFile = latin1("settings_current_old.ini");
 /// Names the folder that holds the style sheet being worked on; unset, nothing is watched.
 constexpr char developerFolderVariable[] = "VELKOR_DEV_FOLDER";
-constexpr QLatin1String developerStyle("Velkor/style/style_%1.qss");
+constexpr QLatin1String developerStyle = latin1("Velkor/style/style_%1.qss");
 constexpr int developerStyleNumber = 2; ///< the only sheet that is ever watched
-constexpr qint64 maxStyleSheetBytes = 4 * 1024 * 1024; ///< a larger sheet counts as unreadable
+constexpr qint64 maxStyleSheetBytes = 4 << 20; ///< a larger sheet counts as unreadable
 
 // ---- Keys of the settings file ----
 
-constexpr QLatin1String keyLanguage("language");
-constexpr QLatin1String keyStyle("CSS");
-constexpr QLatin1String groupWorkFolders("WorkFolders");
-constexpr QLatin1String keyLastFolder("lastFolder");
-constexpr QLatin1String keyWorkFolder("folder%1"); ///< counted from 1
-constexpr QLatin1String groupPrevFiles("PrevFiles");
-constexpr QLatin1String keyStateIndex("StateIndex");
-constexpr QLatin1String keyMasterId("MasterId");
-constexpr QLatin1String keyFile("file%1"); ///< counted from 1
-constexpr QLatin1String groupWindowState("WindowState");
-constexpr QLatin1String keyGeometry("geometry");
-constexpr QLatin1String keyWindowState("windowState");
-constexpr QLatin1String groupDials("Dials");
-constexpr QLatin1String keyCursorSpeed("cursorSpeed");
-constexpr QLatin1String keyParamSpeed("paramSpeed");
-constexpr QLatin1String defaultLanguage("en_US");
+constexpr QLatin1String keyLanguage = latin1("language");
+constexpr QLatin1String keyStyle = latin1("CSS");
+constexpr QLatin1String groupWorkFolders = latin1("WorkFolders");
+constexpr QLatin1String keyLastFolder = latin1("lastFolder");
+constexpr QLatin1String keyWorkFolder = latin1("folder%1"); ///< counted from 1
+constexpr QLatin1String groupPrevFiles = latin1("PrevFiles");
+constexpr QLatin1String keyStateIndex = latin1("StateIndex");
+constexpr QLatin1String keyMasterId = latin1("MasterId");
+constexpr QLatin1String keyFile = latin1("file%1"); ///< counted from 1
+constexpr QLatin1String groupWindowState = latin1("WindowState");
+constexpr QLatin1String keyGeometry = latin1("geometry");
+constexpr QLatin1String keyWindowState = latin1("windowState");
+constexpr QLatin1String groupDials = latin1("Dials");
+constexpr QLatin1String keyCursorSpeed = latin1("cursorSpeed");
+constexpr QLatin1String keyParamSpeed = latin1("paramSpeed");
+constexpr QLatin1String defaultLanguage = latin1("en_US");
 constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are read
 
 // ---- Resources. Pictures are named without their extension; the image reader finds it. ----
 
-constexpr QLatin1String defaultStyle(":/style/style_2.qss");
-constexpr QLatin1String defaultSettings(":/ini/settings_default.ini");
-constexpr QLatin1String languageFile(":/l10n/translation.ini");
-constexpr QLatin1String catalogueFolder(":/l10n");
-constexpr QLatin1String programCatalogue("Velkor_%1");
-constexpr QLatin1String toolkitCatalogue("qt_%1");
-constexpr QLatin1String windowIcon("://icons/tdr_btr_64.png");
-constexpr QLatin1String logoPicture("://pix/logo.png");
-constexpr QLatin1String slotIcon("://icons/canal_64/canal_%1"); ///< visible, not the master
-constexpr QLatin1String masterSlotIcon("://icons/canal_64/canal_%1M"); ///< visible master
-constexpr QLatin1String hiddenSlotIcon("://icons/canal_64/Canal_Disabled");
+constexpr QLatin1String defaultStyle = latin1(":/style/style_2.qss");
+constexpr QLatin1String defaultSettings = latin1(":/ini/settings_default.ini");
+constexpr QLatin1String languageFile = latin1(":/l10n/translation.ini");
+constexpr QLatin1String catalogueFolder = latin1(":/l10n");
+constexpr QLatin1String programCatalogue = latin1("Velkor_%1");
+constexpr QLatin1String toolkitCatalogue = latin1("qt_%1");
+constexpr QLatin1String windowIcon = latin1("://icons/tdr_btr_64.png");
+constexpr QLatin1String logoPicture = latin1("://pix/logo.png");
+constexpr QLatin1String slotIcon
+    = latin1("://icons/canal_64/canal_%1"); ///< visible, not the master
+constexpr QLatin1String masterSlotIcon = latin1("://icons/canal_64/canal_%1M"); ///< visible master
+constexpr QLatin1String hiddenSlotIcon = latin1("://icons/canal_64/Canal_Disabled");
 
 static_assert(xLength == 64000, "the widest view is 250 samples of 256 counts");
 

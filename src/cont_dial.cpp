@@ -112,7 +112,6 @@ void Cont_dial::resizeEvent(QResizeEvent *event)
     // The base class would only repaint, which a resize does anyway.
     Q_UNUSED(event)
     const int captionHeight = calc::truncated(height() * captionShare);
-    const QPoint center = rect().center();
-    textRect
-        = QRectF(center.x() - width() / 2, center.y() - captionHeight / 2, width(), captionHeight);
+    const QPoint corner = rect().center() - QPoint(width() / 2, captionHeight / 2);
+    textRect = QRect(corner, QSize(width(), captionHeight));
 }

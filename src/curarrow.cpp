@@ -32,7 +32,8 @@ QString letterOf(char id)
 CurArrow::CurArrow(char markerId)
     : id(markerId)
 {
-    polygon << QPointF(-ar_size / 2, 0) << QPointF(ar_size / 2, 0) << QPointF(0, 2 * ar_size);
+    const int half = ar_size / 2;
+    polygon << QPointF(-half, 0) << QPointF(half, 0) << QPointF(0, 2 * ar_size);
     cur_arrow1.setPolygon(polygon);
     cur_arrow1.setZValue(markerZ);
     cur_arrow1.setPen(Qt::NoPen);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "legendbutton.h"
 
+#include "constants.h"
 #include "dictionary.h"
 
 #include <QAction>
@@ -12,11 +13,11 @@ namespace {
 
 constexpr int sideMargin = 11;
 constexpr int minMenuSize = 100;
-constexpr QLatin1String loadIcon("://icons/rest_64/load");
-constexpr QLatin1String resetIcon("://icons/rest_64/reset");
-constexpr QLatin1String disabledResetIcon("://icons/rest_64/reset_disable");
-constexpr QLatin1String clearIcon("://icons/rest_64/clear");
-constexpr QLatin1String visibleIcon(":/icons/eye_opened");
+constexpr QLatin1String loadIcon = constants::latin1("://icons/rest_64/load");
+constexpr QLatin1String resetIcon = constants::latin1("://icons/rest_64/reset");
+constexpr QLatin1String disabledResetIcon = constants::latin1("://icons/rest_64/reset_disable");
+constexpr QLatin1String clearIcon = constants::latin1("://icons/rest_64/clear");
+constexpr QLatin1String visibleIcon = constants::latin1(":/icons/eye_opened");
 
 } // namespace
 

@@ -68,7 +68,7 @@ QString program_files::settingsFile()
 
 QString program_files::settingsFileToRead()
 {
-    const QString beside = inFolder(programFolder(), constants::settingsFile);
+    QString beside = inFolder(programFolder(), constants::settingsFile);
     if (isWritableFolder(programFolder())) {
         return beside;
     }

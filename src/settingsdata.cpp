@@ -27,7 +27,7 @@ enum Section {
 };
 
 /// Stands in for a file that must not be opened: a place where nothing is ever found.
-constexpr QLatin1String nothingToRead(":/ini/nothing.ini");
+constexpr QLatin1String nothingToRead = constants::latin1(":/ini/nothing.ini");
 
 constexpr int toolkitCodeLength = 2; ///< the toolkit's catalogues know languages, not countries
 

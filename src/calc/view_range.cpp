@@ -52,7 +52,8 @@ Range scrolled(const Range &range, int step)
 
 Range centredOn(int column, const Range &range)
 {
-    const auto half = static_cast<float>((qint64{ range.max } - range.min) / 2.0);
+    const auto half
+        = static_cast<float>(static_cast<double>(qint64{ range.max } - range.min) / 2.0);
     const auto position = static_cast<float>(column);
     const auto end = static_cast<float>(constants::xLength);
     if (position > end - half)
