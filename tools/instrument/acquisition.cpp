@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition.h"
+
+#include "fourier.h"
+#include "protocol_vx840.h"
+
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <limits>
+#include <random>
+
+namespace instrument {
+namespace {
+
+using Complex = std::complex<double>;
+
+constexpr double pi = 3.14159265358979323846;
+constexpr double ln2 = 0.69314718055994530942;
+constexpr double secondsPerNs = 1.0e-9;
+
+/// Samples until the computed time starts over. A discrete spectrum belongs to a repeated signal:
+/// the part beyond the record is the rest between two pulses, in which the echoes must die away.
+constexpr std::size_t windowSamples = 65536;
+static_assert(windowSamples > maxDelay + Protocol_VX840::fileSamples, "a record is one window");
+
+constexpr std::size_t maxOversampling = 16;
+constexpr double pointsPerPulse = 4.0; ///< a bell sampled so often aliases less than 1e-6 of it
+
+double sampleStepOf(const Settings &settings)
+{
+    const auto step = static_cast<double>(settings.sampleStep);
+    return step >= 0.1 ? std::min(step, 1000.0) : 0.1;
+}
+
+double pulseWidthOf(const Settings &settings)
+{
+    return static_cast<double>(std::max<quint32>(settings.pulseWidth, 1));
+}
+
+/// Computed points per sample: the pulse decides how fine the computation is, not the record.
+std::size_t oversampling(const Settings &settings)
+{
+    std::size_t factor = 1;
+    while (factor < maxOversampling
+           && sampleStepOf(settings) / static_cast<double>(factor)
+               > pulseWidthOf(settings) / pointsPerPulse)
+        factor *= 2;
+    return factor;
+}
+
+/// Spectrum in seconds of the bell exp(-4 ln2 t^2 / w^2), of height 1 and \a width w at half
+/// height; the transform of a bell is a bell.
+double pulseSpectrum(double width, double frequency)
+{
+    const double x = pi * width * frequency;
+    return width * std::sqrt(pi / (4.0 * ln2)) * std::exp(-x * x / (4.0 * ln2));
+}
+
+/// Noise of standard deviation 1: twelve uniform numbers, each of variance 1/12. The tails end at
+/// 6, which nobody misses in eight bits, and no library function decides the last digit.
+double unitNoise(std::mt19937_64 &generator)
+{
+    double sum = -6.0;
+    for (int i = 0; i < 12; ++i)
+        sum += static_cast<double>(generator() >> 11) * 0x1p-53;
+    return sum;
+}
+
+} // namespace
+
+std::vector<double> echoes(const Cable &cable, const Settings &settings)
+{
+    const std::size_t factor = oversampling(settings);
+    const std::size_t size = windowSamples * factor;
+    const double timeStep
+        = sampleStepOf(settings) * secondsPerNs / static_cast<double>(factor); // seconds
+    const double binWidth = 1.0 / (static_cast<double>(size) * timeStep); // Hz
+    const double width = pulseWidthOf(settings) * secondsPerNs;
+    const double impedance = std::max<int>(settings.impedance, 1);
+
+    std::vector<Complex> values(size);
+    for (std::size_t bin = 0; bin <= size / 2; ++bin) {
+        // At 0 Hz the line equations divide nothing by nothing; a little above they do not.
+        const double frequency = binWidth * std::max(static_cast<double>(bin), 1.0e-3);
+        const double pulse = pulseSpectrum(width, frequency) * binWidth;
+        // Nothing is left of the pulse here, and further up there is less.
+        if (pulse < 1.0e-18)
+            break;
+        const Complex received
+            = pulse * (settings.launchShare + reflection(cable, frequency, impedance));
+        values[bin] = received;
+        values[(size - bin) % size] = std::conj(received);
+    }
+    values[0] = values[0].real();
+    values[size / 2] = values[size / 2].real();
+    inverseTransform(values);
+
+    const std::size_t first = std::min(settings.delay, maxDelay);
+    std::vector<double> volts(Protocol_VX840::fileSamples);
+    for (std::size_t i = 0; i < volts.size(); ++i)
+        volts[i] = settings.pulseAmplitude * values[(first + i) * factor].real();
+    return volts;
+}
+
+Trace acquire(const Cable &cable, const Settings &settings)
+{
+    const double stepsPerVolt = std::pow(10.0, settings.gain / 20.0) / voltsPerStep;
+    const double noise = settings.noise / std::sqrt(std::max<int>(settings.average, 1));
+    std::mt19937_64 generator(settings.seed);
+
+    Trace trace;
+    trace.samples.reserve(Protocol_VX840::fileSamples);
+    for (const double volts : echoes(cable, settings)) {
+        const double level
+            = settings.baseline + stepsPerVolt * (volts + noise * unitNoise(generator));
+        constexpr double lowest = std::numeric_limits<qint8>::min();
+        constexpr double highest = std::numeric_limits<qint8>::max();
+        const double rounded = std::round(level);
+        if (rounded < lowest || rounded > highest)
+            ++trace.clipped;
+        trace.samples.push_back(static_cast<qint8>(std::clamp(rounded, lowest, highest)));
+    }
+    return trace;
+}
+
+} // namespace instrument

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "acquisition.h"
+#include "protocol_vx840.h"
+
+#include <QByteArray>
+#include <QDateTime>
+
+#include <vector>
+
+/// \file
+/// The writing half of the simulated instrument: a trace and what its user noted become a record.
+
+namespace instrument {
+
+/// A place that the instrument's user marked.
+struct Mark
+{
+    double distance = 0.0; ///< m, 0 or more, by the velocity factor of the settings
+    QByteArray note; ///< at most 63 bytes; cut
+};
+
+/// What a record holds beside the samples and how they were taken.
+struct Survey
+{
+    QDateTime time; ///< of the test, years 2000 to 2099
+    Protocol_VX840::CH_STATUS_t status = Protocol_VX840::CH_PASSED;
+    double faultDistance = 0.0; ///< m; written in whole centimetres, 0 when the test passed
+    double cableLength = 0.0; ///< m
+    double insulationResistance = 0.0; ///< megohms
+    double loopResistance = 0.0; ///< ohms
+    double capacity = 0.0; ///< nF
+    int shiftX = 0; ///< saved horizontal shift in samples, either way
+    qint16 shiftY = 0; ///< saved vertical shift in sample steps
+    std::vector<Mark> marks; ///< the first Protocol_VX840::markCount of them
+    QByteArray note; ///< at most 1023 bytes; cut
+    quint32 cable = 0; ///< number of the cable in its owner's books
+    quint8 pair = 0; ///< pair within the cable
+};
+
+/// A complete record. Every byte is written: what does not apply is 0.
+Protocol_VX840::TDR_FILE_t makeRecord(const Trace &trace, const Settings &settings,
+                                      const Survey &survey);
+
+/// The check byte that \a record should have: with it all 37775 bytes add up to 0 modulo 256.
+quint8 checkByte(const Protocol_VX840::TDR_FILE_t &record);
+
+/// The record as the bytes of a .tdr file.
+QByteArray fileBytes(const Protocol_VX840::TDR_FILE_t &record);
+
+} // namespace instrument
