@@ -5,9 +5,11 @@
 #include "constants.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QStandardPaths>
 
 #ifdef Q_OS_WIN
@@ -103,4 +105,29 @@ QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
         bytes.clear();
     }
     return bytes;
+}
+
+bool program_files::replaceFile(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo former(path);
+    if (path.isEmpty() || (former.exists() && !former.isFile())) {
+        return false;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return false;
+    }
+    // Both are asked for: commit alone puts what fitted on a full disk in place of the old file.
+    if (file.write(bytes) != bytes.size() || !file.flush()) {
+        file.cancelWriting();
+        return false;
+    }
+    // QSettings keeps in memory what it once read and goes by size and time of the file. The
+    // clock of a file system ticks coarsely; two saves within a tick would look like one.
+    QDateTime stamp = QDateTime::currentDateTime();
+    if (former.exists()) {
+        stamp = qMax(stamp, former.lastModified().addMSecs(1));
+    }
+    file.setFileTime(stamp, QFileDevice::FileModificationTime);
+    return file.commit();
 }

@@ -39,4 +39,9 @@ bool openRegularFile(QFile &file);
 /// bytes.
 QByteArray readRegularFile(const QString &path, qint64 limit);
 
+/// Puts \a bytes in the place of the file at \a path, whole or not at all: false says that whatever
+/// lay there lies there still. Links are followed. A place that is taken by anything but a regular
+/// file is left alone.
+bool replaceFile(const QString &path, const QByteArray &bytes);
+
 } // namespace program_files

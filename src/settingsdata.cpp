@@ -3,12 +3,12 @@
 #include "settingsdata.h"
 
 #include "constants.h"
+#include "ini_text.h"
 #include "program_files.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -29,6 +29,7 @@ enum Section {
 /// Stands in for a file that must not be opened: a place where nothing is ever found.
 constexpr QLatin1String nothingToRead = constants::latin1(":/ini/nothing.ini");
 
+constexpr qint64 maxIniBytes = 64 * 1024 * 1024; ///< a larger file holds no settings
 constexpr int toolkitCodeLength = 2; ///< the toolkit's catalogues know languages, not countries
 
 QString numberedKey(QLatin1String pattern, int number)
@@ -49,7 +50,7 @@ QStringList readFolders(const QSettings &ini)
     return folders;
 }
 
-void writeFolders(QSettings &ini)
+void writeFolders(IniText &ini)
 {
     // Not the list that was read: the same three entries each time, the first a name for people
     // and no path.
@@ -61,6 +62,14 @@ void writeFolders(QSettings &ini)
     }
 }
 
+/// Where to read \a file from: a file that is missing, no regular file, out of all proportion or
+/// dangerous to decode is taken for an empty one.
+QString readableIni(const QString &file)
+{
+    const QByteArray text = program_files::readRegularFile(file, maxIniBytes);
+    return text.isEmpty() || holdsSerialisedObject(text) ? QString(nothingToRead) : file;
+}
+
 } // namespace
 
 SettingsData::SettingsData(QObject *parent)
@@ -70,8 +79,7 @@ SettingsData::SettingsData(QObject *parent)
 
 bool SettingsData::loadSettings(const QString &file, state_index mask)
 {
-    const QSettings::Format format = QSettings::IniFormat;
-    QSettings ini(program_files::isRegularFile(file) ? file : QString(nothingToRead), format);
+    QSettings ini(readableIni(file), QSettings::IniFormat);
     if (checkbit(mask, LanguageSection)) {
         current_language
             = ini.value(constants::keyLanguage, QString(constants::defaultLanguage)).toString();
@@ -112,6 +120,44 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
     }
     ini.endGroup();
     return false;
+}
+
+void SettingsData::saveSettings(const QString &file, state_index mask) const
+{
+    // A new text, not the old one changed: keys of sections that are not asked for are gone.
+    IniText ini;
+    if (checkbit(mask, LanguageSection)) {
+        ini.setValue(constants::keyLanguage, current_language);
+    }
+    if (checkbit(mask, StyleSection)) {
+        ini.setValue(constants::keyStyle, current_CSS_path);
+    }
+    if (checkbit(mask, FoldersSection)) {
+        ini.beginGroup(constants::groupWorkFolders);
+        ini.setValue(constants::keyLastFolder, last_folder);
+        writeFolders(ini);
+    }
+    if (checkbit(mask, FilesSection)) {
+        ini.beginGroup(constants::groupPrevFiles);
+        ini.setValue(constants::keyStateIndex, read_index);
+        ini.setValue(constants::keyMasterId, static_cast<int>(master_ID));
+        for (int slot = 0; slot < constants::slotCount; ++slot) {
+            if (checkbit(read_index, slot)) {
+                ini.setValue(numberedKey(constants::keyFile, slot + 1), current_files[slot]);
+            }
+        }
+    }
+    if (checkbit(mask, GeometrySection)) {
+        ini.beginGroup(constants::groupWindowState);
+        ini.setValue(constants::keyGeometry, window_geometry);
+        ini.setValue(constants::keyWindowState, window_state);
+    }
+    if (checkbit(mask, DialsSection)) {
+        ini.beginGroup(constants::groupDials);
+        ini.setValue(constants::keyCursorSpeed, cursor_dial_speed);
+        ini.setValue(constants::keyParamSpeed, param_dial_speed);
+    }
+    program_files::replaceFile(file, ini.bytes());
 }
 
 void SettingsData::updateSettings(state_index mask)
@@ -206,45 +252,4 @@ void SettingsData::setTranslation()
     qt_translator.load(QString(constants::toolkitCatalogue).arg(toolkitCode), folder);
     QCoreApplication::installTranslator(&qt_translator);
     emit translation_changed();
-}
-
-void SettingsData::saveSettings(const QString &file, state_index mask)
-{
-    QSettings ini(file, QSettings::IniFormat);
-    ini.clear();
-    if (checkbit(mask, LanguageSection)) {
-        ini.setValue(constants::keyLanguage, current_language);
-    }
-    if (checkbit(mask, StyleSection)) {
-        ini.setValue(constants::keyStyle, current_CSS_path);
-    }
-    if (checkbit(mask, FoldersSection)) {
-        ini.beginGroup(constants::groupWorkFolders);
-        ini.setValue(constants::keyLastFolder, last_folder);
-        writeFolders(ini);
-        ini.endGroup();
-    }
-    if (checkbit(mask, FilesSection)) {
-        ini.beginGroup(constants::groupPrevFiles);
-        ini.setValue(constants::keyStateIndex, read_index);
-        ini.setValue(constants::keyMasterId, static_cast<int>(master_ID));
-        for (int slot = 0; slot < constants::slotCount; ++slot) {
-            if (checkbit(read_index, slot)) {
-                ini.setValue(numberedKey(constants::keyFile, slot + 1), current_files[slot]);
-            }
-        }
-        ini.endGroup();
-    }
-    if (checkbit(mask, GeometrySection)) {
-        ini.beginGroup(constants::groupWindowState);
-        ini.setValue(constants::keyGeometry, window_geometry);
-        ini.setValue(constants::keyWindowState, window_state);
-        ini.endGroup();
-    }
-    if (checkbit(mask, DialsSection)) {
-        ini.beginGroup(constants::groupDials);
-        ini.setValue(constants::keyCursorSpeed, cursor_dial_speed);
-        ini.setValue(constants::keyParamSpeed, param_dial_speed);
-        ini.endGroup();
-    }
 }

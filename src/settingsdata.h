@@ -41,7 +41,7 @@ public:
 
     /// Replaces the whole content of \a file by the sections of \a mask; keys of other sections are
     /// gone. Either the new content lies there whole or the old one stays, without a word.
-    void saveSettings(const QString &file, state_index mask);
+    void saveSettings(const QString &file, state_index mask) const;
 
     /// Puts the sections of \a mask into effect through the signals below, in the order of bits.
     void updateSettings(state_index mask);
