@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/view_range.h"
+
+#include <QtTest>
+
+#include <climits>
+#include <cmath>
+#include <limits>
+
+// What moves a trace within the view, and the velocity factor.
+class TestShifts : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void horizontalShiftsAreWholeSamples_data()
+    {
+        QTest::addColumn<int>("counts");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("rounded down") << 7 << 4 << 1;
+        QTest::newRow("rounded up") << -7 << 4 << -1;
+        QTest::newRow("less than a sample") << -3 << 4 << 0;
+        QTest::newRow("whole axis") << 64000 << 1 << 64000;
+        QTest::newRow("beyond the right end") << 100000 << 1 << 64000;
+        QTest::newRow("beyond the left end") << -100000 << 3 << -21333;
+        QTest::newRow("smallest int") << INT_MIN << 64000 << -1;
+        QTest::newRow("largest int") << INT_MAX << 64000 << 1;
+        QTest::newRow("step 0 counts as 1") << 7 << 0 << 7;
+        QTest::newRow("negative step counts as 1") << -7 << -4 << -7;
+    }
+
+    void horizontalShiftsAreWholeSamples()
+    {
+        QFETCH(int, counts);
+        QFETCH(int, step);
+        QTEST(calc::wholeSamples(counts, step), "expected");
+    }
+
+    void verticalOffsetsStopAt256()
+    {
+        QCOMPARE(calc::clampedVerticalOffset(300), 256);
+        QCOMPARE(calc::clampedVerticalOffset(257), 256);
+        QCOMPARE(calc::clampedVerticalOffset(256), 256);
+        QCOMPARE(calc::clampedVerticalOffset(129), 129);
+        QCOMPARE(calc::clampedVerticalOffset(-256), -256);
+        QCOMPARE(calc::clampedVerticalOffset(-257), -256);
+        QCOMPARE(calc::clampedVerticalOffset(INT_MIN), -256);
+    }
+
+    void velocityFactorsStayBetweenOneAndTen()
+    {
+        QCOMPARE(calc::clampedKU(0.5), 1.0F);
+        QCOMPARE(calc::clampedKU(1.0), 1.0F);
+        QCOMPARE(calc::clampedKU(1.5), 1.5F);
+        QCOMPARE(calc::clampedKU(10.0), 10.0F);
+        QCOMPARE(calc::clampedKU(11.0), 10.0F);
+        QCOMPARE(calc::clampedKU(0.0), 1.0F);
+        QCOMPARE(calc::clampedKU(-1e300), 1.0F);
+        QCOMPARE(calc::clampedKU(1e300), 10.0F);
+        QCOMPARE(calc::clampedKU(std::numeric_limits<double>::infinity()), 10.0F);
+        QCOMPARE(calc::clampedKU(std::numeric_limits<double>::quiet_NaN()), 1.0F);
+    }
+
+    void theStartUpFactorMakesACountAHairMoreThan125Millimetres()
+    {
+        // The factor is rounded to a float; the grid's right edge depends on that.
+        const double metres = calc::metresPerCount(calc::clampedKU(1.49896229));
+        QVERIFY2(metres > 0.125, qPrintable(QString::number(metres, 'g', 17)));
+        QVERIFY2(std::fabs(metres - 0.12500000057) < 5e-12,
+                 qPrintable(QString::number(metres, 'g', 17)));
+    }
+
+    void distancesPerCountFollowTheVelocityFactor()
+    {
+        QCOMPARE(calc::metresPerCount(1.0F), 0.18737028625);
+        QCOMPARE(calc::metresPerCount(2.0F), 0.093685143125);
+        QCOMPARE(calc::metresPerCount(10.0F), 0.018737028625);
+        QCOMPARE(calc::metresPerCount(0.0F), 0.18737028625);
+        QCOMPARE(calc::metresPerCount(std::numeric_limits<float>::quiet_NaN()), 0.18737028625);
+    }
+
+    void theDialCountsThousandthsAboveOne()
+    {
+        QCOMPARE(calc::dialOfKU(1.0F), 0);
+        QCOMPARE(calc::dialOfKU(1.49896229F), 498);
+        QCOMPARE(calc::dialOfKU(10.0F), 9000);
+        QCOMPARE(calc::dialOfKU(std::numeric_limits<float>::quiet_NaN()), 0);
+        QCOMPARE(calc::dialOfKU(std::numeric_limits<float>::infinity()), INT_MAX);
+        QCOMPARE(calc::kuOfDial(0), 1.0);
+        QCOMPARE(calc::kuOfDial(500), 1.5);
+        QCOMPARE(calc::kuOfDial(9000), 10.0);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestShifts)
+#include "tst_shifts.moc"
