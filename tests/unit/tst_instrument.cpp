@@ -66,7 +66,7 @@ double crest(const std::vector<double> &values)
 /// Decibels that an open-ended \a section takes from a wave on its way there and back.
 double lossOf(const Section &section, double frequency)
 {
-    const Cable cable{ { { section, {} } }, openEnd };
+    const Cable cable{ { { section, {} } }, openCircuit };
     return -20.0 * std::log10(std::abs(reflection(cable, frequency, section.impedance)));
 }
 
@@ -121,7 +121,7 @@ private slots:
         Settings settings = fineSettings();
         settings.sampleStep = step;
         settings.delay = delay;
-        const std::vector<double> values = echoes({ { { section, {} } }, openEnd }, settings);
+        const std::vector<double> values = echoes({ { { section, {} } }, openCircuit }, settings);
         QCOMPARE(values.size(), std::size_t(Protocol_VX840::fileSamples));
         QCOMPARE(highest(values), static_cast<std::size_t>(sample));
     }
@@ -130,7 +130,7 @@ private slots:
     {
         Section slow = lossless(10.0);
         slow.velocityFactor /= 2.0;
-        const Cable cable{ { { lossless(10.0), {} }, { slow, {} } }, openEnd };
+        const Cable cable{ { { lossless(10.0), {} }, { slow, {} } }, openCircuit };
         // 80 counts through the first, 160 through the second.
         QCOMPARE(highest(echoes(cable, fineSettings())), std::size_t(240));
     }
@@ -138,7 +138,7 @@ private slots:
     void anOpenEndReturnsThePulseWhole()
     {
         const std::vector<double> values
-            = echoes({ { { lossless(12.5), {} } }, openEnd }, fineSettings());
+            = echoes({ { { lossless(12.5), {} } }, openCircuit }, fineSettings());
         QVERIFY(std::abs(values[100] - 20.0) < exact);
         // Half its height half a width, 10 ns, to either side: a pulse as wide as asked for.
         QVERIFY(std::abs(values[92] - 10.0) < exact);
@@ -150,8 +150,8 @@ private slots:
     void aShortInvertsTheEcho()
     {
         const std::vector<Span> spans{ { lossless(30.0), {} } };
-        const std::vector<double> open = echoes({ spans, openEnd }, fineSettings());
-        const std::vector<double> closed = echoes({ spans, shortedEnd }, fineSettings());
+        const std::vector<double> open = echoes({ spans, openCircuit }, fineSettings());
+        const std::vector<double> closed = echoes({ spans, shortCircuit }, fineSettings());
         for (std::size_t i = 0; i < open.size(); ++i)
             QVERIFY(std::abs(open[i] + closed[i]) < exact);
         QVERIFY(std::abs(levelAt(closed, 30.0) + 20.0) < exact);
@@ -166,15 +166,15 @@ private slots:
 
     void aCableOfNothingIsItsEnd()
     {
-        QVERIFY(std::abs(echoes({ {}, openEnd }, fineSettings())[0] - 20.0) < exact);
-        QVERIFY(std::abs(echoes({ {}, shortedEnd }, fineSettings())[0] + 20.0) < exact);
+        QVERIFY(std::abs(echoes({ {}, openCircuit }, fineSettings())[0] - 20.0) < exact);
+        QVERIFY(std::abs(echoes({ {}, shortCircuit }, fineSettings())[0] + 20.0) < exact);
         // (360 - 120) / (360 + 120) = 1/2
         QVERIFY(std::abs(echoes({ {}, 360.0 }, fineSettings())[0] - 10.0) < exact);
     }
 
     void aStepOfImpedanceEchoesAgainAndAgain()
     {
-        const Cable cable{ { { lossless(20.0), {} }, { lossless(10.0, 60.0), {} } }, openEnd };
+        const Cable cable{ { { lossless(20.0), {} }, { lossless(10.0, 60.0), {} } }, openCircuit };
         const std::vector<double> values = echoes(cable, fineSettings());
         // (60 - 120) / (60 + 120) = -1/3 at the step. What goes on comes back from the end with
         // 1 - 1/9, and a third of it turns round at the step each time, unturned in sign.
@@ -189,7 +189,7 @@ private slots:
         Joint joint;
         joint.seriesResistance = 120.0;
         const std::vector<double> values = echoes(
-            { { { lossless(20.0), joint }, { lossless(20.0), {} } }, openEnd }, fineSettings());
+            { { { lossless(20.0), joint }, { lossless(20.0), {} } }, openCircuit }, fineSettings());
         // 120 / (120 + 2 x 120) = 1/3; the end is seen twice through 2/3.
         QVERIFY(std::abs(levelAt(values, 20.0) - 20.0 / 3.0) < exact);
         QVERIFY(std::abs(levelAt(values, 40.0) - 20.0 * 4.0 / 9.0) < exact);
@@ -200,7 +200,7 @@ private slots:
         Joint joint;
         joint.shuntConductance = 1.0 / 120.0;
         const std::vector<double> values = echoes(
-            { { { lossless(20.0), joint }, { lossless(20.0), {} } }, openEnd }, fineSettings());
+            { { { lossless(20.0), joint }, { lossless(20.0), {} } }, openCircuit }, fineSettings());
         QVERIFY(std::abs(levelAt(values, 20.0) + 20.0 / 3.0) < exact);
         QVERIFY(std::abs(levelAt(values, 40.0) - 20.0 * 4.0 / 9.0) < exact);
     }
@@ -235,7 +235,7 @@ private slots:
     {
         double before = 20.0;
         for (const double metres : { 10.0, 20.0, 40.0, 80.0, 160.0, 320.0 }) {
-            const Cable cable{ { { lossy(metres, 1.0, 0.08), {} } }, openEnd };
+            const Cable cable{ { { lossy(metres, 1.0, 0.08), {} } }, openCircuit };
             const double height = crest(echoes(cable, fineSettings()));
             QVERIFY2(height < 0.95 * before, qPrintable(QString::number(metres)));
             QVERIFY(height > 0.0);
@@ -264,7 +264,7 @@ private slots:
         // The crest of a pulse is worn and leans back on its way. A quarter of the pulse's width is
         // what a reader of the trace can tell: 5 ns of 20.
         for (const double metres : { 25.0, 50.0, 100.0 }) {
-            const Cable cable{ { { lossy(metres, 1.0, 0.08), {} } }, openEnd };
+            const Cable cable{ { { lossy(metres, 1.0, 0.08), {} } }, openCircuit };
             const auto sample = static_cast<double>(highest(echoes(cable, fineSettings())));
             QVERIFY(std::abs(sample - metres / metresPerSample) <= 4.0);
         }
@@ -273,7 +273,8 @@ private slots:
     void noCableReturnsMoreThanItGets()
     {
         for (const SampleTrace &sample : sampleTraces()) {
-            for (double frequency = 1.0e3; frequency < 1.0e9; frequency *= 1.7) {
+            for (const double frequency :
+                 { 1.0, 1.0e3, 1.0e5, 1.0e6, 3.3e6, 1.0e7, 3.7e7, 1.0e9 }) {
                 for (const double impedance : { 25.0, 75.0, 120.0, 600.0 }) {
                     const double share = std::abs(reflection(sample.cable, frequency, impedance));
                     QVERIFY(share <= 1.0 + 1.0e-9); // false for NaN too
@@ -284,7 +285,7 @@ private slots:
 
     void gainAndBaselinePlaceTheSamples()
     {
-        const Cable cable{ { { lossless(12.5), {} } }, openEnd };
+        const Cable cable{ { { lossless(12.5), {} } }, openCircuit };
         Settings settings = fineSettings();
         const Trace plain = acquire(cable, settings);
         QCOMPARE(int(plain.samples[100]), 80); // 20 V in steps of 0.25 V
@@ -313,11 +314,11 @@ private slots:
         const std::vector<Span> spans{ { lossless(12.5), {} } };
         Settings settings = fineSettings();
         settings.gain = 6; // 80 becomes 159.6
-        const Trace up = acquire({ spans, openEnd }, settings);
+        const Trace up = acquire({ spans, openCircuit }, settings);
         QCOMPARE(int(up.samples[100]), 127);
         // 127.5 / 159.6 of a bell of 16 samples is 4.56 samples from its crest: four on each side.
         QCOMPARE(up.clipped, 9);
-        const Trace down = acquire({ spans, shortedEnd }, settings);
+        const Trace down = acquire({ spans, shortCircuit }, settings);
         QCOMPARE(int(down.samples[100]), -128);
         QVERIFY(down.clipped > 0);
     }
@@ -341,7 +342,7 @@ private slots:
 
     void noiseIsTheSameForTheSameSeed()
     {
-        const Cable cable{ { { lossless(12.5), {} } }, openEnd };
+        const Cable cable{ { { lossless(12.5), {} } }, openCircuit };
         Settings settings;
         const Trace first = acquire(cable, settings);
         QCOMPARE(first.samples, acquire(cable, settings).samples);
@@ -374,7 +375,7 @@ private slots:
         settings.average = 0;
         settings.impedance = 0;
         const std::vector<double> values
-            = echoes({ { { lossless(50.0), {} } }, openEnd }, settings);
+            = echoes({ { { lossless(50.0), {} } }, openCircuit }, settings);
         QCOMPARE(values.size(), std::size_t(Protocol_VX840::fileSamples));
         for (const double value : values)
             QVERIFY(std::isfinite(value));

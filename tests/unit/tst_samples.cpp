@@ -136,9 +136,9 @@ private slots:
         for (const SampleTrace &sample : sampleTraces()) {
             const TDR_FILE_t record = recordOf(sample.fileName);
             for (int i = 0; i < Protocol_VX840::fileSamples; ++i) {
-                const int level = record.samples[i];
+                const double level = record.samples[i];
                 QVERIFY(level > -128 && level < 127);
-                const int drawn = level + record.ch.params.shiftY;
+                const double drawn = level + record.ch.params.shiftY;
                 QVERIFY(drawn > constants::levelMin && drawn < constants::levelMax);
             }
         }

@@ -48,14 +48,14 @@ struct Span
     Joint joint;
 };
 
-constexpr double openEnd = std::numeric_limits<double>::infinity(); ///< as Cable::endResistance
-constexpr double shortedEnd = 0.0; ///< as Cable::endResistance
+constexpr double openCircuit = std::numeric_limits<double>::infinity(); ///< as Cable::endResistance
+constexpr double shortCircuit = 0.0; ///< as Cable::endResistance
 
 /// A cable from the instrument's terminals outward.
 struct Cable
 {
     std::vector<Span> spans; ///< none: the end stands at the terminals
-    double endResistance = openEnd; ///< ohms, 0 or more
+    double endResistance = openCircuit; ///< ohms, 0 or more
 };
 
 /// Share of a wave of \a frequency (Hz, above 0) that \a cable throws back into a source of

@@ -155,7 +155,7 @@ SampleTrace longCoax()
     SampleTrace trace;
     trace.fileName = QStringLiteral("5-long-coax.tdr");
     trace.cable.spans = { { coaxOf(88.0), series(60.0) }, { coaxOf(115.0), {} } };
-    trace.cable.endResistance = shortedEnd;
+    trace.cable.endResistance = shortCircuit;
     trace.settings.sampleStep = 10.0F;
     trace.settings.pulseWidth = 80;
     trace.settings.average = 4;
