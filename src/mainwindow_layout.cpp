@@ -276,6 +276,7 @@ void MainWindow::setNamesAndPolicies()
 
 void MainWindow::setIcons()
 {
+    setWindowTitle(QStringLiteral("Velkor"));
     setWindowIcon(QIcon(constants::windowIcon));
     logo_lbl->setPixmap(QPixmap(constants::logoPicture)
                             .scaled(constants::logoWidth, constants::logoHeight,

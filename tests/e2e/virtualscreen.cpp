@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "virtualscreen.h"
+
+#include <QElapsedTimer>
+#include <QThread>
+
+namespace {
+
+constexpr int patienceMs = 10000;
+constexpr int lookAgainMs = 50;
+constexpr int screenWidth = 1280;
+constexpr int screenHeight = 900;
+
+bool waitFor(const std::function<bool()> &happened)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!happened()) {
+        if (timer.hasExpired(patienceMs))
+            return false;
+        QThread::msleep(lookAgainMs);
+    }
+    return true;
+}
+
+/// The number behind \a key in output made for a shell.
+int shellNumber(const QByteArray &output, const char *key)
+{
+    const int from = output.indexOf(key) + static_cast<int>(qstrlen(key));
+    return output.mid(from, output.indexOf('\n', from) - from).toInt();
+}
+
+} // namespace
+
+VirtualScreen::VirtualScreen()
+{
+    // The server chooses a free display by itself and writes its number to standard output.
+    m_server.start(QStringLiteral("Xvfb"),
+                   { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                     QStringLiteral("0"),
+                     QStringLiteral("%1x%2x24").arg(screenWidth).arg(screenHeight),
+                     QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+    if (!m_server.waitForStarted() || !m_server.waitForReadyRead())
+        qFatal("no virtual screen: is Xvfb installed?");
+    m_display = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
+
+    m_manager.setProcessEnvironment(environment());
+    m_manager.start(QStringLiteral("openbox"), { QStringLiteral("--sm-disable") });
+    if (!m_manager.waitForStarted() || !waitFor([this] {
+            return !run(QStringLiteral("wmctrl"), { QStringLiteral("-m") }).isEmpty();
+        }))
+        qFatal("no window manager: is openbox installed?");
+}
+
+VirtualScreen::~VirtualScreen()
+{
+    for (QProcess *process : { &m_manager, &m_server }) {
+        process->terminate();
+        if (!process->waitForFinished())
+            process->kill();
+    }
+}
+
+QProcessEnvironment VirtualScreen::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), m_display);
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.remove(QStringLiteral("XAUTHORITY"));
+    return environment;
+}
+
+QByteArray VirtualScreen::run(const QString &program, const QStringList &arguments) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(program, arguments);
+    if (!process.waitForStarted())
+        qFatal("%s is not installed", qPrintable(program));
+    process.waitForFinished();
+    return process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();
+}
+
+QString VirtualScreen::windowId(const QString &name) const
+{
+    const QByteArray ids = run(QStringLiteral("xdotool"),
+                               { QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                 QStringLiteral("--name"), name });
+    return QString::fromLatin1(ids).trimmed().section(QLatin1Char('\n'), -1);
+}
+
+QRect VirtualScreen::waitForWindow(const QString &name) const
+{
+    QRect inside;
+    waitFor([&] {
+        const QString id = windowId(name);
+        if (id.isEmpty())
+            return false;
+        // The pointer is sent into the window's corner and asked where it is: under a window
+        // manager the plain position counts the frame twice.
+        const QByteArray size
+            = run(QStringLiteral("xdotool"),
+                  { QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id });
+        const QByteArray corner = run(
+            QStringLiteral("xdotool"),
+            { QStringLiteral("mousemove"), QStringLiteral("--window"), id, QStringLiteral("0"),
+              QStringLiteral("0"), QStringLiteral("getmouselocation"), QStringLiteral("--shell") });
+        const QRect now(shellNumber(corner, "X="), shellNumber(corner, "Y="),
+                        shellNumber(size, "WIDTH="), shellNumber(size, "HEIGHT="));
+        // Twice the same: the manager has put the window where it stays.
+        const bool settled = !now.isEmpty() && now == inside;
+        inside = now;
+        return settled;
+    });
+    return inside;
+}
+
+bool VirtualScreen::waitUntilGone(const QString &name) const
+{
+    return waitFor([&] { return windowId(name).isEmpty(); });
+}
+
+void VirtualScreen::closeWindow(const QString &name) const
+{
+    const int id = windowId(name).toInt();
+    run(QStringLiteral("wmctrl"),
+        { QStringLiteral("-i"), QStringLiteral("-c"), QStringLiteral("0x%1").arg(id, 0, 16) });
+}
+
+void VirtualScreen::moveTo(QPoint at) const
+{
+    run(QStringLiteral("xdotool"),
+        { QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()) });
+}
+
+void VirtualScreen::click(QPoint at, int button) const
+{
+    run(QStringLiteral("xdotool"),
+        { QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
+          QStringLiteral("click"), QString::number(button) });
+}
+
+void VirtualScreen::drag(QPoint from, QPoint to, int button) const
+{
+    constexpr int steps = 10;
+    QStringList arguments{ QStringLiteral("mousemove"), QString::number(from.x()),
+                           QString::number(from.y()), QStringLiteral("mousedown"),
+                           QString::number(button) };
+    for (int step = 1; step <= steps; ++step) {
+        const QPoint at = from + (to - from) * step / steps;
+        arguments << QStringLiteral("mousemove") << QString::number(at.x())
+                  << QString::number(at.y());
+    }
+    run(QStringLiteral("xdotool"),
+        arguments << QStringLiteral("mouseup") << QString::number(button));
+}
+
+void VirtualScreen::type(const QString &text) const
+{
+    run(QStringLiteral("xdotool"),
+        { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
+}
+
+void VirtualScreen::key(const QString &name) const
+{
+    run(QStringLiteral("xdotool"), { QStringLiteral("key"), name });
+}
+
+QImage VirtualScreen::picture() const
+{
+    return QImage::fromData(
+        run(QStringLiteral("import"),
+            { QStringLiteral("-window"), QStringLiteral("root"), QStringLiteral("png:-") }),
+        "PNG");
+}
+
+bool VirtualScreen::waitUntil(const std::function<bool(const QImage &)> &looksRight) const
+{
+    return waitFor([&] { return looksRight(picture()); });
+}

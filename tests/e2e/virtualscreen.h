@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// A screen in memory with a window manager on it, and the hand that moves mouse and keys there:
+/// the programs under test see nothing of this process. Ends the test program when a screen cannot
+/// be had, because nothing could be tested then.
+class VirtualScreen
+{
+public:
+    VirtualScreen();
+    ~VirtualScreen();
+    Q_DISABLE_COPY(VirtualScreen)
+
+    /// Environment for programs that are to open on this screen.
+    QProcessEnvironment environment() const;
+
+    /// Waits for a visible window whose name matches the regular expression \a name; its inside on
+    /// the screen, or an empty rectangle after ten seconds.
+    QRect waitForWindow(const QString &name) const;
+    /// Waits until no visible window matches \a name; false after ten seconds.
+    bool waitUntilGone(const QString &name) const;
+    /// Asks the window manager to close the window, as a click on its cross does.
+    void closeWindow(const QString &name) const;
+
+    void moveTo(QPoint at) const;
+    void click(QPoint at, int button = 1) const;
+    /// Presses at \a from, moves to \a to in steps, releases.
+    void drag(QPoint from, QPoint to, int button = 1) const;
+    void type(const QString &text) const;
+    void key(const QString &name) const;
+
+    /// What the screen shows now.
+    QImage picture() const;
+    /// Looks at the screen until \a looksRight says so; false after ten seconds.
+    bool waitUntil(const std::function<bool(const QImage &)> &looksRight) const;
+
+private:
+    QByteArray run(const QString &program, const QStringList &arguments) const;
+    QString windowId(const QString &name) const;
+
+    QProcess m_server;
+    QProcess m_manager;
+    QString m_display;
+};
