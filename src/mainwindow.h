@@ -129,7 +129,7 @@ signals:
 
 public slots:
     /// Restores window geometry and state from the settings. A damaged geometry, or one larger
-    /// than the whole desktop, leaves the window where it is; a damaged state changes nothing.
+    /// than the whole desktop, leaves the window where it is.
     void setWindowGeometry();
     /// Gives both dials their speeds from the settings. The scale keeps its own speed.
     void setDialSettings();

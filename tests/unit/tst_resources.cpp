@@ -60,7 +60,8 @@ private slots:
         QTest::newRow("style sheets") << "^:/style/style_[12]\\.qss$" << 2;
         QTest::newRow("factory settings") << "^:/ini/settings_default\\.ini$" << 1;
         QTest::newRow("data files") << "^:/data/data0[0-4]\\.bin$" << 5;
-        QTest::newRow("nothing else") << "" << 12;
+        QTest::newRow("pictures") << "^:/(icons|pix)/([^/]+_64/)?[^/]+\\.(png|ico)$" << 45;
+        QTest::newRow("nothing else") << "" << 57;
     }
 
     void theBundleHoldsEachKindInItsNumber()
