@@ -205,9 +205,18 @@ private slots:
 
     void theTailOfALongFileIsIgnored()
     {
+        struct Guarded
+        {
+            TDR_FILE_t record;
+            char behind[16];
+        };
         const QByteArray bytes = TraceBuilder().samples(7).bytes();
-        const auto record = recordOf(bytes + QByteArray(1, '\x77'));
-        QCOMPARE(imageOf(*record), bytes);
+        const QByteArray longer = bytes + QByteArray(16, '\x77');
+        const auto guarded = std::make_unique<Guarded>();
+        calc::fillRecord(longer.constData(), longer.size(), guarded->record);
+        QCOMPARE(imageOf(guarded->record), bytes);
+        for (const char byte : guarded->behind)
+            QCOMPARE(byte, '\0');
     }
 
     void anEmptyFileChangesNothing_data()

@@ -154,10 +154,14 @@ private slots:
         QTest::newRow("already in view") << 200 << Range{ 0, 250 } << Range{ 75, 325 };
         QTest::newRow("left end") << 0 << Range{ 500, 750 } << Range{ 0, 250 };
         QTest::newRow("half a view from the left") << 125 << Range{ 0, 250 } << Range{ 0, 250 };
+        QTest::newRow("not quite half a view from the left")
+            << 124 << Range{ 0, 250 } << Range{ 0, 250 };
         QTest::newRow("one count more") << 126 << Range{ 0, 250 } << Range{ 1, 251 };
         QTest::newRow("half a view from the right")
             << 63875 << Range{ 0, 250 } << Range{ 63750, 64000 };
         QTest::newRow("one count less") << 63874 << Range{ 0, 250 } << Range{ 63749, 63999 };
+        QTest::newRow("not quite half a view from the right")
+            << 63876 << Range{ 0, 250 } << Range{ 63750, 64000 };
         QTest::newRow("right end") << 64000 << Range{ 0, 250 } << Range{ 63750, 64000 };
         QTest::newRow("whole axis") << 40000 << Range{ 0, 64000 } << Range{ 0, 64000 };
         QTest::newRow("odd width truncates both ends")
