@@ -29,6 +29,7 @@
 #include "calc/cursor_level.h"
 #include "calc/trace_points.h"
 #include "constants.h"
+#include "mainwindow_parts.h"
 #include "miscfunc.h"
 #include "protocol_vx840.h"
 #include "rfg_shown.h"
@@ -36,43 +37,15 @@
 #include <QBrush>
 #include <QCursor>
 #include <QFileSystemWatcher>
-#include <QGraphicsLineItem>
-#include <QGraphicsSimpleTextItem>
 #include <QMainWindow>
 #include <QPen>
 #include <QPointF>
 #include <QVector>
-#include <QtCharts/QChart>
-#include <QtCharts/QLineSeries>
-#include <QtCharts/QSplineSeries>
-#include <QtCharts/QValueAxis>
-
-class Cont_dial;
-class CurArrow;
-class DateTime_lbl;
-class Dictionary;
-class InterfaceButton;
-class LegendButton;
-class ParamButton;
-class SettingsData;
-class SettingsMenu;
 
 class QAbstractButton;
-class QAction;
-class QButtonGroup;
-class QGraphicsScene;
-class QGraphicsView;
 class QGridLayout;
-class QGroupBox;
-class QInputDialog;
-class QLabel;
 class QLayout;
-class QMenu;
-class QMessageBox;
 class QMouseEvent;
-class QProgressBar;
-class QPushButton;
-class QSpacerItem;
 class QWheelEvent;
 
 /// The viewer's window: six trace slots over one another on a chart against distance, two cursors,
@@ -80,7 +53,7 @@ class QWheelEvent;
 /// ignored by every operation that takes one, unless it says otherwise.
 ///
 /// The horizontal unit is the count, 1.25 ns of echo time; metres are counts times \c dist_coef.
-class MainWindow : public QMainWindow
+class MainWindow : public QMainWindow, private MainWindowParts
 {
     Q_OBJECT
 
@@ -451,73 +424,11 @@ private:
 private:
     friend class MainWindowProbe;
 
-    // ---- State: collaborators ----
-    QWidget *centralWidget = nullptr;
-    Dictionary *d = nullptr;
-    SettingsData *settingsData = nullptr;
-    SettingsMenu *settingsMenu = nullptr;
-
-    // ---- State: controls ----
-    QLabel *logo_lbl = nullptr;
-    QButtonGroup *up_buttons = nullptr;
-    InterfaceButton *curA_button = nullptr;
-    InterfaceButton *curB_button = nullptr;
-    QLabel *delta_lbl = nullptr;
-
-    QButtonGroup *down_buttons = nullptr;
-    ParamButton *gain_button = nullptr;
-    ParamButton *KU_button = nullptr;
-    ParamButton *average_button = nullptr;
-    ParamButton *V_offset_button = nullptr;
-    ParamButton *pulse_width_button = nullptr;
-    ParamButton *pulse_amplitude_button = nullptr;
-    ParamButton *impedance_button = nullptr;
-    ParamButton *H_offset_button = nullptr;
-    ParamButton *scale_button = nullptr;
-    ParamButton *reserve_button = nullptr;
-
-    QButtonGroup *rfg_buttons = nullptr;
-    LegendButton *selected_rfg[constants::slotCount] = {};
-
-    QPushButton *smooth_button = nullptr;
-    QPushButton *reset_all_button = nullptr;
-    QPushButton *legend_button = nullptr;
-    QPushButton *settings_button = nullptr;
-    QPushButton *difference_button = nullptr;
-
-    QButtonGroup *scale_nav_group = nullptr;
-    QPushButton *scale_up_button = nullptr;
-    QPushButton *scale_down_button = nullptr;
-    QButtonGroup *scroll_nav_group = nullptr;
-    QPushButton *scroll_left_button = nullptr;
-    QPushButton *scroll_right_button = nullptr;
-    QButtonGroup *cur_nav_group = nullptr;
-    QPushButton *curA_nav_button = nullptr;
-    QPushButton *curB_nav_button = nullptr;
-
-    QProgressBar *bat_bar = nullptr; ///< no place in the layout; hidden
-    DateTime_lbl *date_bar = nullptr;
-
     // ---- State: layout ----
-    QSpacerItem *blank_1 = nullptr; ///< in no layout, so the window deletes them itself
-    QSpacerItem *blank_2 = nullptr;
-    QSpacerItem *blank_3 = nullptr;
-    QGroupBox *legend_group = nullptr; ///< no place in the layout; hidden
-    QGroupBox *misc_group = nullptr; ///< no place in the layout; hidden
+    QWidget *centralWidget = nullptr; ///< here, not among the parts: it hides the base's function
     float trueWidth = 0.0F; ///< width of the plot area in pixels, as last measured
     float plotLeft = 0.0F; ///< scene x of the plot area's left edge
-
-    Cont_dial *param_dial = nullptr;
-    Cont_dial *cursor_dial = nullptr;
-
-    QMenu *chartMenu = nullptr;
-    QAction *curA_action = nullptr;
-    QAction *curB_action = nullptr;
-    QAction *cur_wheel_action = nullptr;
-    QAction *scale_wheel_action = nullptr;
-
-    QInputDialog *input_dialog = nullptr;
-    QMessageBox *info_dialog = nullptr;
+    float font_size = 0.0F; ///< base font size in points; 0 before the first resize
 
     // ---- State: style ----
     QFileSystemWatcher CSS_watcher;
@@ -534,34 +445,13 @@ private:
     Protocol_VX840::CH_PARAMS_t master_params = {}; ///< only KU and sample_minstep are kept
 
     // ---- State: chart ----
-    QGraphicsView *Plot_View = nullptr;
-    QGraphicsScene *Plot_Scene = nullptr;
-    QtCharts::QChart *Plot_Chart = nullptr;
-    QtCharts::QLineSeries *rfg_series[constants::slotCount] = {};
-    QtCharts::QSplineSeries *rfg_series_sp[constants::slotCount] = {};
     bool smooth_rfg_flag = false;
     DIFF_MODE diff_flag = NORMAL;
     QVector<QPointF> points; ///< buffer for the step form
     QVector<QPointF> points_sp; ///< buffer for the spline form
-    QtCharts::QLineSeries *cursor_A = nullptr;
-    QtCharts::QLineSeries *cursor_B = nullptr;
-    QtCharts::QLineSeries *cursor_A_add = nullptr;
-    QtCharts::QLineSeries *cursor_B_add = nullptr;
-    QtCharts::QLineSeries *axisX = nullptr; ///< zero base line; the chart's first series, always
-    QtCharts::QValueAxis *cust_axisX = nullptr; ///< counts
-    QtCharts::QValueAxis *cust_axisY = nullptr; ///< sample steps
     int x_length = constants::xLength; ///< widest extent in counts
     QPen m_pen;
     QBrush m_brush;
-
-    // ---- State: grid and texts of the chart ----
-    QGraphicsSimpleTextItem axis_lbl[constants::gridLines];
-    QGraphicsLineItem axis_lines[constants::gridLines];
-    QGraphicsSimpleTextItem axis_0_lbl[constants::gridEdges];
-    QGraphicsLineItem axis_0_lines[constants::gridEdges];
-    QGraphicsSimpleTextItem chart_title;
-    QGraphicsSimpleTextItem cursor_step_lbl;
-    float font_size = 0.0F; ///< base font size in points; 0 before the first resize
 
     // ---- State: view range ----
     int master_scale = 0; ///< zoom exponent 0..8; the view is 250 * 2^master_scale counts wide
@@ -582,8 +472,6 @@ private:
     int cursor_B_pos = 0;
     int cursor_A_pos_Y = 0; ///< sample steps, or 129
     int cursor_B_pos_Y = 0;
-    CurArrow *cur_arrowA = nullptr;
-    CurArrow *cur_arrowB = nullptr;
 
     // ---- State: input ----
     bool zoom_wheel_flag = false; ///< the wheel changes the scale instead of moving cursors
