@@ -164,7 +164,7 @@ void MainWindow::setCursorDialText(const QString &text)
 void MainWindow::set_cur_step_lbl()
 {
     const int width = calc::truncated(cursor_step_lbl.boundingRect().width());
-    const int height = calc::truncated(cursor_step_lbl.boundingRect().height());
+    const int margin = calc::truncated(cursor_step_lbl.boundingRect().height()) / 2;
     const QRectF plot = plotInScene();
-    cursor_step_lbl.setPos(plot.right() - width - height / 2, plot.top());
+    cursor_step_lbl.setPos(plot.right() - width - margin, plot.top());
 }
