@@ -75,6 +75,8 @@ QString readableIni(const QString &file)
 SettingsData::SettingsData(QObject *parent)
     : QObject(parent)
 {
+    // Else a queued connection or a spy cannot carry the set: to the toolkit the name is no int.
+    qRegisterMetaType<state_index>("state_index");
 }
 
 bool SettingsData::loadSettings(const QString &file, state_index mask)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ini_text.h"
+#include "testfiles.h"
 
 #include <QRandomGenerator>
 #include <QSettings>
@@ -8,12 +9,6 @@
 #include <QtTest>
 
 namespace {
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
 
 /// What QSettings writes to a new file for one string of the general section.
 QByteArray toolkitText(const QString &value)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program_files.h"
+#include "testfiles.h"
 
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -18,19 +19,6 @@ namespace {
 QString userFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
 }
 
 QStringList entriesOf(const QString &folder)
@@ -119,16 +107,16 @@ private slots:
 
     void theFileBesideAnInstalledProgramCountsUntilTheUserHasOne()
     {
-        write(beside(), "[General]\n");
+        writeFile(beside(), "[General]\n");
         const ReadOnlyProgramFolder readOnly;
         QCOMPARE(program_files::settingsFileToRead(), beside());
-        write(program_files::settingsFile(), "[General]\n");
+        writeFile(program_files::settingsFile(), "[General]\n");
         QCOMPARE(program_files::settingsFileToRead(), own());
     }
 
     void aFolderInPlaceOfTheUsersFileDoesNotCount()
     {
-        write(beside(), "[General]\n");
+        writeFile(beside(), "[General]\n");
         const ReadOnlyProgramFolder readOnly;
         QVERIFY(QDir().mkpath(own()));
         QCOMPARE(program_files::settingsFileToRead(), beside());
@@ -161,7 +149,7 @@ private slots:
         QFETCH(int, size);
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a.ini"));
-        write(path, "old");
+        writeFile(path, "old");
         // No disk is filled here: the largest size that a file may reach stands in for it.
         const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
         rlimit former{};
@@ -182,7 +170,7 @@ private slots:
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("real.ini"));
         const QString link = folder.filePath(QStringLiteral("link.ini"));
-        write(path, "old");
+        writeFile(path, "old");
         QVERIFY(QFile::link(path, link));
         QVERIFY(program_files::replaceFile(link, "new"));
         QVERIFY(QFileInfo(link).isSymLink());
@@ -212,7 +200,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a"));
-        write(path, "12345");
+        writeFile(path, "12345");
         QCOMPARE(program_files::readRegularFile(path, 5), QByteArray("12345"));
         QCOMPARE(program_files::readRegularFile(path, 4), QByteArray());
     }
