@@ -1,0 +1,263 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "curarrow.h"
+
+#include <QBrush>
+#include <QFont>
+#include <QGraphicsScene>
+#include <QPen>
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+class TestCurArrow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aNewMarkerIsTwoTrianglesAndALetter_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("letter");
+        QTest::newRow("cursor A") << 1 << QStringLiteral("A");
+        QTest::newRow("cursor B") << 2 << QStringLiteral("B");
+        QTest::newRow("the difference has no letter") << 0 << QString();
+        QTest::newRow("nor has anything else") << 3 << QString();
+    }
+
+    void aNewMarkerIsTwoTrianglesAndALetter()
+    {
+        QFETCH(int, id);
+        const CurArrow marker(static_cast<char>(id));
+        QCOMPARE(int(marker.id), id);
+        QTEST(marker.cur_lbl.text(), "letter");
+        const QPolygonF triangle({ QPointF(-3, 0), QPointF(3, 0), QPointF(0, 12) });
+        QCOMPARE(marker.polygon, triangle);
+        QCOMPARE(marker.cur_arrow1.polygon(), triangle);
+        QCOMPARE(marker.cur_arrow2.polygon(), triangle);
+        QCOMPARE(marker.cur_arrow1.scale(), 1.0);
+        QCOMPARE(marker.cur_arrow2.scale(), -1.0);
+        QCOMPARE(marker.cur_arrow1.zValue(), 10.0);
+        QCOMPARE(marker.cur_arrow2.zValue(), 10.0);
+        QCOMPARE(marker.cur_lbl.zValue(), 10.0);
+        QCOMPARE(marker.cur_arrow1.pen().style(), Qt::NoPen);
+        QCOMPARE(marker.cur_arrow2.pen().style(), Qt::NoPen);
+        QCOMPARE(marker.cur_lbl.pen().style(), Qt::NoPen);
+        QCOMPARE(marker.group->childItems().size(), 3);
+        QCOMPARE(marker.group->parentItem(), nullptr);
+        QCOMPARE(marker.group->scene(), nullptr);
+        QCOMPARE(marker.ar_size, 6);
+        QCOMPARE(marker.scale, 1.0F);
+        QCOMPARE(marker.br_style, Qt::SolidPattern);
+        QVERIFY(!marker.color.isValid());
+        QVERIFY(marker.field.isNull());
+    }
+
+    void theItemsStandInTheGroupInTheirOrder()
+    {
+        const CurArrow marker(1);
+        const QList<QGraphicsItem *> items = marker.group->childItems();
+        QCOMPARE(items.at(0), static_cast<const QGraphicsItem *>(&marker.cur_arrow1));
+        QCOMPARE(items.at(1), static_cast<const QGraphicsItem *>(&marker.cur_arrow2));
+        QCOMPARE(items.at(2), static_cast<const QGraphicsItem *>(&marker.cur_lbl));
+    }
+
+    void aBrushStyleServesAsPenWidth_data()
+    {
+        QTest::addColumn<int>("style");
+        QTest::addColumn<qreal>("width");
+        QTest::newRow("active") << int(Qt::SolidPattern) << 1.0;
+        QTest::newRow("the other") << int(Qt::NoBrush) << 0.0;
+    }
+
+    void aBrushStyleServesAsPenWidth()
+    {
+        QFETCH(int, style);
+        CurArrow marker(1);
+        marker.setColor(Qt::green);
+        marker.setBr_style(static_cast<Qt::BrushStyle>(style));
+        QCOMPARE(marker.color, QColor(Qt::green));
+        const QPen pen = marker.cur_lbl.pen();
+        QTEST(pen.widthF(), "width");
+        QCOMPARE(pen.style(), Qt::SolidLine);
+        QCOMPARE(pen.capStyle(), Qt::SquareCap);
+        QCOMPARE(pen.joinStyle(), Qt::BevelJoin);
+        QCOMPARE(pen.color(), QColor(Qt::green));
+        // The triangles stay filled whatever the emphasis.
+        for (const QBrush &brush :
+             { marker.cur_arrow1.brush(), marker.cur_arrow2.brush(), marker.cur_lbl.brush() }) {
+            QCOMPARE(brush, QBrush(Qt::green, Qt::SolidPattern));
+        }
+        QCOMPARE(marker.cur_arrow1.pen().style(), Qt::NoPen);
+    }
+
+    void theMarkerStandsOnTheEdgesOfThePlot()
+    {
+        CurArrow marker(1);
+        marker.setRect(QRectF(30.75, 20, 400, 250));
+        QCOMPARE(marker.field, QRectF(30.75, 20, 400, 250));
+        QCOMPARE(marker.cur_arrow1.pos(), QPointF(30.75, 20));
+        QCOMPARE(marker.cur_arrow2.pos(), QPointF(30.75, 270));
+        const qreal height = marker.cur_lbl.boundingRect().height();
+        QVERIFY(height > 0);
+        QCOMPARE(marker.cur_lbl.pos(), QPointF(30.75, 270 - height));
+        QCOMPARE(marker.pos0, 31);
+    }
+
+    void theFirstColumnIsTruncatedTowardZero_data()
+    {
+        QTest::addColumn<qreal>("left");
+        QTest::addColumn<int>("pos0");
+        QTest::newRow("whole") << 10.0 << 11;
+        QTest::newRow("part") << 10.9 << 11;
+        QTest::newRow("negative") << -2.5 << -1;
+        QTest::newRow("beyond an int") << 1e300 << std::numeric_limits<int>::max();
+        QTest::newRow("no number") << std::numeric_limits<qreal>::quiet_NaN() << 0;
+    }
+
+    void theFirstColumnIsTruncatedTowardZero()
+    {
+        QFETCH(qreal, left);
+        CurArrow marker(1);
+        marker.setRect(QRectF(left, 0, 1, 1));
+        QTEST(marker.pos0, "pos0");
+        marker.moveX(1.0F);
+        QVERIFY(std::isfinite(marker.pos));
+    }
+
+    void theMarkerFollowsItsColumn()
+    {
+        CurArrow marker(2);
+        marker.setRect(QRectF(30, 20, 500, 250));
+        marker.setXRes(250);
+        QCOMPARE(marker.XRes, 250);
+        QCOMPARE(marker.cur_arrow1.x(), 30.0);
+        marker.moveX(100.0F);
+        QCOMPARE(marker.pos, 231.0F);
+        QCOMPARE(marker.cur_arrow1.pos(), QPointF(231, 20));
+        QCOMPARE(marker.cur_arrow2.pos(), QPointF(231, 270));
+        marker.moveX(-1.0F);
+        QCOMPARE(marker.pos, 29.0F);
+    }
+
+    void theLetterStandsRightUnlessItWouldCrossTheEdge_data()
+    {
+        QTest::addColumn<float>("column");
+        QTest::addColumn<bool>("right");
+        QTest::newRow("left end") << 0.0F << true;
+        QTest::newRow("middle") << 125.0F << true;
+        QTest::newRow("right end") << 250.0F << false;
+        QTest::newRow("one column before the end") << 249.0F << false;
+    }
+
+    void theLetterStandsRightUnlessItWouldCrossTheEdge()
+    {
+        QFETCH(float, column);
+        QFETCH(bool, right);
+        CurArrow marker(1);
+        marker.setRect(QRectF(30, 20, 500, 250));
+        marker.setXRes(250);
+        marker.moveX(column);
+        const QRectF letter = marker.cur_lbl.boundingRect();
+        const qreal width = static_cast<int>(letter.width());
+        QVERIFY(width > 2);
+        const qreal centred = static_cast<qreal>(marker.pos) - letter.center().x();
+        QCOMPARE(marker.cur_lbl.x(), centred + (right ? width : -width));
+        // Moving does not lift the letter.
+        QCOMPARE(marker.cur_lbl.y(), 270 - letter.height());
+    }
+
+    void theLetterChangesSidesWhereItJustFits()
+    {
+        CurArrow marker(1);
+        marker.setRect(QRectF(0, 0, 500, 250));
+        marker.setXRes(500);
+        const QRectF letter = marker.cur_lbl.boundingRect();
+        const int width = static_cast<int>(letter.width());
+        // Scene x of the marker is column + 1; the letter fits while 2 w + x - centre < 500.
+        const int last = static_cast<int>(std::ceil(500 - 2 * width + letter.center().x() - 1)) - 1;
+        marker.moveX(static_cast<float>(last));
+        QVERIFY(marker.cur_lbl.x() + letter.center().x() > static_cast<qreal>(marker.pos));
+        marker.moveX(static_cast<float>(last + 1));
+        QVERIFY(marker.cur_lbl.x() + letter.center().x() < static_cast<qreal>(marker.pos));
+    }
+
+    void withoutColumnsTheMarkerStandsOnTheFirst()
+    {
+        CurArrow marker(1);
+        marker.moveX(5.0F);
+        QCOMPARE(marker.pos, 0.0F);
+        marker.setRect(QRectF(30, 20, 500, 250));
+        marker.moveX(77.0F);
+        QCOMPARE(marker.pos, 31.0F);
+        QCOMPARE(marker.cur_arrow1.x(), 31.0);
+        marker.setXRes(1);
+        marker.moveX(std::numeric_limits<float>::infinity());
+        QCOMPARE(marker.pos, 31.0F);
+        marker.moveX(std::numeric_limits<float>::quiet_NaN());
+        QCOMPARE(marker.pos, 31.0F);
+    }
+
+    void visibilityLeavesTheGroupAlone()
+    {
+        CurArrow marker(1);
+        marker.vis_state(false);
+        QVERIFY(!marker.cur_arrow1.isVisible() && !marker.cur_arrow2.isVisible());
+        QVERIFY(!marker.cur_lbl.isVisible());
+        QVERIFY(marker.group->isVisible());
+        QCOMPARE(marker.visible, false);
+        marker.vis_state(true);
+        QVERIFY(marker.cur_arrow1.isVisible() && marker.cur_lbl.isVisible());
+        QCOMPARE(marker.visible, false);
+    }
+
+    void theLetterIsThreeQuartersOfTheFont_data()
+    {
+        QTest::addColumn<float>("size");
+        QTest::addColumn<int>("points");
+        QTest::newRow("800 x 500") << 9.0F << 6;
+        QTest::newRow("1280 x 720") << 12.96F << 9;
+        QTest::newRow("1920 x 1080") << 19.44F << 14;
+        QTest::newRow("never below 1") << 0.0F << 1;
+        QTest::newRow("negative") << -20.0F << 1;
+        QTest::newRow("no number") << std::numeric_limits<float>::quiet_NaN() << 1;
+    }
+
+    void theLetterIsThreeQuartersOfTheFont()
+    {
+        QFETCH(float, size);
+        CurArrow marker(1);
+        marker.setFont(size);
+        QTEST(marker.cur_lbl.font().pointSize(), "points");
+    }
+
+    void scalesAccumulate()
+    {
+        CurArrow marker(1);
+        for (const qreal expected : { 2.0, 4.0, 8.0 }) {
+            marker.setScale(2.0F);
+            QCOMPARE(static_cast<qreal>(marker.scale), expected);
+            QCOMPARE(marker.cur_arrow1.scale(), expected);
+            QCOMPARE(marker.cur_arrow2.scale(), -expected);
+            QCOMPARE(marker.cur_lbl.scale(), 1.0);
+        }
+    }
+
+    void aMarkerLeavesItsScene()
+    {
+        QGraphicsScene scene;
+        auto marker = std::make_unique<CurArrow>(1);
+        scene.addItem(marker->group);
+        QCOMPARE(scene.items().size(), 4);
+        marker->setRect(QRectF(0, 0, 100, 100));
+        marker->setXRes(10);
+        marker->moveX(5.0F);
+        marker.reset();
+        QCOMPARE(scene.items().size(), 0);
+    }
+};
+
+QTEST_MAIN(TestCurArrow)
+#include "tst_curarrow.moc"
