@@ -114,7 +114,9 @@ void MainWindow::setWindowGeometry()
     // One wrong byte in the record can ask for a window that takes all memory, at every start.
     if (calc::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
         restoreGeometry(settingsData->window_geometry);
-    restoreState(settingsData->window_state);
+    // Likewise one wrong byte in the state: the toolkit would count its tool bars until tomorrow.
+    if (calc::isPlausibleState(settingsData->window_state))
+        restoreState(settingsData->window_state);
 }
 
 void MainWindow::setDialSettings()

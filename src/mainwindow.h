@@ -102,7 +102,7 @@ signals:
 
 public slots:
     /// Restores window geometry and state from the settings. A damaged geometry, or one larger
-    /// than the whole desktop, leaves the window where it is.
+    /// than the whole desktop, leaves the window where it is; a damaged state changes nothing.
     void setWindowGeometry();
     /// Gives both dials their speeds from the settings. The scale keeps its own speed.
     void setDialSettings();

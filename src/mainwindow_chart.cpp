@@ -12,6 +12,17 @@
 
 QT_CHARTS_USE_NAMESPACE
 
+namespace {
+
+// Not resize alone: it copies a buffer that a series shares, even when there is nothing to change.
+void resizeTo(QVector<QPointF> &buffer, int size)
+{
+    if (buffer.size() != size)
+        buffer.resize(size);
+}
+
+} // namespace
+
 void MainWindow::buildChart()
 {
     Plot_Scene->addItem(Plot_Chart);
@@ -115,19 +126,22 @@ void MainWindow::load_rfg(int id)
         return;
     const calc::TraceRef trace = traceRef(id);
     const bool difference = isDrawnAsDifference(id);
-    // The series of the other form keeps its old points; it is rebuilt when it comes to sight.
+    // The series of the other form keeps its old points; it is rebuilt when it comes to sight. Its
+    // buffer takes the size that those points would have.
     if (smooth_rfg_flag) {
         if (difference)
             calc::splineDifference(traceRef(rfg_master_ID), trace, points_sp);
         else
             calc::splinePoints(trace, points_sp);
         rfg_series_sp[id]->replace(points_sp);
+        resizeTo(points, qMax(0, 2 * points_sp.size() - 1));
     } else {
         if (difference)
             calc::stepDifference(traceRef(rfg_master_ID), trace, points);
         else
             calc::stepPoints(trace, points);
         rfg_series[id]->replace(points);
+        resizeTo(points_sp, (points.size() + 1) / 2);
     }
 }
 

@@ -10,6 +10,11 @@ namespace {
 constexpr quint32 geometryMagic = 0x1D9D0CB;
 constexpr quint16 newestVersion = 3;
 
+constexpr quint32 stateMagic = 0xFF;
+constexpr quint8 docksMarker = 0xFD;
+constexpr quint8 toolBarsMarker = 0xFC;
+constexpr int cornerCount = 4;
+
 struct Edges
 {
     qint32 left = 0;
@@ -57,6 +62,31 @@ bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
     if (major >= 3)
         stream >> client;
     return stream.status() == QDataStream::Ok && fits(client, desktop);
+}
+
+bool isPlausibleState(const QByteArray &record)
+{
+    QDataStream stream(record);
+    quint32 magic = 0;
+    qint32 version = 0;
+    quint8 docks = 0;
+    qint32 dockCount = 0;
+    QSize central; // of no consequence: the layout sets it anew
+    stream >> magic >> version >> docks >> dockCount >> central;
+    if (magic != stateMagic || version != 0 || docks != docksMarker || dockCount != 0)
+        return false;
+    for (int corner = 0; corner < cornerCount; ++corner) {
+        qint32 side = 0;
+        stream >> side;
+        if (side != Qt::LeftDockWidgetArea && side != Qt::RightDockWidgetArea
+            && side != Qt::TopDockWidgetArea && side != Qt::BottomDockWidgetArea)
+            return false;
+    }
+    quint8 toolBars = 0;
+    qint32 toolBarLines = -1;
+    stream >> toolBars >> toolBarLines;
+    return toolBars == toolBarsMarker && toolBarLines == 0 && stream.status() == QDataStream::Ok
+        && stream.atEnd();
 }
 
 } // namespace calc

@@ -13,4 +13,10 @@ namespace calc {
 /// makes it ask for more memory than there is. An empty or cut record is not plausible.
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 
+/// True when \a record, the state of a main window as the toolkit stores it, is one that this
+/// window can have saved: neither docks nor tool bars, the four corners each given to a side,
+/// nothing after them. The toolkit counts and indexes by whatever numbers stand in it: a damaged
+/// byte keeps it busy for minutes, a few of them make it write outside its arrays.
+bool isPlausibleState(const QByteArray &record);
+
 } // namespace calc
