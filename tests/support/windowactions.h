@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "windowfixture.h"
+
+#include <QVector>
+
+class QAbstractButton;
+
+/// \file
+/// What several window tests do: open a window on traces, choose files, look at a button's picture.
+
+/// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master.
+/// The files are "t1.tdr" and so on, in the fixture's folder.
+MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces, int master = 0);
+
+/// Clicks the files button and answers its dialog with \a paths; none cancels. False when no dialog
+/// came up. The dialogs must be the toolkit's own: set Qt::AA_DontUseNativeDialogs before.
+bool chooseFiles(const WindowFixture &fixture, const QStringList &paths);
+
+/// Triggers "load" in the menu of \a slot and answers its dialog with \a path; an empty one
+/// cancels. False when no dialog came up.
+bool loadInto(const WindowFixture &fixture, int slot, const QString &path);
+
+/// True when the picture on \a button is that of the resource \a path.
+bool showsPicture(const QAbstractButton *button, const QString &path);
+/// True when the picture on the trace button of \a slot says: visible, and \a master or not.
+bool showsVisible(const WindowFixture &fixture, int slot, bool master);
+/// True when the picture on the trace button of \a slot says: hidden.
+bool showsHidden(const WindowFixture &fixture, int slot);
