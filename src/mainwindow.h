@@ -358,7 +358,7 @@ public slots:
     /// Moves the active cursor to \a column counts, clamped to the chart and snapped down to a
     /// whole sample of the selected trace. Nothing happens in delta mode.
     void cursorSetup_slot(int column);
-    /// Makes cursor \a mode the active one.
+    /// Makes cursor \a mode the active one; any number but 1 and 2 means none.
     void cursorSelect_slot(int mode);
 
 public:

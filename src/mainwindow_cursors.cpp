@@ -57,7 +57,8 @@ void MainWindow::showCursor(const calc::CursorPoint &point)
 
 void MainWindow::cursorSelect_slot(int mode)
 {
-    Cur_flag = Cur_flag_true = static_cast<CURSOR_MODE>(mode);
+    const bool isCursor = mode == CURSOR_A || mode == CURSOR_B;
+    Cur_flag = Cur_flag_true = isCursor ? static_cast<CURSOR_MODE>(mode) : DELTA;
     if (QAbstractButton *button = cur_nav_group->button(mode))
         button->setChecked(true);
 

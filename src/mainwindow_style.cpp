@@ -21,6 +21,9 @@ void MainWindow::set_CSS()
 
 void MainWindow::watchStyleSheet()
 {
+    connect(&CSS_watcher, &QFileSystemWatcher::fileChanged, this, &MainWindow::CSS_watcher_slot);
+    connect(&CSS_watcher, &QFileSystemWatcher::directoryChanged, this,
+            &MainWindow::styleFolderChanged);
     const QString folder = qEnvironmentVariable(constants::developerFolderVariable);
     if (folder.isEmpty())
         return;
@@ -30,9 +33,6 @@ void MainWindow::watchStyleSheet()
         return;
     watchedStyleSheet = sheet;
     CSS_watcher.addPath(sheet);
-    connect(&CSS_watcher, &QFileSystemWatcher::fileChanged, this, &MainWindow::CSS_watcher_slot);
-    connect(&CSS_watcher, &QFileSystemWatcher::directoryChanged, this,
-            &MainWindow::styleFolderChanged);
 }
 
 void MainWindow::CSS_watcher_slot(const QString &path)
@@ -41,7 +41,9 @@ void MainWindow::CSS_watcher_slot(const QString &path)
         // An editor that writes a new file has taken the old one away and with it the watch; its
         // folder tells when the new one is there.
         CSS_watcher.addPath(QFileInfo(path).absolutePath());
-        return;
+        // It may have come between the question and the watch, and then the folder stays silent.
+        if (!QFileInfo(path).isFile())
+            return;
     }
     if (!CSS_watcher.files().contains(path))
         CSS_watcher.addPath(path);
