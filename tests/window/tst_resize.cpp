@@ -1,0 +1,284 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cont_dial.h"
+#include "curarrow.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "windowfixture.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSpacerItem>
+#include <QtTest>
+
+namespace {
+
+struct Line
+{
+    QString text;
+    QString function;
+};
+
+QVector<Line> &caught()
+{
+    static QVector<Line> lines;
+    return lines;
+}
+
+void catchLine(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (type == QtDebugMsg)
+        caught() << Line{ text, QString::fromLatin1(context.function) };
+}
+
+/// All numbers of \a text behind its first \a skip letters.
+QVector<double> numbersOf(const QString &text, int skip)
+{
+    QVector<double> numbers;
+    const QRegularExpression number(QStringLiteral("-?\\d+(\\.\\d+)?"));
+    auto matches = number.globalMatch(text, skip);
+    while (matches.hasNext())
+        numbers << matches.next().captured().toDouble();
+    return numbers;
+}
+
+} // namespace
+
+class TestResize : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowFixture> fixture;
+
+    const MainWindowProbe &probe() const
+    {
+        return fixture->probe();
+    }
+    void resizeTo(int width, int height)
+    {
+        fixture->window().resize(width, height);
+        WindowFixture::settle();
+    }
+    QRectF plot() const
+    {
+        return probe().Plot_Chart()->mapToScene(probe().Plot_Chart()->plotArea()).boundingRect();
+    }
+    /// What a debug line must hold besides its name.
+    QVector<double> measures() const
+    {
+        const QRectF area = probe().Plot_Chart()->plotArea();
+        const QSizeF chart = probe().Plot_Chart()->size();
+        return { area.x(),
+                 area.y(),
+                 area.width(),
+                 area.height(),
+                 chart.width(),
+                 chart.height(),
+                 chart.width() - area.width(),
+                 probe().cust_axisX()->max() };
+    }
+    static void verifyNumbers(const QString &text, const QVector<double> &expected)
+    {
+        const QVector<double> numbers = numbersOf(text, 1);
+        QVERIFY2(numbers.size() == expected.size(), qPrintable(text));
+        for (int i = 0; i < numbers.size(); ++i)
+            QVERIFY2(qAbs(numbers[i] - expected[i]) < 0.01, qPrintable(text));
+    }
+
+private slots:
+    void init()
+    {
+        fixture = std::make_unique<WindowFixture>();
+        fixture->open();
+    }
+
+    void cleanup()
+    {
+        qInstallMessageHandler(nullptr);
+        fixture.reset();
+    }
+
+    void everythingGrowsWithTheWindow_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<float>("base");
+        QTest::addColumn<int>("widgets");
+        QTest::addColumn<int>("title");
+        QTest::addColumn<int>("grid");
+        QTest::addColumn<int>("delta");
+        QTest::addColumn<int>("navigation");
+        QTest::addColumn<int>("largeIcon");
+        QTest::addColumn<int>("smallIcon");
+        QTest::addColumn<int>("letter");
+        QTest::newRow("800x500") << QSize(800, 500) << 9.0F << 9 << 8 << 10 << 18 << 13 << 27 << 18
+                                 << 6;
+        QTest::newRow("1280x720") << QSize(1280, 720) << 12.96F << 12 << 11 << 12 << 25 << 19 << 38
+                                  << 25 << 9;
+        QTest::newRow("1920x1080")
+            << QSize(1920, 1080) << 19.44F << 19 << 12 << 19 << 38 << 29 << 58 << 38 << 14;
+        // 15/16 of the width, in whole pixels, is less than the height.
+        QTest::newRow("narrow") << QSize(801, 1000) << 13.5F << 13 << 12 << 13 << 27 << 20 << 40
+                                << 27 << 10;
+    }
+
+    void everythingGrowsWithTheWindow()
+    {
+        QFETCH(const QSize, size);
+        QFETCH(const float, base);
+        QFETCH(const int, widgets);
+        QFETCH(const int, title);
+        QFETCH(const int, grid);
+        QFETCH(const int, delta);
+        QFETCH(const int, navigation);
+        QFETCH(const int, largeIcon);
+        QFETCH(const int, smallIcon);
+        QFETCH(const int, letter);
+        resizeTo(size.width(), size.height());
+        const MainWindowProbe &p = probe();
+        QCOMPARE(fixture->window().size(), size);
+        QCOMPARE(p.font_size(), base);
+        const auto all = QApplication::allWidgets();
+        for (const QWidget *widget : all) {
+            const bool isNavigation
+                = widget == p.curA_nav_button() || widget == p.curB_nav_button();
+            QCOMPARE(widget->font().pointSize(),
+                     widget == p.delta_lbl() ? delta
+                         : isNavigation      ? navigation
+                                             : widgets);
+        }
+        QCOMPARE(p.chart_title().font().pointSize(), title);
+        QVERIFY(p.chart_title().font().bold());
+        QCOMPARE(p.cursor_step_lbl().font().pointSize(), title);
+        for (const auto &label : p.axis_lbl())
+            QCOMPARE(label.font().pixelSize(), grid);
+        for (const auto &label : p.axis_0_lbl())
+            QCOMPARE(label.font().pixelSize(), grid);
+        for (const LegendButton *button : p.selected_rfg())
+            QCOMPARE(button->iconSize(), QSize(largeIcon, largeIcon));
+        for (const QPushButton *button : { p.scale_up_button(), p.scale_down_button(),
+                                           p.scroll_left_button(), p.scroll_right_button() })
+            QCOMPARE(button->iconSize(), QSize(largeIcon, largeIcon));
+        for (int id = 0; id < 10; ++id)
+            QCOMPARE(p.down_buttons()->button(id)->iconSize(), QSize(smallIcon, smallIcon));
+        for (const QAbstractButton *button :
+             { p.up_buttons()->button(1), p.up_buttons()->button(2),
+               static_cast<QAbstractButton *>(p.settings_button()),
+               static_cast<QAbstractButton *>(p.difference_button()) })
+            QCOMPARE(button->iconSize(), QSize(smallIcon, smallIcon));
+        for (const CurArrow *marker : { p.cur_arrowA(), p.cur_arrowB() })
+            QCOMPARE(marker->cur_lbl.font().pointSize(), letter);
+    }
+
+    void theChartFillsItsView()
+    {
+        resizeTo(1000, 700);
+        const QGraphicsView *view = probe().Plot_View();
+        const QtCharts::QChart *chart = probe().Plot_Chart();
+        QCOMPARE(chart->size(), QSizeF(view->width() + 20.5, view->height() + 20.0));
+        QCOMPARE(chart->pos(), QPointF(-10.25, -10.25));
+        QCOMPARE(probe().Plot_Scene()->sceneRect(), view->sceneRect());
+        QCOMPARE(double{ probe().trueWidth() }, chart->plotArea().width());
+        QCOMPARE(double{ probe().plotLeft() }, plot().left());
+    }
+
+    void titleAndStepStandOnThePlot()
+    {
+        resizeTo(1000, 700);
+        const auto &title = probe().chart_title();
+        QCOMPARE(title.x(), plot().left() + double{ probe().font_size() });
+        QCOMPARE(title.y(), plot().top() - title.boundingRect().height() - 2.0);
+        const QRectF step = probe().cursor_step_lbl().boundingRect();
+        QCOMPARE(
+            probe().cursor_step_lbl().pos(),
+            QPointF(plot().right() - int(step.width()) - int(step.height()) / 2, plot().top()));
+    }
+
+    void markersMoveAndGrowWithTheWindow()
+    {
+        fixture->window().cursorSetup_slot(125);
+        const CurArrow *marker = probe().cur_arrowA();
+        QCOMPARE(marker->scale, 1.0F);
+        resizeTo(1280, 720);
+        QVERIFY(qAbs(marker->scale - 1.44F) < 0.001F);
+        QVERIFY(qAbs(marker->cur_arrow2.scale() + 1.44) < 0.001);
+        QCOMPARE(marker->field, plot());
+        QCOMPARE(marker->cur_arrow1.y(), plot().top());
+        const double column = 125 * plot().width() / 250 + int(plot().left() + 1.0);
+        QVERIFY(qAbs(marker->cur_arrow1.x() - column) < 0.01);
+        QVERIFY(marker->cur_arrow1.isVisible());
+        resizeTo(800, 500);
+        QVERIFY(qAbs(marker->scale - 1.0F) < 0.001F);
+    }
+
+    void theGridFollowsThePlot()
+    {
+        resizeTo(1000, 700);
+        int visible = 0;
+        for (const auto &line : probe().axis_lines()) {
+            if (!line.isVisible())
+                continue;
+            ++visible;
+            // Lines hold the plot's left edge and are moved by their own place.
+            const double x = line.x() + line.line().x1();
+            QVERIFY(x > plot().left() && x < plot().right());
+            QCOMPARE(line.line().y1(), plot().bottom());
+            QCOMPARE(line.line().y2(), plot().top());
+        }
+        QCOMPARE(visible, 12);
+    }
+
+    void spacersFollowTheTraceButtons()
+    {
+        for (const int height : { 560, 900 }) {
+            resizeTo(800, height);
+            const int expected = probe().selected_rfg()[0]->height() / 5;
+            for (const QSpacerItem *spacer :
+                 { probe().blank_1(), probe().blank_2(), probe().blank_3() }) {
+                QCOMPARE(spacer->sizeHint().width(), 10);
+                // The files button is laid out before the trace buttons, and looks at their old
+                // size.
+                QVERIFY(qAbs(spacer->sizeHint().height() - expected) < 20);
+                QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
+                QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
+            }
+        }
+        // Resized by itself, with the trace buttons at rest, it gives exactly a fifth.
+        QResizeEvent event(QSize(50, 50), QSize(40, 40));
+        QApplication::sendEvent(probe().legend_button(), &event);
+        for (const QSpacerItem *spacer :
+             { probe().blank_1(), probe().blank_2(), probe().blank_3() })
+            QCOMPARE(spacer->sizeHint(), QSize(10, probe().selected_rfg()[0]->height() / 5));
+    }
+
+    void aResizeWritesThreeLinesUnderTheFiltersName()
+    {
+        const QVector<double> before = measures();
+        caught().clear();
+        qInstallMessageHandler(catchLine);
+        resizeTo(1000, 700);
+        qInstallMessageHandler(nullptr);
+        QCOMPARE(caught().size(), 3);
+        const QStringList starts{ QStringLiteral("1 before resize"),
+                                  QStringLiteral("2 after resize"),
+                                  QStringLiteral("5 after correction") };
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY2(caught()[i].text.startsWith(starts[i]), qPrintable(caught()[i].text));
+            QCOMPARE(caught()[i].function,
+                     QStringLiteral("virtual bool MainWindow::eventFilter(QObject*, QEvent*)"));
+        }
+        verifyNumbers(caught()[0].text, before);
+        verifyNumbers(caught()[1].text, measures());
+        QVector<double> withView = measures();
+        withView << probe().Plot_View()->width() << probe().Plot_View()->height();
+        verifyNumbers(caught()[2].text, withView);
+    }
+};
+
+QTEST_MAIN(TestResize)
+#include "tst_resize.moc"

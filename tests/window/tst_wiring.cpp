@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cont_dial.h"
+#include "dialoganswer.h"
+#include "inputevents.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
+#include "windowfixture.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QDataStream>
+#include <QLabel>
+#include <QMenu>
+#include <QScopeGuard>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QtTest>
+
+namespace {
+
+/// The toolkit's record of a window at \a place on the test screen, which is 800 pixels wide.
+QByteArray geometryOf(const QRect &place)
+{
+    QByteArray record;
+    QDataStream stream(&record, QIODevice::WriteOnly);
+    stream << quint32{ 0x1D9D0CB } << quint16{ 3 } << quint16{ 0 } << place << place << qint32{ 0 }
+           << quint8{ 0 } << quint8{ 0 } << qint32{ 800 } << place;
+    return record;
+}
+
+void click(QAbstractButton *button)
+{
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+} // namespace
+
+class TestWiring : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowFixture> fixture;
+
+    const MainWindowProbe &probe() const
+    {
+        return fixture->probe();
+    }
+    /// Opens the window on \a count traces, one count to a sample, slot 1 the master.
+    void openWith(int count)
+    {
+        QStringList traces;
+        for (int slot = 0; slot < count; ++slot)
+            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(slot),
+                                     TraceBuilder().samples(slot + 1));
+        if (count > 0)
+            WindowFixture::writePreviousRun(traces);
+        fixture->open();
+    }
+
+private slots:
+    void init()
+    {
+        fixture = std::make_unique<WindowFixture>();
+    }
+
+    void cleanup()
+    {
+        fixture.reset();
+    }
+
+    void theChartMenuSelectsTheCursor()
+    {
+        openWith(0);
+        probe().curB_action()->trigger();
+        QVERIFY(probe().curB_button()->isChecked());
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
+        QVERIFY(!probe().curA_action()->isChecked());
+        probe().curA_action()->trigger();
+        QVERIFY(probe().curA_button()->isChecked());
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_A));
+    }
+
+    void theChartMenuSaysWhatTheWheelDoes()
+    {
+        openWith(0);
+        QVERIFY(!probe().zoom_wheel_flag());
+        probe().scale_wheel_action()->trigger();
+        QVERIFY(probe().zoom_wheel_flag());
+        probe().cur_wheel_action()->trigger();
+        QVERIFY(!probe().zoom_wheel_flag());
+    }
+
+    void theSettingsButtonStoresTheGeometryAndOpensThePageOfSettings()
+    {
+        openWith(0);
+        fixture->window().resize(900, 600);
+        WindowFixture::settle();
+        probe().settingsData()->window_geometry.clear();
+        probe().settingsData()->window_state.clear();
+        SettingsMenu *menu = probe().settingsMenu();
+        menu->tabs->setCurrentWidget(menu->files_widget);
+        const auto answer = answerDialog([menu](QDialog &dialog) {
+            const auto closer = qScopeGuard([&dialog] { dialog.reject(); });
+            QCOMPARE(&dialog, menu);
+            QVERIFY(dialog.isModal());
+            QCOMPARE(menu->tabs->currentWidget(), menu->settings_widget);
+        });
+        QTest::mousePress(probe().settings_button(), Qt::LeftButton);
+        QVERIFY(answer->served());
+        QVERIFY(menu->initiated);
+        QCOMPARE(probe().settingsData()->window_geometry, fixture->window().saveGeometry());
+        QCOMPARE(probe().settingsData()->window_state, fixture->window().saveState(0));
+    }
+
+    void theModeButtonsSwitchTheirModes()
+    {
+        openWith(2);
+        click(probe().difference_button());
+        QCOMPARE(int(probe().diff_flag()), int(MainWindow::DIFF));
+        click(probe().smooth_button());
+        QVERIFY(probe().smooth_rfg_flag());
+        click(probe().smooth_button());
+        QVERIFY(!probe().smooth_rfg_flag());
+        click(probe().difference_button());
+        QCOMPARE(int(probe().diff_flag()), int(MainWindow::NORMAL));
+    }
+
+    void resetAllLeavesDifferenceModeAndRereadsTheTraces()
+    {
+        openWith(2);
+        click(probe().difference_button());
+        probe().rfg_DATA()[1].offset = 50;
+        click(probe().reset_all_button());
+        QVERIFY(!probe().difference_button()->isChecked());
+        QCOMPARE(int(probe().diff_flag()), int(MainWindow::NORMAL));
+        QCOMPARE(probe().rfg_DATA()[1].offset, 0);
+    }
+
+    void theDialsReachTheirSlots()
+    {
+        openWith(1);
+        emit probe().cursor_dial()->trueValueChanged(40);
+        QCOMPARE(probe().cursor_A_pos(), 40);
+        emit probe().param_dial()->trueValueChanged(12);
+        QCOMPARE(probe().rfg_DATA()[0].scroll, 12);
+    }
+
+    void onlyTheButtonThatGoesDownSelects()
+    {
+        openWith(2);
+        click(probe().curB_button());
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
+        click(probe().selected_rfg()[1]);
+        QCOMPARE(probe().rfg_ID(), 1);
+        click(probe().scale_button());
+        QCOMPARE(probe().param_dial()->trueMax, 8);
+        // The buttons that came up had no say.
+        QVERIFY(!probe().curA_button()->isChecked());
+        QVERIFY(!probe().selected_rfg()[0]->isChecked());
+        QVERIFY(!probe().H_offset_button()->isChecked());
+    }
+
+    void theFilesButtonAsksWhenItGoesDown()
+    {
+        openWith(0);
+        const QString path = fixture->trace(QStringLiteral("picked.tdr"), TraceBuilder());
+        const auto answer = answerDialog(typeFileName(path));
+        QTest::mousePress(probe().legend_button(), Qt::LeftButton);
+        QVERIFY(answer->served());
+        QCOMPARE(probe().rfg_read_index(), 1);
+        QCOMPARE(probe().rfg_DATA()[0].file_name, QStringLiteral("picked"));
+    }
+
+    void theNavigationButtonsSelectTheCursorBothWays()
+    {
+        openWith(0);
+        click(probe().curB_nav_button());
+        QVERIFY(probe().curB_button()->isChecked());
+        QVERIFY(!probe().curA_button()->isChecked());
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
+        click(probe().curA_nav_button());
+        QVERIFY(probe().curA_button()->isChecked());
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_A));
+        click(probe().curB_button());
+        QVERIFY(probe().curB_nav_button()->isChecked());
+        QVERIFY(!probe().curA_nav_button()->isChecked());
+    }
+
+    void aCursorButtonPressedAgainStaysDown()
+    {
+        openWith(0);
+        click(probe().curA_nav_button());
+        QVERIFY(probe().curA_nav_button()->isChecked());
+        QVERIFY(probe().curA_button()->isChecked());
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_A));
+    }
+
+    void scaleUpRaisesTheExponentAndGoesToTheCursor()
+    {
+        openWith(0);
+        fixture->window().cursorSetup_slot(2000);
+        QTest::mousePress(probe().scale_up_button(), Qt::LeftButton);
+        QCOMPARE(probe().master_scale(), 1);
+        QCOMPARE(probe().cust_axisX()->min(), 1750.0);
+        QCOMPARE(probe().cust_axisX()->max(), 2250.0);
+        QTest::mouseRelease(probe().scale_up_button(), Qt::LeftButton);
+        QCOMPARE(probe().master_scale(), 1);
+    }
+
+    void scaleDownAtExponentZeroStaysThere()
+    {
+        openWith(0);
+        fixture->window().scale_change(1);
+        QTest::mousePress(probe().scale_down_button(), Qt::LeftButton);
+        QCOMPARE(probe().master_scale(), 0);
+        QVERIFY(!probe().scale_down_button()->isEnabled());
+        // The exponent -1 that another press asks for; the group takes it from a disabled button.
+        emit probe().scale_nav_group()->idPressed(0);
+        QCOMPARE(probe().master_scale(), 0);
+    }
+
+    void scrollArrowsMoveByOneScaledStep()
+    {
+        openWith(0);
+        QVERIFY(!probe().scroll_left_button()->isEnabled());
+        fixture->window().scale_change(3);
+        click(probe().scroll_right_button());
+        QCOMPARE(probe().scrollfactorX(), 8);
+        QVERIFY(probe().scroll_left_button()->isEnabled());
+        click(probe().scroll_right_button());
+        QCOMPARE(probe().scrollfactorX(), 16);
+        click(probe().scroll_left_button());
+        QCOMPARE(probe().scrollfactorX(), 8);
+    }
+
+    void aHeldScrollArrowRepeatsEveryTenMilliseconds()
+    {
+        openWith(0);
+        for (const QPushButton *arrow :
+             { probe().scroll_left_button(), probe().scroll_right_button() }) {
+            QVERIFY(arrow->autoRepeat());
+            QCOMPARE(arrow->autoRepeatInterval(), 10);
+        }
+        QTest::mousePress(probe().scroll_right_button(), Qt::LeftButton);
+        QTRY_VERIFY(probe().scrollfactorX() > 5);
+        QTest::mouseRelease(probe().scroll_right_button(), Qt::LeftButton);
+        // Back at count 0 the arrow is disabled, which also ends its repeating.
+        QTest::mousePress(probe().scroll_left_button(), Qt::LeftButton);
+        QTRY_COMPARE(probe().scrollfactorX(), 0);
+        QVERIFY(!probe().scroll_left_button()->isEnabled());
+        QTest::mouseRelease(probe().scroll_left_button(), Qt::LeftButton);
+    }
+
+    void theStoreReachesTheWindow()
+    {
+        openWith(2);
+        SettingsData *store = probe().settingsData();
+        emit store->files_to_load(2);
+        QCOMPARE(probe().rfg_read_index(), 2);
+        store->current_CSS = QStringLiteral("QLabel { color: red; }");
+        emit store->CSS_changed();
+        QCOMPARE(fixture->window().styleSheet(), store->current_CSS);
+        probe().smooth_button()->setText(QString());
+        emit store->translation_changed();
+        QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
+        store->window_geometry = geometryOf(QRect(0, 0, 800, 520));
+        emit store->window_geometry_loaded();
+        QCOMPARE(fixture->window().height(), 520);
+        store->cursor_dial_speed = 250;
+        emit store->dial_settings_changed();
+        QCOMPARE(probe().cursor_dial()->maximum(), 250);
+    }
+
+    void aTraceMenuOpensAtItsButton()
+    {
+        openWith(1);
+        LegendButton *button = probe().selected_rfg()[2];
+        QPoint corner;
+        const auto answer = answerMenu([&corner](QMenu &menu) { corner = menu.pos(); });
+        emit button->customContextMenuRequested(QPoint());
+        QVERIFY(answer->served());
+        QCOMPARE(corner, fixture->window().mapToGlobal(button->geometry().topRight()));
+    }
+
+    void theTraceMenuActsOnItsOwnSlot()
+    {
+        openWith(2);
+        LegendButton *second = probe().selected_rfg()[1];
+        second->visible_action->trigger();
+        QVERIFY(!second->vis());
+        QVERIFY(!probe().rfg_series()[1]->isVisible());
+        second->master_action->trigger();
+        QCOMPARE(probe().rfg_master_ID(), 1);
+        probe().rfg_DATA()[1].offset = 9;
+        probe().rfg_DATA()[0].offset = 9;
+        probe().selected_rfg()[0]->reset_action->trigger();
+        QCOMPARE(probe().rfg_DATA()[0].offset, 0);
+        QCOMPARE(probe().rfg_DATA()[1].offset, 9);
+        second->clear_action->trigger();
+        QCOMPARE(probe().rfg_read_index(), 1);
+        const auto answer = answerDialog(
+            typeFileName(fixture->trace(QStringLiteral("fourth.tdr"), TraceBuilder())));
+        probe().selected_rfg()[3]->load_action->trigger();
+        QVERIFY(answer->served());
+        QCOMPARE(probe().rfg_read_index(), 9);
+        QCOMPARE(probe().rfg_DATA()[3].file_name, QStringLiteral("fourth"));
+    }
+
+    void theUpdateSignalIsNeverEmitted()
+    {
+        openWith(2);
+        const QSignalSpy spy(&fixture->window(), &MainWindow::rfg_update);
+        click(probe().difference_button());
+        click(probe().reset_all_button());
+        click(probe().selected_rfg()[1]);
+        QCOMPARE(spy.count(), 0);
+    }
+};
+
+QTEST_MAIN(TestWiring)
+#include "tst_wiring.moc"
