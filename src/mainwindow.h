@@ -165,6 +165,7 @@ public slots:
 
 private:
     void retranslateButtons();
+    void nameDialogButtons();
     void setParameterTexts();
     /// Two-line caption: the word over the value.
     static void setCaption(QAbstractButton *button, const QString &word, const QString &value);

@@ -43,14 +43,22 @@ void MainWindow::retranslateButtons()
     difference_button->setText(d->DIFF_MODE_STR);
     smooth_button->setText(tr("Smooth"));
     reset_all_button->setText(tr("Reset All"));
-    input_dialog->setOkButtonText(d->OK_STR);
-    input_dialog->setCancelButtonText(d->CANCEL_STR);
+    nameDialogButtons();
+    // Once more when the toolkit's own language change, still on its way, has come: the dialog
+    // answers it with the toolkit's words, which have no translation here.
+    QMetaObject::invokeMethod(this, &MainWindow::nameDialogButtons, Qt::QueuedConnection);
     curA_nav_button->setText(QStringLiteral("A"));
     curB_nav_button->setText(QStringLiteral("B"));
     curA_action->setText(d->CURSOR_A_STR);
     curB_action->setText(d->CURSOR_B_STR);
     cur_wheel_action->setText(d->CURSORS_MOVE_STR);
     scale_wheel_action->setText(d->SCALE_CHG_STR);
+}
+
+void MainWindow::nameDialogButtons()
+{
+    input_dialog->setOkButtonText(d->OK_STR);
+    input_dialog->setCancelButtonText(d->CANCEL_STR);
 }
 
 void MainWindow::voidInterface()

@@ -302,6 +302,8 @@ private slots:
     {
         fixture->open();
         QVERIFY(isNear(cancelled(probe().curA_button()).step, probe().dist_coef()));
+        // Closed first: closing writes the settings that the next window reads.
+        fixture->close();
         openTraces();
         const double count = probe().dist_coef();
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);

@@ -263,20 +263,22 @@ private slots:
         qInstallMessageHandler(catchLine);
         resizeTo(1000, 700);
         qInstallMessageHandler(nullptr);
-        QCOMPARE(caught().size(), 3);
+        // New fonts can shift the layout by a pixel, which resizes the view once more.
+        const int last = caught().size() - 3;
+        QVERIFY(last >= 0 && last % 3 == 0);
         const QStringList starts{ QStringLiteral("1 before resize"),
                                   QStringLiteral("2 after resize"),
                                   QStringLiteral("5 after correction") };
-        for (int i = 0; i < 3; ++i) {
-            QVERIFY2(caught()[i].text.startsWith(starts[i]), qPrintable(caught()[i].text));
+        for (int i = 0; i < caught().size(); ++i) {
+            QVERIFY2(caught()[i].text.startsWith(starts[i % 3]), qPrintable(caught()[i].text));
             QCOMPARE(caught()[i].function,
                      QStringLiteral("virtual bool MainWindow::eventFilter(QObject*, QEvent*)"));
         }
         verifyNumbers(caught()[0].text, before);
-        verifyNumbers(caught()[1].text, measures());
+        verifyNumbers(caught()[last + 1].text, measures());
         QVector<double> withView = measures();
         withView << probe().Plot_View()->width() << probe().Plot_View()->height();
-        verifyNumbers(caught()[2].text, withView);
+        verifyNumbers(caught()[last + 2].text, withView);
     }
 };
 

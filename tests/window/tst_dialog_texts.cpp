@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialoganswer.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
+#include "windowfixture.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+QString text(const char *utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+} // namespace
+
+class TestDialogTexts : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowFixture> fixture;
+
+    const MainWindowProbe &probe() const
+    {
+        return fixture->probe();
+    }
+    /// Opens the window with \a traces traces; the first has every parameter set.
+    void open(int traces)
+    {
+        QStringList paths;
+        for (int slot = 0; slot < traces; ++slot)
+            paths << fixture->trace(QStringLiteral("t%1.tdr").arg(slot),
+                                    TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7));
+        if (traces > 0)
+            WindowFixture::writePreviousRun(paths);
+        fixture->open();
+    }
+    void speak(const char *code)
+    {
+        probe().settingsData()->current_language = QString::fromLatin1(code);
+        probe().settingsData()->updateSettings(8);
+        WindowFixture::settle();
+    }
+    /// Caption and filters of the next file dialog, which \a open brings up.
+    template <typename Opener> QStringList fileDialogTexts(Opener open)
+    {
+        QStringList texts;
+        const auto answer = answerDialog([&texts](QDialog &dialog) {
+            if (const auto *files = qobject_cast<QFileDialog *>(&dialog))
+                texts = QStringList{ files->windowTitle() } + files->nameFilters();
+            dialog.reject();
+        });
+        open();
+        return texts;
+    }
+
+private slots:
+    void init()
+    {
+        fixture = std::make_unique<WindowFixture>();
+    }
+
+    void cleanup()
+    {
+        fixture.reset();
+    }
+
+    void fileDialogsSpeakTheLanguage()
+    {
+        open(0);
+        speak("ru_RU");
+        const MainWindowProbe &p = probe();
+        QCOMPARE(fileDialogTexts([&] { p.legend_button()->pressed(); }),
+                 (QStringList{ text("Выбор файлов рефлектограммы для загрузки"),
+                               text("рфг файлы (*.tdr)") }));
+        QCOMPARE(fileDialogTexts([&] { p.selected_rfg()[0]->load_action->trigger(); }),
+                 (QStringList{ text("Выбор файла рефлектограммы для загрузки"),
+                               text("рфг файлы (*.tdr)") }));
+        QCOMPARE(fileDialogTexts([&] { p.settingsMenu()->load_settings_button->pressed(); }),
+                 (QStringList{ text("Выбор файла настроек для загрузки"),
+                               text("файлы настроек (*.ini)") }));
+        QCOMPARE(fileDialogTexts([&] { p.settingsMenu()->save_settings_button->pressed(); }),
+                 (QStringList{ text("Сохранить как"), text("файлы настроек (*.ini)") }));
+    }
+
+    void anEntryDialogSpeaksTheLanguage()
+    {
+        open(1);
+        speak("ru_RU");
+        QStringList texts;
+        const auto answer = answerDialog([&texts](QDialog &dialog) {
+            if (const auto *input = qobject_cast<QInputDialog *>(&dialog))
+                texts = QStringList{ input->windowTitle(), input->labelText() }
+                    + input->comboBoxItems().mid(0, 1);
+            dialog.reject();
+        });
+        QTest::mousePress(probe().scale_button(), Qt::RightButton);
+        QVERIFY(answer->served());
+        QCOMPARE(texts,
+                 (QStringList{ text("Масштаб"), text("Масштаб\nДиапазон : [31.25; 8000]"),
+                               text("31.25м") }));
+    }
+};
+
+QTEST_MAIN(TestDialogTexts)
+#include "tst_dialog_texts.moc"
