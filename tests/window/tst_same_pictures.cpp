@@ -1,0 +1,318 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "session.h"
+#include "straightforward.h"
+#include "windowfixture.h"
+#include "windowstate.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <cstdlib>
+#include <functional>
+
+namespace {
+
+constexpr int rounds = 8; ///< of all kinds of actions: 232 actions
+constexpr quint32 seeds[] = { 1, 20240305 };
+// Where only a part of the view is painted anew, the toolkit leaves a pixel or two of an
+// antialiased end beside that part as they were. Which part that is, each form may choose for
+// itself.
+constexpr int residue = 16;
+constexpr int letterRounding = 32; ///< of 255, by which the edges of an outlined letter may differ
+
+/// How far two pictures of the same size are apart.
+struct Distance
+{
+    int pixels = 0; ///< that differ
+    int most = 0; ///< largest difference of a colour, of 255
+    QRect where;
+};
+
+/// What there was to see after one action.
+struct Frame
+{
+    QString action;
+    QStringList state;
+    QRegion letters; ///< whose edges are rounded differently from time to time
+    QImage screen;
+    QImage fresh;
+};
+
+int difference(QRgb a, QRgb b)
+{
+    return std::max({ std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                      std::abs(qBlue(a) - qBlue(b)) });
+}
+
+Distance distance(const QImage &one, const QImage &other, const QRegion &letters)
+{
+    Distance result;
+    for (int y = 0; y < one.height(); ++y) {
+        const auto *a = reinterpret_cast<const QRgb *>(one.constScanLine(y));
+        const auto *b = reinterpret_cast<const QRgb *>(other.constScanLine(y));
+        for (int x = 0; x < one.width(); ++x) {
+            if (a[x] == b[x])
+                continue;
+            const int found = difference(a[x], b[x]);
+            if (found <= letterRounding && letters.contains(QPoint(x, y)))
+                continue;
+            ++result.pixels;
+            result.where |= QRect(x, y, 1, 1);
+            result.most = std::max(result.most, found);
+        }
+    }
+    return result;
+}
+
+/// Six traces of unlike steps, delays and shifts, so that grids meet in some pairs only.
+QStringList makeTraces(const WindowFixture &fixture)
+{
+    // The title names the folder, so it is called the same each time.
+    QDir(fixture.path(QString())).mkdir(QStringLiteral("traces"));
+    QStringList paths;
+    for (int number = 0; number < constants::slotCount; ++number) {
+        const auto echo = [number](int i) {
+            const int ramp = (i * (number + 3)) % 97 - 48;
+            return i % (40 + 7 * number) < 9 ? 70 - 8 * number : ramp / (number + 1);
+        };
+        const float step = number < 3 ? 1.25F : number < 5 ? 2.5F : 5.0F;
+        paths << fixture.trace(QStringLiteral("traces/trace%1.tdr").arg(number),
+                               TraceBuilder()
+                                   .samples(echo)
+                                   .minstep(step)
+                                   .delay(quint32(number % 2 * 12))
+                                   .shiftY(qint16(number * 6 - 15))
+                                   .ku(1.3F + 0.1F * float(number)));
+    }
+    return paths;
+}
+
+/// Replays the session of \a seed on a new window and hands every frame to \a look, until that one
+/// says that it has seen enough.
+void replay(quint32 seed, const std::function<bool(int, const Frame &)> &look)
+{
+    WindowFixture fixture;
+    const QStringList traces = makeTraces(fixture);
+    MainWindow &window = fixture.open();
+    Session session(window, traces, seed);
+    for (int number = 0; number < rounds * Session::round(); ++number) {
+        Frame frame;
+        frame.action = session.act();
+        // A repaint may ask for a layout, and that for a repaint.
+        for (int i = 0; i < 3; ++i)
+            WindowFixture::settle();
+        frame.state = stateOf(window);
+        frame.letters = lettersOf(window);
+        frame.screen = screenOf(window);
+        frame.fresh = freshPictureOf(window);
+        if (!look(number, frame))
+            return;
+    }
+}
+
+/// A picture takes some megabytes; a session of them as they are would take a gigabyte.
+QByteArray packed(const QImage &picture)
+{
+    return qCompress(picture.constBits(), static_cast<int>(picture.sizeInBytes()), 1);
+}
+
+QImage unpacked(const QByteArray &bytes, QSize size)
+{
+    const QByteArray pixels = qUncompress(bytes);
+    return QImage(reinterpret_cast<const uchar *>(pixels.constData()), size.width(), size.height(),
+                  QImage::Format_RGB32)
+        .copy();
+}
+
+/// The frames of one session, kept small.
+class Recording
+{
+public:
+    explicit Recording(quint32 seed)
+    {
+        replay(seed, [this](int, const Frame &frame) {
+            m_frames.append({ frame.action, frame.state, frame.letters, frame.screen.size(),
+                              packed(frame.screen), packed(frame.fresh) });
+            return true;
+        });
+    }
+
+    int size() const
+    {
+        return m_frames.size();
+    }
+
+    Frame at(int number) const
+    {
+        const Packed &frame = m_frames.at(number);
+        return { frame.action, frame.state, frame.letters, unpacked(frame.screen, frame.size),
+                 unpacked(frame.fresh, frame.size) };
+    }
+
+private:
+    struct Packed
+    {
+        QString action;
+        QStringList state;
+        QRegion letters;
+        QSize size;
+        QByteArray screen;
+        QByteArray fresh;
+    };
+    QVector<Packed> m_frames;
+};
+
+/// Saves what differs beside the test program and says where.
+QString keep(int number, const char *what, const QImage &one, const QImage &other)
+{
+    const QDir folder(QCoreApplication::applicationDirPath());
+    const QString path
+        = folder.filePath(QStringLiteral("%1-%2").arg(number).arg(QLatin1String(what)));
+    one.save(path + QStringLiteral("-1.png"));
+    other.save(path + QStringLiteral("-2.png"));
+    return path;
+}
+
+QString comparePictures(int number, const char *what, const QImage &one, const QImage &other,
+                        const QRegion &letters, int allowed)
+{
+    if (one.size() != other.size())
+        return QStringLiteral("%1: sizes differ").arg(QLatin1String(what));
+    const Distance found = distance(one, other, letters);
+    if (found.pixels <= allowed)
+        return {};
+    const QRect &at = found.where;
+    return QStringLiteral("%1: %2 pixels differ by up to %3 in %4,%5 %6x%7; see %8-*.png")
+        .arg(QLatin1String(what))
+        .arg(found.pixels)
+        .arg(found.most)
+        .arg(at.x())
+        .arg(at.y())
+        .arg(at.width())
+        .arg(at.height())
+        .arg(keep(number, what, one, other));
+}
+
+QString compareStates(const QStringList &one, const QStringList &other)
+{
+    for (int line = 0; line < std::max(one.size(), other.size()); ++line)
+        if (one.value(line) != other.value(line))
+            return QStringLiteral("state: %1\n  against %2")
+                .arg(one.value(line), other.value(line));
+    return {};
+}
+
+/// Everything in which \a one and \a other, the frames after action \a number, differ.
+QString compareFrames(int number, const Frame &one, const Frame &other)
+{
+    if (one.action != other.action)
+        return QStringLiteral("action %1: '%2' became '%3'")
+            .arg(number)
+            .arg(one.action, other.action);
+    QStringList findings{
+        compareStates(one.state, other.state),
+        comparePictures(number, "screen", one.screen, other.screen, one.letters, residue),
+        comparePictures(number, "fresh", one.fresh, other.fresh, one.letters, 0)
+    };
+    findings.removeAll(QString());
+    if (findings.isEmpty())
+        return {};
+    return QStringLiteral("action %1, '%2'\n  ").arg(number).arg(one.action)
+        + findings.join(QStringLiteral("\n  "));
+}
+
+} // namespace
+
+/// A window that saves time must not be seen to: the same session is played on both forms.
+class TestSamePictures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void whatIsOnTheScreenIsNeverStale();
+    void aDifferenceWouldBeFound();
+#ifdef VELKOR_STRAIGHTFORWARD
+    void bothFormsLookAlikeAfterEveryAction_data();
+    void bothFormsLookAlikeAfterEveryAction();
+
+private:
+    static void useStraightforwardForm(bool wanted)
+    {
+        straightforward::wantedNow = wanted;
+    }
+#endif
+};
+
+void TestSamePictures::whatIsOnTheScreenIsNeverStale()
+{
+    QStringList findings;
+    replay(seeds[0], [&findings](int number, const Frame &frame) {
+        const QString finding
+            = comparePictures(number, "stale", frame.screen, frame.fresh, frame.letters, residue);
+        if (!finding.isEmpty())
+            findings.append(frame.action + QLatin1Char(' ') + finding);
+        return findings.size() < 5;
+    });
+    QVERIFY2(findings.isEmpty(), qPrintable(findings.join(QLatin1Char('\n'))));
+}
+
+void TestSamePictures::aDifferenceWouldBeFound()
+{
+    Frame one;
+    replay(seeds[0], [&one](int, const Frame &frame) {
+        one = frame;
+        return false;
+    });
+    QCOMPARE(compareFrames(0, one, one), QString());
+
+    Frame pixel = one;
+    pixel.fresh.setPixel(10, 20, one.fresh.pixel(10, 20) ^ 1U);
+    QVERIFY(compareFrames(0, one, pixel).contains(QLatin1String("1 pixels differ by up to 1")));
+    Frame stale = one;
+    for (int x = 0; x <= residue; ++x)
+        stale.screen.setPixel(x, 20, one.screen.pixel(x, 20) ^ 1U);
+    QVERIFY(compareFrames(0, one, stale).contains(QLatin1String("screen: 17 pixels")));
+    Frame series = one;
+    std::swap(series.state[0], series.state[1]);
+    QVERIFY(compareFrames(0, one, series).contains(QLatin1String("axisX")));
+}
+
+#ifdef VELKOR_STRAIGHTFORWARD
+
+void TestSamePictures::bothFormsLookAlikeAfterEveryAction_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (const quint32 seed : seeds)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+void TestSamePictures::bothFormsLookAlikeAfterEveryAction()
+{
+    QFETCH(quint32, seed);
+    useStraightforwardForm(true);
+    const Recording expected(seed);
+    QCOMPARE(expected.size(), rounds * Session::round());
+
+    useStraightforwardForm(false);
+    QString finding;
+    replay(seed, [&](int number, const Frame &frame) {
+        finding = compareFrames(number, expected.at(number), frame);
+        return finding.isEmpty();
+    });
+    QVERIFY2(finding.isEmpty(), qPrintable(finding));
+}
+
+#endif
+
+int main(int argc, char **argv)
+{
+    // A session answers file dialogs; a desktop's own could not be reached.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QTEST_SET_MAIN_SOURCE_PATH
+    QApplication application(argc, argv);
+    TestSamePictures test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_same_pictures.moc"
