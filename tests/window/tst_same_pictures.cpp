@@ -19,7 +19,7 @@ constexpr quint32 seeds[] = { 1, 20240305 };
 // antialiased end beside that part as they were. Which part that is, each form may choose for
 // itself.
 constexpr int residue = 16;
-constexpr int letterRounding = 32; ///< of 255, by which the edges of an outlined letter may differ
+constexpr int letterRounding = 64; ///< of 255, by which the edges of an outlined letter may differ
 
 /// How far two pictures of the same size are apart.
 struct Distance
@@ -230,6 +230,7 @@ class TestSamePictures : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void whatIsOnTheScreenIsNeverStale();
     void aDifferenceWouldBeFound();
 #ifdef VELKOR_STRAIGHTFORWARD
@@ -243,6 +244,12 @@ private:
     }
 #endif
 };
+
+void TestSamePictures::initTestCase()
+{
+    // A session answers file dialogs; a desktop's own could not be reached.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
 
 void TestSamePictures::whatIsOnTheScreenIsNeverStale()
 {
@@ -305,14 +312,5 @@ void TestSamePictures::bothFormsLookAlikeAfterEveryAction()
 
 #endif
 
-int main(int argc, char **argv)
-{
-    // A session answers file dialogs; a desktop's own could not be reached.
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QTEST_SET_MAIN_SOURCE_PATH
-    QApplication application(argc, argv);
-    TestSamePictures test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(TestSamePictures)
 #include "tst_same_pictures.moc"
