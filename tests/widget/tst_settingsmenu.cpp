@@ -185,14 +185,16 @@ private slots:
     void noTextIsCut()
     {
         QFETCH(QString, code);
-        f->live.current_language = code;
         f->live.current_CSS_path = QStringLiteral(":/style/style_2.qss");
         f->live.parse_CSS();
         f->menu.setStyleSheet(f->live.current_CSS);
+        // Open already when the language changes: the dialog must grow with its texts.
+        f->open();
+        f->live.current_language = code;
         f->live.setTranslation();
         f->words.setStrings();
         f->menu.retranslateUI();
-        f->open();
+        QCoreApplication::processEvents();
         const QList<QWidget *> widgets = f->menu.settings_widget->findChildren<QWidget *>();
         int checked = 0;
         for (const QWidget *widget : widgets) {
