@@ -84,7 +84,7 @@ private slots:
                                      "=",
                                      "[",
                                      "geometry=" };
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < 100; ++i) {
             QByteArray bytes;
             while (bytes.size() < 400) {
                 bytes += parts[random.bounded(16)];
