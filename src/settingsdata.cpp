@@ -29,7 +29,7 @@ enum Section {
 /// Stands in for a file that must not be opened: a place where nothing is ever found.
 constexpr QLatin1String nothingToRead = constants::latin1(":/ini/nothing.ini");
 
-constexpr qint64 maxIniBytes = 64 * 1024 * 1024; ///< a larger file holds no settings
+constexpr qint64 maxIniBytes = 64 << 20; ///< a larger file holds no settings
 constexpr int toolkitCodeLength = 2; ///< the toolkit's catalogues know languages, not countries
 
 QString numberedKey(QLatin1String pattern, int number)
