@@ -30,7 +30,7 @@ struct Cell
 };
 
 /// Stands for a sunken line in a list of cells.
-const QObject *const aLine = nullptr;
+const QObject *const lineHere = nullptr;
 
 bool isSunkenLine(const QWidget *widget)
 {
@@ -48,7 +48,7 @@ QString differenceFrom(const QLayout *layout, const QVector<Cell> &cells)
         return QStringLiteral("%1 entries").arg(box->count());
     for (int i = 0; i < cells.size(); ++i) {
         QLayoutItem *item = box->itemAt(i);
-        const bool right = cells[i].what == aLine
+        const bool right = cells[i].what == lineHere
             ? item->widget() != nullptr && isSunkenLine(item->widget())
             : item->widget() == cells[i].what || item->layout() == cells[i].what;
         if (!right || box->stretch(i) != cells[i].stretch)
@@ -129,9 +129,9 @@ private slots:
     void theLeftColumnHoldsFilesAndTraces()
     {
         const QLayout *column = inWindow(1)->itemAt(0)->layout();
-        QVector<Cell> cells{ { probe().legend_button(), 3 }, { aLine, 1 } };
+        QVector<Cell> cells{ { probe().legend_button(), 3 }, { lineHere, 1 } };
         for (LegendButton *button : probe().selected_rfg())
-            cells << Cell{ button, 3 } << Cell{ aLine, 0 };
+            cells << Cell{ button, 3 } << Cell{ lineHere, 0 };
         COMPARE_CELLS(column, cells);
         QVERIFY(qobject_cast<const QVBoxLayout *>(column) != nullptr);
         QCOMPARE(column->spacing(), 0);
@@ -146,11 +146,11 @@ private slots:
         auto *grid = qobject_cast<QGridLayout *>(column->itemAt(6)->layout());
         COMPARE_CELLS(column,
                       { { probe().settings_button(), 3 },
-                        { aLine, 1 },
+                        { lineHere, 1 },
                         { probe().difference_button(), 3 },
                         { probe().smooth_button(), 3 },
                         { probe().reset_all_button(), 3 },
-                        { aLine, 1 },
+                        { lineHere, 1 },
                         { grid, 9 } });
         QVERIFY(qobject_cast<const QVBoxLayout *>(column) != nullptr);
         QCOMPARE(column->spacing(), 0);
