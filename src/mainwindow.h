@@ -279,6 +279,23 @@ public:
     QString count_to_level(int level) const;
 
 private:
+    /// One user action: as long as one lives, raises and dial captions are only noted. They happen
+    /// at its end, once each and in this order, because raising lays the chart out anew (40 % of a
+    /// cursor step, even where the order stays) and a caption paints the window at once.
+    class Action
+    {
+    public:
+        explicit Action(MainWindow &window);
+        ~Action();
+        Q_DISABLE_COPY(Action)
+
+    private:
+        MainWindow &m_window;
+    };
+    void finishAction();
+    void raisePending();
+    void raiseNow(QtCharts::QXYSeries *series);
+    void setDialText(Cont_dial *dial, const QString &text);
     void buildChart();
     void createChartAxes();
     void createChartTexts();
@@ -324,6 +341,8 @@ public:
 
 private:
     void redrawAfterShift();
+    void showScale();
+    void zoomAtCursor(int scaleN);
     void updateMarkers(int min, int max);
     void updateStepLabel();
     int axisMin() const;
@@ -453,6 +472,9 @@ private:
     int x_length = constants::xLength; ///< widest extent in counts
     QPen m_pen;
     QBrush m_brush;
+    int openActions = 0; ///< nested user actions
+    QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
+    QString pendingCaptions[2]; ///< parameter dial, cursor dial
 
     // ---- State: view range ----
     int master_scale = 0; ///< zoom exponent 0..8; the view is 250 * 2^master_scale counts wide

@@ -17,6 +17,7 @@ QT_CHARTS_USE_NAMESPACE
 
 void MainWindow::cursorSetup_slot(int column)
 {
+    const Action action(*this);
     if (Cur_flag == DELTA)
         return;
     const int clamped = calc::clampedColumn(column);
@@ -47,16 +48,17 @@ void MainWindow::showCursor(const calc::CursorPoint &point)
 
     QLineSeries *line = isA ? cursor_A : cursor_B;
     QLineSeries *level = isA ? cursor_A_add : cursor_B_add;
-    line->replace(0, point.column, constants::levelMin);
-    line->replace(1, point.column, constants::levelMax);
-    level->replace(0, 0.0, point.level);
-    level->replace(1, x_length, point.level);
+    const double x = point.column;
+    const double y = point.level;
+    line->replace(QVector<QPointF>{ { x, constants::levelMin }, { x, constants::levelMax } });
+    level->replace(QVector<QPointF>{ { 0.0, y }, { double(x_length), y } });
     seriesUp(level);
     seriesUp(line);
 }
 
 void MainWindow::cursorSelect_slot(int mode)
 {
+    const Action action(*this);
     const bool isCursor = mode == CURSOR_A || mode == CURSOR_B;
     Cur_flag = Cur_flag_true = isCursor ? static_cast<CURSOR_MODE>(mode) : DELTA;
     if (QAbstractButton *button = cur_nav_group->button(mode))
@@ -122,6 +124,7 @@ void MainWindow::cursorInfo_update()
 
 void MainWindow::cursors_update()
 {
+    const Action action(*this);
     Cur_flag_true = Cur_flag;
     if (Cur_flag == DELTA)
         return;
@@ -155,11 +158,11 @@ bool MainWindow::isCursor_visible(int which) const
 void MainWindow::setCursorDialText(const QString &text)
 {
     if (Cur_flag == CURSOR_A)
-        cursor_dial->setText(d->CURSOR_A_STR + QLatin1Char('\n') + text);
+        setDialText(cursor_dial, d->CURSOR_A_STR + QLatin1Char('\n') + text);
     else if (Cur_flag == CURSOR_B)
-        cursor_dial->setText(d->CURSOR_B_STR + QLatin1Char('\n') + text);
+        setDialText(cursor_dial, d->CURSOR_B_STR + QLatin1Char('\n') + text);
     else
-        cursor_dial->setText(d->DELTA_STR);
+        setDialText(cursor_dial, d->DELTA_STR);
 }
 
 void MainWindow::set_cur_step_lbl()

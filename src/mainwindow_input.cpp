@@ -221,8 +221,7 @@ void MainWindow::plotWheel(const QWheelEvent *event)
         cursorWheel(notch);
         return;
     }
-    scale_change(master_scale + notch);
-    gotoCursor(Cur_flag);
+    zoomAtCursor(master_scale + notch);
 }
 
 void MainWindow::cursorWheel(int notch)

@@ -8,6 +8,7 @@
 
 void MainWindow::paramSelect_slot(int id)
 {
+    const Action action(*this);
     const rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     const int speed = settingsData->param_dial_speed;
     switch (id) {
@@ -50,6 +51,7 @@ void MainWindow::setUpParamDial(const DialSetup &setup)
 
 void MainWindow::paramSetup_slot(int x)
 {
+    const Action action(*this);
     switch (checkedParameter()) {
     case KU:
         KU_change(calc::kuOfDial(x));
@@ -77,5 +79,5 @@ void MainWindow::setParamDialText(const QString &title, const QString &value)
     const int parameter = checkedParameter();
     // Velocity factor and scale belong to the view, the others to a trace that may not be there.
     const bool hasValue = isLoaded(rfg_ID) || parameter == KU || parameter == SCALE;
-    param_dial->setText(title + QLatin1Char('\n') + (hasValue ? value : QString()));
+    setDialText(param_dial, title + QLatin1Char('\n') + (hasValue ? value : QString()));
 }

@@ -7,6 +7,7 @@
 #include "dictionary.h"
 #include "mainwindow.h"
 #include "parambutton.h"
+#include "straightforward.h"
 
 #include <QButtonGroup>
 #include <QPushButton>
@@ -58,8 +59,30 @@ void MainWindow::plotScroll(int step)
 
 void MainWindow::scale_change(int scaleN)
 {
+    const Action action(*this);
     master_scale = calc::clampedScale(scaleN);
     setPlotRange(0, calc::visibleCounts(master_scale));
+    showScale();
+}
+
+void MainWindow::zoomAtCursor(int scaleN)
+{
+    const Action action(*this);
+    if (straightforward::wanted()) {
+        scale_change(scaleN);
+        gotoCursor(Cur_flag);
+        return;
+    }
+    // The range between the two would be laid out for nobody.
+    master_scale = calc::clampedScale(scaleN);
+    const calc::Range range
+        = calc::centredOn(cursorPosition(Cur_flag), { 0, calc::visibleCounts(master_scale) });
+    setPlotRange(range.min, range.max);
+    showScale();
+}
+
+void MainWindow::showScale()
+{
     scale_dist = calc::scaleDistance(master_scale);
     // At an end only the button that leads past it goes; the other one is left as it was.
     if (master_scale == constants::minScale) {
@@ -77,6 +100,7 @@ void MainWindow::scale_change(int scaleN)
 
 void MainWindow::H_Offset_change(int value)
 {
+    const Action action(*this);
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     const int step = stepOf(rfg_ID);
     const int samples = calc::wholeSamples(value, step);
@@ -92,6 +116,7 @@ void MainWindow::H_Offset_change(int value)
 
 void MainWindow::V_Offset_change(int value)
 {
+    const Action action(*this);
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     trace.offset = calc::clampedVerticalOffset(value);
     redrawAfterShift();
@@ -117,6 +142,7 @@ void MainWindow::redrawAfterShift()
 
 void MainWindow::KU_change(double ku)
 {
+    const Action action(*this);
     master_params.KU = calc::clampedKU(ku);
     dist_coef = dist_coef_0 / double{ master_params.KU };
     setXAxis();

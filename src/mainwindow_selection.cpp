@@ -6,6 +6,7 @@
 #include "legendbutton.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
+#include "straightforward.h"
 
 #include <QButtonGroup>
 #include <QMenu>
@@ -14,6 +15,7 @@ QT_CHARTS_USE_NAMESPACE
 
 void MainWindow::rfgSelect_slot(int id)
 {
+    const Action action(*this);
     if (!isSlot(id))
         return;
     rfg_ID = id;
@@ -78,6 +80,7 @@ void MainWindow::setRfgButtonText(int id)
 
 void MainWindow::RFG_visibleToggle(int id, bool visible)
 {
+    const Action action(*this);
     if (!isSlot(id))
         return;
     if (smooth_rfg_flag)
@@ -101,6 +104,7 @@ void MainWindow::setSlotIcon(int id, QLatin1String path)
 
 void MainWindow::setMasterID(int id)
 {
+    const Action action(*this);
     const int previous = rfg_master_ID;
     rfg_master_ID = isSlot(id) ? id : 0;
     if (rfg_master_ID == previous && master_is_set)
@@ -121,9 +125,17 @@ void MainWindow::setMasterID(int id)
                 load_rfg(slot);
     }
 
-    scale_change(calc::exponentForMinstep(params.sample_minstep));
-    const calc::Range range = calc::rangeFromDelay(params.delay, master_scale);
-    setPlotRange(range.min, range.max);
+    const int exponent = calc::exponentForMinstep(params.sample_minstep);
+    const calc::Range range = calc::rangeFromDelay(params.delay, calc::clampedScale(exponent));
+    if (straightforward::wanted()) {
+        scale_change(exponent);
+        setPlotRange(range.min, range.max);
+    } else {
+        // The range from count 0 on that a change of scale shows would be seen by nobody.
+        master_scale = calc::clampedScale(exponent);
+        setPlotRange(range.min, range.max);
+        showScale();
+    }
     // A record of zeros has the factor that is remembered before any was applied; without the
     // second test no distance would ever be known.
     if (!(params.KU == formerKU) || !(dist_coef > 0.0))

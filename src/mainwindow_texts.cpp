@@ -16,6 +16,7 @@
 
 void MainWindow::retranslateUi()
 {
+    const Action action(*this);
     d->setStrings();
     retranslateButtons();
     // Loaded slots carry the word in their own names.

@@ -59,10 +59,8 @@ void MainWindow::connectGroups()
     // The two pairs of cursor buttons set each other and come to rest by themselves.
     connect(cur_nav_group, &QButtonGroup::idToggled, this,
             [this](int id, bool checked) { up_buttons->button(id)->setChecked(checked); });
-    connect(scale_nav_group, &QButtonGroup::idPressed, this, [this](int id) {
-        scale_change(master_scale + 2 * id - 1);
-        gotoCursor(Cur_flag);
-    });
+    connect(scale_nav_group, &QButtonGroup::idPressed, this,
+            [this](int id) { zoomAtCursor(master_scale + 2 * id - 1); });
     connect(scroll_nav_group, &QButtonGroup::idPressed, this, [this](int id) {
         plotScroll(calc::truncated(double{ m_pow2(master_scale) } * (2 * id - 1)));
     });
