@@ -96,6 +96,11 @@ void addScene(const MainWindowProbe &probe, QStringList &lines)
     addText(QStringLiteral("cursor step"), probe.cursor_step_lbl(), lines);
     const auto addPair = [&lines](const QString &name, const QGraphicsLineItem &line,
                                   const QGraphicsSimpleTextItem &label) {
+        // What a hidden line last showed is nobody's business; it is set anew before it is shown.
+        if (!line.isVisible() && !label.isVisible()) {
+            lines.append(name + QLatin1String(": hidden"));
+            return;
+        }
         addText(name, label, lines);
         lines.append(QStringLiteral("%1 line: %2 %3")
                          .arg(name)
