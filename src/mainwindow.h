@@ -21,6 +21,7 @@
 /// | mainwindow_range.cpp | scale, scroll, shifts, velocity factor |
 /// | mainwindow_params.cpp | parameter selection, parameter dial |
 /// | mainwindow_cursors.cpp | cursor model, readouts, going to a cursor |
+/// | mainwindow_action.cpp | what is put off to the end of a user action |
 /// | mainwindow_input.cpp | the event filter and one handler per watched object and event |
 /// | mainwindow_dialogs.cpp | the entry dialogs that a right click opens |
 ///
@@ -279,23 +280,7 @@ public:
     QString count_to_level(int level) const;
 
 private:
-    /// One user action: as long as one lives, raises and dial captions are only noted. They happen
-    /// at its end, once each and in this order, because raising lays the chart out anew (40 % of a
-    /// cursor step, even where the order stays) and a caption paints the window at once.
-    class Action
-    {
-    public:
-        explicit Action(MainWindow &window);
-        ~Action();
-        Q_DISABLE_COPY(Action)
-
-    private:
-        MainWindow &m_window;
-    };
-    void finishAction();
-    void raisePending();
     void raiseNow(QtCharts::QXYSeries *series);
-    void setDialText(Cont_dial *dial, const QString &text);
     void buildChart();
     void createChartAxes();
     void createChartTexts();
@@ -400,6 +385,25 @@ private:
     int cursorPosition(int which) const;
     void colourCursors();
 
+    // ---- User actions (mainwindow_action.cpp) ----
+private:
+    /// One user action: as long as one lives, raises and dial captions are only noted. They happen
+    /// at its end, once each and in this order, because raising lays the chart out anew (40 % of a
+    /// cursor step, even where the order stays) and a caption paints the window at once.
+    class Action
+    {
+    public:
+        explicit Action(MainWindow &window);
+        ~Action();
+        Q_DISABLE_COPY(Action)
+
+    private:
+        MainWindow &m_window;
+    };
+    void finishAction();
+    void raisePending();
+    void setDialText(Cont_dial *dial, const QString &text);
+
     // ---- Input (mainwindow_input.cpp) ----
 public:
     /// Looks at the events of the chart and of some controls, and consumes none.
@@ -472,9 +476,6 @@ private:
     int x_length = constants::xLength; ///< widest extent in counts
     QPen m_pen;
     QBrush m_brush;
-    int openActions = 0; ///< nested user actions
-    QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
-    QString pendingCaptions[2]; ///< parameter dial, cursor dial
 
     // ---- State: view range ----
     int master_scale = 0; ///< zoom exponent 0..8; the view is 250 * 2^master_scale counts wide
@@ -495,6 +496,11 @@ private:
     int cursor_B_pos = 0;
     int cursor_A_pos_Y = 0; ///< sample steps, or 129
     int cursor_B_pos_Y = 0;
+
+    // ---- State: user actions ----
+    int openActions = 0; ///< nested user actions
+    QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
+    QString pendingCaptions[2]; ///< parameter dial, cursor dial
 
     // ---- State: input ----
     bool zoom_wheel_flag = false; ///< the wheel changes the scale instead of moving cursors

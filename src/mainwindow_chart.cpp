@@ -2,19 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/readout.h"
 #include "calc/trace_points.h"
-#include "cont_dial.h"
 #include "curarrow.h"
 #include "dictionary.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
 #include "straightforward.h"
 
-#include <QGraphicsLayout>
 #include <QGraphicsScene>
 #include <QtCharts/QLegend>
-
-#include <algorithm>
-#include <utility>
 
 QT_CHARTS_USE_NAMESPACE
 
@@ -190,72 +185,18 @@ void MainWindow::seriesUp(QXYSeries *series)
 
 void MainWindow::raiseNow(QXYSeries *series)
 {
-    // Adding and each attaching compute an outline of all points, so they come back last.
+    // Adding and each attaching compute an outline of all points, so those of a trace come last.
     const QVector<QPointF> kept = series->pointsVector();
-    if (!straightforward::wanted())
+    const bool emptied = kept.size() > 2 && !straightforward::wanted();
+    if (emptied)
         series->replace(QVector<QPointF>());
     // Later series are drawn over earlier ones, and there is no other way to change the order.
     Plot_Chart->removeSeries(series);
     Plot_Chart->addSeries(series);
     series->attachAxis(cust_axisX);
     series->attachAxis(cust_axisY);
-    if (!straightforward::wanted())
+    if (emptied)
         series->replace(kept);
-}
-
-void MainWindow::raisePending()
-{
-    // As many of the wanted series as stand in place already, once those after them are taken away.
-    QList<QAbstractSeries *> order = Plot_Chart->series();
-    int inPlace = pendingRaises.size();
-    const auto standsInPlace = [&] {
-        if (inPlace > order.size())
-            return false;
-        return std::equal(pendingRaises.cbegin(), pendingRaises.cbegin() + inPlace,
-                          order.cend() - inPlace);
-    };
-    while (!standsInPlace()) {
-        --inPlace;
-        order.removeOne(pendingRaises.at(inPlace));
-    }
-    for (int i = inPlace; i < pendingRaises.size(); ++i)
-        raiseNow(pendingRaises.at(i));
-    pendingRaises.clear();
-}
-
-MainWindow::Action::Action(MainWindow &window)
-    : m_window(window)
-{
-    ++m_window.openActions;
-}
-
-MainWindow::Action::~Action()
-{
-    if (--m_window.openActions == 0 && !straightforward::wanted())
-        m_window.finishAction();
-}
-
-void MainWindow::finishAction()
-{
-    raisePending();
-    // Left to the event loop, the chart would lay itself out after the repaint and ask for another.
-    Plot_Chart->layout()->activate();
-    Cont_dial *const dials[] = { param_dial, cursor_dial };
-    for (int i = 0; i < 2; ++i) {
-        if (pendingCaptions[i].isNull())
-            continue;
-        const QString caption = std::exchange(pendingCaptions[i], QString());
-        if (caption != dials[i]->titleText)
-            dials[i]->setText(caption);
-    }
-}
-
-void MainWindow::setDialText(Cont_dial *dial, const QString &text)
-{
-    if (openActions == 0 || straightforward::wanted())
-        dial->setText(text);
-    else
-        pendingCaptions[dial == param_dial ? 0 : 1] = text;
 }
 
 QString MainWindow::count_to_distance(int count) const
