@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+/// \file
+/// The least that a program with a window can be: what the viewer's start is compared with.
+
+#include "constants.h"
+
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    QWidget window;
+    window.resize(constants::minWindowWidth, constants::minWindowHeight);
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "viewer_subject.h"
+
+#include "cont_dial.h"
+#include "hand.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "program_files.h"
+#include "settingsdata.h"
+#include "workload.h"
+
+#include <QFile>
+#include <QGraphicsView>
+#include <QPushButton>
+
+#include <cmath>
+
+namespace {
+
+std::unique_ptr<MainWindow> freshWindow()
+{
+    // Not what an earlier run of the benchmark, or a user of it, left.
+    QFile::remove(program_files::settingsFile());
+    return std::make_unique<MainWindow>();
+}
+
+} // namespace
+
+ViewerSubject::ViewerSubject(QSize size, const QStringList &files)
+    : m_window(freshWindow())
+    , m_probe(*m_window)
+    , m_files(files)
+    , m_size(size)
+{
+    load();
+    m_window->resize(size);
+    // Resized by the display itself: a window manager would answer when it pleases.
+    m_window->setWindowFlag(Qt::X11BypassWindowManagerHint);
+    m_window->show();
+    // Both cursors on the traces, A active, as a user has them.
+    m_window->cursorSelect_slot(MainWindow::CURSOR_B);
+    m_window->cursorSetup_slot(workload::cursorB);
+    m_window->cursorSelect_slot(MainWindow::CURSOR_A);
+    m_window->cursorSetup_slot(workload::cursorA);
+}
+
+ViewerSubject::~ViewerSubject() = default;
+
+QWidget &ViewerSubject::window()
+{
+    return *m_window;
+}
+
+QWidget &ViewerSubject::plot()
+{
+    return *m_probe.Plot_View();
+}
+
+QWidget &ViewerSubject::canvas()
+{
+    return *m_probe.Plot_View()->viewport();
+}
+
+QVector<double> ViewerSubject::state() const
+{
+    const rfg_SHOWN &trace = m_probe.rfg_DATA()[m_probe.rfg_ID()];
+    return { m_probe.cust_axisX()->min(),
+             m_probe.cust_axisX()->max(),
+             double(m_probe.cursor_A_pos()),
+             double(trace.offset),
+             double(trace.scroll),
+             m_probe.dist_coef(),
+             double(m_probe.rfg_ID()),
+             double(m_probe.diff_flag()),
+             double(m_probe.smooth_rfg_flag()),
+             double(m_probe.Plot_View()->width()),
+             double(qHash(m_probe.settingsData()->current_language)) };
+}
+
+void ViewerSubject::load()
+{
+    SettingsData &settings = *m_probe.settingsData();
+    settings.read_index = (1 << m_files.size()) - 1;
+    settings.master_ID = 0;
+    for (int slot = 0; slot < m_files.size(); ++slot)
+        settings.current_files[slot] = m_files[slot];
+    settings.updateSettings(1);
+}
+
+void ViewerSubject::begin(Operation operation)
+{
+    switch (operation) {
+    case Operation::CursorDrag:
+        startDrag(Qt::LeftButton);
+        break;
+    case Operation::PanSmoothed:
+        hand::click(m_probe.smooth_button());
+        startDrag(Qt::MiddleButton);
+        break;
+    case Operation::Pan:
+        startDrag(Qt::MiddleButton);
+        break;
+    case Operation::CursorStepSmoothed:
+        hand::click(m_probe.smooth_button());
+        break;
+    case Operation::VerticalShift:
+        hand::click(m_probe.V_offset_button());
+        break;
+    case Operation::HorizontalShift:
+        hand::click(m_probe.H_offset_button());
+        break;
+    case Operation::VelocityFactor:
+        hand::click(m_probe.KU_button());
+        break;
+    case Operation::Resize:
+        m_window->resize(workload::resized(m_size, 1));
+        break;
+    default:
+        break;
+    }
+}
+
+void ViewerSubject::startDrag(Qt::MouseButton button)
+{
+    // Where the active cursor stands, so that the press itself moves nothing far.
+    const double share = double{ workload::cursorA } / constants::drawnSamples;
+    const QRect view = canvas().rect();
+    m_hand = QPoint(static_cast<int>(view.width() * share), view.center().y());
+    m_held = button;
+    hand::press(&canvas(), m_hand, button);
+}
+
+void ViewerSubject::dragBy(int counts)
+{
+    const double pixels = double{ m_probe.trueWidth() } / constants::drawnSamples * counts;
+    m_hand.rx() += static_cast<int>(counts < 0 ? std::floor(pixels) : std::ceil(pixels));
+    hand::move(&canvas(), m_hand, m_held);
+}
+
+void ViewerSubject::shiftBy(int number)
+{
+    hand::turnWheel(m_probe.param_dial(), direction(number, workload::turn));
+}
+
+void ViewerSubject::act(Operation operation, int number)
+{
+    const int way = direction(number, workload::turn);
+    SettingsData &settings = *m_probe.settingsData();
+    switch (operation) {
+    case Operation::CursorStep:
+    case Operation::CursorStepSmoothed:
+        hand::turnWheel(&canvas(), way);
+        break;
+    case Operation::CursorDrag:
+        dragBy(way * workload::dragCounts);
+        break;
+    case Operation::Pan:
+    case Operation::PanSmoothed:
+        // To the right first, which scrolls right: the view starts at its left end.
+        dragBy(direction(number, workload::panTurn) * workload::panCounts);
+        break;
+    case Operation::ZoomStep:
+        hand::click(number % 2 == 0 ? m_probe.scale_up_button() : m_probe.scale_down_button());
+        break;
+    case Operation::VerticalShift:
+    case Operation::HorizontalShift:
+    case Operation::VelocityFactor:
+        shiftBy(number);
+        break;
+    case Operation::SelectTrace:
+        hand::click(m_probe.selected_rfg()[(number + 1) % m_files.size()]);
+        break;
+    case Operation::LoadSix:
+        load();
+        break;
+    case Operation::DifferenceOn:
+        hand::click(m_probe.difference_button());
+        break;
+    case Operation::SmoothingOn:
+        hand::click(m_probe.smooth_button());
+        break;
+    case Operation::Resize:
+        m_window->resize(workload::resized(m_size, number));
+        break;
+    case Operation::Language:
+        settings.current_language
+            = number % 2 == 0 ? QStringLiteral("ru_RU") : QStringLiteral("en_US");
+        settings.updateSettings(1 << 3);
+        break;
+    case Operation::StyleSheet:
+        settings.updateSettings(1 << 1);
+        break;
+    }
+}
+
+void ViewerSubject::takeBack(Operation operation)
+{
+    // Only the way there is measured: the way back is another operation.
+    if (operation == Operation::DifferenceOn)
+        hand::click(m_probe.difference_button());
+    else if (operation == Operation::SmoothingOn)
+        hand::click(m_probe.smooth_button());
+}
+
+void ViewerSubject::end(Operation operation)
+{
+    if (m_held != Qt::NoButton)
+        hand::release(&canvas(), m_hand, m_held);
+    m_held = Qt::NoButton;
+    if (operation == Operation::PanSmoothed || operation == Operation::CursorStepSmoothed)
+        hand::click(m_probe.smooth_button());
+    else if (operation == Operation::Resize)
+        m_window->resize(m_size);
+    else if (operation == Operation::Language)
+        act(Operation::Language, 1);
+    // The same view for the next one, wherever this one scrolled to.
+    m_window->plotScroll(-m_probe.scrollfactorX());
+    m_window->cursorSetup_slot(workload::cursorA);
+}
