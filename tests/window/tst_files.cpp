@@ -238,6 +238,22 @@ private slots:
         QCOMPARE(series->at(498), QPointF(249.0, -9.0));
     }
 
+    void theFirst250BytesAreDrawnWhateverTheRecordSaysOfItsSamples()
+    {
+        WindowFixture fixture;
+        const auto wave = [](int i) { return i % 256 - 128; };
+        // None at all of 2 bytes, and 32000 of 4.
+        openWith(fixture,
+                 { TraceBuilder().samples(wave).raw(2, QByteArray::fromHex("000002")),
+                   TraceBuilder().samples(wave).raw(2, QByteArray::fromHex("007D04")) });
+        for (int slot = 0; slot < 2; ++slot) {
+            const auto *series = fixture.probe().rfg_series()[slot];
+            QCOMPARE(series->count(), 499);
+            for (int i = 0; i < 250; ++i)
+                QCOMPARE(series->at(2 * i), QPointF(i, i - 128.0));
+        }
+    }
+
     void aSingleLoadFillsItsSlotAndNoOther()
     {
         WindowFixture fixture;

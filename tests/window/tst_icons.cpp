@@ -118,6 +118,15 @@ private slots:
         }
     }
 
+    void twoPicturesKeepTheirMisspeltNames()
+    {
+        const QString folder = QStringLiteral("://icons/rest_64/");
+        for (const char *name : { "impendance", "diifference" })
+            QVERIFY2(!QPixmap(folder + QLatin1String(name)).isNull(), name);
+        for (const char *name : { "impedance", "difference" })
+            QVERIFY2(QPixmap(folder + QLatin1String(name)).isNull(), name);
+    }
+
     void theWindowHasItsIcon()
     {
         const QImage image = picture(QStringLiteral("://icons/tdr_btr_64.png"));
