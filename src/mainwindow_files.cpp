@@ -186,15 +186,15 @@ void MainWindow::remove_Selected_RFG(int id)
     selected_rfg[id]->menuEnable(false);
     RFG_visibleToggle(id, false);
     setRfgButtonText(id);
-    if (id == rfg_master_ID) {
-        const int lowest = firstbit(rfg_read_index);
-        if (isSlot(lowest))
-            setMasterID(lowest);
-        else
-            master_is_set = false;
-    }
-    if (id == rfg_ID)
-        rfgSelect_slot(id);
+    const int lowest = firstbit(rfg_read_index);
+    // Also when the master's slot was empty already: with no trace there is no master in force.
+    if (!isSlot(lowest))
+        master_is_set = false;
+    else if (id == rfg_master_ID)
+        setMasterID(lowest);
+    // An empty slot that is selected shows the master's step, which has gone with the last trace.
+    if (id == rfg_ID || !isSlot(lowest))
+        rfgSelect_slot(rfg_ID);
 }
 
 void MainWindow::resetCurrent_slot(int id)

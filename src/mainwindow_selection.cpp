@@ -154,6 +154,8 @@ void MainWindow::unmarkMaster(int id)
     if (!isSlot(id))
         return;
     selected_rfg[id]->setMast(false);
+    // That has enabled "Set as Master", which an empty slot must not offer.
+    selected_rfg[id]->menuEnable(isLoaded(id));
     if (selected_rfg[id]->vis())
         setSlotIcon(id, constants::slotIcon);
 }

@@ -118,6 +118,62 @@ private slots:
         QVERIFY(!probe.selected_rfg()[0]->mast());
     }
 
+    void afterTheLastTraceNoMasterIsInForceThoughItsSlotWasEmptyAlready()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openWith(fixture, { level(1) }, 4);
+        const MainWindowProbe &probe = fixture.probe();
+        QVERIFY(probe.master_is_set());
+        clearSlot(fixture, 0);
+        QVERIFY(!probe.master_is_set());
+        window.add_Selected_RFG(fixture.trace(QStringLiteral("b.tdr"), level(2).minstep(5.0F)), 0);
+        QCOMPARE(probe.rfg_master_ID(), 0);
+        QVERIFY(probe.master_is_set());
+        QCOMPARE(probe.master_scale(), 2);
+        QVERIFY(!probe.selected_rfg()[4]->mast());
+    }
+
+    void afterTheLastTraceTheStepIsOneCountWhicheverSlotIsSelected()
+    {
+        for (const int selected : { 0, 3 }) {
+            WindowFixture fixture;
+            openWith(fixture, { level(1).minstep(5.0F) });
+            const MainWindowProbe &probe = fixture.probe();
+            probe.rfg_buttons()->button(selected)->click();
+            QCOMPARE(probe.cursor_step_lbl().text(), QStringLiteral("cursor step = 0.50 m"));
+            clearSlot(fixture, 0);
+            QCOMPARE(probe.cursor_step_lbl().text(), QStringLiteral("cursor step = 0.13 m"));
+            QCOMPARE(probe.rfg_ID(), selected);
+        }
+    }
+
+    void anEmptiedMasterOffersNothingButLoading()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openWith(fixture, { level(1), level(2), level(3) });
+        const MainWindowProbe &probe = fixture.probe();
+        const auto offersLoadingAlone = [&probe](int slot) {
+            const LegendButton *button = probe.selected_rfg()[slot];
+            return button->load_action->isEnabled() && !button->master_action->isEnabled()
+                && !button->reset_action->isEnabled() && !button->clear_action->isEnabled()
+                && !button->visible_action->isEnabled();
+        };
+        clearSlot(fixture, 0);
+        QCOMPARE(probe.rfg_master_ID(), 1);
+        QVERIFY(offersLoadingAlone(0));
+        // Other settings may leave the old master's slot empty as well.
+        probe.settingsData()->master_ID = 2;
+        window.show_AllSelected_RFGs(4);
+        QCOMPARE(probe.rfg_master_ID(), 2);
+        QVERIFY(offersLoadingAlone(1));
+        // The last one stays marked until another takes over.
+        clearSlot(fixture, 2);
+        QVERIFY(offersLoadingAlone(2));
+        window.add_Selected_RFG(fixture.path(QStringLiteral("t1.tdr")), 3);
+        QCOMPARE(probe.rfg_master_ID(), 3);
+        QVERIFY(offersLoadingAlone(2));
+    }
+
     void emptyingTheSelectedSlotBlanksTheInterface()
     {
         WindowFixture fixture;
