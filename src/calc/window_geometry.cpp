@@ -10,6 +10,9 @@ namespace {
 constexpr quint32 geometryMagic = 0x1D9D0CB;
 constexpr quint16 newestVersion = 3;
 
+/// Frames overhang: a maximised window's lies outside the desktop by its borders, on some systems.
+constexpr int frameAllowance = 64;
+
 constexpr quint32 stateMagic = 0xFF;
 constexpr quint8 docksMarker = 0xFD;
 constexpr quint8 toolBarsMarker = 0xFC;
@@ -41,6 +44,7 @@ bool fits(const Edges &edges, const QSize &desktop)
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
 {
     QDataStream stream(record);
+    const QSize withFrame = desktop + QSize(frameAllowance, frameAllowance);
     quint32 magic = 0;
     quint16 major = 0;
     quint16 minor = 0;
@@ -48,7 +52,7 @@ bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
     Edges normal;
     stream >> magic >> major >> minor >> frame >> normal;
     if (stream.status() != QDataStream::Ok || magic != geometryMagic || major < 1
-        || major > newestVersion || !fits(frame, desktop) || !fits(normal, desktop))
+        || major > newestVersion || !fits(frame, withFrame) || !fits(normal, desktop))
         return false;
     qint32 screen = 0;
     quint8 maximized = 0;

@@ -9,8 +9,9 @@ namespace calc {
 
 /// True when \a record, a window geometry as the toolkit stores it (versions 1 to 3), can be given
 /// back to the toolkit: its rectangles have their edges the right way round and none is wider or
-/// higher than \a desktop, in pixels. The toolkit itself believes any number: one damaged byte
-/// makes it ask for more memory than there is. An empty or cut record is not plausible.
+/// higher than \a desktop, in pixels; the frame may overhang it by its borders. The toolkit itself
+/// believes any number: one damaged byte makes it ask for more memory than there is. An empty or
+/// cut record is not plausible.
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 
 /// True when \a record, the state of a main window as the toolkit stores it, is one that this

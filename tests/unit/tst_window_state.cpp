@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/window_geometry.h"
 
+#include <QtEndian>
 #include <QtTest>
 
 namespace {
@@ -68,9 +69,19 @@ private slots:
     {
         QCOMPARE(factoryGeometry().size(), 66);
         QVERIFY(calc::isPlausibleGeometry(factoryGeometry(), { 1920, 1080 }));
-        QVERIFY(calc::isPlausibleGeometry(factoryGeometry(), { 816, 538 }));
-        QVERIFY(!calc::isPlausibleGeometry(factoryGeometry(), { 815, 538 }));
-        QVERIFY(!calc::isPlausibleGeometry(factoryGeometry(), { 816, 537 }));
+        // The inside must fit; the frame of 816 x 538 may overhang.
+        QVERIFY(calc::isPlausibleGeometry(factoryGeometry(), { 800, 500 }));
+        QVERIFY(!calc::isPlausibleGeometry(factoryGeometry(), { 799, 500 }));
+        QVERIFY(!calc::isPlausibleGeometry(factoryGeometry(), { 800, 499 }));
+        QByteArray wideFrame = factoryGeometry();
+        const auto setFrameWidth = [&wideFrame](qint32 width) {
+            constexpr int frameLeft = 552;
+            qToBigEndian(frameLeft + width - 1, wideFrame.data() + 16);
+        };
+        setFrameWidth(800 + 64);
+        QVERIFY(calc::isPlausibleGeometry(wideFrame, { 800, 500 }));
+        setFrameWidth(800 + 65);
+        QVERIFY(!calc::isPlausibleGeometry(wideFrame, { 800, 500 }));
     }
 
     void aHugeOrTurnedRectangleIsNotPlausible()
