@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -29,6 +30,15 @@ constexpr int maxSpeed = 1000;
 constexpr int speedStep = 10;
 constexpr int labelStretch = 2;
 constexpr int speedStretch = 1;
+
+// The built-in sheet writes the captions of tabs in the very grey that it gives their ground, and
+// counts on a style that draws tabs by itself. So the dialog brings a light ground of its own.
+constexpr QLatin1String tabGround
+    = constants::latin1("QTabBar::tab { background: rgb(185, 187, 190); padding: 4px 12px;"
+                        " border: 1px solid rgb(110, 112, 115); }"
+                        "QTabBar::tab:selected { background: rgb(225, 227, 230); }");
+/// Where no sheet speaks of tabs their captions would be as light as all other texts.
+constexpr QRgb tabCaption = 0xFF404142;
 
 void limitSpeed(QSpinBox *box)
 {
@@ -177,6 +187,10 @@ void SettingsMenu::layOutDialog()
     // The first page stays empty: the dialog is always opened on the second.
     tabs->addTab(files_widget, QString());
     tabs->addTab(settings_widget, QString());
+    tabs->setStyleSheet(tabGround);
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->tabBar()->setTabTextColor(tab, QColor::fromRgb(tabCaption));
+    }
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(ok_button);
