@@ -31,6 +31,9 @@ constexpr QLatin1String nothingToRead = constants::latin1(":/ini/nothing.ini");
 
 constexpr qint64 maxIniBytes = 64 << 20; ///< a larger file holds no settings
 constexpr int toolkitCodeLength = 2; ///< the toolkit's catalogues know languages, not countries
+/// The toolkit takes a name that it does not find off piece by piece and looks again each time: a
+/// code of a million underscores from a damaged file would keep it busy for half an hour.
+constexpr int longestCode = 64;
 
 QString numberedKey(QLatin1String pattern, int number)
 {
@@ -229,7 +232,12 @@ void SettingsData::parse_translations()
     if (!program_files::openRegularFile(file)) {
         return;
     }
-    QTextStream lines(&file);
+    readLanguages(file);
+}
+
+void SettingsData::readLanguages(QIODevice &device)
+{
+    QTextStream lines(&device);
     lines.setAutoDetectUnicode(true);
     for (int i = 0; i < languageCount; ++i) {
         const QString line = lines.readLine();
@@ -248,9 +256,10 @@ void SettingsData::setTranslation()
 {
     // Installed whatever loading says: an empty catalogue displaces the former language.
     const QString folder = constants::catalogueFolder;
-    m_translator.load(QString(constants::programCatalogue).arg(current_language), folder);
+    const QString code = current_language.left(longestCode);
+    m_translator.load(QString(constants::programCatalogue).arg(code), folder);
     QCoreApplication::installTranslator(&m_translator);
-    const QString toolkitCode = current_language.left(toolkitCodeLength);
+    const QString toolkitCode = code.left(toolkitCodeLength);
     qt_translator.load(QString(constants::toolkitCatalogue).arg(toolkitCode), folder);
     QCoreApplication::installTranslator(&qt_translator);
     emit translation_changed();

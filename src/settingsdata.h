@@ -12,6 +12,7 @@
 #include <QTranslator>
 
 class QApplication;
+class QIODevice;
 
 /// One language that the interface can speak.
 struct language
@@ -53,8 +54,13 @@ public:
     /// \c CSS_changed. A sheet that cannot be read, or is unreasonably large, is an empty one.
     void parse_CSS();
 
-    /// Reads the list of languages, up to its first empty line and at most 20.
+    /// Reads the list of languages that comes with the program. Without it the list stays as it is.
     void parse_translations();
+
+    /// Reads a list of languages from the open \a device, one a line: the code, a blank, the name.
+    /// An empty line ends the list, and so does the twentieth language. Where the name is missing
+    /// the code stands for it; what follows a second blank is ignored.
+    void readLanguages(QIODevice &device);
 
     /// Installs the catalogues of \c current_language and emits \c translation_changed. A language
     /// without catalogues leaves every text in English.

@@ -4,8 +4,11 @@
 #include "settingsdata.h"
 #include "testfiles.h"
 
+#include <QBuffer>
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTextStream>
 #include <QtTest>
 
 #include <memory>
@@ -170,6 +173,77 @@ private slots:
             QCOMPARE(data.languageList[i].id, -1);
             QVERIFY(data.languageList[i].CODE.isEmpty() && data.languageList[i].label.isEmpty());
         }
+    }
+
+    void aListOfLanguagesIsRead_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("languages");
+        const QStringList five{ QStringLiteral("en_US|English"), QStringLiteral("ru_RU|Русский"),
+                                QStringLiteral("es_ES|Español"), QStringLiteral("fr_FR|Français"),
+                                QStringLiteral("de_DE|Deutsch") };
+        QTest::newRow("the dormant three behind no empty line")
+            << QStringLiteral("en_US English\r\nru_RU Русский\r\nes_ES Español\r\n"
+                              "fr_FR Français\r\nde_DE Deutsch\r\n")
+            << five;
+        QTest::newRow("an empty line ends the list")
+            << QStringLiteral("en_US English\r\n\r\nde_DE Deutsch\r\n")
+            << QStringList(five.mid(0, 1));
+        QTest::newRow("a line without a blank")
+            << QStringLiteral("en_US") << QStringList{ QStringLiteral("en_US|en_US") };
+        QTest::newRow("a third part is ignored")
+            << QStringLiteral("en_US English (US)") << QStringList(five.mid(0, 1));
+        QTest::newRow("empty parts count")
+            << QStringLiteral("en_US  English") << QStringList{ QStringLiteral("en_US|") };
+        QTest::newRow("nothing") << QString() << QStringList();
+        QStringList twenty;
+        for (int i = 0; i < 20; ++i) {
+            twenty << QStringLiteral("c%1|n%1").arg(i);
+        }
+        const QString lines
+            = twenty.join(QLatin1Char('\n')).replace(QLatin1Char('|'), QLatin1Char(' '));
+        QTest::newRow("twenty") << lines << twenty;
+        QTest::newRow("more than fit") << lines + QStringLiteral("\nc20 n20\nc21 n21") << twenty;
+    }
+
+    void aListOfLanguagesIsRead()
+    {
+        QFETCH(QString, text);
+        QByteArray bytes;
+        {
+            QTextStream stream(&bytes, QIODevice::WriteOnly);
+            stream.setCodec("UTF-16BE");
+            stream.setGenerateByteOrderMark(true);
+            stream << text;
+        }
+        QBuffer device(&bytes);
+        QVERIFY(device.open(QIODevice::ReadOnly));
+        SettingsData data(nullptr);
+        data.readLanguages(device);
+        QStringList found;
+        for (const language &entry : data.languageList) {
+            if (entry.id == -1) {
+                break;
+            }
+            QCOMPARE(entry.id, found.size());
+            found << entry.CODE + QLatin1Char('|') + entry.label;
+        }
+        QTEST(found, "languages");
+    }
+
+    void anEndlessLanguageCodeHoldsNothingUp()
+    {
+        SettingsData data(nullptr);
+        QSignalSpy spy(&data, &SettingsData::translation_changed);
+        data.current_language = QString(1000000, QLatin1Char('_'));
+        QElapsedTimer clock;
+        clock.start();
+        data.setTranslation();
+        QVERIFY(clock.elapsed() < 5000);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"), QStringLiteral("Clear"));
+        // Cut for the search only: the settings keep what they were given.
+        QCOMPARE(data.current_language.size(), 1000000);
     }
 
     void aLanguageIsInstalledAndTakenBack_data()
