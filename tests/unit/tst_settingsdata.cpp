@@ -143,6 +143,25 @@ private slots:
         QTEST(int(data.master_ID), "master");
     }
 
+    void aMissingMasterIsTheFirstSlotThoughANewStoreHasNone()
+    {
+        writeFile(path, "[PrevFiles]\nStateIndex=1\nfile1=one\n");
+        SettingsData data(nullptr);
+        QCOMPARE(int(data.master_ID), -1);
+        data.loadSettings(path, 1);
+        QCOMPARE(int(data.master_ID), 0);
+    }
+
+    void loadingSaysFalseHoweverItWent()
+    {
+        writeFile(path, "[General]\nlanguage=ru_RU\n");
+        SettingsData data(nullptr);
+        QCOMPARE(data.loadSettings(path, 8), false);
+        QCOMPARE(data.current_language, QStringLiteral("ru_RU"));
+        QCOMPARE(data.loadSettings(folder->path(), 8), false);
+        QCOMPARE(data.loadSettings(QString(), 0), false);
+    }
+
     void noMasterIsSavedAsMinusOne()
     {
         SettingsData data(nullptr);

@@ -8,6 +8,7 @@
 #include "windowfixture.h"
 
 #include <QAction>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QPushButton>
@@ -90,6 +91,23 @@ private slots:
                                text("файлы настроек (*.ini)") }));
         QCOMPARE(fileDialogTexts([&] { p.settingsMenu()->save_settings_button->pressed(); }),
                  (QStringList{ text("Сохранить как"), text("файлы настроек (*.ini)") }));
+    }
+
+    void theToolkitsOwnWordsStayEnglish()
+    {
+        open(0);
+        speak("ru_RU");
+        QStringList words;
+        const auto answer = answerDialog([&words](QDialog &dialog) {
+            if (const auto *box = dialog.findChild<QDialogButtonBox *>())
+                words = QStringList{ box->button(QDialogButtonBox::Open)->text(),
+                                     box->button(QDialogButtonBox::Cancel)->text() };
+            dialog.reject();
+        });
+        probe().legend_button()->pressed();
+        QVERIFY(answer->served());
+        words.replaceInStrings(QStringLiteral("&"), QString());
+        QCOMPARE(words, (QStringList{ QStringLiteral("Open"), QStringLiteral("Cancel") }));
     }
 
     void anEntryDialogSpeaksTheLanguage()

@@ -200,6 +200,15 @@ private slots:
         QCOMPARE(probe().rfg_DATA()[0].scroll, 4);
     }
 
+    void anUnchangedCursorMayMoveByOneSample()
+    {
+        openTraces();
+        window().cursorSetup_slot(40);
+        ask(probe().curA_button(), [](QInputDialog &dialog) { dialog.accept(); });
+        QCOMPARE(probe().cursor_A_pos(), 36);
+        QCOMPARE(probe().cursor_dial()->trueValue, 36);
+    }
+
     void theVerticalShiftIsAskedInSampleSteps()
     {
         openTraces();
