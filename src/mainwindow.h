@@ -29,19 +29,10 @@
 
 #include "calc/cursor_level.h"
 #include "calc/trace_points.h"
-#include "constants.h"
 #include "mainwindow_parts.h"
-#include "miscfunc.h"
-#include "protocol_vx840.h"
-#include "rfg_shown.h"
+#include "mainwindow_state.h"
 
-#include <QBrush>
-#include <QCursor>
-#include <QFileSystemWatcher>
 #include <QMainWindow>
-#include <QPen>
-#include <QPointF>
-#include <QVector>
 
 class QAbstractButton;
 class QGridLayout;
@@ -54,37 +45,14 @@ class QWheelEvent;
 /// ignored by every operation that takes one, unless it says otherwise.
 ///
 /// The horizontal unit is the count, 1.25 ns of echo time; metres are counts times \c dist_coef.
-class MainWindow : public QMainWindow, private MainWindowParts
+class MainWindow : public QMainWindow,
+                   public MainWindowModes,
+                   private MainWindowParts,
+                   private MainWindowState
 {
     Q_OBJECT
 
 public:
-    /// Which cursor the cursor dial moves; also the ids of the cursor buttons and markers.
-    enum CURSOR_MODE {
-        DELTA = 0, ///< none
-        CURSOR_A = 1,
-        CURSOR_B = 2,
-    };
-
-    /// What a parameter button stands for; also its id.
-    enum PARAMETER_MODE {
-        GAIN = 0,
-        KU = 1, ///< velocity factor
-        AVERAGE = 2,
-        V_OFFSET = 3,
-        PULSE_WIDTH = 4,
-        PULSE_AMPLITUDE = 5,
-        IMPEDANCE = 6,
-        H_OFFSET = 7,
-        SCALE = 8,
-    };
-
-    /// How traces are drawn: as they are, or as their difference from the master.
-    enum DIFF_MODE {
-        NORMAL = 0,
-        DIFF = 1,
-    };
-
     // ---- Construction, start, close (mainwindow.cpp) ----
 
     /// Builds the whole window, restores the previous run from its settings file and reads the
@@ -118,7 +86,6 @@ private:
     void storeWindowGeometry();
 
     // ---- Controls (mainwindow_controls.cpp) ----
-private:
     void createControls();
     void createCursorRow();
     void createParameterRow();
@@ -130,7 +97,6 @@ private:
     void createLegendButtons();
 
     // ---- Layout, groups, icons, chart menu (mainwindow_layout.cpp) ----
-private:
     void setWindowSizes();
     void buildLayouts();
     QLayout *topRow();
@@ -147,7 +113,6 @@ private:
     void setIcons();
 
     // ---- Wiring (mainwindow_wiring.cpp) ----
-private:
     void connectControls();
     void connectMenuAndButtons();
     void connectGroups();
@@ -348,14 +313,7 @@ public:
     void setParamDialText(const QString &title, const QString &value);
 
 private:
-    struct DialSetup
-    {
-        bool startsAtZero;
-        int min;
-        int max;
-        int value;
-        int speed;
-    };
+    struct DialSetup;
     void setUpParamDial(const DialSetup &setup);
 
     // ---- Cursors (mainwindow_cursors.cpp) ----
@@ -386,7 +344,6 @@ private:
     void colourCursors();
 
     // ---- User actions (mainwindow_action.cpp) ----
-private:
     /// One user action: as long as one lives, raises and dial captions are only noted. They happen
     /// at its end, once each and in this order, because raising lays the chart out anew (40 % of a
     /// cursor step, even where the order stays) and a caption paints the window at once.
@@ -427,17 +384,9 @@ private:
     void resizeSpacers();
 
     // ---- Entry dialogs (mainwindow_dialogs.cpp) ----
-private:
     void openEntryDialog(const QObject *button);
     void setDialogTexts(const QString &word, const QString &from, const QString &to);
-    struct NumberQuestion
-    {
-        double min;
-        double max;
-        double step;
-        int decimals;
-        double value;
-    };
+    struct NumberQuestion;
     bool askForNumber(const NumberQuestion &question);
     void enterVelocityFactor();
     void enterHorizontalOffset();
@@ -445,65 +394,7 @@ private:
     void enterScale();
     void enterCursor(int which);
 
-private:
     friend class MainWindowProbe;
 
-    // ---- State: layout ----
     QWidget *centralWidget = nullptr; ///< here, not among the parts: it hides the base's function
-    float trueWidth = 0.0F; ///< width of the plot area in pixels, as last measured
-    float plotLeft = 0.0F; ///< scene x of the plot area's left edge
-    float font_size = 0.0F; ///< base font size in points; 0 before the first resize
-
-    // ---- State: style ----
-    QFileSystemWatcher CSS_watcher;
-    QString watchedStyleSheet; ///< empty when nothing is watched
-
-    // ---- State: trace slots ----
-    rfg_SHOWN rfg_DATA[constants::slotCount];
-    state_index rfg_read_index = 0; ///< one bit per loaded slot
-
-    // ---- State: selection and master ----
-    int rfg_ID = 0; ///< selected slot
-    int rfg_master_ID = constants::noMaster;
-    bool master_is_set = false;
-    Protocol_VX840::CH_PARAMS_t master_params = {}; ///< only KU and sample_minstep are kept
-
-    // ---- State: chart ----
-    bool smooth_rfg_flag = false;
-    DIFF_MODE diff_flag = NORMAL;
-    QVector<QPointF> points; ///< buffer for the step form
-    QVector<QPointF> points_sp; ///< buffer for the spline form
-    int x_length = constants::xLength; ///< widest extent in counts
-    QPen m_pen;
-    QBrush m_brush;
-
-    // ---- State: view range ----
-    int master_scale = 0; ///< zoom exponent 0..8; the view is 250 * 2^master_scale counts wide
-    float scale_dist = 31.25F; ///< caption of the scale, metres
-    int scrollfactorX = 0; ///< left edge of the view, counts
-    float KU_min = constants::minKU;
-    float KU_max = constants::maxKU;
-    double dist_coef_0 = constants::distCoef0; ///< metres per count at the speed of light
-    double dist_coef = 0.0; ///< metres per count at the current velocity factor; 0 until known
-
-    // ---- State: parameters ----
-    PARAMETER_MODE parameter_flag = V_OFFSET; ///< read by nothing; the checked button decides
-
-    // ---- State: cursors ----
-    CURSOR_MODE Cur_flag = CURSOR_A; ///< cursor that the dial drives
-    CURSOR_MODE Cur_flag_true = CURSOR_A; ///< the user's choice while Cur_flag visits the other
-    int cursor_A_pos = 0; ///< counts
-    int cursor_B_pos = 0;
-    int cursor_A_pos_Y = 0; ///< sample steps, or 129
-    int cursor_B_pos_Y = 0;
-
-    // ---- State: user actions ----
-    int openActions = 0; ///< nested user actions
-    QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
-    QString pendingCaptions[2]; ///< parameter dial, cursor dial
-
-    // ---- State: input ----
-    bool zoom_wheel_flag = false; ///< the wheel changes the scale instead of moving cursors
-    int mp = 0; ///< last mouse x in chart coordinates
-    QCursor chart_cursor_plot;
 };

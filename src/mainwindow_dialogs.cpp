@@ -11,6 +11,16 @@
 
 #include <QInputDialog>
 
+/// A question for a number: bounds, step, decimals and the number to begin with.
+struct MainWindow::NumberQuestion
+{
+    double min;
+    double max;
+    double step;
+    int decimals;
+    double value;
+};
+
 void MainWindow::openEntryDialog(const QObject *button)
 {
     if (button == KU_button)

@@ -6,6 +6,16 @@
 #include "mainwindow.h"
 #include "settingsdata.h"
 
+/// What the parameter dial needs to know of a parameter; \c speed in steps per turn.
+struct MainWindow::DialSetup
+{
+    bool startsAtZero;
+    int min;
+    int max;
+    int value;
+    int speed;
+};
+
 void MainWindow::paramSelect_slot(int id)
 {
     const Action action(*this);

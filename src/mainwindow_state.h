@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "constants.h"
+#include "miscfunc.h"
+#include "protocol_vx840.h"
+#include "rfg_shown.h"
+
+#include <QBrush>
+#include <QCursor>
+#include <QFileSystemWatcher>
+#include <QPen>
+#include <QPointF>
+#include <QVector>
+#include <QtCharts/QXYSeries>
+
+/// The numbers by which the window's buttons, markers and modes are known.
+struct MainWindowModes
+{
+    /// Which cursor the cursor dial moves; also the ids of the cursor buttons and markers.
+    enum CURSOR_MODE {
+        DELTA = 0, ///< none
+        CURSOR_A = 1,
+        CURSOR_B = 2,
+    };
+
+    /// What a parameter button stands for; also its id.
+    enum PARAMETER_MODE {
+        GAIN = 0,
+        KU = 1, ///< velocity factor
+        AVERAGE = 2,
+        V_OFFSET = 3,
+        PULSE_WIDTH = 4,
+        PULSE_AMPLITUDE = 5,
+        IMPEDANCE = 6,
+        H_OFFSET = 7,
+        SCALE = 8,
+    };
+
+    /// How traces are drawn: as they are, or as their difference from the master.
+    enum DIFF_MODE {
+        NORMAL = 0,
+        DIFF = 1,
+    };
+};
+
+/// What the window remembers while it runs, in the order of its rooms. All of it is plain: whoever
+/// changes a value also brings what is on the screen up to it.
+struct MainWindowState
+{
+    // ---- Layout ----
+    float trueWidth = 0.0F; ///< width of the plot area in pixels, as last measured
+    float plotLeft = 0.0F; ///< scene x of the plot area's left edge
+    float font_size = 0.0F; ///< base font size in points; 0 before the first resize
+
+    // ---- Style ----
+    QFileSystemWatcher CSS_watcher;
+    QString watchedStyleSheet; ///< empty when nothing is watched
+
+    // ---- Trace slots ----
+    rfg_SHOWN rfg_DATA[constants::slotCount];
+    state_index rfg_read_index = 0; ///< one bit per loaded slot
+
+    // ---- Selection and master ----
+    int rfg_ID = 0; ///< selected slot
+    int rfg_master_ID = constants::noMaster;
+    bool master_is_set = false;
+    Protocol_VX840::CH_PARAMS_t master_params = {}; ///< only KU and sample_minstep are kept
+
+    // ---- Chart ----
+    bool smooth_rfg_flag = false;
+    MainWindowModes::DIFF_MODE diff_flag = MainWindowModes::NORMAL;
+    QVector<QPointF> points; ///< buffer for the step form
+    QVector<QPointF> points_sp; ///< buffer for the spline form
+    int x_length = constants::xLength; ///< widest extent in counts
+    QPen m_pen;
+    QBrush m_brush;
+
+    // ---- View range ----
+    int master_scale = 0; ///< zoom exponent 0..8; the view is 250 * 2^master_scale counts wide
+    float scale_dist = 31.25F; ///< caption of the scale, metres
+    int scrollfactorX = 0; ///< left edge of the view, counts
+    float KU_min = constants::minKU;
+    float KU_max = constants::maxKU;
+    double dist_coef_0 = constants::distCoef0; ///< metres per count at the speed of light
+    double dist_coef = 0.0; ///< metres per count at the current velocity factor; 0 until known
+
+    // ---- Parameters ----
+    MainWindowModes::PARAMETER_MODE parameter_flag
+        = MainWindowModes::V_OFFSET; ///< read by nothing; the checked button decides
+
+    // ---- Cursors ----
+    MainWindowModes::CURSOR_MODE Cur_flag
+        = MainWindowModes::CURSOR_A; ///< cursor that the dial drives
+    MainWindowModes::CURSOR_MODE Cur_flag_true
+        = MainWindowModes::CURSOR_A; ///< the user's choice while Cur_flag visits the other
+    int cursor_A_pos = 0; ///< counts
+    int cursor_B_pos = 0;
+    int cursor_A_pos_Y = 0; ///< sample steps, or 129
+    int cursor_B_pos_Y = 0;
+
+    // ---- User actions ----
+    int openActions = 0; ///< nested user actions
+    QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
+    QString pendingCaptions[2]; ///< parameter dial, cursor dial
+
+    // ---- Input ----
+    bool zoom_wheel_flag = false; ///< the wheel changes the scale instead of moving cursors
+    int mp = 0; ///< last mouse x in chart coordinates
+    QCursor chart_cursor_plot;
+};
