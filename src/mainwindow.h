@@ -43,7 +43,6 @@ class QWheelEvent;
 /// The viewer's window: six trace slots over one another on a chart against distance, two cursors,
 /// two dials. Slots are numbered 0 to 5 and shown as 1 to 6; a slot number outside that range is
 /// ignored by every operation that takes one, unless it says otherwise.
-///
 /// The horizontal unit is the count, 1.25 ns of echo time; metres are counts times \c dist_coef.
 class MainWindow : public QMainWindow,
                    public MainWindowModes,
@@ -54,7 +53,6 @@ class MainWindow : public QMainWindow,
 
 public:
     // ---- Construction, start, close (mainwindow.cpp) ----
-
     /// Builds the whole window, restores the previous run from its settings file and reads the
     /// traces named there. Nothing in that file can make it fail; what makes no sense is ignored.
     explicit MainWindow(QWidget *parent = nullptr);
@@ -350,15 +348,18 @@ private:
     class Action
     {
     public:
-        explicit Action(MainWindow &window);
+        enum Kind {
+            AnyChange,
+            CursorMove, ///< of the active cursor, and nothing else in the plot
+        };
+        explicit Action(MainWindow &window, Kind kind = AnyChange);
         ~Action();
         Q_DISABLE_COPY(Action)
-
     private:
         MainWindow &m_window;
     };
     void finishAction();
-    void raisePending();
+    bool raisePending();
     void setDialText(Cont_dial *dial, const QString &text);
 
     // ---- Input (mainwindow_input.cpp) ----
@@ -395,6 +396,5 @@ private:
     void enterCursor(int which);
 
     friend class MainWindowProbe;
-
     QWidget *centralWidget = nullptr; ///< here, not among the parts: it hides the base's function
 };

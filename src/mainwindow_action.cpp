@@ -11,9 +11,11 @@
 
 QT_CHARTS_USE_NAMESPACE
 
-MainWindow::Action::Action(MainWindow &window)
+MainWindow::Action::Action(MainWindow &window, Kind kind)
     : m_window(window)
 {
+    const bool outermost = m_window.openActions == 0;
+    m_window.onlyCursorMoves = kind == CursorMove && (outermost || m_window.onlyCursorMoves);
     ++m_window.openActions;
 }
 
@@ -25,7 +27,12 @@ MainWindow::Action::~Action()
 
 void MainWindow::finishAction()
 {
-    raisePending();
+    const bool raised = raisePending();
+    // Before the captions: they may bring the plot to the screen as well.
+    if (onlyCursorMoves && !raised)
+        Plot_View->cursorMoved(Plot_Chart);
+    else
+        Plot_View->invalidate();
     // Left to the event loop, the chart would lay itself out after the repaint and ask for another.
     Plot_Chart->layout()->activate();
     Cont_dial *const dials[] = { param_dial, cursor_dial };
@@ -38,7 +45,7 @@ void MainWindow::finishAction()
     }
 }
 
-void MainWindow::raisePending()
+bool MainWindow::raisePending()
 {
     // As many of the wanted series as stand in place already, once those after them are taken away.
     QList<QAbstractSeries *> order = Plot_Chart->series();
@@ -55,7 +62,9 @@ void MainWindow::raisePending()
     }
     for (int i = inPlace; i < pendingRaises.size(); ++i)
         raiseNow(pendingRaises.at(i));
+    const bool raised = inPlace < pendingRaises.size();
     pendingRaises.clear();
+    return raised;
 }
 
 void MainWindow::setDialText(Cont_dial *dial, const QString &text)

@@ -108,6 +108,7 @@ void MainWindow::axisSetup(QRectF plot, QRectF chart)
 
 void MainWindow::setXAxis()
 {
+    Plot_View->invalidate();
     const calc::GridPlan plan = calc::planGrid({ axisMin(), axisMax() }, dist_coef, trueWidth);
     const int labelShift = axis_lbl[0].font().pixelSize() / 2;
     const auto apply = [&](const calc::GridPlan::Line &planned, QGraphicsLineItem &line,

@@ -125,6 +125,7 @@ void MainWindow::load_rfg(int id)
 {
     if (!isSlot(id))
         return;
+    Plot_View->invalidate();
     const calc::TraceRef trace = traceRef(id);
     const bool difference = isDrawnAsDifference(id);
     // The series of the other form keeps its old points; it is rebuilt when it comes to sight. Its
@@ -185,6 +186,7 @@ void MainWindow::seriesUp(QXYSeries *series)
 
 void MainWindow::raiseNow(QXYSeries *series)
 {
+    Plot_View->invalidate();
     // Adding and each attaching compute an outline of all points, so those of a trace come last.
     const QVector<QPointF> kept = series->pointsVector();
     const bool emptied = kept.size() > 2 && !straightforward::wanted();

@@ -11,7 +11,6 @@
 #include <QAction>
 #include <QButtonGroup>
 #include <QGraphicsScene>
-#include <QGraphicsView>
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
@@ -112,7 +111,7 @@ void MainWindow::createDialsAndDialogs()
 
 void MainWindow::createChartObjects()
 {
-    Plot_View = new QGraphicsView(centralWidget);
+    Plot_View = new PlotView(centralWidget);
     Plot_Scene = new QGraphicsScene(this);
     Plot_Chart = new QChart;
     cursor_A = new QLineSeries(this);

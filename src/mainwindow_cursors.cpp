@@ -17,7 +17,7 @@ QT_CHARTS_USE_NAMESPACE
 
 void MainWindow::cursorSetup_slot(int column)
 {
-    const Action action(*this);
+    const Action action(*this, Action::CursorMove);
     if (Cur_flag == DELTA)
         return;
     const int clamped = calc::clampedColumn(column);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "constants.h"
+#include "plotview.h"
 
 #include <QGraphicsLineItem>
 #include <QGraphicsSimpleTextItem>
@@ -24,7 +25,6 @@ class SettingsMenu;
 class QAction;
 class QButtonGroup;
 class QGraphicsScene;
-class QGraphicsView;
 class QGroupBox;
 class QInputDialog;
 class QLabel;
@@ -106,7 +106,7 @@ struct MainWindowParts
     QMessageBox *info_dialog = nullptr;
 
     // ---- Chart ----
-    QGraphicsView *Plot_View = nullptr;
+    PlotView *Plot_View = nullptr;
     QGraphicsScene *Plot_Scene = nullptr;
     QtCharts::QChart *Plot_Chart = nullptr;
     QtCharts::QLineSeries *rfg_series[constants::slotCount] = {};

@@ -26,6 +26,7 @@ int MainWindow::axisMax() const
 
 void MainWindow::setPlotRange(int min, int max)
 {
+    Plot_View->invalidate();
     cust_axisX->setRange(min, max);
     const auto width = static_cast<float>(Plot_Chart->plotArea().width());
     if (trueWidth != width) {
@@ -165,6 +166,7 @@ void MainWindow::plotCorrection()
         return;
     // The plot area's own place in a chart of the usual margins.
     constexpr double plotX = 74.0;
+    Plot_View->invalidate();
     Plot_Chart->resize(double{ trueWidth } + Plot_Chart->size().width() - plotWidth,
                        Plot_Chart->size().height());
     Plot_Chart->setPos(plotX - Plot_Chart->plotArea().x() + constants::chartPosition,

@@ -47,6 +47,7 @@ void MainWindow::selectTrace(int id)
 
 void MainWindow::seriaIsSelected()
 {
+    Plot_View->invalidate();
     // Pens first: a series that was just raised has a second item until the event loop runs, and
     // a new pen would bring the dead one back to sight.
     for (int slot = 0; slot < constants::slotCount; ++slot) {

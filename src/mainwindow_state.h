@@ -102,6 +102,7 @@ struct MainWindowState
 
     // ---- User actions ----
     int openActions = 0; ///< nested user actions
+    bool onlyCursorMoves = false; ///< in all that are open
     QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
     QString pendingCaptions[2]; ///< parameter dial, cursor dial
 

@@ -12,6 +12,7 @@ void MainWindow::set_CSS()
 {
     setStyleSheet(settingsData->current_CSS);
     input_dialog->setStyleSheet(settingsData->current_CSS);
+    Plot_View->invalidate();
     // The plot is near-black whatever the sheet says; it comes back so in difference mode too.
     m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);
     Plot_Chart->setBackgroundBrush(m_brush);
