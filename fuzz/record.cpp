@@ -1,0 +1,295 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/axis_grid.h"
+#include "calc/cursor_level.h"
+#include "calc/readout.h"
+#include "calc/tdr_record.h"
+#include "calc/trace_points.h"
+#include "calc/view_range.h"
+#include "constants.h"
+#include "fuzzer.h"
+#include "input.h"
+#include "record_input.h"
+
+#include <QLocale>
+
+#include <cmath>
+#include <cstddef>
+#include <cstring>
+
+/// \file
+/// One or two records through everything that is computed from them without a widget: points in all
+/// four forms, view, grid, cursors, texts. The first record is the trace, the second the master.
+
+using fuzz::expect;
+using fuzz::headBytes;
+using Protocol_VX840::TDR_FILE_t;
+
+namespace {
+
+constexpr std::size_t preambleBytes = 32;
+constexpr std::size_t recordCount = 2;
+
+/// What is done with the records, from the preamble.
+struct Gestures
+{
+    explicit Gestures(Input &input)
+        : way(input.byte())
+        , exponent(input.number<qint8>())
+        , dial(input.number<qint16>())
+        , column(input.number<qint32>())
+        , scroll(input.number<qint32>())
+        , width(input.number<float>())
+        , pixels(input.number<float>())
+        , span(input.number<double>())
+        , value(input.number<qint32>())
+    {
+    }
+
+    quint8 way; ///< bit 0: a file longer than a record, bit 1: any distance for the grid
+    qint8 exponent;
+    qint16 dial;
+    qint32 column;
+    qint32 scroll;
+    float width;
+    float pixels;
+    double span;
+    qint32 value;
+};
+
+bool sameNumber(double a, double b)
+{
+    return a == b;
+}
+
+// As a file is read: over what the slot held before.
+void readRecord(Input &input, bool longer, TDR_FILE_t &record)
+{
+    static const char tail[sizeof(TDR_FILE_t) + 1 - headBytes] = {};
+    std::memcpy(&record, fuzz::goodHead(), headBytes);
+    std::size_t size = 0;
+    const char *head = input.take(headBytes, size);
+    if (longer && size == headBytes) {
+        static char file[sizeof(TDR_FILE_t) + 1];
+        std::memcpy(file, head, size);
+        std::memcpy(file + size, tail, sizeof tail);
+        calc::fillRecord(file, sizeof file, record);
+    } else {
+        calc::fillRecord(head, static_cast<qint64>(size), record);
+    }
+    expect(std::memcmp(&record, head, size) == 0, "a record holds the bytes of its file");
+}
+
+calc::TraceRef traceOf(const TDR_FILE_t &record)
+{
+    const auto params = record.ch.params;
+    const int counts = calc::countsPerSample(params.sample_minstep);
+    expect(counts >= 0 && counts <= constants::xLength, "a step is between nothing and the axis");
+    const int step = calc::usableStep(counts);
+    expect(step >= 1, "a step to divide by is never 0");
+    return { record.samples, step, quint32{ params.delay },
+             calc::initialScroll(params.shiftX, counts), params.shiftY };
+}
+
+// Left to right, and nothing that a chart could not place.
+void checkOrder(const QVector<QPointF> &points)
+{
+    double last = points.isEmpty() ? 0.0 : points.constFirst().x();
+    for (const QPointF &point : points) {
+        expect(std::isfinite(point.x()) && std::isfinite(point.y()), "points have a place");
+        expect(point.x() >= last, "points go from left to right");
+        last = point.x();
+    }
+}
+
+void checkForms(const QVector<QPointF> &steps, const QVector<QPointF> &spline)
+{
+    checkOrder(steps);
+    expect(steps.size() == qMax(0, 2 * spline.size() - 1), "a tread has two ends, the last one");
+    for (int i = 0; i < spline.size(); ++i)
+        expect(steps[2 * i] == spline[i], "both forms go through the same points");
+}
+
+void drawPoints(const calc::TraceRef &trace, const calc::TraceRef &master)
+{
+    static QVector<QPointF> steps;
+    static QVector<QPointF> spline;
+    calc::stepPoints(trace, steps);
+    calc::splinePoints(trace, spline);
+    expect(spline.size() == constants::drawnSamples, "all samples are drawn");
+    checkForms(steps, spline);
+    const double start = double(trace.scroll) + double(trace.delay) * trace.step;
+    expect(sameNumber(spline[0].x(), start), "a trace starts at its delay");
+    expect(sameNumber(spline[0].y(), double(trace.offset) + trace.samples[0]),
+           "a point is as high as its sample");
+
+    calc::stepDifference(master, trace, steps);
+    calc::splineDifference(master, trace, spline);
+    expect(spline.size() <= constants::drawnSamples, "a difference has no more points than traces");
+    checkForms(steps, spline);
+}
+
+void checkRange(const calc::Range &range, int width)
+{
+    expect(range.min >= 0 && range.min < range.max, "a range has its ends in order");
+    expect(range.max - range.min == width, "moving a view keeps its width");
+}
+
+void checkGrid(const calc::GridPlan &plan)
+{
+    expect(plan.interiorCount >= 0 && plan.interiorCount <= constants::gridLines,
+           "there are no more grid lines than there are");
+    expect(plan.valid
+               || (!plan.edges[0].visible && !plan.edges[1].visible && plan.interiorCount == 0),
+           "without a step nothing is shown");
+    expect(!plan.valid || (plan.step > 0.0 && std::isfinite(plan.step)), "a grid has a step");
+    for (int i = 0; i < plan.interiorCount; ++i)
+        expect(plan.interior[i].visible && !plan.interior[i].text.isEmpty(),
+               "a grid line has its text");
+}
+
+void checkPlaces(const calc::GridPlan &plan, float plotWidth)
+{
+    const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
+    const double width = hasWidth ? double(plotWidth) : 0.0;
+    double last = 0.0;
+    for (int i = 0; i < plan.interiorCount; ++i) {
+        const double offset = plan.interior[i].offset;
+        expect(offset >= last && offset <= width * 1.000001,
+               "grid lines stand on the plot from left to right");
+        last = offset;
+    }
+}
+
+calc::Range view(const TDR_FILE_t &record, const Gestures &gestures)
+{
+    const auto params = record.ch.params;
+    const int exponent = calc::clampedScale(calc::exponentForMinstep(params.sample_minstep));
+    const calc::Range own = calc::rangeFromDelay(params.delay, exponent);
+    checkRange(own, calc::visibleCounts(exponent));
+    checkRange(calc::scrolled(own, gestures.scroll), calc::visibleCounts(exponent));
+
+    const int chosen = calc::clampedScale(gestures.exponent);
+    const int width = calc::visibleCounts(chosen);
+    checkRange(calc::scrolled({ 0, width }, gestures.scroll), width);
+    const calc::Range centred = calc::centredOn(calc::clampedColumn(gestures.column), { 0, width });
+    checkRange(centred, width);
+    expect(centred.max <= constants::xLength, "a centred view stays on the axis");
+    expect(calc::clampedScale(calc::exponentOfDistance(double(calc::scaleDistance(chosen))))
+               == chosen,
+           "a scale's caption leads back to the scale");
+    calc::exponentOfDistance(gestures.span);
+    calc::panStep(gestures.exponent, double(gestures.pixels), gestures.width);
+    calc::wholeSamples(gestures.value, calc::countsPerSample(params.sample_minstep));
+    calc::clampedVerticalOffset(gestures.value);
+    return gestures.exponent < 0 ? own : centred;
+}
+
+void grid(const calc::Range &range, double metresPerCount, const Gestures &gestures)
+{
+    expect(metresPerCount > 0.018 && metresPerCount < 0.188, "a count has a length");
+    const calc::GridPlan plan = calc::planGrid(range, metresPerCount, gestures.width);
+    expect(plan.valid, "every view has a grid");
+    checkGrid(plan);
+    checkPlaces(plan, gestures.width);
+    // Counts of any length do not come up in the window, but the grid is to bear them.
+    if ((gestures.way & 2) != 0)
+        checkGrid(
+            calc::planGrid({ gestures.scroll, gestures.value }, gestures.span, gestures.width));
+}
+
+void checkCursor(const calc::CursorPoint &point)
+{
+    expect(point.column >= 0 && point.column <= constants::xLength, "a cursor stays on the axis");
+}
+
+void cursors(const calc::TraceRef &trace, const calc::TraceRef &master, const Gestures &gestures)
+{
+    const calc::CursorPoint own = calc::cursorOn(gestures.column, trace);
+    checkCursor(own);
+    expect(own.column % trace.step == 0, "a cursor stands on a whole sample");
+    expect(own.level == constants::noLevel || qAbs(own.level - trace.offset) <= 128,
+           "a level is that of a sample");
+    const calc::CursorPoint other = calc::cursorOnDifference(gestures.column, master, trace);
+    checkCursor(other);
+    expect(other.level == constants::noLevel, "a difference has no level");
+    calc::levelUnder(gestures.column, trace);
+}
+
+int lengthOf(const QString &text)
+{
+    return text.size();
+}
+
+void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Gestures &gestures)
+{
+    static const QString suffix = QStringLiteral("m");
+    static const QLocale locale = QLocale::c();
+    const auto params = record.ch.params;
+    int length = lengthOf(calc::distanceText(column, metresPerCount, suffix))
+        + lengthOf(calc::kuText(calc::clampedKU(double(params.KU))))
+        + lengthOf(calc::scaleText(calc::scaleDistance(gestures.exponent)));
+    expect(length < 60, "readouts are short");
+    expect(calc::levelText(gestures.value).isEmpty() == (gestures.value == constants::noLevel),
+           "129 alone is no level");
+    if ((gestures.way & 4) != 0) {
+        calc::kuText(params.KU);
+        calc::generalText(gestures.span);
+        calc::distanceText(gestures.value, gestures.span, suffix);
+    }
+    const QDate date = calc::testDate(record);
+    expect(!date.isValid() || date.year() >= constants::centuryStart,
+           "no test is of the last century");
+    locale.toString(date, QLocale::ShortFormat);
+    calc::testTime(record).toString(Qt::ISODate);
+}
+
+void velocityFactor(const TDR_FILE_t &record, const Gestures &gestures)
+{
+    const float ku = calc::clampedKU(double(record.ch.params.KU));
+    expect(ku >= constants::minKU && ku <= constants::maxKU,
+           "a velocity factor is between 1 and 10");
+    const int dial = calc::dialOfKU(ku);
+    expect(dial >= 0 && dial <= 9000, "every velocity factor has its place on the dial");
+    calc::dialOfKU(record.ch.params.KU);
+    const float turned = calc::clampedKU(calc::kuOfDial(gestures.dial));
+    expect(turned >= constants::minKU && turned <= constants::maxKU,
+           "the dial gives such a factor");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
+{
+    fuzz::silenceLog();
+    return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size,
+                                               std::size_t limit, unsigned seed)
+{
+    return fuzz::mutateRecords(data, size, limit, preambleBytes, recordCount, seed);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static TDR_FILE_t record;
+    static TDR_FILE_t masterRecord;
+    Input input(data, qMin(size, preambleBytes));
+    const Gestures gestures(input);
+    Input records(data + qMin(size, preambleBytes), size - qMin(size, preambleBytes));
+    const bool longer = (gestures.way & 1) != 0;
+    readRecord(records, longer, record);
+    readRecord(records, longer, masterRecord);
+
+    const calc::TraceRef trace = traceOf(record);
+    const calc::TraceRef master = traceOf(masterRecord);
+    drawPoints(trace, master);
+    const calc::Range range = view(record, gestures);
+    const double metres = calc::metresPerCount(record.ch.params.KU);
+    grid(range, metres, gestures);
+    cursors(trace, master, gestures);
+    texts(record, calc::clampedColumn(gestures.column), metres, gestures);
+    velocityFactor(record, gestures);
+    return 0;
+}
