@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "oddplaces.h"
+
+#include "testfiles.h"
+#include "tracebuilder.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+#include <limits>
+
+#ifdef Q_OS_UNIX
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+#endif
+
+OddPlaces::OddPlaces()
+{
+    QDir(m_folder.path()).mkdir(QStringLiteral("folder.tdr"));
+    writeFile(in("good.tdr"), TraceBuilder().samples(99).bytes());
+    m_places = {
+        { "no path", QString() },
+        { "missing", in("missing.tdr") },
+        { "folder", in("folder.tdr") },
+        { "file as a folder", in("good.tdr/inner.tdr") },
+        { "slash at the end", in("good.tdr/") },
+        { "zero bytes", in("good.tdr") + QChar(0) + QStringLiteral("x") },
+        { "256 letters", in("") + QString(256, QLatin1Char('x')) },
+        { "5000 letters", in("") + QString(5000, QLatin1Char('x')) },
+        { "lone surrogate", in("") + QChar(0xD800) + QStringLiteral(".tdr") },
+    };
+#ifdef Q_OS_UNIX
+    addSpecialFiles();
+    addLockedFiles();
+#endif
+}
+
+OddPlaces::~OddPlaces()
+{
+#ifdef Q_OS_UNIX
+    if (m_socket >= 0)
+        ::close(m_socket);
+    // Else the folder could not be emptied: the toolkit cannot name the one, nor look into the
+    // other.
+    ::unlink(nameOfBytes().constData());
+    QFile::setPermissions(in("locked"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+#endif
+}
+
+const QVector<OddPlace> &OddPlaces::all() const
+{
+    return m_places;
+}
+
+QString OddPlaces::folder() const
+{
+    return m_folder.path();
+}
+
+QString OddPlaces::in(const char *name) const
+{
+    return m_folder.path() + QLatin1Char('/') + QString::fromLatin1(name);
+}
+
+QByteArray OddPlaces::nameOfBytes() const
+{
+    return QFile::encodeName(m_folder.path()) + "/\xff\xfe.tdr";
+}
+
+void OddPlaces::addSpecialFiles()
+{
+#ifdef Q_OS_UNIX
+    const QString pipe = in("pipe.tdr");
+    if (mkfifo(QFile::encodeName(pipe).constData(), 0666) != 0)
+        qFatal("cannot make a pipe");
+    m_places.append({ "pipe", pipe });
+
+    // Bound by its name alone: the whole path may be longer than an address holds.
+    const QString former = QDir::currentPath();
+    m_socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strcpy(address.sun_path, "socket.tdr");
+    QDir::setCurrent(m_folder.path());
+    if (::bind(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
+        qFatal("cannot make a socket");
+    QDir::setCurrent(former);
+    m_places.append({ "socket", in("socket.tdr") });
+
+    const auto link = [this](const char *kind, const char *target, const char *name) {
+        if (::symlink(target, QFile::encodeName(in(name)).constData()) != 0)
+            qFatal("cannot make a link");
+        m_places.append({ kind, in(name) });
+    };
+    link("dangling link", "nowhere.tdr", "dangling.tdr");
+    link("link to itself", "loop.tdr", "loop.tdr");
+    link("link to a pipe", "pipe.tdr", "to_pipe.tdr");
+    link("link to a device", "/dev/zero", "to_zero.tdr");
+    link("link to a folder", "/", "to_root.tdr");
+    for (const char *device : { "/dev/null", "/dev/zero", "/dev/full", "/dev/random", "/dev/tty" })
+        m_places.append({ device, QString::fromLatin1(device) });
+
+    // Bytes that are no UTF-8: the file is there, but no text names it.
+    const QByteArray name = nameOfBytes();
+    if (::mknod(name.constData(), S_IFREG | 0644, 0) != 0)
+        qFatal("cannot make a file with a name of bytes");
+    m_places.append({ "name that is no text", QFile::decodeName(name) });
+#endif
+}
+
+void OddPlaces::addLockedFiles()
+{
+    const QByteArray trace = TraceBuilder().samples(99).bytes();
+    writeFile(in("unreadable.tdr"), trace);
+    QFile::setPermissions(in("unreadable.tdr"), {});
+    m_places.append({ "not readable", in("unreadable.tdr") });
+    QDir(m_folder.path()).mkdir(QStringLiteral("locked"));
+    writeFile(in("locked/inner.tdr"), trace);
+    QFile::setPermissions(in("locked"), {});
+    m_places.append({ "in a locked folder", in("locked/inner.tdr") });
+    // Its modes say why an ordinary user cannot read those two, not that of the folder above.
+    QFile::setPermissions(m_folder.path(),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther
+                              | QFile::ExeOther);
+}
+
+void asOrdinaryUser(const std::function<void()> &work)
+{
+#ifdef Q_OS_UNIX
+    constexpr uid_t nobody = 65534;
+    const bool isRoot = geteuid() == 0;
+    if (isRoot && seteuid(nobody) != 0)
+        qFatal("cannot become an ordinary user");
+    work();
+    if (isRoot && seteuid(0) != 0)
+        qFatal("the test cannot become itself again");
+#else
+    work();
+#endif
+}
+
+qint64 fastest(const std::function<void()> &work)
+{
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int i = 0; i < 5; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        best = qMin(best, timer.elapsed());
+        // A first time well within any limit needs no second opinion.
+        if (best < 50)
+            break;
+    }
+    return best;
+}

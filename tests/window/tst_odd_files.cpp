@@ -1,0 +1,335 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "legendbutton.h"
+#include "oddplaces.h"
+#include "settingsdata.h"
+#include "testfiles.h"
+#include "windowactions.h"
+#include "windowstate.h"
+
+#include <QtTest>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+constexpr qint64 answerTime = 200; ///< milliseconds within which any file is dealt with
+
+/// The lines of the state that tell of traces and view; a style sheet may change the others.
+QStringList tracesOf(MainWindow &window)
+{
+    QStringList lines = stateOf(window);
+    lines.erase(std::remove_if(lines.begin(), lines.end(),
+                               [](const QString &line) {
+                                   return !line.startsWith(QStringLiteral("rfg_series"))
+                                       && !line.startsWith(QStringLiteral("range:"))
+                                       && !line.startsWith(QStringLiteral("cursors:"))
+                                       && !line.startsWith(QStringLiteral("title:"))
+                                       && !line.startsWith(QStringLiteral("slots:"));
+                               }),
+                lines.end());
+    return lines;
+}
+
+/// A window that shows two good traces, slot 1 selected and master.
+MainWindow &openGood(WindowFixture &fixture)
+{
+    MainWindow &window = openWith(fixture,
+                                  { TraceBuilder().samples([](int i) { return i % 50; }),
+                                    TraceBuilder().samples(9).shiftY(4).minstep(2.5F) });
+    window.cursorSetup_slot(30);
+    return window;
+}
+
+} // namespace
+
+class TestOddFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
+
+    // ---- Traces ----
+
+    void nothingOnScreenChangesWhateverIsLoadedInstead()
+    {
+        const OddPlaces places;
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = stateOf(window);
+        for (const OddPlace &place : places.all()) {
+            const qint64 took
+                = fastest([&] { asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 1); }); });
+            QVERIFY2(took < answerTime, place.kind);
+            QVERIFY2(stateOf(window) == before, place.kind);
+            QVERIFY2(fixture.probe().rfg_DATA()[1].file_name == QLatin1String("t2"), place.kind);
+            QVERIFY2(QApplication::activeModalWidget() == nullptr, place.kind);
+        }
+    }
+
+    void anEmptySlotTurnsIntoOneOfZerosAndNoOtherChanges()
+    {
+        const OddPlaces places;
+        for (const OddPlace &place : places.all()) {
+            WindowFixture fixture;
+            MainWindow &window = openGood(fixture);
+            const QStringList before = tracesOf(window).filter(QStringLiteral("[0]"))
+                + tracesOf(window).filter(QStringLiteral("[1]"));
+            asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 4); });
+            const MainWindowProbe &probe = fixture.probe();
+            QVERIFY2(probe.rfg_read_index() == 19, place.kind);
+            QVERIFY2(probe.rfg_DATA()[4].full_path.isEmpty(), place.kind);
+            QVERIFY2(probe.rfg_series()[4]->at(498) == QPointF(249.0, 0.0), place.kind);
+            QVERIFY2(tracesOf(window).filter(QStringLiteral("[0]"))
+                             + tracesOf(window).filter(QStringLiteral("[1]"))
+                         == before,
+                     place.kind);
+        }
+    }
+
+    void aResetKeepsTracesWhoseFilesHaveGone()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = tracesOf(window);
+        QVERIFY(QFile::remove(fixture.path(QStringLiteral("t1.tdr"))));
+        QVERIFY(QFile::remove(fixture.path(QStringLiteral("t2.tdr"))));
+        QVERIFY(QDir().mkdir(fixture.path(QStringLiteral("t2.tdr"))));
+        window.resetCurrent_slot(1);
+        QCOMPARE(tracesOf(window), before);
+        window.reset_slot();
+        QCOMPARE(tracesOf(window), before);
+    }
+
+#ifdef Q_OS_LINUX
+    // The kernel's messages are such a file; whoever may read them waits for the next one.
+    void aFileThatSaysItIsEmptyIsTakenAtItsWord()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = tracesOf(window);
+        for (const char *path : { "/proc/self/status", "/proc/uptime", "/proc/kmsg" }) {
+            const QString file = QString::fromLatin1(path);
+            const qint64 took = fastest([&] {
+                window.add_Selected_RFG(file, 1);
+                window.settings()->loadSettings(file, 63);
+                window.settings()->current_CSS_path = file;
+                window.settings()->parse_CSS();
+            });
+            QVERIFY2(took < answerTime, path);
+            QVERIFY2(window.settings()->current_CSS.isEmpty(), path);
+            QVERIFY2(tracesOf(window) == before, path);
+        }
+        QVERIFY(!QFileInfo(QStringLiteral("/proc/uptime")).size());
+    }
+#endif
+
+    void aTraceWithTheLongestNameIsRead()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QString name = QString(251, QLatin1Char('n')) + QStringLiteral(".tdr");
+        const QString path = fixture.trace(name, TraceBuilder().samples(-7));
+        window.add_Selected_RFG(path, 1);
+        QCOMPARE(fixture.probe().rfg_DATA()[1].file_name.size(), 251);
+        QCOMPARE(fixture.probe().rfg_series()[1]->at(0), QPointF(0.0, -7.0));
+    }
+
+    void aTraceWithAStrangeNameIsRead_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("Cyrillic") << QStringLiteral("кабель 7.tdr") << QStringLiteral("кабель 7");
+        QTest::newRow("beyond 16 bits")
+            << QString::fromUtf8("\xf0\x9f\x94\x8c.tdr") << QString::fromUtf8("\xf0\x9f\x94\x8c");
+        QTest::newRow("dots") << QStringLiteral("a.b.tdr") << QStringLiteral("a");
+        QTest::newRow("hidden") << QStringLiteral(".tdr") << QString();
+        QTest::newRow("percent") << QStringLiteral("%1%2.tdr") << QStringLiteral("%1%2");
+#ifdef Q_OS_UNIX
+        QTest::newRow("line break") << QStringLiteral("a\nb.tdr") << QStringLiteral("a\nb");
+        QTest::newRow("markup") << QStringLiteral("<b>&amp;.tdr") << QStringLiteral("<b>&amp;");
+#endif
+    }
+
+    void aTraceWithAStrangeNameIsRead()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, shown);
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QString path = fixture.trace(name, TraceBuilder().samples(-7));
+        window.add_Selected_RFG(path, 0);
+        QCOMPARE(fixture.probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
+        QVERIFY(fixture.probe().chart_title().text().startsWith(shown + QStringLiteral(", /")));
+        // And once more from the settings of this run.
+        fixture.open();
+        QCOMPARE(fixture.probe().rfg_DATA()[0].full_path, path);
+        QCOMPARE(fixture.probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
+    }
+
+    void aFileThatChangesWhileItIsReadFillsWhatWasThere()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = tracesOf(window).filter(QStringLiteral("[0]"));
+        const QString path = fixture.path(QStringLiteral("changing.tdr"));
+        const QByteArray trace = TraceBuilder().samples(5).bytes();
+        std::atomic_bool done{ false };
+        // Written, shortened, removed and made anew, over and over.
+        std::thread writer([&] {
+            for (int round = 0; !done; ++round) {
+                QFile file(path);
+                if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+                    file.write(trace);
+                    file.flush();
+                    file.resize((round * 7919) % 37776);
+                }
+                if (round % 3 == 0)
+                    file.remove();
+            }
+        });
+        int cut = 0;
+        for (int round = 0; round < 400; ++round) {
+            const auto former = fixture.probe().rfg_DATA()[1].f_p_840;
+            window.add_Selected_RFG(path, 1);
+            const auto &now = fixture.probe().rfg_DATA()[1].f_p_840;
+            int read = 0;
+            while (read < 32000 && now.samples[read] == 5)
+                ++read;
+            const bool restIsFormer
+                = std::equal(now.samples + read, now.samples + 32000, former.samples + read);
+            if (!restIsFormer) {
+                done = true;
+                writer.join();
+                QFAIL(qPrintable(QString::number(read)));
+            }
+            cut += read < 32000 ? 1 : 0;
+            // For the next round's short read to show.
+            std::fill_n(fixture.probe().rfg_DATA()[1].f_p_840.samples, 32000, qint8{ 9 });
+        }
+        done = true;
+        writer.join();
+        QVERIFY(cut > 0);
+        QCOMPARE(tracesOf(window).filter(QStringLiteral("[0]")), before);
+    }
+
+    // ---- Settings ----
+
+    void settingsFromAnywhereAreDefaultsAndLeaveTheTraces()
+    {
+        constexpr state_index allButTracesAndFolders = 58;
+        const OddPlaces places;
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = stateOf(window);
+        for (const OddPlace &place : places.all()) {
+            SettingsData *settings = window.settings();
+            settings->cursor_dial_speed = 37;
+            settings->current_language = QStringLiteral("ru_RU");
+            settings->current_CSS_path = QStringLiteral("mine.qss");
+            const qint64 took = fastest([&] {
+                asOrdinaryUser([&] { settings->loadSettings(place.path, allButTracesAndFolders); });
+            });
+            QVERIFY2(took < answerTime, place.kind);
+            settings->updateSettings(allButTracesAndFolders);
+            QVERIFY2(settings->cursor_dial_speed == 100, place.kind);
+            QVERIFY2(settings->current_language == QLatin1String("en_US"), place.kind);
+            QVERIFY2(settings->current_CSS_path == QLatin1String(":/style/style_2.qss"),
+                     place.kind);
+            QVERIFY2(stateOf(window) == before, place.kind);
+        }
+    }
+
+    void settingsAreNotWrittenToSuchPlaces()
+    {
+        const OddPlaces places;
+        SettingsData settings(nullptr);
+        const QStringList files = QDir(places.folder()).entryList(QDir::Files | QDir::System);
+        for (const OddPlace &place : places.all()) {
+            const qint64 took
+                = fastest([&] { asOrdinaryUser([&] { settings.saveSettings(place.path, 63); }); });
+            QVERIFY2(took < answerTime, place.kind);
+        }
+        QCOMPARE(QDir(places.folder()).entryList(QDir::Files | QDir::System), files);
+    }
+
+    // ---- Style sheets ----
+
+    void aSheetFromAnywhereIsEmptyAndLeavesTheTraces()
+    {
+        const OddPlaces places;
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = tracesOf(window);
+        for (const OddPlace &place : places.all()) {
+            SettingsData *settings = window.settings();
+            settings->current_CSS_path = place.path;
+            asOrdinaryUser([&] { settings->parse_CSS(); });
+            QVERIFY2(window.styleSheet().isEmpty(), place.kind);
+            // The second time nothing is new to the toolkit: what is timed is the reading.
+            const qint64 took = fastest([&] { asOrdinaryUser([&] { settings->parse_CSS(); }); });
+            QVERIFY2(took < answerTime, place.kind);
+            QVERIFY2(tracesOf(window) == before, place.kind);
+        }
+    }
+
+    void aSheetThatNamesSuchAPlaceIsApplied()
+    {
+        const OddPlaces places;
+        WindowFixture fixture;
+        const QString sheet = fixture.path(QStringLiteral("a.qss"));
+        for (const OddPlace &place : places.all()) {
+            // To the toolkit a sheet ends there.
+            if (place.path.contains(QChar(0)))
+                continue;
+            const QByteArray name = QFile::encodeName(place.path);
+            writeFile(sheet,
+                      "QLabel { color: rgb(1, 2, 3); background-image: url(\"" + name
+                          + "\") } QPushButton { icon: url('" + name
+                          + "') } QLabel { qproperty-toolTip: \"" + name + "\" }");
+            QSettings settings(WindowFixture::settingsFile(), QSettings::IniFormat);
+            settings.setValue(QStringLiteral("CSS"), sheet);
+            settings.sync();
+            MainWindow &window = fixture.open();
+            QVERIFY2(window.styleSheet().contains(QStringLiteral("url(\"")), place.kind);
+            QCOMPARE(fixture.probe().delta_lbl()->palette().color(QPalette::WindowText),
+                     QColor(1, 2, 3));
+        }
+    }
+
+    void aSheetOfAMegabyteOfRulesIsAnEmptyOne()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openGood(fixture);
+        const QStringList before = tracesOf(window);
+        const QString sheet = fixture.path(QStringLiteral("a.qss"));
+        window.settings()->current_CSS_path = sheet;
+        for (const char *part : { "QWidget{color:red}", "QWidget,", "*{", "\\41 ", "url(x)" }) {
+            writeFile(sheet, QByteArray(part).repeated(1000000 / int(qstrlen(part))));
+            const qint64 took = fastest([&] { window.settings()->parse_CSS(); });
+            QVERIFY2(window.styleSheet().isEmpty(), part);
+            QVERIFY2(took < answerTime, part);
+        }
+        QCOMPARE(tracesOf(window), before);
+    }
+
+    void aLargeSheetOfAnHonestUserIsApplied()
+    {
+        WindowFixture fixture;
+        MainWindow &window = fixture.open();
+        const QString sheet = fixture.path(QStringLiteral("a.qss"));
+        writeFile(sheet, QByteArray("QLabel { color: rgb(4, 5, 6); }\n").repeated(2000));
+        window.settings()->current_CSS_path = sheet;
+        window.settings()->parse_CSS();
+        QCOMPARE(fixture.probe().delta_lbl()->palette().color(QPalette::WindowText),
+                 QColor(4, 5, 6));
+    }
+};
+
+QTEST_MAIN(TestOddFiles)
+#include "tst_odd_files.moc"
