@@ -53,7 +53,8 @@ public slots:
     void nullifier_slot();
 
     /// Sets the raw travel of one turn to \a steps, with steps and pages to match. Anything below
-    /// 1 counts as 1: a wrapping dial divides by its travel.
+    /// 1 counts as 1: a wrapping dial divides by its travel. Anything above a million counts as a
+    /// million: the toolkit's arithmetic for the notches would overflow.
     void setAccuracy(int steps);
 
 protected:

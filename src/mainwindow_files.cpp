@@ -65,7 +65,8 @@ bool MainWindow::read_rfg_DATA(const QString &path, int id)
     QByteArray bytes(static_cast<int>(sizeof(TDR_FILE_t)), Qt::Uninitialized);
     QDataStream stream(&file);
     stream.setByteOrder(QDataStream::LittleEndian);
-    const int size = stream.readRawData(bytes.data(), bytes.size());
+    const int size = stream.readRawData(
+        bytes.data(), static_cast<int>(program_files::lengthToRead(file, bytes.size())));
 
     rfg_SHOWN &trace = rfg_DATA[id];
     // A short file fills the record as far as it goes and the rest keeps the bytes of the trace

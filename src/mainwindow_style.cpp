@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow.h"
 #include "settingsdata.h"
+#include "style_text.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,8 +11,10 @@
 
 void MainWindow::set_CSS()
 {
-    setStyleSheet(settingsData->current_CSS);
-    input_dialog->setStyleSheet(settingsData->current_CSS);
+    // The store keeps the text as it was read; only what the toolkit would open is looked at here.
+    const QString sheet = style_text::withoutPipes(settingsData->current_CSS);
+    setStyleSheet(sheet);
+    input_dialog->setStyleSheet(sheet);
     Plot_View->invalidate();
     // The plot is near-black whatever the sheet says; it comes back so in difference mode too.
     m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);

@@ -93,14 +93,19 @@ bool program_files::openRegularFile(QFile &file)
     return isRegularFile(file.fileName()) && file.open(QIODevice::ReadOnly);
 }
 
+qint64 program_files::lengthToRead(const QFile &file, qint64 wanted)
+{
+    return file.size() == 0 ? 0 : wanted;
+}
+
 QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
 {
     QFile file(path);
     if (!openRegularFile(file)) {
         return {};
     }
-    // One byte more than allowed is asked for: what a file says of its own size is not trusted.
-    QByteArray bytes = file.read(limit + 1);
+    // One byte more than allowed is asked for: a file may have grown since it was opened.
+    QByteArray bytes = file.read(lengthToRead(file, limit + 1));
     if (bytes.size() > limit) {
         bytes.clear();
     }

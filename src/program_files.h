@@ -35,6 +35,11 @@ bool isRegularFile(const QString &path);
 /// Opens \a file for reading; false when it is no regular file or cannot be opened.
 bool openRegularFile(QFile &file);
 
+/// How many bytes to ask the open \a file for when \a wanted are of use: none when it says that it
+/// holds none. The system has files that call themselves regular and empty and yet wait, for ever
+/// if need be, until there is something to read.
+qint64 lengthToRead(const QFile &file, qint64 wanted);
+
 /// All bytes of the file at \a path; empty when it cannot be opened or holds more than \a limit
 /// bytes.
 QByteArray readRegularFile(const QString &path, qint64 limit);

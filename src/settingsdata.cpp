@@ -5,6 +5,7 @@
 #include "constants.h"
 #include "ini_text.h"
 #include "program_files.h"
+#include "style_text.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -219,8 +220,11 @@ void SettingsData::copy(const SettingsData *from, state_index mask)
 
 void SettingsData::parse_CSS()
 {
-    const QByteArray sheet
+    QByteArray sheet
         = program_files::readRegularFile(current_CSS_path, constants::maxStyleSheetBytes);
+    if (!style_text::isReasonable(sheet)) {
+        sheet.clear();
+    }
     // With its length: a NUL is a character like any other and ends nothing.
     current_CSS = QString::fromLatin1(sheet.constData(), sheet.size());
     emit CSS_changed();
