@@ -14,6 +14,8 @@ int qMain(int argc, char **argv)
         qputenv("QT_XCB_GL_INTEGRATION", "none");
 
     QApplication application(argc, argv);
+    // The desktop entry of this window: a Wayland compositor takes name and icon from there.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.velkor.Velkor"));
     MainWindow window;
     window.settings()->curAppPointer = &application;
     window.show();

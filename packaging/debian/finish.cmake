@@ -1,0 +1,67 @@
+# SPDX-FileCopyrightText: 2026 The Velkor developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# Run by CPack on the installed tree before it becomes a package: gives a Debian package the files
+# that Debian asks for, compressed as it wants them. Other packages stay as they are.
+if(NOT CPACK_GENERATOR STREQUAL "DEB")
+  return()
+endif()
+
+set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
+set(doc ${share}/doc/velkor)
+
+# The licence stands in the system once for all packages.
+file(REMOVE ${doc}/LICENSE)
+file(COPY ${CPACK_VELKOR_DEBIAN_DIR}/copyright DESTINATION ${doc}
+  FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+if(EXISTS ${doc}/manual)
+  file(MAKE_DIRECTORY ${share}/doc-base)
+  file(COPY ${CPACK_VELKOR_DEBIAN_DIR}/velkor.velkor-manual DESTINATION ${share}/doc-base
+    FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+endif()
+
+# A changelog in Debian's form, made of the points of this version in the project's own. Points end
+# at the next one; their lines are filled anew, because Debian's are shorter.
+file(STRINGS ${doc}/CHANGELOG.md lines ENCODING UTF-8)
+set(version "")
+set(points)
+foreach(line IN LISTS lines)
+  # In a list a semicolon would be a border between two elements.
+  string(REPLACE ";" "@semicolon@" line "${line}")
+  if(line MATCHES "^## \\[([0-9.]+)\\]")
+    set(version ${CMAKE_MATCH_1})
+  elseif(NOT version STREQUAL CPACK_PACKAGE_VERSION)
+    continue()
+  elseif(line MATCHES "^- (.*)")
+    list(APPEND points "* ${CMAKE_MATCH_1}")
+  elseif(line MATCHES "^  ([^ ].*)")
+    string(APPEND points " ${CMAKE_MATCH_1}")
+  endif()
+endforeach()
+if(NOT points)
+  message(FATAL_ERROR "CHANGELOG.md has no points for version ${CPACK_PACKAGE_VERSION}")
+endif()
+
+set(text "velkor (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium\n\n")
+foreach(point IN LISTS points)
+  string(REPLACE " " ";" words "${point}")
+  set(line " ")
+  foreach(word IN LISTS words)
+    string(LENGTH "${line} ${word}" length)
+    if(length GREATER 76)
+      string(APPEND text "${line}\n")
+      set(line "   ")
+    endif()
+    string(APPEND line " ${word}")
+  endforeach()
+  string(APPEND text "${line}\n")
+endforeach()
+string(REPLACE "@semicolon@" ";" text "${text}")
+string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+string(APPEND text "\n -- ${CPACK_PACKAGE_CONTACT}  ${date}\n")
+file(REMOVE ${doc}/CHANGELOG.md)
+file(WRITE ${doc}/changelog "${text}")
+
+find_program(gzip gzip REQUIRED)
+execute_process(COMMAND ${gzip} --best --no-name ${doc}/changelog ${share}/man/man1/velkor.1
+  COMMAND_ERROR_IS_FATAL ANY)

@@ -1,0 +1,19 @@
+# SPDX-FileCopyrightText: 2026 The Velkor developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# Puts the toolkit's libraries beside the installed program, with the tool that the toolkit brings
+# for it. Without that tool the program alone is installed, and it is said.
+get_target_property(qmake Qt${VELKOR_QT_MAJOR}::qmake IMPORTED_LOCATION)
+get_filename_component(toolkit_bin ${qmake} DIRECTORY)
+find_program(VELKOR_WINDEPLOYQT windeployqt HINTS ${toolkit_bin})
+
+if(VELKOR_WINDEPLOYQT)
+  # The program's texts are in its own bundle, and it draws with the raster engine alone.
+  install(CODE "
+    execute_process(
+      COMMAND \"${VELKOR_WINDEPLOYQT}\" --no-translations --no-opengl-sw --compiler-runtime
+        \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/$<TARGET_FILE_NAME:velkor>\"
+      COMMAND_ERROR_IS_FATAL ANY)")
+else()
+  message(STATUS "windeployqt not found: the toolkit's libraries will not be installed")
+endif()

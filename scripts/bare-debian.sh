@@ -1,0 +1,83 @@
+# SPDX-FileCopyrightText: 2026 The Velkor developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+# shellcheck shell=bash
+# A Debian with nothing on it but what a package depends on. Sourced after common.sh, as root, in a
+# mount namespace of the caller's own: what is mounted here goes with it.
+#
+# Nothing of this machine's /dev comes into that system; it has the few nodes that debootstrap makes.
+
+: "${root:?}"
+bare=''
+
+# bare_debian PACKAGE.deb: a fresh folder with the system, ready for chroot; its path in bare.
+# The system itself is made once from this machine's own package sources and then copied.
+bare_debian() {
+    local codename mirror depends key base
+    codename=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME-}")
+    # The dollars are apt-get's own.
+    # shellcheck disable=SC2016
+    mirror=$(apt-get indextargets --format '$(REPO_URI) $(RELEASE)' 'Created-By: Packages' \
+        | awk -v release="$codename" '$2 == release { print $1; exit }')
+    [ -n "$mirror" ] || die "no package source for $codename on this machine"
+    depends=$(dpkg-deb -f "$1" Depends)
+    key=$(printf '%s\n' "$codename" "$mirror" "$depends" | sha256sum | cut -c 1-16)
+    base=${XDG_CACHE_HOME:-$HOME/.cache}/velkor/bare-debian/$key
+
+    if [ ! -e "$base/.ready" ]; then
+        # Older ones belong to other dependencies.
+        remove_tree "${base%/*}"
+        make_base "$base" "$codename" "$mirror" "$depends"
+        touch "$base/.ready"
+    fi
+
+    bare=$root/build/bare-debian
+    remove_tree "$bare"
+    cp -a --reflink=auto "$base" "$bare"
+    mount -t proc proc "$bare/proc"
+}
+
+# Takes the system away again; does nothing when there is none.
+remove_bare_debian() {
+    if [ -n "$bare" ]; then
+        umount "$bare/proc" 2>/dev/null || true
+        remove_tree "$bare"
+        bare=''
+    fi
+}
+
+# Never into anything that is mounted below.
+remove_tree() {
+    rm -rf --one-file-system "$1"
+}
+
+make_base() {
+    local base=$1 codename=$2 mirror=$3 depends=$4 log=$root/build/bare-debian.log
+    say "making a bare Debian once; this takes some minutes"
+    mkdir -p "$base"
+    debootstrap --variant=minbase --include=ca-certificates "$codename" "$base" "$mirror" \
+        >"$log" 2>&1 || { tail -n 30 "$log" >&2; die "debootstrap failed"; }
+    # The same sources and the same way to them as outside; keys come with the system.
+    # shellcheck disable=SC2016
+    apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' 'Origin: Debian' | sort -u >"$base/etc/apt/sources.list"
+    cp -a /etc/apt/apt.conf.d/. "$base/etc/apt/apt.conf.d/"
+    cp -L /etc/resolv.conf /etc/hosts "$base/etc/"
+    cp -L /etc/ssl/certs/ca-certificates.crt "$base/etc/ssl/certs/" 2>/dev/null || true
+    mount -t proc proc "$base/proc"
+    bare=$base
+    {
+        in_bare apt-get -q update
+        in_bare apt-get -q -y --no-install-recommends -o Dpkg::Use-Pty=0 satisfy "$depends"
+        in_bare apt-get clean
+    } >"$log" 2>&1 || { tail -n 30 "$log" >&2; die "the dependencies cannot be installed"; }
+    umount "$base/proc"
+    bare=''
+}
+
+# in_bare COMMAND...: as root in the bare system, with this machine's way to the network.
+in_bare() {
+    chroot "$bare" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 \
+        DEBIAN_FRONTEND=noninteractive \
+        ${http_proxy+"http_proxy=$http_proxy"} ${https_proxy+"https_proxy=$https_proxy"} \
+        ${no_proxy+"no_proxy=$no_proxy"} "$@"
+}
