@@ -54,7 +54,7 @@ Decoded decoded(const QString &sheet)
                    && isHexDigit(sheet[i + digits]))
                 ++digits;
             bool fits = false;
-            const ushort code = sheet.midRef(i, digits).toUShort(&fits, 16);
+            const ushort code = sheet.mid(i, digits).toUShort(&fits, 16);
             // Any other backslash is left out, as the toolkit does, and what follows stands as it
             // is.
             if (!fits)
@@ -186,8 +186,8 @@ QString style_text::withoutPipes(const QString &sheet)
     for (const Stretch &name : names) {
         const int begin = plain.origin[name.begin];
         if (begin > done)
-            rest += sheet.midRef(done, begin - done);
+            rest += sheet.mid(done, begin - done);
         done = qMax(done, plain.origin[name.end]);
     }
-    return rest + sheet.midRef(done);
+    return rest + sheet.mid(done);
 }
