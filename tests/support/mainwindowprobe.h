@@ -122,6 +122,7 @@ public:
     VELKOR_PROBE(cursor_B_pos_Y)
     VELKOR_PROBE(cur_arrowA)
     VELKOR_PROBE(cur_arrowB)
+    VELKOR_PROBE(openActions)
     VELKOR_PROBE(zoom_wheel_flag)
     VELKOR_PROBE(mp)
     VELKOR_PROBE(chart_cursor_plot)

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "event.h"
+
+#include "dice.h"
+
+#include <QList>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int numberBound = 1000;
+
+struct KindInfo
+{
+    const char *name;
+    int weight; ///< how often, of a thousand; what takes long comes seldom
+};
+
+// In the order of the enumeration.
+constexpr KindInfo kinds[] = {
+    { "press", 60 },       { "move", 120 },       { "release", 50 },       { "drag", 20 },
+    { "click", 40 },       { "double-click", 5 }, { "wheel-on-plot", 80 }, { "wheel-anywhere", 60 },
+    { "turn-dial", 40 },   { "dial-key", 25 },    { "key", 95 },           { "focus", 30 },
+    { "button", 100 },     { "chart-menu", 12 },  { "slot-menu", 5 },      { "slot-action", 70 },
+    { "entry", 25 },       { "files", 3 },        { "settings", 3 },       { "resize", 5 },
+    { "window-state", 2 }, { "drop", 10 },        { "language", 4 },       { "style", 1 },
+    { "pointer", 45 },     { "settle", 89 },      { "reopen", 1 },
+};
+static_assert(sizeof kinds / sizeof kinds[0] == Event::KindCount, "one line a kind");
+
+constexpr int sumOfWeights()
+{
+    int sum = 0;
+    for (const KindInfo &kind : kinds)
+        sum += kind.weight;
+    return sum;
+}
+static_assert(sumOfWeights() == 1000, "weights are thousandths");
+
+Event::Kind dealtKind(Dice &dice)
+{
+    int rest = dice.below(sumOfWeights());
+    int kind = 0;
+    while (rest >= kinds[kind].weight)
+        rest -= kinds[kind++].weight;
+    return static_cast<Event::Kind>(kind);
+}
+
+bool readEvent(const QByteArray &line, Event &event)
+{
+    const QList<QByteArray> words = line.simplified().split(' ');
+    if (words.size() != 2 + static_cast<int>(event.numbers.size()))
+        return false;
+    const auto *kind = std::find_if(std::begin(kinds), std::end(kinds), [&](const KindInfo &info) {
+        return words.first() == info.name;
+    });
+    bool known = kind != std::end(kinds);
+    event.kind = static_cast<Event::Kind>(kind - std::begin(kinds));
+    for (int i = 0; known && i < static_cast<int>(event.numbers.size()); ++i) {
+        int &number = event.numbers[static_cast<std::size_t>(i)];
+        number = words.at(i + 1).toInt(&known);
+        known = known && number >= 0 && number < numberBound;
+    }
+    if (known)
+        event.answer = words.last().toUInt(&known);
+    return known;
+}
+
+} // namespace
+
+QByteArray nameOf(Event::Kind kind)
+{
+    return kinds[kind].name;
+}
+
+QByteArray lineOf(const Event &event)
+{
+    QByteArray line = nameOf(event.kind);
+    for (const int number : event.numbers)
+        line += ' ' + QByteArray::number(number);
+    return line + ' ' + QByteArray::number(event.answer);
+}
+
+Script dealtScript(unsigned seed, int length)
+{
+    Dice dice(seed);
+    Script script;
+    script.reserve(length);
+    for (int i = 0; i < length; ++i) {
+        Event event;
+        event.kind = dealtKind(dice);
+        for (int &number : event.numbers)
+            number = dice.below(numberBound);
+        event.answer = static_cast<unsigned>(dice.below(1 << 30));
+        script.append(event);
+    }
+    return script;
+}
+
+Script parsedScript(const QByteArray &text, QString *error)
+{
+    Script script;
+    const QList<QByteArray> lines = text.split('\n');
+    for (int i = 0; i < lines.size(); ++i) {
+        const QByteArray line = lines.at(i).trimmed();
+        if (line.isEmpty() || line.startsWith('#'))
+            continue;
+        Event event;
+        if (!readEvent(line, event)) {
+            *error = QStringLiteral("line %1 is no event: %2")
+                         .arg(i + 1)
+                         .arg(QString::fromLatin1(line.left(80)));
+            return {};
+        }
+        script.append(event);
+    }
+    return script;
+}
+
+QByteArray textOf(const Script &script, const QByteArray &comment)
+{
+    QByteArray text;
+    const QList<QByteArray> remarks = comment.split('\n');
+    for (const QByteArray &remark : remarks)
+        text += "# " + remark + '\n';
+    for (const Event &event : script)
+        text += lineOf(event) + '\n';
+    return text;
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+/// What this process holds of the machine.
+struct Footprint
+{
+    qint64 resident = 0; ///< memory in use as the system counts it, bytes
+    qint64 heap = 0; ///< bytes that were asked for and not given back
+    int descriptors = 0; ///< open files, sockets, pipes
+
+    /// Now, after what is free was given back to the system.
+    static Footprint taken();
+};

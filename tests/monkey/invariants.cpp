@@ -1,0 +1,341 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "invariants.h"
+
+#include "cont_dial.h"
+#include "curarrow.h"
+#include "dictionary.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "mainwindowprobe.h"
+#include "parambutton.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QLabel>
+#include <QPushButton>
+
+#include <cmath>
+#include <cstring>
+
+QT_CHARTS_USE_NAMESPACE
+
+namespace {
+
+// Numbers of their own: a wrong constant of the window must not confirm itself.
+constexpr int slotTotal = 6;
+constexpr int lastCount = 64000;
+constexpr int narrowestView = 250;
+constexpr int drawn = 250;
+constexpr int widestScale = 8;
+constexpr int noLevel = 129;
+constexpr int levelLimit = 256;
+constexpr double metresPerCountInVacuum = 0.18737028625;
+constexpr int delayAt = 29;
+constexpr int samplesAt = 261;
+
+class Checker
+{
+public:
+    explicit Checker(MainWindow &window)
+        : m_window(window)
+        , m_probe(window)
+    {
+    }
+
+    QStringList broken()
+    {
+        checkNumbers();
+        checkRange();
+        checkButtons();
+        for (int slot = 0; slot < slotTotal; ++slot)
+            checkSlot(slot);
+        checkMaster();
+        checkDials();
+        checkCursors();
+        checkReadouts();
+        checkPlaces();
+        return m_broken;
+    }
+
+private:
+    /// What was found is put into words only where a sentence is not true: this runs after every
+    /// event.
+    template <typename... Found>
+    void expect(bool holds, const char *sentence, const Found &...found)
+    {
+        if (!holds)
+            m_broken.append(QLatin1String(sentence) + QLatin1Char(':')
+                            + (QString() + ... + (QLatin1Char(' ') + worded(found))));
+    }
+
+    static QString worded(double number)
+    {
+        return QString::number(number, 'g', 12);
+    }
+
+    static QString worded(const QString &text)
+    {
+        return QLatin1Char('\'') + QString(text).replace(QLatin1Char('\n'), QLatin1Char('|'))
+            + QLatin1Char('\'');
+    }
+
+    static QString worded(const QWidget *widget)
+    {
+        const QRect place = widget->geometry();
+        return QStringLiteral("%1 %2 at %3,%4 %5x%6")
+            .arg(QLatin1String(widget->metaObject()->className()), widget->objectName())
+            .arg(place.x())
+            .arg(place.y())
+            .arg(place.width())
+            .arg(place.height());
+    }
+
+    bool loaded(int slot) const
+    {
+        return (m_probe.rfg_read_index() >> slot & 1) != 0;
+    }
+
+    QString distance(int counts) const
+    {
+        const double metres
+            = counts * metresPerCountInVacuum / double{ m_probe.master_params().KU };
+        return QString::number(metres, 'f', 2) + QLatin1Char(' ') + m_probe.d()->DIST_SUFFIX_STR;
+    }
+
+    void checkNumbers();
+    void checkRange();
+    void checkButtons();
+    void checkSlot(int slot);
+    void checkMaster();
+    void checkDials();
+    void checkCursors();
+    void checkReadouts();
+    void checkPlaces();
+    int levelAt(int column) const;
+
+    MainWindow &m_window;
+    MainWindowProbe m_probe;
+    QStringList m_broken;
+};
+
+void Checker::checkNumbers()
+{
+    const int selected = m_probe.rfg_ID();
+    expect(selected >= 0 && selected < slotTotal, "a slot is selected", selected);
+    const int mask = m_probe.rfg_read_index();
+    expect(mask >= 0 && mask < 1 << slotTotal, "the mask has six bits", mask);
+    const auto factor = double{ m_probe.master_params().KU };
+    expect(factor >= 1.0 && factor <= 10.0, "the velocity factor is 1 to 10", factor);
+    expect(std::abs(m_probe.dist_coef() * factor - metresPerCountInVacuum) < 1e-9,
+           "metres per count follow the factor", m_probe.dist_coef(), factor);
+    for (const int position : { m_probe.cursor_A_pos(), m_probe.cursor_B_pos() })
+        expect(position >= 0 && position <= lastCount, "a cursor stands on the axis", position);
+    expect(m_probe.Cur_flag() == m_probe.Cur_flag_true(), "the user's cursor is the active one");
+    expect(m_probe.openActions() == 0, "no user action is left open");
+}
+
+void Checker::checkRange()
+{
+    const double min = m_probe.cust_axisX()->min();
+    const double max = m_probe.cust_axisX()->max();
+    const int scale = m_probe.master_scale();
+    expect(min < max, "the range is ordered", min, max);
+    expect(min >= 0.0, "the range does not begin left of 0", min, max);
+    expect(scale >= 0 && scale <= widestScale, "the scale is 0 to 8", scale);
+    expect(max - min == double(narrowestView << scale), "the range is as wide as its scale",
+           max - min, scale);
+    expect(double(m_probe.scrollfactorX()) == min, "the scroll is the range's left end",
+           m_probe.scrollfactorX(), min);
+    expect(m_probe.cust_axisY()->min() == -128.0 && m_probe.cust_axisY()->max() == 128.0,
+           "the levels are -128 to 128");
+    expect(m_probe.scroll_left_button()->isEnabled() == (min != 0.0),
+           "left is offered unless at the left end", min);
+    expect(m_probe.scroll_right_button()->isEnabled() == (max != double(lastCount)),
+           "right is offered unless at the right end", max);
+    expect(scale != 0 || !m_probe.scale_down_button()->isEnabled(), "nothing is below scale 0");
+    expect(scale != widestScale || !m_probe.scale_up_button()->isEnabled(),
+           "nothing is above scale 8");
+}
+
+void Checker::checkButtons()
+{
+    const auto oneOf = [this](QButtonGroup *group, int id, const char *sentence) {
+        int checked = 0;
+        const auto buttons = group->buttons();
+        for (const QAbstractButton *button : buttons)
+            checked += button->isChecked() ? 1 : 0;
+        expect(checked == 1 && group->checkedId() == id, sentence, checked, group->checkedId(), id);
+    };
+    oneOf(m_probe.rfg_buttons(), m_probe.rfg_ID(), "one trace button is checked");
+    oneOf(m_probe.up_buttons(), m_probe.Cur_flag(), "one cursor button is checked");
+    oneOf(m_probe.cur_nav_group(), m_probe.Cur_flag(), "one navigation button is checked");
+    const int parameter = m_probe.down_buttons()->checkedId();
+    const bool settable = parameter == MainWindow::KU || parameter == MainWindow::V_OFFSET
+        || parameter == MainWindow::H_OFFSET || parameter == MainWindow::SCALE;
+    oneOf(m_probe.down_buttons(), settable ? parameter : -1, "one settable parameter is checked");
+    expect(m_probe.smooth_button()->isChecked() == m_probe.smooth_rfg_flag(),
+           "the smooth button shows the mode");
+    expect(m_probe.difference_button()->isChecked() == (m_probe.diff_flag() == MainWindow::DIFF),
+           "the difference button shows the mode");
+}
+
+void Checker::checkSlot(int slot)
+{
+    const LegendButton &button = *m_probe.selected_rfg()[slot];
+    const bool full = loaded(slot);
+    expect(full || !button.vis(), "an empty slot shows nothing", slot);
+    for (const QAction *action :
+         { button.reset_action, button.clear_action, button.visible_action })
+        expect(action->isEnabled() == full, "the menu of a slot follows its bit", slot);
+    expect(button.visible_action->isChecked() == button.vis(), "the check mark says: shown", slot);
+    const QString second = button.text().section(QLatin1Char('\n'), 1);
+    expect((second == m_probe.d()->EMPTY_STR) == !full, "a button says what its bit says", slot,
+           second);
+    const QString title = m_probe.d()->RFG_STR + QStringLiteral(" %1").arg(slot + 1);
+    expect(button.text().section(QLatin1Char('\n'), 0, 0) == title, "a button names its slot",
+           button.text(), title);
+
+    const bool smooth = m_probe.smooth_rfg_flag();
+    const QXYSeries *form = m_probe.rfg_series()[slot];
+    const QXYSeries *other = m_probe.rfg_series_sp()[slot];
+    if (smooth)
+        std::swap(form, other);
+    expect(form->isVisible() == button.vis(), "a trace is on the chart as its button says", slot);
+    expect(!full || !other->isVisible(), "a trace is drawn in one form", slot);
+}
+
+void Checker::checkMaster()
+{
+    int marks = 0;
+    for (int slot = 0; slot < slotTotal; ++slot) {
+        if (!m_probe.selected_rfg()[slot]->mast())
+            continue;
+        ++marks;
+        expect(slot == m_probe.rfg_master_ID(), "the mark is the master's", slot,
+               m_probe.rfg_master_ID());
+    }
+    expect(marks <= 1, "one slot at most is the master", marks);
+    expect(!m_probe.master_is_set() || marks == 1, "a master is marked", marks);
+}
+
+void Checker::checkDials()
+{
+    const Cont_dial &cursor = *m_probe.cursor_dial();
+    expect(cursor.trueValue >= cursor.trueMin && cursor.trueValue <= cursor.trueMax,
+           "the cursor dial is within its limits", cursor.trueValue);
+    const Cont_dial &dial = *m_probe.param_dial();
+    const int parameter = m_probe.down_buttons()->checkedId();
+    const rfg_SHOWN &trace = m_probe.rfg_DATA()[m_probe.rfg_ID()];
+    // A file may bring any shift; the dial shows it until it is turned.
+    const bool asRead = (parameter == MainWindow::H_OFFSET && dial.trueValue == trace.scroll)
+        || (parameter == MainWindow::V_OFFSET && dial.trueValue == trace.offset);
+    expect(asRead || (dial.trueValue >= dial.trueMin && dial.trueValue <= dial.trueMax),
+           "the parameter dial is within its limits", dial.trueValue, dial.trueMin, dial.trueMax);
+    const int limit = parameter == MainWindow::KU ? 9000
+        : parameter == MainWindow::V_OFFSET       ? levelLimit
+        : parameter == MainWindow::H_OFFSET       ? lastCount
+                                                  : widestScale;
+    expect(dial.trueMax == limit, "the parameter dial has its parameter's limits", dial.trueMax,
+           limit);
+}
+
+void Checker::checkCursors()
+{
+    const double min = m_probe.cust_axisX()->min();
+    const double max = m_probe.cust_axisX()->max();
+    const auto check = [&](CurArrow *marker, const QLineSeries *line, const QLineSeries *level,
+                           int column, int value) {
+        const bool seen = column >= min && column <= max;
+        expect(marker->cur_arrow1.isVisible() == seen && marker->cur_arrow2.isVisible() == seen,
+               "a marker shows where its cursor is in sight", column);
+        expect(line->count() == 2 && line->at(0).x() == column && line->at(1).x() == column,
+               "a cursor's line stands on its column", column);
+        expect(level->count() == 2 && level->at(0).y() == value && level->at(1).y() == value,
+               "a cursor's level line lies on its level", value);
+    };
+    check(m_probe.cur_arrowA(), m_probe.cursor_A(), m_probe.cursor_A_add(), m_probe.cursor_A_pos(),
+          m_probe.cursor_A_pos_Y());
+    check(m_probe.cur_arrowB(), m_probe.cursor_B(), m_probe.cursor_B_add(), m_probe.cursor_B_pos(),
+          m_probe.cursor_B_pos_Y());
+}
+
+/// Level of the selected trace at \a column from the bytes of its record.
+int Checker::levelAt(int column) const
+{
+    const rfg_SHOWN &trace = m_probe.rfg_DATA()[m_probe.rfg_ID()];
+    if (!loaded(m_probe.rfg_ID()) || m_probe.diff_flag() == MainWindow::DIFF)
+        return noLevel;
+    const auto *bytes = reinterpret_cast<const char *>(&trace.f_p_840);
+    quint32 delay = 0;
+    std::memcpy(&delay, bytes + delayAt, sizeof delay);
+    const int step = qMax(1, trace.coef_from_min);
+    const qint64 sample = (qint64{ column } - trace.scroll) / step - qint64{ delay };
+    if (sample < 0 || sample >= drawn)
+        return noLevel;
+    return trace.offset + static_cast<signed char>(bytes[samplesAt + sample]);
+}
+
+void Checker::checkReadouts()
+{
+    const int a = m_probe.cursor_A_pos();
+    const int b = m_probe.cursor_B_pos();
+    const auto check = [this](const QPushButton *button, const QString &name, int column,
+                              int level) {
+        const QString wanted = QStringLiteral("%1\n x = %2\n y = %3")
+                                   .arg(name, distance(column),
+                                        level == noLevel ? QString() : QString::number(level));
+        expect(button->text() == wanted, "a readout says where its cursor is", button->text(),
+               wanted);
+        // In difference mode the master itself is still drawn as it is.
+        if (m_probe.diff_flag() == MainWindow::NORMAL)
+            expect(level == levelAt(column), "a level is the record's", level, levelAt(column));
+    };
+    check(m_probe.curA_button(), m_probe.d()->CURSOR_A_STR, a, m_probe.cursor_A_pos_Y());
+    check(m_probe.curB_button(), m_probe.d()->CURSOR_B_STR, b, m_probe.cursor_B_pos_Y());
+    const QString between
+        = m_probe.d()->DELTA_STR + QStringLiteral(" = ") + distance(std::abs(a - b));
+    expect(m_probe.delta_lbl()->text() == between, "the distance between the cursors",
+           m_probe.delta_lbl()->text(), between);
+    const QString caption = (m_probe.Cur_flag() == MainWindow::CURSOR_A ? m_probe.d()->CURSOR_A_STR
+                                                                        : m_probe.d()->CURSOR_B_STR)
+        + QLatin1Char('\n') + distance(m_probe.Cur_flag() == MainWindow::CURSOR_A ? a : b);
+    expect(m_probe.cursor_dial()->titleText == caption, "the cursor dial names its cursor",
+           m_probe.cursor_dial()->titleText, caption);
+    const QString factor = m_probe.d()->KU_STR + QLatin1Char('\n')
+        + QString::number(double{ m_probe.master_params().KU }, 'f', 3);
+    expect(m_probe.KU_button()->text() == factor, "the factor's button says the factor",
+           m_probe.KU_button()->text(), factor);
+    const double metres = (narrowestView << m_probe.master_scale()) / 8.0;
+    const QString scale = m_probe.d()->SCALE_STR + QLatin1Char('\n')
+        + QString::number(metres, 'g', 6) + QLatin1String(" m");
+    expect(m_probe.scale_button()->text() == scale, "the scale's button says the scale",
+           m_probe.scale_button()->text(), scale);
+}
+
+void Checker::checkPlaces()
+{
+    const QSize window = m_window.size();
+    // Maximised on a screen that is too small for it, the window cannot help it.
+    const QSize least = m_window.minimumSize();
+    if (window.width() < least.width() || window.height() < least.height())
+        return;
+    const auto inside = [](const QRect &place, const QSize &size) {
+        return QRect(QPoint(0, 0), size).contains(place);
+    };
+    const QWidget *contents = m_probe.centralWidget();
+    expect(inside(contents->geometry(), window), "the contents are inside the window", contents);
+    for (const QObject *child : contents->children()) {
+        const auto *widget = qobject_cast<const QWidget *>(child);
+        if (widget != nullptr && !widget->isWindow() && !widget->isHidden())
+            expect(inside(widget->geometry(), contents->size()),
+                   "every widget is inside the window", widget, contents);
+    }
+}
+
+} // namespace
+
+QStringList brokenInvariants(MainWindow &window)
+{
+    return Checker(window).broken();
+}

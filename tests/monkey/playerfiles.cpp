@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The files that the monkey finds: most of them good, some that no instrument would write.
+#include "dice.h"
+#include "player.h"
+#include "testfiles.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr unsigned noiseSeed = 840;
+
+/// A cable with two faults: something to see at any offset.
+int fault(int sample)
+{
+    return static_cast<int>(100.0 * std::sin(sample / 9.0)) - (sample % 50 == 0 ? 20 : 0);
+}
+
+QByteArray noise(int size)
+{
+    Dice dice(noiseSeed);
+    QByteArray bytes;
+    bytes.reserve(size);
+    while (bytes.size() < size)
+        bytes.append(static_cast<char>(dice.below(256)));
+    return bytes;
+}
+
+} // namespace
+
+void Player::makeTraces()
+{
+    const auto add = [this](const char *name, const TraceBuilder &trace) {
+        m_choices.traces.append(m_fixture.trace(QLatin1String(name), trace));
+    };
+    const auto addBytes = [this](const char *name, const QByteArray &bytes) {
+        m_choices.traces.append(m_fixture.path(QLatin1String(name)));
+        writeFile(m_choices.traces.last(), bytes);
+    };
+    const auto good = [](float minstep) { return TraceBuilder().minstep(minstep).samples(fault); };
+    add("fine.tdr", good(1.25F));
+    add("double.tdr", good(2.5F).ku(1.7F).shiftY(-20));
+    add("five.tdr", good(5.0F).ku(2.0F).delay(30));
+    add("odd step.tdr", good(3.75F).shiftX(11).shiftY(129));
+    add("wide.tdr", good(320.0F).ku(1.0F));
+    add("left.tdr", good(10.0F).shiftX(0xFFFFFFF0U).delay(3));
+    add("far.tdr", good(1.25F).delay(5000));
+    add("late.tdr", good(40.0F).delay(0xFFFFFFFFU));
+    add("slow.tdr", good(0.5F).ku(99.0F));
+    add("nothing known.tdr",
+        good(std::numeric_limits<float>::quiet_NaN())
+            .ku(std::numeric_limits<float>::infinity())
+            .shiftX(0x80000000U)
+            .shiftY(-32768));
+    addBytes("short.tdr", good(5.0F).bytes().left(300));
+    addBytes("long.tdr", good(2.5F).bytes() + QByteArray(5000, 'x'));
+    addBytes("empty.tdr", QByteArray());
+    addBytes("noise.tdr", noise(37775));
+    m_choices.traces.append(m_fixture.path(QStringLiteral("missing.tdr")));
+    QDir().mkpath(m_fixture.path(QStringLiteral("folder.tdr")));
+    m_choices.traces.append(m_fixture.path(QStringLiteral("folder.tdr")));
+}
+
+void Player::makeSettings()
+{
+    m_choices.folder = m_fixture.path(QStringLiteral("saved"));
+    QDir().mkpath(m_choices.folder);
+    const auto add = [this](const char *name, const QByteArray &bytes) {
+        m_choices.settings.append(m_fixture.path(QLatin1String(name)));
+        writeFile(m_choices.settings.last(), bytes);
+    };
+    const QByteArray first = m_choices.traces.at(0).toUtf8();
+    const QByteArray second = m_choices.traces.at(2).toUtf8();
+    add("two.ini",
+        "[General]\nlanguage=ru_RU\nCSS=:/style/"
+        "style_1.qss\n[PrevFiles]\nStateIndex=3\nMasterId=1\n"
+        "file1="
+            + first + "\nfile2=" + second + "\n[Dials]\ncursorSpeed=500\nparamSpeed=20\n");
+    add("gap.ini",
+        "[General]\nlanguage=en_US\n[PrevFiles]\nStateIndex=40\nMasterId=0\nfile4=" + first
+            + "\nfile6=" + second + "\n[Dials]\ncursorSpeed=10\nparamSpeed=1000\n");
+    add("wild.ini",
+        "[General]\nlanguage=../../x\nCSS=/\n[PrevFiles]\nStateIndex=-1\nMasterId=200\n"
+        "[Dials]\ncursorSpeed=-7\nparamSpeed=2147483647\n[WindowState]\ngeometry=x\n");
+    add("empty.ini", QByteArray());
+    add("noise.ini", noise(5000));
+    m_choices.settings.append(m_fixture.path(QStringLiteral("missing.ini")));
+    for (int i = 0; i < 3; ++i)
+        m_choices.settings.append(m_choices.folder + QStringLiteral("/saved%1.ini").arg(i));
+
+    writeFile(m_fixture.path(QStringLiteral("loud.qss")),
+              "QPushButton { color: red; } QWidget { background: #202020; }\n");
+    m_sheets
+        = QStringList{ QStringLiteral(":/style/style_1.qss"), QStringLiteral(":/style/style_2.qss"),
+                       m_fixture.path(QStringLiteral("loud.qss")),
+                       m_fixture.path(QStringLiteral("no such sheet.qss")) };
+}

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "dice.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+
+class QDialog;
+class QInputDialog;
+class QMenu;
+class QWidget;
+class SettingsMenu;
+
+/// What the monkey's dialogs and menus are given to choose from.
+struct Choices
+{
+    QStringList traces; ///< paths, some of them good
+    QStringList settings; ///< paths of settings files, some of them good
+    QString folder; ///< where files may be written
+};
+
+/// Answers every modal dialog and every menu that comes up while it lives, those that others bring
+/// up included, and none for ever: what is still open after some answers is closed. Its answers
+/// depend on \a seed alone.
+class Popups : public QObject
+{
+    Q_OBJECT
+
+public:
+    Popups(const Choices &choices, unsigned seed);
+    ~Popups() override;
+    Q_DISABLE_COPY(Popups)
+
+    /// How many answers were given so far.
+    int answers() const;
+
+private:
+    void wait();
+    void answerOne();
+    void answerMenu(QMenu &menu);
+    void answerDialog(QDialog &dialog);
+    void answerFileDialog(QDialog &dialog);
+    void answerQuestion(QInputDialog &dialog);
+    void answerSettings(SettingsMenu &dialog);
+    void changeSettings(SettingsMenu &dialog);
+    QString anyOf(const QStringList &paths);
+
+    const Choices &m_choices;
+    Dice m_dice;
+    QPointer<QWidget> m_last; ///< what was answered last
+    int m_again = 0; ///< how often in a row
+    int m_answers = 0;
+};
