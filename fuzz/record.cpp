@@ -11,11 +11,10 @@
 #include "input.h"
 #include "record_input.h"
 
-#include <QLocale>
-
 #include <cmath>
 #include <cstddef>
 #include <cstring>
+#include <limits>
 
 /// \file
 /// One or two records through everything that is computed from them without a widget: points in all
@@ -46,7 +45,19 @@ struct Gestures
     {
     }
 
-    quint8 way; ///< bit 0: a file longer than a record, bit 1: any distance for the grid
+    // Not more than a few executions in a hundred: a number of three hundred digits takes as long
+    // to write as all the rest.
+    bool wild() const
+    {
+        return way >= 250;
+    }
+
+    bool longer() const
+    {
+        return way % 32 == 1;
+    }
+
+    quint8 way; ///< what is done besides the usual
     qint8 exponent;
     qint16 dial;
     qint32 column;
@@ -56,11 +67,6 @@ struct Gestures
     double span;
     qint32 value;
 };
-
-bool sameNumber(double a, double b)
-{
-    return a == b;
-}
 
 // As a file is read: over what the slot held before.
 void readRecord(Input &input, bool longer, TDR_FILE_t &record)
@@ -91,23 +97,37 @@ calc::TraceRef traceOf(const TDR_FILE_t &record)
              calc::initialScroll(params.shiftX, counts), params.shiftY };
 }
 
-// Left to right, and nothing that a chart could not place.
-void checkOrder(const QVector<QPointF> &points)
-{
-    double last = points.isEmpty() ? 0.0 : points.constFirst().x();
-    for (const QPointF &point : points) {
-        expect(std::isfinite(point.x()) && std::isfinite(point.y()), "points have a place");
-        expect(point.x() >= last, "points go from left to right");
-        last = point.x();
-    }
-}
-
+// The points of both forms of one curve. One loop without function calls: it runs for every point
+// of every execution.
 void checkForms(const QVector<QPointF> &steps, const QVector<QPointF> &spline)
 {
-    checkOrder(steps);
     expect(steps.size() == qMax(0, 2 * spline.size() - 1), "a tread has two ends, the last one");
-    for (int i = 0; i < spline.size(); ++i)
-        expect(steps[2 * i] == spline[i], "both forms go through the same points");
+    struct Place
+    {
+        double x;
+        double y;
+    };
+    static_assert(sizeof(Place) == sizeof(QPointF));
+    const auto *tread = reinterpret_cast<const Place *>(steps.constData());
+    const auto *sample = reinterpret_cast<const Place *>(spline.constData());
+    bool placed = true;
+    bool ordered = true;
+    bool same = true;
+    double last = -std::numeric_limits<double>::max();
+    for (int i = 0; i < spline.size(); ++i) {
+        placed &= std::abs(sample[i].x) < 1e16 && std::abs(sample[i].y) < 1e6;
+        ordered &= sample[i].x >= last;
+        same &= tread[2 * i].x == sample[i].x && tread[2 * i].y == sample[i].y;
+        last = sample[i].x;
+        if (i + 1 < spline.size()) {
+            same &= tread[2 * i + 1].y == sample[i].y;
+            ordered &= tread[2 * i + 1].x > last;
+            last = tread[2 * i + 1].x;
+        }
+    }
+    expect(placed, "points have a place");
+    expect(ordered, "points go from left to right");
+    expect(same, "both forms go through the same points");
 }
 
 void drawPoints(const calc::TraceRef &trace, const calc::TraceRef &master)
@@ -119,9 +139,8 @@ void drawPoints(const calc::TraceRef &trace, const calc::TraceRef &master)
     expect(spline.size() == constants::drawnSamples, "all samples are drawn");
     checkForms(steps, spline);
     const double start = double(trace.scroll) + double(trace.delay) * trace.step;
-    expect(sameNumber(spline[0].x(), start), "a trace starts at its delay");
-    expect(sameNumber(spline[0].y(), double(trace.offset) + trace.samples[0]),
-           "a point is as high as its sample");
+    expect(spline.constFirst() == QPointF(start, double(trace.offset) + trace.samples[0]),
+           "a trace starts at its delay, as high as its first sample");
 
     calc::stepDifference(master, trace, steps);
     calc::splineDifference(master, trace, spline);
@@ -193,7 +212,7 @@ void grid(const calc::Range &range, double metresPerCount, const Gestures &gestu
     checkGrid(plan);
     checkPlaces(plan, gestures.width);
     // Counts of any length do not come up in the window, but the grid is to bear them.
-    if ((gestures.way & 2) != 0)
+    if (gestures.wild())
         checkGrid(
             calc::planGrid({ gestures.scroll, gestures.value }, gestures.span, gestures.width));
 }
@@ -224,7 +243,6 @@ int lengthOf(const QString &text)
 void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Gestures &gestures)
 {
     static const QString suffix = QStringLiteral("m");
-    static const QLocale locale = QLocale::c();
     const auto params = record.ch.params;
     int length = lengthOf(calc::distanceText(column, metresPerCount, suffix))
         + lengthOf(calc::kuText(calc::clampedKU(double(params.KU))))
@@ -232,7 +250,7 @@ void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Ge
     expect(length < 60, "readouts are short");
     expect(calc::levelText(gestures.value).isEmpty() == (gestures.value == constants::noLevel),
            "129 alone is no level");
-    if ((gestures.way & 4) != 0) {
+    if (gestures.wild()) {
         calc::kuText(params.KU);
         calc::generalText(gestures.span);
         calc::distanceText(gestures.value, gestures.span, suffix);
@@ -240,8 +258,8 @@ void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Ge
     const QDate date = calc::testDate(record);
     expect(!date.isValid() || date.year() >= constants::centuryStart,
            "no test is of the last century");
-    locale.toString(date, QLocale::ShortFormat);
-    calc::testTime(record).toString(Qt::ISODate);
+    const QTime time = calc::testTime(record);
+    expect(!time.isValid() || time.msec() == 0, "a test's time is told to the second");
 }
 
 void velocityFactor(const TDR_FILE_t &record, const Gestures &gestures)
@@ -278,9 +296,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     Input input(data, qMin(size, preambleBytes));
     const Gestures gestures(input);
     Input records(data + qMin(size, preambleBytes), size - qMin(size, preambleBytes));
-    const bool longer = (gestures.way & 1) != 0;
-    readRecord(records, longer, record);
-    readRecord(records, longer, masterRecord);
+    readRecord(records, gestures.longer(), record);
+    readRecord(records, gestures.longer(), masterRecord);
 
     const calc::TraceRef trace = traceOf(record);
     const calc::TraceRef master = traceOf(masterRecord);
