@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzzer.h"
 
-#include <QByteArray>
-#include <QString>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QtGlobal>
 
 #include <cstdio>
@@ -27,6 +28,30 @@ void fuzz::silenceLog()
 void fuzz::runOffscreen()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+bool fuzz::replaying = false;
+
+QString fuzz::folderTemplate()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    const bool there = QFileInfo(memory).isWritable();
+    return QDir(there ? memory : QDir::tempPath()).filePath(QStringLiteral("velkor-fuzz-XXXXXX"));
+}
+
+void fuzz::writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        fail("the fuzzer can write its files");
+}
+
+bool fuzz::isOneOf(int part, const std::uint8_t *data, std::size_t size)
+{
+    unsigned sum = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        sum = sum * 31 + data[i];
+    return replaying || static_cast<int>((sum ^ (sum >> 8)) % 256) < part;
 }
 
 void fuzz::fail(const char *promise)

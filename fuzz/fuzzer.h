@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
+#include <QString>
+
 #include <cstddef>
 #include <cstdint>
 
@@ -26,6 +29,20 @@ void silenceLog();
 
 /// Where there is no display, and none is wanted. To be called before the application is made.
 void runOffscreen();
+
+/// For a temporary folder: in memory where the system offers that, because a fuzzer writes more
+/// files than a disk should have to take.
+QString folderTemplate();
+
+/// Writes \a bytes to the file \a path, whatever was there.
+void writeFile(const QString &path, const QByteArray &bytes);
+
+/// A small share of all inputs, always the same ones: those whose bytes come to \a part or less out
+/// of 256. All of them while findings are replayed.
+bool isOneOf(int part, const std::uint8_t *data, std::size_t size);
+
+/// Set by the replay.
+extern bool replaying;
 
 /// Prints \a promise as broken and ends the process, which libFuzzer takes for a finding.
 [[noreturn]] void fail(const char *promise);

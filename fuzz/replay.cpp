@@ -30,6 +30,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "no inputs in %s\n", argv[1]);
         return 1;
     }
+    fuzz::replaying = true;
     LLVMFuzzerInitialize(&argc, &argv);
     for (const QString &name : names) {
         QFile file(folder.filePath(name));

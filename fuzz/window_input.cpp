@@ -6,29 +6,6 @@
 #include "protocol_vx840.h"
 #include "record_input.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-namespace {
-
-QString folderTemplate()
-{
-    // Six files an execution are more than a disk should have to take.
-    const QString memory = QStringLiteral("/dev/shm");
-    const bool there = QFileInfo(memory).isWritable();
-    return QDir(there ? memory : QDir::tempPath()).filePath(QStringLiteral("velkor-fuzz-XXXXXX"));
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        fuzz::fail("the fuzzer can write its files");
-}
-
-} // namespace
-
 namespace fuzz {
 
 WindowInput::WindowInput(const std::uint8_t *data, std::size_t size)

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "constants.h"
+#include "fuzzer.h"
+#include "mainwindowprobe.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QTemporaryDir>
+
+/// \file
+/// The bytes of the list of languages or, when the first byte is odd, of a style sheet. The toolkit
+/// takes a second for a sheet of some hundred kilobytes; the scripts keep inputs at four.
+
+using fuzz::expect;
+
+namespace {
+
+MainWindow *window = nullptr;
+
+void settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+int knownLanguages(const SettingsData &settings)
+{
+    int count = 0;
+    while (count < SettingsData::languageCount && settings.languageList[count].id != -1)
+        ++count;
+    return count;
+}
+
+void languages(QByteArray bytes, bool speak)
+{
+    SettingsData &live = *window->settings();
+    for (language &entry : live.languageList)
+        entry = language();
+    QBuffer device(&bytes);
+    device.open(QIODevice::ReadOnly);
+    live.readLanguages(device);
+
+    const int known = knownLanguages(live);
+    for (int i = 0; i < SettingsData::languageCount; ++i) {
+        const language &entry = live.languageList[i];
+        expect(entry.id == (i < known ? i : -1), "languages are numbered from 0 without a gap");
+        expect(!entry.CODE.contains(QLatin1Char(' ')), "a language's code ends at the blank");
+    }
+    MainWindowProbe(*window).settingsMenu()->interfaceUpdate();
+    if (speak && known > 0) {
+        live.current_language = live.languageList[known - 1].CODE;
+        live.setTranslation();
+        settle();
+    }
+}
+
+void styleSheet(const QByteArray &bytes)
+{
+    static const QTemporaryDir folder(fuzz::folderTemplate());
+    const QString path = folder.filePath(QStringLiteral("sheet.qss"));
+    fuzz::writeFile(path, bytes);
+    SettingsData &live = *window->settings();
+    live.current_CSS_path = path;
+    live.parse_CSS();
+    expect(live.current_CSS.isEmpty() || live.current_CSS.toLatin1() == bytes,
+           "a style sheet is taken as it is or not at all");
+    settle();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
+{
+    fuzz::silenceLog();
+    fuzz::runOffscreen();
+    new QApplication(*argc, *argv);
+    window = new MainWindow;
+    window->show();
+    settle();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    if (size == 0)
+        return 0;
+    const QByteArray bytes(reinterpret_cast<const char *>(data) + 1, static_cast<int>(size) - 1);
+    if (data[0] % 2 == 0)
+        languages(bytes, fuzz::isOneOf(16, data, size));
+    else
+        styleSheet(bytes);
+    return 0;
+}
