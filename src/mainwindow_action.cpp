@@ -49,7 +49,7 @@ bool MainWindow::raisePending()
 {
     // As many of the wanted series as stand in place already, once those after them are taken away.
     QList<QAbstractSeries *> order = Plot_Chart->series();
-    int inPlace = pendingRaises.size();
+    int inPlace = static_cast<int>(pendingRaises.size());
     const auto standsInPlace = [&] {
         if (inPlace > order.size())
             return false;

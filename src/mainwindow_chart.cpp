@@ -16,7 +16,7 @@ QT_CHARTS_USE_NAMESPACE
 namespace {
 
 // Not resize alone: it copies a buffer that a series shares, even when there is nothing to change.
-void resizeTo(QVector<QPointF> &buffer, int size)
+void resizeTo(QVector<QPointF> &buffer, qtcompat::Size size)
 {
     if (buffer.size() != size)
         buffer.resize(size);
@@ -136,7 +136,7 @@ void MainWindow::load_rfg(int id)
         else
             calc::splinePoints(trace, points_sp);
         rfg_series_sp[id]->replace(points_sp);
-        resizeTo(points, qMax(0, 2 * points_sp.size() - 1));
+        resizeTo(points, qMax<qtcompat::Size>(0, 2 * points_sp.size() - 1));
     } else {
         if (difference)
             calc::stepDifference(traceRef(rfg_master_ID), trace, points);
@@ -188,7 +188,7 @@ void MainWindow::raiseNow(QXYSeries *series)
 {
     Plot_View->invalidate();
     // Adding and each attaching compute an outline of all points, so those of a trace come last.
-    const QVector<QPointF> kept = series->pointsVector();
+    const QVector<QPointF> kept = qtcompat::pointsOf(*series);
     const bool emptied = kept.size() > 2 && !straightforward::wanted();
     if (emptied)
         series->replace(QVector<QPointF>());

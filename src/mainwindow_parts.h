@@ -4,6 +4,7 @@
 
 #include "constants.h"
 #include "plotview.h"
+#include "qtcompat.h"
 
 #include <QGraphicsLineItem>
 #include <QGraphicsSimpleTextItem>

@@ -5,6 +5,7 @@
 #include "constants.h"
 #include "miscfunc.h"
 #include "protocol_vx840.h"
+#include "qtcompat.h"
 #include "rfg_shown.h"
 
 #include <QBrush>

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plotview.h"
 
+#include "qtcompat.h"
 #include "straightforward.h"
 
 #include <QGraphicsObject>
@@ -23,8 +24,8 @@ bool isSeries(const QGraphicsItem *item)
     if (object == nullptr)
         return false;
     const char *name = object->metaObject()->className();
-    return std::strcmp(name, "QtCharts::LineChartItem") == 0
-        || std::strcmp(name, "QtCharts::SplineChartItem") == 0;
+    return std::strcmp(name, qtcompat::lineItemClass) == 0
+        || std::strcmp(name, qtcompat::splineItemClass) == 0;
 }
 
 } // namespace
@@ -119,15 +120,15 @@ int PlotView::firstAbove(const Items &items) const
     // Among the chart's own children, not in the list: there a series out of sight is missing.
     const Items children = m_chart->childItems();
     int wanted = cursorSeries;
-    for (int i = children.size() - 1; i >= 0; --i) {
+    for (int i = static_cast<int>(children.size()) - 1; i >= 0; --i) {
         if (!isSeries(children.at(i)))
             continue;
         if (--wanted > 0)
             continue;
         for (int above = i; above < children.size(); ++above) {
-            const int found = items.indexOf(children.at(above));
+            const auto found = items.indexOf(children.at(above));
             if (found >= 0)
-                return found;
+                return static_cast<int>(found);
         }
         return -1;
     }

@@ -261,10 +261,10 @@ void SettingsData::setTranslation()
     // Installed whatever loading says: an empty catalogue displaces the former language.
     const QString folder = constants::catalogueFolder;
     const QString code = current_language.left(longestCode);
-    m_translator.load(QString(constants::programCatalogue).arg(code), folder);
+    (void)m_translator.load(QString(constants::programCatalogue).arg(code), folder);
     QCoreApplication::installTranslator(&m_translator);
     const QString toolkitCode = code.left(toolkitCodeLength);
-    qt_translator.load(QString(constants::toolkitCatalogue).arg(toolkitCode), folder);
+    (void)qt_translator.load(QString(constants::toolkitCatalogue).arg(toolkitCode), folder);
     QCoreApplication::installTranslator(&qt_translator);
     emit translation_changed();
 }

@@ -27,7 +27,7 @@ bool waitFor(const std::function<bool()> &happened)
 /// The number behind \a key in output made for a shell.
 int shellNumber(const QByteArray &output, const char *key)
 {
-    const int from = output.indexOf(key) + static_cast<int>(qstrlen(key));
+    const auto from = output.indexOf(key) + static_cast<int>(qstrlen(key));
     return output.mid(from, output.indexOf('\n', from) - from).toInt();
 }
 

@@ -281,7 +281,7 @@ QString Session::clearTrace()
 QString Session::loadOne()
 {
     const int slot = below(constants::slotCount);
-    const QString file = m_traces[below(m_traces.size())];
+    const QString file = m_traces[below(static_cast<int>(m_traces.size()))];
     const auto answer = answerDialog(typeFileName(file));
     m_probe.selected_rfg()[slot]->load_action->trigger();
     expectServed(*answer);

@@ -46,8 +46,8 @@ QHash<const QObject *, QString> seriesNames(const MainWindowProbe &probe)
 
 QString seriesLine(const MainWindowProbe &probe, const QXYSeries &series)
 {
-    const QVector<QPointF> points = series.pointsVector();
-    uint hash = 0;
+    const QVector<QPointF> points = qtcompat::pointsOf(series);
+    auto hash = qHash(0);
     for (const QPointF &point : points)
         hash = qHash(point.y(), qHash(point.x(), hash));
     QStringList axes;

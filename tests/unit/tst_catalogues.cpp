@@ -102,7 +102,7 @@ constexpr uchar dependenciesTag = 0x96;
 
 int messageCount(const QString &path)
 {
-    return section(path, hashesTag).size() / 8;
+    return static_cast<int>(section(path, hashesTag).size()) / 8;
 }
 
 } // namespace

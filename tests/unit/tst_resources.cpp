@@ -68,7 +68,7 @@ private slots:
     {
         QFETCH(QString, pattern);
         const QStringList found = bundledFiles().filter(QRegularExpression(pattern));
-        QTEST(found.size(), "count");
+        QTEST(static_cast<int>(found.size()), "count");
     }
 
     void bothFormsOfAPathNameTheSameFile()

@@ -26,8 +26,10 @@ public:
     }
     QList<int> counts() const
     {
-        return { files.count(), style.count(), translation.count(), geometry.count(),
-                 dials.count() };
+        QList<int> result;
+        for (const QSignalSpy *spy : { &files, &style, &translation, &geometry, &dials })
+            result.append(static_cast<int>(spy->count()));
+        return result;
     }
 
     QSignalSpy style;

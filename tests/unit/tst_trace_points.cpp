@@ -246,7 +246,7 @@ private slots:
         const TraceRef master = { m_ramp.data(), 4, 0, 0, 0 };
         const TraceRef apart = { m_ramp.data(), 4, 0, 1, 0 };
         calc::stepPoints(master, m_points);
-        const int capacity = m_points.capacity();
+        const auto capacity = m_points.capacity();
         const QPointF *const place = m_points.constData();
         QVERIFY(capacity >= 500);
         calc::stepDifference(master, apart, m_points);

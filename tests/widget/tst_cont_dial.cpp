@@ -299,7 +299,7 @@ private slots:
         QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
         drag(dial, 0.5, 0.5 + turns);
         QCOMPARE(dial.trueValue, end);
-        const int reports = spy.count();
+        const auto reports = spy.count();
         QVERIFY(reports > 50);
         for (const QList<QVariant> &arguments : spy) {
             QVERIFY(arguments.at(0).toInt() >= -40 && arguments.at(0).toInt() <= 130);

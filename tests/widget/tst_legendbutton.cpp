@@ -228,7 +228,8 @@ private slots:
     void aRightClickAsksForTheMenu()
     {
         QSignalSpy spy(button.get(), &LegendButton::contextMenu_signal);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(3, 3));
+        const QPoint place(3, 3);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, button->mapToGlobal(place));
         QCoreApplication::sendEvent(button.get(), &event);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(spy.at(0).at(0).value<char>(), char(2));

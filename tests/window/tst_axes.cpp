@@ -61,7 +61,7 @@ private slots:
         fixture.open();
         const MainWindowProbe &probe = fixture.probe();
         const auto stack = probe.Plot_Scene()->items(Qt::AscendingOrder);
-        const int chart = stack.indexOf(probe.Plot_Chart());
+        const auto chart = stack.indexOf(probe.Plot_Chart());
         QVERIFY(chart >= 0);
         const auto pairs = allPairs(probe);
         QCOMPARE(pairs.size(), 22);
@@ -69,7 +69,7 @@ private slots:
             QCOMPARE(pair.line->scene(), probe.Plot_Scene());
             QCOMPARE(pair.label->scene(), probe.Plot_Scene());
             QCOMPARE(pair.line->zValue(), 0.0);
-            const int at = stack.indexOf(const_cast<QGraphicsLineItem *>(pair.line));
+            const auto at = stack.indexOf(const_cast<QGraphicsLineItem *>(pair.line));
             QVERIFY(at >= 0 && at < chart);
             QCOMPARE(pair.label->brush(), probe.cust_axisX()->labelsBrush());
             QCOMPARE(pair.line->pen(), probe.cust_axisX()->gridLinePen());

@@ -56,7 +56,7 @@ QString faultOf(const MainWindowProbe &probe)
     if (probe.master_scale() < 0 || probe.master_scale() > 8)
         return QStringLiteral("scale");
     for (const auto *series : probe.rfg_series()) {
-        const auto points = series->pointsVector();
+        const auto points = qtcompat::pointsOf(*series);
         for (const QPointF &point : points)
             if (!std::isfinite(point.x()) || std::abs(point.y()) > 33000.0)
                 return QStringLiteral("point");

@@ -91,7 +91,7 @@ private slots:
         fixture.open();
         const QLineSeries *line = fixture.probe().axisX();
         const QVector<QPointF> ends{ { 0.0, 0.0 }, { 64000.0, 0.0 } };
-        QCOMPARE(line->pointsVector(), ends);
+        QCOMPARE(qtcompat::pointsOf(*line), ends);
         QCOMPARE(line->pen().color(), axisGray);
         QCOMPARE(line->pen().width(), 3);
     }
@@ -170,7 +170,7 @@ private slots:
     {
         WindowFixture fixture;
         openWith(fixture, { TraceBuilder() });
-        const auto points = fixture.probe().rfg_series()[0]->pointsVector();
+        const auto points = qtcompat::pointsOf(*fixture.probe().rfg_series()[0]);
         QCOMPARE(points.size(), 499);
         for (int i = 0; i < points.size(); ++i)
             QCOMPARE(points[i], QPointF((i + 1) / 2, 0.0));

@@ -85,8 +85,8 @@ private slots:
         QCOMPARE(series[16], isA ? p.cursor_A() : p.cursor_B());
         QCOMPARE(series[15], isA ? p.cursor_A_add() : p.cursor_B_add());
         const auto items = p.Plot_Scene()->items(Qt::AscendingOrder);
-        const int above = items.indexOf(isA ? p.cur_arrowA()->group : p.cur_arrowB()->group);
-        const int below = items.indexOf(isA ? p.cur_arrowB()->group : p.cur_arrowA()->group);
+        const auto above = items.indexOf(isA ? p.cur_arrowA()->group : p.cur_arrowB()->group);
+        const auto below = items.indexOf(isA ? p.cur_arrowB()->group : p.cur_arrowA()->group);
         QVERIFY(above > below && below >= 0);
         QCOMPARE(p.cursor_dial()->trueValue, isA ? p.cursor_A_pos() : p.cursor_B_pos());
         QCOMPARE((isA ? p.curA_action() : p.curB_action())->isChecked(), true);

@@ -49,9 +49,9 @@ private:
     }
     void verifyLines(const QLineSeries *line, const QLineSeries *level, int column, int height)
     {
-        QCOMPARE(line->pointsVector(),
+        QCOMPARE(qtcompat::pointsOf(*line),
                  (QVector<QPointF>{ QPointF(column, -128), QPointF(column, 128) }));
-        QCOMPARE(level->pointsVector(),
+        QCOMPARE(qtcompat::pointsOf(*level),
                  (QVector<QPointF>{ QPointF(0, height), QPointF(64000, height) }));
     }
 

@@ -34,14 +34,14 @@ private slots:
         WindowFixture fixture;
         MainWindow &window = openDifference(fixture, { rising(), rising() });
         const MainWindowProbe &probe = fixture.probe();
-        auto points = probe.rfg_series()[1]->pointsVector();
+        auto points = qtcompat::pointsOf(*probe.rfg_series()[1]);
         QCOMPARE(points.size(), 499);
         for (int i = 0; i < points.size(); ++i)
             QCOMPARE(points[i], QPointF((i + 1) / 2, 0.0));
         // Up ten steps, and the difference goes down by them.
         probe.rfg_buttons()->button(1)->click();
         window.V_Offset_change(10);
-        points = probe.rfg_series()[1]->pointsVector();
+        points = qtcompat::pointsOf(*probe.rfg_series()[1]);
         for (const QPointF &point : qAsConst(points))
             QCOMPARE(point.y(), -10.0);
     }

@@ -264,7 +264,7 @@ private slots:
         resizeTo(1000, 700);
         qInstallMessageHandler(nullptr);
         // New fonts can shift the layout by a pixel, which resizes the view once more.
-        const int last = caught().size() - 3;
+        const auto last = caught().size() - 3;
         QVERIFY(last >= 0 && last % 3 == 0);
         const QStringList starts{ QStringLiteral("1 before resize"),
                                   QStringLiteral("2 after resize"),

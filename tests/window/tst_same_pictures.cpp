@@ -140,7 +140,7 @@ public:
 
     int size() const
     {
-        return m_frames.size();
+        return static_cast<int>(m_frames.size());
     }
 
     Frame at(int number) const

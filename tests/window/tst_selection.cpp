@@ -171,8 +171,8 @@ private slots:
                 QCOMPARE(probe.rfg_series_sp()[slot]->pen().widthF(), width);
                 if (slot == selected)
                     continue;
-                for (const int at : { order.indexOf(probe.rfg_series()[slot]),
-                                      order.indexOf(probe.rfg_series_sp()[slot]) }) {
+                for (const auto at : { order.indexOf(probe.rfg_series()[slot]),
+                                       order.indexOf(probe.rfg_series_sp()[slot]) }) {
                     QVERIFY(at < order.indexOf(probe.rfg_series()[selected]));
                     QVERIFY(at < order.indexOf(probe.rfg_series_sp()[selected]));
                 }

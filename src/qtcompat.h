@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+/// \file
+/// What Qt 5 and Qt 6 call by different names, all of it. Everywhere else the sources speak to both
+/// in the same words; which of the two it is, the build decides.
+
+#include <QPointF>
+#include <QVector>
+#include <QtGlobal>
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+
+QT_BEGIN_NAMESPACE
+class QAbstractSeries;
+class QChart;
+class QLineSeries;
+class QSplineSeries;
+class QValueAxis;
+class QXYSeries;
+QT_END_NAMESPACE
+
+/// Qt 6 keeps the charts among all its other classes; here they have a room of their own, as in
+/// Qt 5.
+namespace QtCharts {
+using QT_PREPEND_NAMESPACE(QAbstractSeries);
+using QT_PREPEND_NAMESPACE(QChart);
+using QT_PREPEND_NAMESPACE(QLineSeries);
+using QT_PREPEND_NAMESPACE(QSplineSeries);
+using QT_PREPEND_NAMESPACE(QValueAxis);
+using QT_PREPEND_NAMESPACE(QXYSeries);
+}
+#define QT_CHARTS_USE_NAMESPACE using namespace QtCharts;
+
+#endif
+
+namespace qtcompat {
+
+/// By these class names one knows the items that draw a line and a curve of a chart.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+constexpr char lineItemClass[] = "LineChartItem";
+constexpr char splineItemClass[] = "SplineChartItem";
+#else
+constexpr char lineItemClass[] = "QtCharts::LineChartItem";
+constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
+#endif
+
+/// What containers count in: int, since Qt 6 a number as wide as a pointer.
+using Size = decltype(QVector<QPointF>().size());
+
+/// All points of \a series, a QXYSeries, shared with it and not copied.
+template <typename Series> QVector<QPointF> pointsOf(const Series &series)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return series.points();
+#else
+    return series.pointsVector();
+#endif
+}
+
+}
