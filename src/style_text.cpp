@@ -65,7 +65,7 @@ Decoded decoded(const QString &sheet)
         result.text.append(c);
         result.origin.append(start);
     }
-    result.origin.append(sheet.size());
+    result.origin.append(static_cast<int>(sheet.size()));
     return result;
 }
 
@@ -105,12 +105,13 @@ Stretch argumentAt(const QString &text, int begin)
 QVector<Stretch> urlArguments(const QString &text)
 {
     const QLatin1String opening("url(");
+    const int length = static_cast<int>(opening.size());
     QVector<Stretch> arguments;
-    for (int at = text.indexOf(opening); at >= 0;) {
-        const Stretch part = argumentAt(text, at + opening.size());
+    for (int at = static_cast<int>(text.indexOf(opening)); at >= 0;) {
+        const Stretch part = argumentAt(text, at + length);
         arguments.append(part);
         // From here and not from its end: an unclosed bracket must not hide what comes after.
-        at = text.indexOf(opening, at + opening.size());
+        at = static_cast<int>(text.indexOf(opening, at + length));
     }
     return arguments;
 }
