@@ -12,7 +12,8 @@
 #define __has_feature(feature) 0
 #endif
 #if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
-#include <sanitizer/allocator_interface.h>
+// Its header comes with one of the compilers only.
+extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #define VELKOR_SANITIZED_HEAP
 #endif
 
