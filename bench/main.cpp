@@ -38,6 +38,7 @@ struct Run
     int rounds = 10;
     int perBlock = 20; ///< operations that count, of each kind in each round
     double limitMs = 8.0;
+    QString only; ///< name of the one operation to measure; empty for all
     QStringList files;
 };
 
@@ -130,12 +131,15 @@ Measurements measure(Stopwatch &watch, const Run &run, const QVector<Candidate> 
     return measured;
 }
 
-QVector<Operation> allOperations()
+QVector<Operation> operationsCalled(const QString &name)
 {
-    QVector<Operation> all;
+    QVector<Operation> found;
     for (const OperationGoal &entry : operations)
-        all.append(entry.operation);
-    return all;
+        if (name.isEmpty() || name == QLatin1String(entry.name))
+            found.append(entry.operation);
+    if (found.isEmpty())
+        qFatal("no operation is called \"%s\"", qPrintable(name));
+    return found;
 }
 
 void print(const QStringList &lines)
@@ -150,7 +154,7 @@ int compare(Stopwatch &watch, const Run &run, bool viewerAlone)
     QVector<Candidate> subjects = candidates();
     if (viewerAlone)
         subjects.resize(1);
-    const Measurements measured = measure(watch, run, subjects, allOperations());
+    const Measurements measured = measure(watch, run, subjects, operationsCalled(run.only));
     const QString where = QStringLiteral("%1, %2 x %3, six traces, %4 operations of each kind")
                               .arg(QGuiApplication::platformName())
                               .arg(run.size.width())
@@ -257,7 +261,10 @@ int main(int argc, char **argv)
     const QCommandLineOption computing(
         QStringLiteral("computing"),
         QStringLiteral("count the time of computing, not all that passes; for a busy machine"));
-    parser.addOptions({ size, rounds, count, limit, computing });
+    const QCommandLineOption only(QStringLiteral("only"),
+                                  QStringLiteral("the operation of this name"),
+                                  QStringLiteral("name"));
+    parser.addOptions({ size, rounds, count, limit, computing, only });
     parser.process(watch);
     watch.setTime(parser.isSet(computing) ? Stopwatch::Computing : Stopwatch::Passing);
 
@@ -267,6 +274,7 @@ int main(int argc, char **argv)
     run.rounds = parser.value(rounds).toInt();
     run.perBlock = parser.value(count).toInt();
     run.limitMs = parser.value(limit).toDouble();
+    run.only = parser.value(only);
     run.files = traces::write(folder.path());
 
     const QString what = parser.positionalArguments().value(0);

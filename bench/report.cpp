@@ -68,6 +68,8 @@ QStringList report::plotTable(const Measurements &measured)
         const auto sample = [&](const QString &subject) {
             return measured.value(subject).value(entry.operation);
         };
+        if (sample(viewer).count() == 0)
+            continue;
         const double bare = sample(painter).medianPlot();
         const auto toBare
             = [&](const QString &subject) { return ratio(sample(subject).medianPlot(), bare); };
@@ -105,6 +107,8 @@ QStringList report::wholeTable(const Measurements &measured, double limitMs)
             return measured.value(subject).value(entry.operation).medianWhole();
         };
         const Sample viewed = measured.value(viewer).value(entry.operation);
+        if (viewed.count() == 0)
+            continue;
         QStringList cells{ QLatin1String(entry.name), microseconds(viewed.medianWhole()),
                            microseconds(viewed.p99Whole()),
                            verdict(viewed.p99Whole() <= limitMs * 1000.0) };

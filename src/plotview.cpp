@@ -9,6 +9,7 @@
 #include <QPaintEvent>
 #include <QStyleOptionGraphicsItem>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -40,6 +41,7 @@ PlotView::PlotView(QWidget *parent)
 void PlotView::invalidate()
 {
     m_chart = nullptr;
+    setViewportUpdateMode(BoundingRectViewportUpdate);
     m_framesToWait = framesAfterChange;
     m_picture = QPixmap();
     m_inPicture.clear();
@@ -48,6 +50,10 @@ void PlotView::invalidate()
 void PlotView::cursorMoved(const QGraphicsItem *chart)
 {
     m_chart = chart;
+    // Over the picture little is painted, and only where the cursor was and is; that saves half of
+    // such a frame.
+    if (m_keepsPicture && m_framesToWait == 0)
+        setViewportUpdateMode(MinimalViewportUpdate);
 }
 
 int PlotView::framesFromPicture() const
@@ -57,15 +63,51 @@ int PlotView::framesFromPicture() const
 
 void PlotView::paintEvent(QPaintEvent *event)
 {
-    const bool onlyCursorMoved = m_keepsPicture && m_chart != nullptr;
-    if (onlyCursorMoved && m_framesToWait == 0 && paintOverPicture(*event)) {
+    m_overPicture = m_chart != nullptr && m_keepsPicture && m_framesToWait == 0 && takePicture();
+    if (m_overPicture)
         ++m_framesFromPicture;
-    } else {
-        if (m_framesToWait > 0)
-            --m_framesToWait;
-        QGraphicsView::paintEvent(event);
-    }
+    else if (m_framesToWait > 0)
+        --m_framesToWait;
+    // Only that way the view lets somebody else paint its items.
+    setOptimizationFlag(IndirectPainting, m_overPicture);
+    QGraphicsView::paintEvent(event);
+    m_above.clear();
+    m_overPicture = false;
     m_chart = nullptr;
+}
+
+void PlotView::drawBackground(QPainter *painter, const QRectF &rect)
+{
+    if (!m_overPicture) {
+        QGraphicsView::drawBackground(painter, rect);
+        return;
+    }
+    painter->save();
+    painter->resetTransform();
+    painter->drawPixmap(0, 0, m_picture);
+    painter->restore();
+}
+
+void PlotView::drawItems(QPainter *painter, int count, QGraphicsItem *items[],
+                         const QStyleOptionGraphicsItem options[])
+{
+    Q_UNUSED(options)
+    // The scene may offer more than is visible.
+    Items offered;
+    for (QGraphicsItem *item : m_above)
+        if (std::find(items, items + count, item) != items + count)
+            offered.append(item);
+    paintItems(*painter, offered, QPoint());
+}
+
+void PlotView::wheelEvent(QWheelEvent *event)
+{
+    // Nothing in the scene wants the wheel, and to find out which of its items lies under it costs
+    // a fifth of a cursor step.
+    if (straightforward::wanted())
+        QGraphicsView::wheelEvent(event);
+    else
+        QAbstractScrollArea::wheelEvent(event);
 }
 
 void PlotView::resizeEvent(QResizeEvent *event)
@@ -96,7 +138,7 @@ bool PlotView::viewportEvent(QEvent *event)
     return QGraphicsView::viewportEvent(event);
 }
 
-bool PlotView::paintOverPicture(const QPaintEvent &event)
+bool PlotView::takePicture()
 {
     // In stacking order, and only what is visible.
     const Items items = scene()->items(mapToScene(viewport()->rect()).boundingRect(),
@@ -107,11 +149,7 @@ bool PlotView::paintOverPicture(const QPaintEvent &event)
     const Items below = items.mid(0, cut);
     if (!pictureShows(below))
         makePicture(below);
-    QPainter painter(viewport());
-    painter.drawPixmap(0, 0, m_picture);
-    // As far as antialiased edges may reach over what is painted anew.
-    const QRectF exposed = mapToScene(event.rect().adjusted(-2, -2, 2, 2)).boundingRect();
-    paintItems(painter, items.mid(cut), exposed, QPoint());
+    m_above = items.mid(cut);
     return true;
 }
 
@@ -163,7 +201,7 @@ void PlotView::makePicture(const Items &below)
         const QRectF all = mapToScene(viewport()->rect().adjusted(-1, -1, 2, 2)).boundingRect();
         // Not antialiased: the last column would let through a trace of what was there before.
         drawBackground(&painter, all);
-        paintItems(painter, below, all, place.topLeft());
+        paintItems(painter, below, place.topLeft());
     }
     m_picture = whole.copy(QRect(place.topLeft() * ratio, place.size() * ratio));
     m_picture.setDevicePixelRatio(ratio);
@@ -171,15 +209,12 @@ void PlotView::makePicture(const Items &below)
     m_inPicture = below;
 }
 
-void PlotView::paintItems(QPainter &painter, const Items &items, const QRectF &exposed,
-                          QPoint corner) const
+void PlotView::paintItems(QPainter &painter, const Items &items, QPoint corner) const
 {
     const QTransform toCorner = QTransform::fromTranslate(corner.x(), corner.y());
     painter.setRenderHints(renderHints());
     for (QGraphicsItem *item : items) {
         if (item->flags() & QGraphicsItem::ItemHasNoContents)
-            continue;
-        if (!item->sceneBoundingRect().adjusted(-1.0, -1.0, 1.0, 1.0).intersects(exposed))
             continue;
         QStyleOptionGraphicsItem option;
         option.state = item->isEnabled() ? QStyle::State_Enabled : QStyle::State_None;

@@ -8,7 +8,7 @@
 
 /// The view of the plot. It paints as any view does, but for the frames in which nothing but the
 /// active cursor moved: for those it keeps a picture of all that lies under that cursor, and paints
-/// only what lies above anew. A step of the cursor then costs a third of a repaint.
+/// only what lies above anew, where the cursor was and is. A step then costs a third of a repaint.
 ///
 /// Nothing tells the view by itself that the picture is out of date. Whoever changes anything in
 /// the plot but the place of the active cursor calls invalidate().
@@ -32,6 +32,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void drawBackground(QPainter *painter, const QRectF &rect) override;
+    void drawItems(QPainter *painter, int count, QGraphicsItem *items[],
+                   const QStyleOptionGraphicsItem options[]) override;
+    void wheelEvent(QWheelEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
@@ -39,13 +43,13 @@ protected:
 private:
     using Items = QList<QGraphicsItem *>;
 
-    bool paintOverPicture(const QPaintEvent &event);
+    /// Sees to it that the picture is one of all that lies under the cursor. False where there is
+    /// no such picture, because nothing of the cursor is in sight.
+    bool takePicture();
     int firstAbove(const Items &items) const;
     bool pictureShows(const Items &below) const;
     void makePicture(const Items &below);
-    /// Paints those of \a items that meet \a exposed, with the view's corner at \a corner.
-    void paintItems(QPainter &painter, const Items &items, const QRectF &exposed,
-                    QPoint corner) const;
+    void paintItems(QPainter &painter, const Items &items, QPoint corner) const;
     QTransform transformInWindow() const;
 
     const bool m_keepsPicture; ///< false in the plain form of the window
@@ -55,5 +59,7 @@ private:
     QPixmap m_picture; ///< of the whole viewport, opaque; null when out of date
     QTransform m_pictureTransform; ///< of the scene in the window, when the picture was made
     Items m_inPicture; ///< only compared: some of them may be gone
+    Items m_above; ///< what lies over the picture, while it is painted
+    bool m_overPicture = false; ///< while a frame is painted over the picture
     int m_framesFromPicture = 0;
 };
