@@ -112,7 +112,7 @@ void MainWindow::createDialsAndDialogs()
 void MainWindow::createChartObjects()
 {
     Plot_View = new PlotView(centralWidget);
-    Plot_Scene = new QGraphicsScene(this);
+    Plot_Scene = new PlotScene(this);
     Plot_Chart = new QChart;
     cursor_A = new QLineSeries(this);
     cursor_B = new QLineSeries(this);

@@ -179,6 +179,9 @@ void MainWindow::setUpPlotView()
     // cut: a fifth of a repaint. And what lies under an opaque plot need not be painted.
     Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);
     Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    // Some seventy items, most of which change at a time: to keep an index of them costs more than
+    // to look at all, a tenth of a selection.
+    Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
 }
 
 void MainWindow::fillButtonGroups()

@@ -6,6 +6,7 @@
 #include "straightforward.h"
 
 #include <QGraphicsObject>
+#include <QGraphicsSceneWheelEvent>
 #include <QPaintEvent>
 #include <QStyleOptionGraphicsItem>
 
@@ -30,6 +31,14 @@ bool isSeries(const QGraphicsItem *item)
 }
 
 } // namespace
+
+void PlotScene::wheelEvent(QGraphicsSceneWheelEvent *event)
+{
+    if (straightforward::wanted())
+        QGraphicsScene::wheelEvent(event);
+    else
+        event->ignore();
+}
 
 PlotView::PlotView(QWidget *parent)
     : QGraphicsView(parent)
@@ -98,16 +107,6 @@ void PlotView::drawItems(QPainter *painter, int count, QGraphicsItem *items[],
         if (std::find(items, items + count, item) != items + count)
             offered.append(item);
     paintItems(*painter, offered, QPoint());
-}
-
-void PlotView::wheelEvent(QWheelEvent *event)
-{
-    // Nothing in the scene wants the wheel, and to find out which of its items lies under it costs
-    // a fifth of a cursor step.
-    if (straightforward::wanted())
-        QGraphicsView::wheelEvent(event);
-    else
-        QAbstractScrollArea::wheelEvent(event);
 }
 
 void PlotView::resizeEvent(QResizeEvent *event)

@@ -8,6 +8,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QButtonGroup>
+#include <QGraphicsScene>
 #include <QPushButton>
 #include <QtTest>
 
@@ -36,6 +37,16 @@ bool loadInto(const WindowFixture &fixture, int slot, const QString &path)
     fixture.probe().selected_rfg()[slot]->load_action->trigger();
     WindowFixture::settle();
     return answer->served();
+}
+
+QList<QGraphicsItem *> stacked(QGraphicsScene &scene)
+{
+    // Without an index the scene knows its items only in the order in which they came.
+    const QGraphicsScene::ItemIndexMethod method = scene.itemIndexMethod();
+    scene.setItemIndexMethod(QGraphicsScene::BspTreeIndex);
+    QList<QGraphicsItem *> items = scene.items(Qt::AscendingOrder);
+    scene.setItemIndexMethod(method);
+    return items;
 }
 
 bool showsPicture(const QAbstractButton *button, const QString &path)

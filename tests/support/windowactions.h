@@ -4,9 +4,12 @@
 
 #include "windowfixture.h"
 
+#include <QList>
 #include <QVector>
 
 class QAbstractButton;
+class QGraphicsItem;
+class QGraphicsScene;
 
 /// \file
 /// What several window tests do: open a window on traces, choose files, look at a button's picture.
@@ -22,6 +25,9 @@ bool chooseFiles(const WindowFixture &fixture, const QStringList &paths);
 /// Triggers "load" in the menu of \a slot and answers its dialog with \a path; an empty one
 /// cancels. False when no dialog came up.
 bool loadInto(const WindowFixture &fixture, int slot, const QString &path);
+
+/// All items of \a scene, the lowest one first.
+QList<QGraphicsItem *> stacked(QGraphicsScene &scene);
 
 /// True when the picture on \a button is that of the resource \a path.
 bool showsPicture(const QAbstractButton *button, const QString &path);

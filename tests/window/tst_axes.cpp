@@ -60,7 +60,7 @@ private slots:
         WindowFixture fixture;
         fixture.open();
         const MainWindowProbe &probe = fixture.probe();
-        const auto stack = probe.Plot_Scene()->items(Qt::AscendingOrder);
+        const auto stack = stacked(*probe.Plot_Scene());
         const auto chart = stack.indexOf(probe.Plot_Chart());
         QVERIFY(chart >= 0);
         const auto pairs = allPairs(probe);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "curarrow.h"
-#include "windowfixture.h"
+#include "windowactions.h"
 
 #include <QAction>
 #include <QGraphicsScene>
@@ -84,7 +84,7 @@ private slots:
         QCOMPARE(series.size(), 17);
         QCOMPARE(series[16], isA ? p.cursor_A() : p.cursor_B());
         QCOMPARE(series[15], isA ? p.cursor_A_add() : p.cursor_B_add());
-        const auto items = p.Plot_Scene()->items(Qt::AscendingOrder);
+        const auto items = stacked(*p.Plot_Scene());
         const auto above = items.indexOf(isA ? p.cur_arrowA()->group : p.cur_arrowB()->group);
         const auto below = items.indexOf(isA ? p.cur_arrowB()->group : p.cur_arrowA()->group);
         QVERIFY(above > below && below >= 0);
