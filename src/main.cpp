@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow.h"
 #include "settingsdata.h"
+#ifdef VELKOR_EXTRAS
+#include "extras/extras.h"
+#endif
 
 #include <QApplication>
 
@@ -18,6 +21,9 @@ int qMain(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("org.velkor.Velkor"));
     MainWindow window;
     window.settings()->curAppPointer = &application;
+#ifdef VELKOR_EXTRAS
+    extras::attach(window);
+#endif
     window.show();
     window.reportSizes();
     return QApplication::exec();

@@ -63,6 +63,16 @@ SettingsData *MainWindow::settings() const
     return settingsData;
 }
 
+const MainWindowParts &MainWindow::parts() const
+{
+    return *this;
+}
+
+const MainWindowState &MainWindow::state() const
+{
+    return *this;
+}
+
 void MainWindow::reportSizes() const
 {
     qDebug() << "window" << size() << "central widget" << centralWidget->size();

@@ -41,8 +41,7 @@ class QMouseEvent;
 class QWheelEvent;
 
 /// The viewer's window: six trace slots over one another on a chart against distance, two cursors,
-/// two dials. Slots are numbered 0 to 5 and shown as 1 to 6; a slot number outside that range is
-/// ignored by every operation that takes one, unless it says otherwise.
+/// two dials. Slots are numbered 0 to 5; operations ignore other numbers unless they say otherwise.
 /// The horizontal unit is the count, 1.25 ns of echo time; metres are counts times \c dist_coef.
 class MainWindow : public QMainWindow,
                    public MainWindowModes,
@@ -62,6 +61,9 @@ public:
     SettingsData *settings() const;
     /// Writes the sizes of window, central widget, plot view and chart to the debug log.
     void reportSizes() const;
+    /// What the window is made of and what it remembers, for others to look at and press.
+    const MainWindowParts &parts() const;
+    const MainWindowState &state() const;
 
 signals:
     /// Declared for a slot's new data; nothing emits or connects it.
@@ -167,8 +169,7 @@ public slots:
     void resetCurrent_slot(int id);
     /// Scrolls to count 0, leaves difference mode and reads every loaded slot again.
     void reset_slot();
-    /// Sets the trace button of slot \a id to date and time, bytes taken as they are instead of
-    /// as BCD. Called by nothing.
+    /// Date and time on the trace button of slot \a id, bytes not taken as BCD. Called by nothing.
     void parse_T_Name(int id);
 
 public:
@@ -342,9 +343,8 @@ private:
     void colourCursors();
 
     // ---- User actions (mainwindow_action.cpp) ----
-    /// One user action: as long as one lives, raises and dial captions are only noted. They happen
-    /// at its end, once each and in this order, because raising lays the chart out anew (40 % of a
-    /// cursor step, even where the order stays) and a caption paints the window at once.
+    /// One user action: raises and dial captions are noted and happen at its end, once each in this
+    /// order: a raise lays the chart out anew (40 % of a cursor step), a caption paints at once.
     class Action
     {
     public:
