@@ -16,12 +16,21 @@ part() {
 }
 
 part window 10000 100000 'loads into a whole window, with what its user does'
+part monkey 100000 1000000 'random events at the window'
 part record 1000000 100000000 'records through all that is computed from them'
 part settings 3000 100000 'settings files: loaded, saved, loaded, applied'
 part texts 3000 100000 'lists of languages and style sheets'
 part valgrind 0 1200 'seconds under Valgrind'
 
 run_window() { scripts/fuzz window "$1"; }
+# Over three seeds, from a million on over one for every ten thousand events.
+run_monkey() {
+    local seeds=3
+    [ "$1" -lt 1000000 ] || seeds=$(($1 / 10000))
+    mkdir -p build/fuzz/findings
+    LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey --seeds "1..$seeds" \
+        --events $((($1 + seeds - 1) / seeds)) --keep build/fuzz/findings
+}
 run_record() { scripts/fuzz record "$1"; }
 run_settings() { scripts/fuzz settings "$1"; }
 run_texts() { scripts/fuzz texts "$1"; }
