@@ -20,13 +20,13 @@ struct KindInfo
 
 // In the order of the enumeration.
 constexpr KindInfo kinds[] = {
-    { "press", 60 },       { "move", 120 },       { "release", 50 },       { "drag", 20 },
-    { "click", 40 },       { "double-click", 5 }, { "wheel-on-plot", 80 }, { "wheel-anywhere", 60 },
-    { "turn-dial", 40 },   { "dial-key", 25 },    { "key", 95 },           { "focus", 30 },
-    { "button", 100 },     { "chart-menu", 12 },  { "slot-menu", 5 },      { "slot-action", 70 },
-    { "entry", 25 },       { "files", 3 },        { "settings", 3 },       { "resize", 5 },
-    { "window-state", 2 }, { "drop", 10 },        { "language", 4 },       { "style", 1 },
-    { "pointer", 45 },     { "settle", 89 },      { "reopen", 1 },
+    { "press", 70 },       { "move", 200 },       { "release", 60 },       { "drag", 15 },
+    { "click", 35 },       { "double-click", 5 }, { "wheel-on-plot", 60 }, { "wheel-anywhere", 60 },
+    { "turn-dial", 30 },   { "dial-key", 25 },    { "key", 100 },          { "focus", 35 },
+    { "button", 75 },      { "chart-menu", 8 },   { "slot-menu", 4 },      { "slot-action", 55 },
+    { "entry", 18 },       { "files", 2 },        { "settings", 2 },       { "resize", 4 },
+    { "window-state", 2 }, { "drop", 12 },        { "language", 3 },       { "style", 1 },
+    { "pointer", 60 },     { "settle", 58 },      { "reopen", 1 },
 };
 static_assert(sizeof kinds / sizeof kinds[0] == Event::KindCount, "one line a kind");
 

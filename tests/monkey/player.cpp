@@ -235,7 +235,7 @@ void Player::turnDial(const Event &event)
 {
     const int start = share(number(event, 1), 360);
     hand::turnDial(dial(number(event, 0)), start, number(event, 2) - thousand / 2,
-                   1 + number(event, 3) % 12);
+                   1 + number(event, 3) % 5);
 }
 
 void Player::dialKey(const Event &event)

@@ -58,9 +58,9 @@ private slots:
     void theSameSeedGivesTheSameScriptEverywhere()
     {
         const Script script = dealtScript(1, 3);
-        QCOMPARE(lineOf(script[0]), QByteArray("resize 139 124 368 263 550290313"));
-        QCOMPARE(lineOf(script[1]), QByteArray("dial-key 341 759 432 248 629559425"));
-        QCOMPARE(lineOf(script[2]), QByteArray("key 943 13 340 302 796884249"));
+        QCOMPARE(lineOf(script[0]), QByteArray("entry 139 124 368 263 550290313"));
+        QCOMPARE(lineOf(script[1]), QByteArray("wheel-anywhere 341 759 432 248 629559425"));
+        QCOMPARE(lineOf(script[2]), QByteArray("turn-dial 943 13 340 302 796884249"));
         QCOMPARE(dealtScript(1, 500).mid(0, 3), script);
         QVERIFY(dealtScript(2, 3) != script);
     }
