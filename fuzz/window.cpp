@@ -79,6 +79,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     MainWindowProbe m_probe;
     fuzz::TraceFolder m_folder;
+    bool m_sweeps = false;
 };
 
 const Subject::Deed Subject::deeds[] = {
@@ -116,6 +117,7 @@ void Subject::paint()
 
 void Subject::run(const fuzz::WindowInput &input)
 {
+    m_sweeps = input.sweeps;
     begin(input);
     load(input);
     check();
@@ -232,8 +234,8 @@ void Subject::zoomTo(int with)
 {
     m_window->scale_change(with % 9);
     paint();
-    // Through all nine takes as long as three loads.
-    if (with < 240)
+    // Through all nine takes as long as three loads, so few of those that want it get it.
+    if (with < 240 || !m_sweeps)
         return;
     for (int exponent = constants::minScale; exponent <= constants::maxScale; ++exponent) {
         m_window->scale_change(exponent);
@@ -286,12 +288,12 @@ void Subject::chooseParameter(int with)
 
 void Subject::turnParameter(int with)
 {
-    hand::turnDial(m_probe.param_dial(), 90, 3.0 * (with - 128), 6);
+    hand::turnDial(m_probe.param_dial(), 90, 3.0 * (with - 128), 3);
 }
 
 void Subject::turnCursor(int with)
 {
-    hand::turnDial(m_probe.cursor_dial(), 90, 3.0 * (with - 128), 6);
+    hand::turnDial(m_probe.cursor_dial(), 90, 3.0 * (with - 128), 3);
     hand::turnWheel(m_probe.cursor_dial(), with % 16 - 8);
 }
 

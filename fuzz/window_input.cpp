@@ -14,6 +14,7 @@ WindowInput::WindowInput(const std::uint8_t *data, std::size_t size)
     const quint8 way = preamble.byte();
     russian = (way & 1) != 0;
     shortFiles = (way & 2) != 0;
+    sweeps = isOneOf(16, data, size);
     sparse = preamble.byte();
     master = preamble.number<qint8>();
     preamble.byte(); // for what is to come

@@ -33,6 +33,7 @@ struct WindowInput
     WindowInput(const std::uint8_t *data, std::size_t size);
 
     bool russian = false;
+    bool sweeps = false; ///< one that may go through all scales, which takes long
     bool shortFiles = false; ///< the files end with their last interpreted byte
     quint8 sparse = 0; ///< slots that stay empty although there is a file
     int master = 0; ///< as the settings name it, -128..127
