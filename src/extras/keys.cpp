@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/keys.h"
 
+#include "extras/reflection_steps.h"
 #include "interfacebutton.h"
 #include "mainwindow.h"
 
@@ -24,6 +25,8 @@ struct Key
 const Key keys[] = {
     { Qt::Key_A, Qt::NoModifier, false, [](MainWindow &w) { w.parts().curA_button->click(); } },
     { Qt::Key_B, Qt::NoModifier, false, [](MainWindow &w) { w.parts().curB_button->click(); } },
+    { Qt::Key_N, Qt::NoModifier, true, toNextReflection },
+    { Qt::Key_P, Qt::NoModifier, true, toPreviousReflection },
 };
 
 /// The letter on the same key of an English keyboard; any other key is itself.

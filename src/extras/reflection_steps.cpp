@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extras/reflection_steps.h"
+
+#include "calc/numeric.h"
+#include "cont_dial.h"
+#include "extras/reflections.h"
+#include "mainwindow.h"
+
+#include <algorithm>
+
+namespace extras {
+
+namespace {
+
+/// One point for each sample of the selected trace as it is drawn; none for an empty slot.
+QVector<QPointF> selectedSamples(const MainWindow &window)
+{
+    const MainWindowState &state = window.state();
+    if (!checkbit(state.rfg_read_index, state.rfg_ID))
+        return {};
+    if (state.smooth_rfg_flag)
+        return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);
+    // Each tread of the step form begins with its sample.
+    const QVector<QPointF> treads = qtcompat::pointsOf(*window.parts().rfg_series[state.rfg_ID]);
+    QVector<QPointF> samples;
+    for (int i = 0; i < treads.size(); i += 2)
+        samples.append(treads[i]);
+    return samples;
+}
+
+void moveCursor(MainWindow &window, int column)
+{
+    if (column < 0)
+        return;
+    window.cursorSetup_slot(column);
+    const int cursor = window.state().Cur_flag;
+    if (!window.isCursor_visible(cursor))
+        window.gotoCursor(cursor);
+}
+
+/// Column of the active cursor; -1 in delta mode.
+int activeColumn(const MainWindowState &state)
+{
+    if (state.Cur_flag == MainWindow::CURSOR_A)
+        return state.cursor_A_pos;
+    return state.Cur_flag == MainWindow::CURSOR_B ? state.cursor_B_pos : -1;
+}
+
+} // namespace
+
+QVector<int> reflectionColumns(const MainWindow &window)
+{
+    const QVector<QPointF> samples = selectedSamples(window);
+    QVector<int> levels;
+    for (const QPointF &sample : samples)
+        levels.append(calc::truncated(sample.y()));
+    QVector<int> columns;
+    const QVector<int> places = reflections(levels);
+    for (const int place : places) {
+        const double column = samples[place].x();
+        if (column >= 0.0 && column <= constants::xLength)
+            columns.append(calc::truncated(column));
+    }
+    return columns;
+}
+
+void toNextReflection(MainWindow &window)
+{
+    const int column = activeColumn(window.state());
+    if (column < 0)
+        return;
+    // A cursor that snapping put left of the place asked for has been there all the same.
+    const int reached = std::max(column, window.parts().cursor_dial->trueValue);
+    moveCursor(window, nextColumn(reflectionColumns(window), reached));
+}
+
+void toPreviousReflection(MainWindow &window)
+{
+    const int column = activeColumn(window.state());
+    if (column >= 0)
+        moveCursor(window, previousColumn(reflectionColumns(window), column));
+}
+
+} // namespace extras

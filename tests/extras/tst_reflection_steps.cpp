@@ -1,0 +1,280 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cont_dial.h"
+#include "extras/extras.h"
+#include "extras/reflection_steps.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "windowactions.h"
+#include "windowstate.h"
+
+#include <QDir>
+#include <QPushButton>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+const QStringList sampleNames = {
+    QStringLiteral("1-healthy-pair.tdr"), QStringLiteral("2-same-pair-shorted.tdr"),
+    QStringLiteral("3-wet-section.tdr"),  QStringLiteral("4-bridged-tap-saved-shifts.tdr"),
+    QStringLiteral("5-long-coax.tdr"),    QStringLiteral("6-wet-section-close-up.tdr"),
+};
+
+/// The window with the extras on the samples of \a numbers, the first one of them the master.
+MainWindow &openSamples(WindowFixture &fixture, const QVector<int> &numbers)
+{
+    QStringList paths;
+    for (const int number : numbers)
+        paths.append(QDir(QStringLiteral(VELKOR_SAMPLES_DIR)).filePath(sampleNames[number - 1]));
+    WindowFixture::writePreviousRun(paths);
+    MainWindow &window = fixture.open();
+    extras::attach(window);
+    return window;
+}
+
+/// A bell of \a height, 8 samples wide, on a quiet trace.
+TraceBuilder bellAt(int crest, int height = 80)
+{
+    return TraceBuilder().samples([=](int i) {
+        return int(std::lround(height * std::exp2(-4.0 * (i - crest) * (i - crest) / 64.0)));
+    });
+}
+
+/// Where the active cursor stops when N is pressed until it stays where it is, in metres.
+QVector<double> stops(WindowFixture &fixture, Qt::Key key = Qt::Key_N)
+{
+    const MainWindowProbe &probe = fixture.probe();
+    const bool isA = probe.Cur_flag() == MainWindow::CURSOR_A;
+    const auto column = [&] { return isA ? probe.cursor_A_pos() : probe.cursor_B_pos(); };
+    QVector<double> metres;
+    for (int before = -1; metres.size() < 20;) {
+        before = column();
+        QTest::keyClick(&fixture.window(), key);
+        if (column() == before)
+            break;
+        metres.append(column() * probe.dist_coef());
+    }
+    return metres;
+}
+
+/// True when \a found are the places \a expected, each within \a reach metres.
+bool near(const QVector<double> &found, const QVector<double> &expected, double reach)
+{
+    bool good = found.size() == expected.size();
+    for (int i = 0; good && i < found.size(); ++i)
+        good = std::abs(found[i] - expected[i]) <= reach;
+    if (!good)
+        qWarning() << "stopped at" << found;
+    return good;
+}
+
+} // namespace
+
+/// From place to place on a trace, by keys.
+class TestReflectionSteps : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void nStopsAtEachFaultOfASample_data();
+    void nStopsAtEachFaultOfASample();
+    void pGoesTheSameWayBack();
+    void aRussianKeyboardHasTheSameKeys();
+    void theCursorIsAsOneMovedByHand();
+    void theOtherCursorStays();
+    void theSelectedTraceDecides();
+    void differencesTurnWhereTheCablesDiffer();
+    void smoothTracesTurnAtTheSamePlaces();
+    void theViewFollowsTheCursor();
+    void aPlaceLeftOfTheChartIsNone();
+    void aCursorHeldLeftOfThePlaceGoesOnAllTheSame();
+    void nothingHappensWithoutTraceOrCursor();
+};
+
+void TestReflectionSteps::nStopsAtEachFaultOfASample_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QVector<double>>("metres");
+    QTest::addColumn<double>("quarterPulse");
+    QTest::newRow("1") << 1 << QVector<double>{ 38.0, 104.0 } << 1.0;
+    QTest::newRow("2") << 2 << QVector<double>{ 38.0, 71.5 } << 1.0;
+    QTest::newRow("3") << 3 << QVector<double>{ 52.0, 68.0, 88.0, 116.0 } << 1.0;
+    QTest::newRow("4") << 4 << QVector<double>{ 26.0, 40.0, 80.0 } << 1.0;
+    QTest::newRow("5") << 5 << QVector<double>{ 88.0, 203.0 } << 2.0;
+    QTest::newRow("6") << 6 << QVector<double>{ 52.0, 68.0, 88.0 } << 0.5;
+}
+
+void TestReflectionSteps::nStopsAtEachFaultOfASample()
+{
+    QFETCH(int, number);
+    QFETCH(QVector<double>, metres);
+    QFETCH(double, quarterPulse);
+    WindowFixture fixture;
+    openSamples(fixture, { number });
+    QVERIFY(near(stops(fixture), metres, quarterPulse));
+}
+
+void TestReflectionSteps::pGoesTheSameWayBack()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 3 });
+    QVector<double> there = stops(fixture);
+    // From right of the last one, and from between two.
+    window.cursorSetup_slot(1000);
+    QVector<double> back = stops(fixture, Qt::Key_P);
+    std::reverse(back.begin(), back.end());
+    QCOMPARE(back, there);
+    window.cursorSetup_slot(480);
+    QTest::keyClick(&window, Qt::Key_P);
+    QCOMPARE(fixture.probe().cursor_A_pos() * fixture.probe().dist_coef(), there[0]);
+    QTest::keyClick(&window, Qt::Key_P);
+    QCOMPARE(fixture.probe().cursor_A_pos() * fixture.probe().dist_coef(), there[0]);
+}
+
+void TestReflectionSteps::aRussianKeyboardHasTheSameKeys()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 1 });
+    const auto press = [&](char16_t letter) {
+        QTest::sendKeyEvent(QTest::Click, &window, Qt::Key(letter), QString(QChar(letter)),
+                            Qt::NoModifier);
+        return fixture.probe().cursor_A_pos();
+    };
+    const QVector<int> columns = extras::reflectionColumns(window);
+    QCOMPARE(columns.size(), 2);
+    QCOMPARE(press(u'Т'), columns[0]);
+    QCOMPARE(press(u'Т'), columns[1]);
+    QCOMPARE(press(u'З'), columns[0]);
+}
+
+void TestReflectionSteps::theCursorIsAsOneMovedByHand()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 2, 4 });
+    QTest::keyClick(&window, Qt::Key_N);
+    WindowFixture::settle();
+    const QStringList byKey = stateOf(window);
+    const int column = fixture.probe().cursor_A_pos();
+    const int level = fixture.probe().cursor_A_pos_Y();
+    QVERIFY(level != constants::noLevel);
+    window.cursorSetup_slot(column + 100);
+    window.cursorSetup_slot(column);
+    WindowFixture::settle();
+    QCOMPARE(stateOf(window), byKey);
+    QCOMPARE(fixture.probe().cursor_dial()->trueValue, column);
+    QVERIFY(fixture.probe().curA_button()->text().contains(window.count_to_distance(column)));
+}
+
+void TestReflectionSteps::theOtherCursorStays()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 1 });
+    window.cursorSetup_slot(100);
+    QTest::mouseClick(fixture.probe().curB_button(), Qt::LeftButton);
+    QTest::keyClick(&window, Qt::Key_N);
+    QCOMPARE(fixture.probe().cursor_A_pos(), 100);
+    QCOMPARE(fixture.probe().cursor_B_pos(), extras::reflectionColumns(window).constFirst());
+}
+
+void TestReflectionSteps::theSelectedTraceDecides()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 1, 4 });
+    QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
+    QVERIFY(near(stops(fixture), { 26.0, 40.0, 80.0 }, 1.0));
+    // Hidden, it is still the selected one, and its readouts still come.
+    window.RFG_visibleToggle(1, false);
+    QVERIFY(near(stops(fixture, Qt::Key_P), { 40.0, 26.0 }, 1.0));
+}
+
+void TestReflectionSteps::differencesTurnWhereTheCablesDiffer()
+{
+    WindowFixture fixture;
+    openSamples(fixture, { 1, 2 });
+    QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
+    QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
+    // The joint at 38 m is in both; the short and the end behind it are not.
+    QVERIFY(near(stops(fixture), { 71.5, 104.0 }, 1.0));
+}
+
+void TestReflectionSteps::smoothTracesTurnAtTheSamePlaces()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 4 });
+    const QVector<int> steps = extras::reflectionColumns(window);
+    QTest::mouseClick(fixture.probe().smooth_button(), Qt::LeftButton);
+    QVERIFY(fixture.probe().smooth_rfg_flag());
+    QCOMPARE(extras::reflectionColumns(window), steps);
+    QCOMPARE(steps.size(), 3);
+}
+
+void TestReflectionSteps::theViewFollowsTheCursor()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 1 });
+    window.scale_change(0);
+    QTest::keyClick(&window, Qt::Key_N);
+    QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
+    QVERIFY(fixture.probe().cust_axisX()->min() > 0.0);
+    // In sight already: the view stays.
+    window.scale_change(2);
+    QTest::keyClick(&window, Qt::Key_N);
+    QCOMPARE(fixture.probe().cust_axisX()->min(), 0.0);
+}
+
+void TestReflectionSteps::aPlaceLeftOfTheChartIsNone()
+{
+    WindowFixture fixture;
+    MainWindow &window = openWith(fixture, { bellAt(20).shiftX(quint32(-40)) });
+    QCOMPARE(extras::reflectionColumns(window), QVector<int>());
+    window.H_Offset_change(-15);
+    QCOMPARE(extras::reflectionColumns(window), QVector<int>{ 5 });
+    QVERIFY(
+        extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(0xFFFFFFFF) })).isEmpty());
+    QCOMPARE(extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(100) })),
+             QVector<int>{ 120 });
+}
+
+void TestReflectionSteps::aCursorHeldLeftOfThePlaceGoesOnAllTheSame()
+{
+    WindowFixture fixture;
+    const auto twoBells = [](int i) {
+        const int distance = std::min(std::abs(i - 60), std::abs(i - 200));
+        return int(std::lround(80 * std::exp2(-4.0 * distance * distance / 64.0)));
+    };
+    // In difference mode the master's delay of 30 puts the cursor left of the place asked for.
+    MainWindow &window = openWith(
+        fixture, { TraceBuilder().delay(30), TraceBuilder().delay(30).samples(twoBells) });
+    extras::attach(window);
+    QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
+    QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
+    QCOMPARE(extras::reflectionColumns(window), (QVector<int>{ 90, 230 }));
+    QTest::keyClick(&window, Qt::Key_N);
+    QCOMPARE(fixture.probe().cursor_A_pos(), 60);
+    QCOMPARE(fixture.probe().cursor_dial()->trueValue, 90);
+    QTest::keyClick(&window, Qt::Key_N);
+    QCOMPARE(fixture.probe().cursor_A_pos(), 200);
+    QTest::keyClick(&window, Qt::Key_P);
+    QCOMPARE(fixture.probe().cursor_A_pos(), 60);
+}
+
+void TestReflectionSteps::nothingHappensWithoutTraceOrCursor()
+{
+    WindowFixture fixture;
+    MainWindow &window = openSamples(fixture, { 1 });
+    window.cursorSetup_slot(40);
+    window.cursorSelect_slot(MainWindow::DELTA);
+    QTest::keyClick(&window, Qt::Key_N);
+    QTest::keyClick(&window, Qt::Key_P);
+    QCOMPARE(fixture.probe().cursor_A_pos(), 40);
+    window.cursorSelect_slot(MainWindow::CURSOR_A);
+    QTest::mouseClick(fixture.probe().selected_rfg()[4], Qt::LeftButton);
+    QCOMPARE(extras::reflectionColumns(window), QVector<int>());
+    QTest::keyClick(&window, Qt::Key_N);
+    QCOMPARE(fixture.probe().cursor_A_pos(), 40);
+}
+
+QTEST_MAIN(TestReflectionSteps)
+#include "tst_reflection_steps.moc"
