@@ -2,61 +2,188 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/keys.h"
 
+#include "extras/commands.h"
+#include "extras/help.h"
 #include "extras/reflection_steps.h"
 #include "interfacebutton.h"
 #include "mainwindow.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPushButton>
+
+#include <cstddef>
 
 namespace extras {
 
 namespace {
 
+using Window = MainWindow;
+
+/// A key as the table has it: letters and marks as on an English keyboard, a mark that is typed
+/// with Shift as the one below it, with Shift.
+struct Stroke
+{
+    int key;
+    Qt::KeyboardModifiers modifiers;
+};
+
+enum When {
+    Once, ///< however long the key is held
+    Repeated,
+};
+
 struct Key
 {
-    int key; ///< as Qt::Key, letters as on an English keyboard
-    Qt::KeyboardModifiers modifiers;
-    bool repeats; ///< while it is held down
-    void (*deed)(MainWindow &window);
+    Stroke stroke;
+    When when;
+    void (*deed)(Window &window);
 };
+
+constexpr auto shift = Qt::ShiftModifier;
+constexpr auto control = Qt::ControlModifier;
+constexpr int several = 10; ///< steps of a key that takes more than one
 
 // In the order of the manual's page of keys.
 const Key keys[] = {
-    { Qt::Key_A, Qt::NoModifier, false, [](MainWindow &w) { w.parts().curA_button->click(); } },
-    { Qt::Key_B, Qt::NoModifier, false, [](MainWindow &w) { w.parts().curB_button->click(); } },
-    { Qt::Key_N, Qt::NoModifier, true, toNextReflection },
-    { Qt::Key_P, Qt::NoModifier, true, toPreviousReflection },
+    { { Qt::Key_A, {} }, Once, [](Window &w) { w.parts().curA_button->click(); } },
+    { { Qt::Key_B, {} }, Once, [](Window &w) { w.parts().curB_button->click(); } },
+    { { Qt::Key_Comma, {} }, Repeated, [](Window &w) { moveCursor(w, -1); } },
+    { { Qt::Key_Period, {} }, Repeated, [](Window &w) { moveCursor(w, 1); } },
+    { { Qt::Key_Comma, shift }, Repeated, [](Window &w) { moveCursor(w, -several); } },
+    { { Qt::Key_Period, shift }, Repeated, [](Window &w) { moveCursor(w, several); } },
+    { { Qt::Key_Home, {} }, Once, [](Window &w) { moveCursorToEnd(w, false); } },
+    { { Qt::Key_End, {} }, Once, [](Window &w) { moveCursorToEnd(w, true); } },
+    { { Qt::Key_N, {} }, Repeated, toNextReflection },
+    { { Qt::Key_P, {} }, Repeated, toPreviousReflection },
+    { { Qt::Key_F2, shift }, Once, enterCursor },
+
+    { { Qt::Key_Plus, control },
+      Repeated,
+      [](Window &w) { w.parts().scale_down_button->click(); } },
+    { { Qt::Key_Minus, control }, Repeated, [](Window &w) { w.parts().scale_up_button->click(); } },
+    { { Qt::Key_BracketLeft, {} }, Repeated, [](Window &w) { scroll(w, -1); } },
+    { { Qt::Key_BracketRight, {} }, Repeated, [](Window &w) { scroll(w, 1); } },
+    { { Qt::Key_BracketLeft, shift }, Repeated, [](Window &w) { scroll(w, -several); } },
+    { { Qt::Key_BracketRight, shift }, Repeated, [](Window &w) { scroll(w, several); } },
+    { { Qt::Key_W, {} }, Once, switchWheel },
+
+    { { Qt::Key_1, {} }, Once, [](Window &w) { selectSlot(w, 0); } },
+    { { Qt::Key_2, {} }, Once, [](Window &w) { selectSlot(w, 1); } },
+    { { Qt::Key_3, {} }, Once, [](Window &w) { selectSlot(w, 2); } },
+    { { Qt::Key_4, {} }, Once, [](Window &w) { selectSlot(w, 3); } },
+    { { Qt::Key_5, {} }, Once, [](Window &w) { selectSlot(w, 4); } },
+    { { Qt::Key_6, {} }, Once, [](Window &w) { selectSlot(w, 5); } },
+    { { Qt::Key_H, {} }, Once, toggleVisibility },
+    { { Qt::Key_M, {} }, Once, makeMaster },
+    { { Qt::Key_L, {} }, Once, loadSelected },
+    { { Qt::Key_F5, {} }, Once, resetSelected },
+    { { Qt::Key_Delete, {} }, Once, clearSelected },
+
+    { { Qt::Key_X, {} }, Once, [](Window &w) { selectParameter(w, Window::H_OFFSET); } },
+    { { Qt::Key_Y, {} }, Once, [](Window &w) { selectParameter(w, Window::V_OFFSET); } },
+    { { Qt::Key_K, {} }, Once, [](Window &w) { selectParameter(w, Window::KU); } },
+    { { Qt::Key_Z, {} }, Once, [](Window &w) { selectParameter(w, Window::SCALE); } },
+    { { Qt::Key_Plus, {} }, Repeated, [](Window &w) { turnParameter(w, 1); } },
+    { { Qt::Key_Minus, {} }, Repeated, [](Window &w) { turnParameter(w, -1); } },
+    { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { turnParameter(w, several); } },
+    { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { turnParameter(w, -several); } },
+    { { Qt::Key_F2, {} }, Once, enterParameter },
+
+    { { Qt::Key_D, {} }, Once, [](Window &w) { w.parts().difference_button->click(); } },
+    { { Qt::Key_S, {} }, Once, [](Window &w) { w.parts().smooth_button->click(); } },
+    { { Qt::Key_F5, shift }, Once, [](Window &w) { w.parts().reset_all_button->click(); } },
+    { { Qt::Key_O, {} }, Once, [](Window &w) { w.files_slot(); } },
+    { { Qt::Key_O, control }, Once, [](Window &w) { w.files_slot(); } },
+    { { Qt::Key_Comma, control }, Once, [](Window &w) { w.parts().settings_button->click(); } },
+    { { Qt::Key_F1, {} }, Once, [](Window &w) { showPageOfKeys(w); } },
 };
 
-/// The letter on the same key of an English keyboard; any other key is itself.
+// Everywhere else the arrows walk from control to control or turn the dial.
+const Key keysOnPlot[] = {
+    { { Qt::Key_Left, {} }, Repeated, [](Window &w) { moveCursor(w, -1); } },
+    { { Qt::Key_Right, {} }, Repeated, [](Window &w) { moveCursor(w, 1); } },
+    { { Qt::Key_Left, shift }, Repeated, [](Window &w) { moveCursor(w, -several); } },
+    { { Qt::Key_Right, shift }, Repeated, [](Window &w) { moveCursor(w, several); } },
+    { { Qt::Key_Up, {} }, Repeated, [](Window &w) { turnParameter(w, 1); } },
+    { { Qt::Key_Down, {} }, Repeated, [](Window &w) { turnParameter(w, -1); } },
+};
+
+/// What is typed by a key on which an English keyboard has something else. Nothing of it can be
+/// mistaken for another key: no keyboard has both.
 int onEnglishKeyboard(int key)
 {
-    // What a Russian keyboard types with the keys of these letters, from Qt::Key_A to Qt::Key_Z.
-    static constexpr char16_t russian[] = u"ФИСВУАПРШОЛДЬТЩЗЙКЫЕГМЦЧНЯ";
-    for (int letter = 0; letter < 26; ++letter)
-        if (key == russian[letter])
-            return Qt::Key_A + letter;
+    struct Place
+    {
+        char16_t typed;
+        int key;
+    };
+    static constexpr Place places[] = {
+        { u'Ф', Qt::Key_A },      { u'И', Qt::Key_B },           { u'С', Qt::Key_C },
+        { u'В', Qt::Key_D },      { u'У', Qt::Key_E },           { u'А', Qt::Key_F },
+        { u'П', Qt::Key_G },      { u'Р', Qt::Key_H },           { u'Ш', Qt::Key_I },
+        { u'О', Qt::Key_J },      { u'Л', Qt::Key_K },           { u'Д', Qt::Key_L },
+        { u'Ь', Qt::Key_M },      { u'Т', Qt::Key_N },           { u'Щ', Qt::Key_O },
+        { u'З', Qt::Key_P },      { u'Й', Qt::Key_Q },           { u'К', Qt::Key_R },
+        { u'Ы', Qt::Key_S },      { u'Е', Qt::Key_T },           { u'Г', Qt::Key_U },
+        { u'М', Qt::Key_V },      { u'Ц', Qt::Key_W },           { u'Ч', Qt::Key_X },
+        { u'Н', Qt::Key_Y },      { u'Я', Qt::Key_Z },           { u'Б', Qt::Key_Comma },
+        { u'Ю', Qt::Key_Period }, { u'Х', Qt::Key_BracketLeft }, { u'Ъ', Qt::Key_BracketRight },
+    };
+    for (const Place &place : places)
+        if (key == place.typed)
+            return place.key;
     return key;
+}
+
+Stroke strokeOf(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const Qt::KeyboardModifiers unshifted = modifiers & ~Qt::ShiftModifier;
+    const int key = onEnglishKeyboard(event.key());
+    switch (key) {
+    case Qt::Key_Less:
+        return { Qt::Key_Comma, modifiers | Qt::ShiftModifier };
+    case Qt::Key_Greater:
+        return { Qt::Key_Period, modifiers | Qt::ShiftModifier };
+    case Qt::Key_BraceLeft:
+        return { Qt::Key_BracketLeft, modifiers | Qt::ShiftModifier };
+    case Qt::Key_BraceRight:
+        return { Qt::Key_BracketRight, modifiers | Qt::ShiftModifier };
+    case Qt::Key_Equal:
+    case Qt::Key_Plus:
+        // On one key, and half of the keyboards need Shift for the one that is meant.
+        return { Qt::Key_Plus, unshifted };
+    default:
+        break;
+    }
+    // A French keyboard types its digits with Shift.
+    return { key, key >= Qt::Key_0 && key <= Qt::Key_9 ? unshifted : modifiers };
+}
+
+template <std::size_t size> const Key *find(const Key (&table)[size], const Stroke &stroke)
+{
+    for (const Key &key : table)
+        if (key.stroke.key == stroke.key && key.stroke.modifiers == stroke.modifiers)
+            return &key;
+    return nullptr;
 }
 
 } // namespace
 
 bool keyPressed(MainWindow &window, const QKeyEvent &event, bool onPlot)
 {
-    Q_UNUSED(onPlot)
     if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
         return false;
-    const int pressed = onEnglishKeyboard(event.key());
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    for (const Key &key : keys) {
-        if (key.key != pressed || key.modifiers != modifiers)
-            continue;
-        if (!event.isAutoRepeat() || key.repeats)
-            key.deed(window);
-        return true;
-    }
-    return false;
+    const Stroke stroke = strokeOf(event);
+    const Key *key = find(keys, stroke);
+    if (!key && onPlot)
+        key = find(keysOnPlot, stroke);
+    if (!key)
+        return false;
+    if (!event.isAutoRepeat() || key->when == Repeated)
+        key->deed(window);
+    return true;
 }
 
 } // namespace extras

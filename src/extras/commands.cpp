@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "extras/commands.h"
+
+#include "calc/numeric.h"
+#include "calc/tdr_record.h"
+#include "cont_dial.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "mainwindow.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QCoreApplication>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace extras {
+
+namespace {
+
+int stepOf(const MainWindow &window, int slot)
+{
+    return calc::usableStep(window.state().rfg_DATA[slot].coef_from_min);
+}
+
+/// Counts of one notch of the wheel over the cursor dial.
+int cursorStep(const MainWindow &window)
+{
+    const MainWindowState &state = window.state();
+    const int step = stepOf(window, state.rfg_ID);
+    const bool hasMaster = state.rfg_master_ID >= 0 && state.rfg_master_ID < constants::slotCount;
+    if (state.diff_flag == MainWindow::NORMAL || !hasMaster)
+        return step;
+    return std::max(step, stepOf(window, state.rfg_master_ID));
+}
+
+void placeCursor(MainWindow &window, qint64 column)
+{
+    window.cursorSetup_slot(calc::saturated(column));
+    // A wheel has a pointer on the plot that shows where it works; a key has nothing but the view.
+    const int cursor = window.state().Cur_flag;
+    if (!window.isCursor_visible(cursor))
+        window.gotoCursor(cursor);
+}
+
+LegendButton *selectedSlot(const MainWindow &window)
+{
+    return window.parts().selected_rfg[window.state().rfg_ID];
+}
+
+void choose(QAction *action)
+{
+    if (action->isEnabled())
+        action->trigger();
+}
+
+/// The press of the right button opens the entry dialogs.
+void pressRight(QWidget *button)
+{
+    const QPointF middle = button->rect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, middle, middle,
+                      button->mapToGlobal(middle.toPoint()), Qt::RightButton, Qt::RightButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(button, &press);
+}
+
+} // namespace
+
+void moveCursor(MainWindow &window, int samples)
+{
+    const int column = window.parts().cursor_dial->trueValue;
+    placeCursor(window, column + qint64{ samples } * cursorStep(window));
+}
+
+void moveCursorToEnd(MainWindow &window, bool last)
+{
+    const MainWindowState &state = window.state();
+    const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
+    if (!checkbit(state.rfg_read_index, state.rfg_ID)) {
+        const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
+        placeCursor(window, calc::truncated(last ? axis->max() : axis->min()));
+        return;
+    }
+    const qint64 delay = quint32{ trace.f_p_840.ch.params.delay };
+    const qint64 sample = delay + (last ? constants::lastSample : 0);
+    placeCursor(window, trace.scroll + sample * stepOf(window, state.rfg_ID));
+}
+
+void scroll(MainWindow &window, int steps)
+{
+    const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
+    const int step = steps * calc::truncated(m_pow2(window.state().master_scale));
+    // The window refuses a step past an end whole, which would leave a rest that no key can reach.
+    const int toLeft = -std::max(0, calc::truncated(axis->min()));
+    const int toRight = std::max(0, constants::xLength - calc::truncated(axis->max()));
+    window.plotScroll(std::clamp(step, toLeft, toRight));
+}
+
+void selectSlot(MainWindow &window, int slot)
+{
+    window.parts().selected_rfg[slot]->click();
+}
+
+void toggleVisibility(MainWindow &window)
+{
+    choose(selectedSlot(window)->visible_action);
+}
+
+void makeMaster(MainWindow &window)
+{
+    choose(selectedSlot(window)->master_action);
+}
+
+void loadSelected(MainWindow &window)
+{
+    choose(selectedSlot(window)->load_action);
+}
+
+void resetSelected(MainWindow &window)
+{
+    choose(selectedSlot(window)->reset_action);
+}
+
+void clearSelected(MainWindow &window)
+{
+    choose(selectedSlot(window)->clear_action);
+}
+
+void selectParameter(MainWindow &window, int parameter)
+{
+    window.parts().down_buttons->button(parameter)->click();
+}
+
+void turnParameter(MainWindow &window, int notches)
+{
+    const MainWindowParts &parts = window.parts();
+    Cont_dial *dial = parts.param_dial;
+    const bool isHorizontal = parts.down_buttons->checkedId() == MainWindow::H_OFFSET;
+    const int step = isHorizontal ? stepOf(window, window.state().rfg_ID) : 1;
+    const qint64 value = dial->trueValue + qint64{ notches } * step;
+    dial->trueValue = calc::saturated(
+        std::max(std::min(value, qint64{ dial->trueMax }), qint64{ dial->trueMin }));
+    window.paramSetup_slot(dial->trueValue);
+}
+
+void enterParameter(MainWindow &window)
+{
+    if (QAbstractButton *button = window.parts().down_buttons->checkedButton())
+        pressRight(button);
+}
+
+void enterCursor(MainWindow &window)
+{
+    if (QAbstractButton *button = window.parts().up_buttons->checkedButton())
+        pressRight(button);
+}
+
+void switchWheel(MainWindow &window)
+{
+    const MainWindowParts &parts = window.parts();
+    choose(window.state().zoom_wheel_flag ? parts.cur_wheel_action : parts.scale_wheel_action);
+}
+
+} // namespace extras

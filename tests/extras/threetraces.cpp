@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "threetraces.h"
+
+#include "extras/extras.h"
+#include "windowactions.h"
+
+#include <QtTest>
+
+MainWindow &openThree(WindowFixture &fixture, bool attached)
+{
+    // Before its settings are written: it would write its own over them.
+    fixture.close();
+    const auto ramp = [](int i) { return i % 50; };
+    MainWindow &window = openWith(fixture,
+                                  { TraceBuilder().samples(ramp).shiftX(3).delay(8),
+                                    TraceBuilder().samples(ramp).minstep(2.5F).shiftY(9),
+                                    TraceBuilder().samples(3).minstep(5.0F) },
+                                  1);
+    if (attached)
+        extras::attach(window);
+    window.plotScroll(100);
+    window.cursorSetup_slot(222);
+    return window;
+}
+
+void press(QWidget *widget, int key, Qt::KeyboardModifiers modifiers, const QString &text)
+{
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key(key), text, modifiers);
+}
