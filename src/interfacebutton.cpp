@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "interfacebutton.h"
 
+#include "bundledpicture.h"
+
 #include <QBitmap>
 
 InterfaceButton::InterfaceButton(Dictionary *words)
@@ -11,7 +13,7 @@ InterfaceButton::InterfaceButton(Dictionary *words)
 
 void InterfaceButton::set_icon(const QString &path)
 {
-    const QPixmap picture(path);
+    const QPixmap picture = bundledPicture(path);
     icon.addPixmap(picture, QIcon::Active, QIcon::On);
     icon.addPixmap(grayPixmap(picture), QIcon::Normal, QIcon::Off);
     setIcon(icon);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow.h"
+#include "screen_scale.h"
 #include "settingsdata.h"
 #ifdef VELKOR_EXTRAS
 #include "extras/extras.h"
@@ -16,11 +17,11 @@ int qMain(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
 
-    QApplication application(argc, argv);
+    const auto application = screen_scale::makeApplication(argc, argv);
     // The desktop entry of this window: a Wayland compositor takes name and icon from there.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.velkor.Velkor"));
     MainWindow window;
-    window.settings()->curAppPointer = &application;
+    window.settings()->curAppPointer = application.get();
 #ifdef VELKOR_EXTRAS
     extras::attach(window);
 #endif

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "bundledpicture.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "interfacebutton.h"
@@ -10,6 +11,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QFrame>
 #include <QGraphicsView>
@@ -50,15 +52,16 @@ QFrame *sunkenLine()
 /// Icon of a control that has one picture, whatever its state.
 QIcon plainIcon(QLatin1String name)
 {
-    return QIcon(QPixmap(QLatin1String("://icons/rest_64/") + name));
+    return QIcon(bundledPicture(QLatin1String("://icons/rest_64/") + name));
 }
 
 /// Icon of a navigation button, with the look it has while disabled.
 void setNavigationIcon(QPushButton *button, const QString &name)
 {
     QIcon icon;
-    icon.addPixmap(QPixmap(QStringLiteral("://icons/%1.png").arg(name)), QIcon::Normal);
-    icon.addPixmap(QPixmap(QStringLiteral("://icons/%1_dis.png").arg(name)), QIcon::Disabled);
+    icon.addPixmap(bundledPicture(QStringLiteral("://icons/%1.png").arg(name)), QIcon::Normal);
+    icon.addPixmap(bundledPicture(QStringLiteral("://icons/%1_dis.png").arg(name)),
+                   QIcon::Disabled);
     button->setIcon(icon);
     button->setIconSize({ constants::navigationIconSize, constants::navigationIconSize });
 }
@@ -288,9 +291,13 @@ void MainWindow::setIcons()
 {
     setWindowTitle(QStringLiteral("Velkor"));
     setWindowIcon(QIcon(constants::windowIcon));
-    logo_lbl->setPixmap(QPixmap(constants::logoPicture)
-                            .scaled(constants::logoWidth, constants::logoHeight,
-                                    Qt::KeepAspectRatio, Qt::FastTransformation));
+    // In the pixels that the screen has for that many units.
+    const qreal ratio = qApp->devicePixelRatio();
+    QPixmap logo = bundledPicture(constants::logoPicture)
+                       .scaled(QSize(constants::logoWidth, constants::logoHeight) * ratio,
+                               Qt::KeepAspectRatio, Qt::FastTransformation);
+    logo.setDevicePixelRatio(ratio);
+    logo_lbl->setPixmap(logo);
 
     // The bundle spells two of the pictures "impendance" and "diifference".
     const std::pair<InterfaceButton *, const char *> pictures[] = {

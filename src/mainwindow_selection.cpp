@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "bundledpicture.h"
 #include "calc/tdr_record.h"
 #include "calc/view_range.h"
 #include "dictionary.h"
@@ -100,7 +101,7 @@ void MainWindow::setSlotIcon(int id, QLatin1String path)
     // The hidden picture has no number to fill in.
     const QString name = path;
     const bool numbered = name.contains(QLatin1String("%1"));
-    selected_rfg[id]->setIcon(QIcon(QPixmap(numbered ? name.arg(id + 1) : name)));
+    selected_rfg[id]->setIcon(QIcon(bundledPicture(numbered ? name.arg(id + 1) : name)));
 }
 
 void MainWindow::setMasterID(int id)

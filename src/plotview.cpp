@@ -11,6 +11,7 @@
 #include <QStyleOptionGraphicsItem>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -58,10 +59,12 @@ void PlotView::invalidate()
 
 void PlotView::cursorMoved(const QGraphicsItem *chart)
 {
-    m_chart = chart;
+    // Where a unit is no whole number of pixels, the picture would stand between them.
+    const qreal ratio = devicePixelRatioF();
+    m_chart = ratio == std::floor(ratio) ? chart : nullptr;
     // Over the picture little is painted, and only where the cursor was and is; that saves half of
     // such a frame.
-    if (m_keepsPicture && m_framesToWait == 0)
+    if (m_keepsPicture && m_chart != nullptr && m_framesToWait == 0)
         setViewportUpdateMode(MinimalViewportUpdate);
 }
 

@@ -6,6 +6,7 @@
 /// What Qt 5 and Qt 6 call by different names, all of it. Everywhere else the sources speak to both
 /// in the same words; which of the two it is, the build decides.
 
+#include <QCoreApplication>
 #include <QPointF>
 #include <QVector>
 #include <QtGlobal>
@@ -56,6 +57,16 @@ template <typename Series> QVector<QPointF> pointsOf(const Series &series)
     return series.points();
 #else
     return series.pointsVector();
+#endif
+}
+
+/// Lets the toolkit scale the window and its pictures with the screen, as Qt 6 does by itself. To
+/// be called before there is an application.
+inline void followScaleOfScreen()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
 }
 

@@ -9,8 +9,6 @@ namespace {
 
 constexpr int patienceMs = 10000;
 constexpr int lookAgainMs = 50;
-constexpr int screenWidth = 1280;
-constexpr int screenHeight = 900;
 
 bool waitFor(const std::function<bool()> &happened)
 {
@@ -33,14 +31,19 @@ int shellNumber(const QByteArray &output, const char *key)
 
 } // namespace
 
-VirtualScreen::VirtualScreen()
+VirtualScreen::VirtualScreen(QSize size, int dotsPerInch)
 {
     // The server chooses a free display by itself and writes its number to standard output.
-    m_server.start(QStringLiteral("Xvfb"),
-                   { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                     QStringLiteral("0"),
-                     QStringLiteral("%1x%2x24").arg(screenWidth).arg(screenHeight),
-                     QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+    QStringList arguments{ QStringLiteral("-displayfd"),
+                           QStringLiteral("1"),
+                           QStringLiteral("-screen"),
+                           QStringLiteral("0"),
+                           QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height()),
+                           QStringLiteral("-nolisten"),
+                           QStringLiteral("tcp") };
+    if (dotsPerInch > 0)
+        arguments << QStringLiteral("-dpi") << QString::number(dotsPerInch);
+    m_server.start(QStringLiteral("Xvfb"), arguments);
     if (!m_server.waitForStarted() || !m_server.waitForReadyRead())
         qFatal("no virtual screen: is Xvfb installed?");
     m_display = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());

@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -18,7 +19,9 @@
 class VirtualScreen
 {
 public:
-    VirtualScreen();
+    /// A screen of \a size pixels; \a dotsPerInch is what it says of itself, 0 for what the server
+    /// says by default.
+    explicit VirtualScreen(QSize size = QSize(1280, 900), int dotsPerInch = 0);
     ~VirtualScreen();
     Q_DISABLE_COPY(VirtualScreen)
 

@@ -148,6 +148,8 @@ QImage withoutClock(const QPixmap &picture, MainWindow &window)
 {
     QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
     const QWidget *clock = MainWindowProbe(window).date_bar();
+    // The screen tells pixels, the clock's place is in units.
+    image.setDevicePixelRatio(window.devicePixelRatioF());
     QPainter(&image).fillRect(QRect(clock->mapTo(&window, QPoint()), clock->size()), Qt::black);
     return image;
 }

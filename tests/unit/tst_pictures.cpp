@@ -292,6 +292,32 @@ private slots:
         }
     }
 
+    // It takes the place of the other one, so it must not be another drawing.
+    void eachFinerPictureIsTheSameDrawing()
+    {
+        int found = 0;
+        for (const Picture &one : pictures) {
+            const QString name = QString::fromLatin1(one.name);
+            const QImage fine(QStringLiteral(":/sharp/%1@2x.png").arg(name));
+            if (fine.isNull())
+                continue;
+            ++found;
+            QCOMPARE(fine.devicePixelRatio(), 2.0);
+            QCOMPARE(fine.size(), QSize(one.width, one.height) * 2);
+            const QImage plain = picture(one.name).convertToFormat(QImage::Format_ARGB32);
+            const QImage halved
+                = fine.scaled(plain.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                      .convertToFormat(QImage::Format_ARGB32);
+            double difference = 0.0;
+            for (int y = 0; y < plain.height(); ++y)
+                for (int x = 0; x < plain.width(); ++x)
+                    difference += qAbs(qAlpha(plain.pixel(x, y)) - qAlpha(halved.pixel(x, y)));
+            const double mean = difference / (plain.width() * plain.height());
+            QVERIFY2(mean < 4.0, qPrintable(QStringLiteral("%1: %2").arg(name).arg(mean)));
+        }
+        QCOMPARE(found, 35);
+    }
+
     void theLogoKeepsItsShapeInTheWindow()
     {
         const QSize shown

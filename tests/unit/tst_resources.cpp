@@ -61,7 +61,8 @@ private slots:
         QTest::newRow("factory settings") << "^:/ini/settings_default\\.ini$" << 1;
         QTest::newRow("data files") << "^:/data/data0[0-4]\\.bin$" << 5;
         QTest::newRow("pictures") << "^:/(icons|pix)/([^/]+_64/)?[^/]+\\.(png|ico)$" << 45;
-        QTest::newRow("nothing else") << "" << 57;
+        QTest::newRow("finer pictures") << "^:/sharp/(icons|pix)/([^/]+_64/)?[^/]+@2x\\.png$" << 35;
+        QTest::newRow("nothing else") << "^:/(?!sharp/)" << 57;
     }
 
     void theBundleHoldsEachKindInItsNumber()

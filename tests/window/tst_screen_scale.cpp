@@ -1,0 +1,242 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cont_dial.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "screen_scale.h"
+#include "windowactions.h"
+#include "windowstate.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QWindow>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+// What stands on the edge of two pixels may fall on either, and fonts grow in steps of their own.
+constexpr double unitsOff = 2.0;
+constexpr int barelySeen = 64; ///< of 255
+/// As many pixels as may be left of antialiased ends beside what is painted anew, at factor 1.
+constexpr double residue = 16.0;
+
+double wantedFactor()
+{
+    return qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
+}
+
+QSize inPixels(QSize units)
+{
+    return { static_cast<int>(std::lround(units.width() * wantedFactor())),
+             static_cast<int>(std::lround(units.height() * wantedFactor())) };
+}
+
+bool isNear(const QRectF &one, const QRectF &other)
+{
+    return std::abs(one.left() - other.left()) <= unitsOff
+        && std::abs(one.top() - other.top()) <= unitsOff
+        && std::abs(one.right() - other.right()) <= unitsOff
+        && std::abs(one.bottom() - other.bottom()) <= unitsOff;
+}
+
+int apart(QRgb a, QRgb b)
+{
+    return std::max(
+        { qAbs(qRed(a) - qRed(b)), qAbs(qGreen(a) - qGreen(b)), qAbs(qBlue(a) - qBlue(b)) });
+}
+
+/// How many pixels in the part of the screen that the platform hands out are not those of the
+/// window painted anew. Its backing store is as large as the window in pixels, but it hands out as
+/// many as the window has units.
+int stalePixels(MainWindow &window)
+{
+    const QImage screen = screenOf(window);
+    const QImage fresh = freshPictureOf(window);
+    const QRegion letters = lettersOf(window);
+    int found = 0;
+    for (int y = 0; y < screen.height(); ++y)
+        for (int x = 0; x < screen.width(); ++x)
+            if (apart(screen.pixel(x, y), fresh.pixel(x, y)) > barelySeen
+                && !letters.contains((QPointF(x, y) / wantedFactor()).toPoint()))
+                ++found;
+    return found;
+}
+
+/// How steep the edges in \a picture are: the sum over all neighbours in its rows.
+double steepness(const QImage &picture)
+{
+    double sum = 0.0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 1; x < picture.width(); ++x) {
+            const double step = apart(picture.pixel(x, y), picture.pixel(x - 1, y));
+            sum += step * step;
+        }
+    return sum;
+}
+
+/// \a widget as it would be on a screen with one pixel for each unit.
+QImage coarsePicture(QWidget &widget)
+{
+    QImage picture(widget.size(), QImage::Format_RGB32);
+    widget.render(&picture);
+    return picture;
+}
+
+} // namespace
+
+/// The window on a screen that has more than one pixel for a unit: as large as ever to the eye, and
+/// drawn in all of the pixels.
+class TestScreenScale : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowFixture> fixture;
+
+    MainWindow &window() const
+    {
+        return fixture->window();
+    }
+    const MainWindowProbe &probe() const
+    {
+        return fixture->probe();
+    }
+    QRect placeOf(const QWidget *control) const
+    {
+        return { control->mapTo(&window(), QPoint()), control->size() };
+    }
+    QVector<QAbstractButton *> buttonsWithIcons() const
+    {
+        QVector<QAbstractButton *> found;
+        const auto all = window().findChildren<QAbstractButton *>();
+        for (QAbstractButton *button : all)
+            if (button->window() == &window() && !button->icon().isNull())
+                found.append(button);
+        return found;
+    }
+
+private slots:
+    void init()
+    {
+        fixture = std::make_unique<WindowFixture>();
+        QVector<TraceBuilder> traces;
+        for (int number = 0; number < constants::slotCount; ++number)
+            traces.append(TraceBuilder()
+                              .samples([number](int i) { return (i * (number + 3)) % 97 - 48; })
+                              .shiftY(qint16(number * 6 - 15)));
+        openWith(*fixture, traces);
+    }
+
+    void cleanup()
+    {
+        fixture.reset();
+    }
+
+    void theScaleIsFollowedFractionsIncluded()
+    {
+        QCOMPARE(window().devicePixelRatioF(), wantedFactor());
+        QCOMPARE(window().size(), QSize(800, 500));
+        QCOMPARE(window().grab().size(), inPixels(QSize(800, 500)));
+    }
+
+    void everythingStandsWhereItStandsWithoutAScale()
+    {
+        const QPair<const QWidget *, QRect> places[] = {
+            { probe().Plot_View(), QRect(150, 68, 500, 310) },
+            { probe().legend_button(), QRect(9, 68, 135, 40) },
+            { probe().selected_rfg()[5], QRect(9, 335, 135, 40) },
+            { probe().scale_down_button(), QRect(723, 248, 68, 43) },
+            { probe().cursor_dial(), QRect(656, 384, 135, 107) },
+        };
+        for (const auto &place : places) {
+            const QRect now = placeOf(place.first);
+            QVERIFY2(isNear(now, place.second),
+                     qPrintable(QStringLiteral("%1,%2 %3x%4")
+                                    .arg(now.x())
+                                    .arg(now.y())
+                                    .arg(now.width())
+                                    .arg(now.height())));
+        }
+        QVERIFY(isNear(probe().Plot_Chart()->plotArea(), QRectF(59.7, 36.5, 429.9, 255.5)));
+        QCOMPARE(probe().selected_rfg()[0]->iconSize(), QSize(27, 27));
+    }
+
+    void iconsAreDrawnInPixelsNotEnlarged()
+    {
+        const auto buttons = buttonsWithIcons();
+        QCOMPARE(buttons.size(), 23);
+        for (const QAbstractButton *button : buttons) {
+            const QPixmap icon = button->icon().pixmap(window().windowHandle(), button->iconSize());
+            QCOMPARE(icon.devicePixelRatioF(), wantedFactor());
+            QCOMPARE(icon.size(), button->iconSize() * wantedFactor());
+        }
+    }
+
+    void theLogoIsDrawnInPixelsNotEnlarged()
+    {
+        const QPixmap logo = probe().logo_lbl()->pixmap(Qt::ReturnByValue);
+        QCOMPARE(logo.devicePixelRatioF(), wantedFactor());
+        const QSizeF size = QSizeF(logo.size()) / wantedFactor();
+        QVERIFY(std::abs(size.width() - 121.0) <= unitsOff);
+        QVERIFY(std::abs(size.height() - 50.0) <= unitsOff);
+    }
+
+    void textsAreDrawnInPixelsNotEnlarged()
+    {
+        QWidget *const texts[]
+            = { probe().delta_lbl(), probe().legend_button(), probe().KU_button(),
+                probe().cursor_dial(), probe().Plot_View() };
+        for (QWidget *control : texts) {
+            const QImage fine = control->grab().toImage();
+            const QImage coarse = coarsePicture(*control);
+            const QImage enlarged
+                = coarse.scaled(fine.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            if (wantedFactor() == 1.0)
+                QCOMPARE(fine.convertToFormat(QImage::Format_RGB32), coarse);
+            else
+                QVERIFY(steepness(fine) > 1.2 * steepness(enlarged));
+        }
+    }
+
+    void aMovingCursorLeavesNothingBehind()
+    {
+        window().cursorSelect_slot(MainWindow::CURSOR_A);
+        for (int step = 0; step < 12; ++step) {
+            window().cursorSetup_slot(40 + step * 11);
+            for (int i = 0; i < 3; ++i)
+                WindowFixture::settle();
+            const int stale = stalePixels(window());
+            QVERIFY2(stale <= residue * wantedFactor(), qPrintable(QString::number(stale)));
+        }
+        // Over a picture of what lies below where its pixels can meet those of the screen.
+        const bool whole = wantedFactor() == std::floor(wantedFactor());
+        QCOMPARE(probe().Plot_View()->framesFromPicture() > 0, whole);
+    }
+
+    void panAndZoomLeaveNothingBehind()
+    {
+        for (int step = 0; step < 8; ++step) {
+            if (step % 2 == 0)
+                window().plotScroll(20);
+            else
+                window().scale_change(step / 2);
+            for (int i = 0; i < 3; ++i)
+                WindowFixture::settle();
+            const int stale = stalePixels(window());
+            QVERIFY2(stale <= residue * wantedFactor(), qPrintable(QString::number(stale)));
+        }
+    }
+};
+
+int main(int argc, char **argv)
+{
+    const auto application = screen_scale::makeApplication(argc, argv);
+    TestScreenScale test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_screen_scale.moc"
