@@ -21,6 +21,26 @@ constexpr QLatin1String visibleIcon = constants::latin1(":/icons/eye_opened");
 
 } // namespace
 
+/// The pictures of a slot's menu.
+struct LegendButton::MenuIcons
+{
+    explicit MenuIcons(const QStyle &style)
+        : load(loadIcon)
+        , reset(resetIcon)
+        , clear(clearIcon)
+        , visible(visibleIcon)
+        , master(style.standardIcon(QStyle::SP_ArrowUp))
+    {
+        reset.addPixmap(QPixmap(disabledResetIcon), QIcon::Disabled, QIcon::Off);
+    }
+
+    QIcon load;
+    QIcon reset;
+    QIcon clear;
+    QIcon visible;
+    QIcon master;
+};
+
 LegendButton::LegendButton(Dictionary *words, char slot)
     : InterfaceButton(words)
     , id(slot)
@@ -55,15 +75,14 @@ void LegendButton::buildMenu()
     setName(objectName());
     contextMenu->setMinimumSize(minMenuSize, minMenuSize);
 
-    load_action->setIcon(QIcon(loadIcon));
-    QIcon reset{ QString(resetIcon) };
-    reset.addPixmap(QPixmap(disabledResetIcon), QIcon::Disabled, QIcon::Off);
-    reset_action->setIcon(reset);
-    clear_action->setIcon(QIcon(clearIcon));
+    m_icons = sharedIcons();
+    load_action->setIcon(m_icons->load);
+    reset_action->setIcon(m_icons->reset);
+    clear_action->setIcon(m_icons->clear);
     visible_action->setCheckable(true);
-    visible_action->setIcon(QIcon(visibleIcon));
+    visible_action->setIcon(m_icons->visible);
     visible_action->setIconVisibleInMenu(true);
-    master_action->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
+    master_action->setIcon(m_icons->master);
 
     contextMenu->addAction(load_action);
     contextMenu->addAction(reset_action);
@@ -71,6 +90,18 @@ void LegendButton::buildMenu()
     contextMenu->addSeparator();
     contextMenu->addAction(master_action);
     contextMenu->addAction(visible_action);
+}
+
+std::shared_ptr<const LegendButton::MenuIcons> LegendButton::sharedIcons() const
+{
+    // Not kept beyond the last button: pictures must not outlive the application.
+    static std::weak_ptr<const MenuIcons> shared;
+    auto icons = shared.lock();
+    if (!icons) {
+        icons = std::make_shared<const MenuIcons>(*style());
+        shared = icons;
+    }
+    return icons;
 }
 
 void LegendButton::connectActions()

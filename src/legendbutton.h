@@ -4,6 +4,8 @@
 
 #include "interfacebutton.h"
 
+#include <memory>
+
 class QAction;
 class QMenu;
 
@@ -65,8 +67,14 @@ signals:
     void mastChanged(bool on);
 
 private:
+    struct MenuIcons;
+
     void buildMenu();
+    /// One set of pictures for all buttons: reading them for each was a fifth of the start.
+    std::shared_ptr<const MenuIcons> sharedIcons() const;
     void connectActions();
     /// Lets the style sheets look at the properties again.
     void restyle();
+
+    std::shared_ptr<const MenuIcons> m_icons;
 };
