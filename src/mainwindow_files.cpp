@@ -114,11 +114,13 @@ void MainWindow::show_AllSelected_RFGs(state_index mask)
         selectTrace(0);
         return;
     }
-    // The old master is forgotten before setMasterID could see it, so its mark goes here.
-    unmarkMaster(rfg_master_ID);
+    const int former = rfg_master_ID;
     rfg_master_ID = settingsData->master_ID;
     master_is_set = false;
     rfg_ID = isSlot(rfg_master_ID) ? rfg_master_ID : 0;
+    // The former master is forgotten before setMasterID could see it, so its mark goes here.
+    if (former != rfg_ID)
+        unmarkMaster(former);
     setMasterID(rfg_ID);
     selectTrace(rfg_ID);
 }

@@ -111,7 +111,8 @@ void MainWindow::setMasterID(int id)
     rfg_master_ID = isSlot(id) ? id : 0;
     if (rfg_master_ID == previous && master_is_set)
         return;
-    unmarkMaster(previous);
+    if (previous != rfg_master_ID)
+        unmarkMaster(previous);
     markMaster(rfg_master_ID);
     settingsData->master_ID = static_cast<signed char>(rfg_master_ID);
 

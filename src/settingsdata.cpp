@@ -258,6 +258,10 @@ void SettingsData::readLanguages(QIODevice &device)
 
 void SettingsData::setTranslation()
 {
+    // Taken out while they change: an installed catalogue announces the change of language by
+    // itself, and the window would be painted for that as well.
+    QCoreApplication::removeTranslator(&m_translator);
+    QCoreApplication::removeTranslator(&qt_translator);
     // Installed whatever loading says: an empty catalogue displaces the former language.
     const QString folder = constants::catalogueFolder;
     const QString code = current_language.left(longestCode);
