@@ -95,6 +95,16 @@ private slots:
         QCOMPARE(button->master_action->icon().pixmap(16).toImage(), up.pixmap(16).toImage());
     }
 
+    void allSlotsShareTheirPictures()
+    {
+        const LegendButton other(words.get(), 3);
+        QCOMPARE(other.load_action->icon().cacheKey(), button->load_action->icon().cacheKey());
+        QCOMPARE(other.master_action->icon().cacheKey(), button->master_action->icon().cacheKey());
+        // Once the last button is gone, a later one reads them anew.
+        button.reset(new LegendButton(words.get(), 2));
+        QVERIFY(!button->reset_action->icon().pixmap(64).isNull());
+    }
+
     void theTextsComeWithTheFirstRetranslation()
     {
         for (const QAction *action : own()) {

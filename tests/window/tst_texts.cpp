@@ -40,6 +40,24 @@ QString text(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
+/// How often a window hears of a change of language.
+class Announcements : public QObject
+{
+public:
+    explicit Announcements(QObject &window)
+    {
+        window.installEventFilter(this);
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::LanguageChange)
+            ++count;
+        return QObject::eventFilter(watched, event);
+    }
+
+    int count = 0;
+};
+
 } // namespace
 
 class TestTexts : public QObject
@@ -345,6 +363,17 @@ private slots:
         QApplication::sendEvent(probe().legend_button(), &event);
         QCOMPARE(probe().smooth_button()->text(), text("Smooth"));
         verify(0, false);
+    }
+
+    void everySwitchIsAnnouncedOnce()
+    {
+        open(1);
+        Announcements heard(fixture->window());
+        for (const char *code : { "ru_RU", "ru_RU", "en_US", "ru_RU" }) {
+            heard.count = 0;
+            speak(code);
+            QCOMPARE(heard.count, 1);
+        }
     }
 
     void anUnknownLanguageIsEnglish()
