@@ -50,6 +50,16 @@ constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
 /// What containers count in: int, since Qt 6 a number as wide as a pointer.
 using Size = decltype(QVector<QPointF>().size());
 
+/// Where in the widget \a event, a QDropEvent or what comes before it, takes place.
+template <typename Event> QPoint positionOf(const Event &event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return event.position().toPoint();
+#else
+    return event.pos();
+#endif
+}
+
 /// All points of \a series, a QXYSeries, shared with it and not copied.
 template <typename Series> QVector<QPointF> pointsOf(const Series &series)
 {

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/extras.h"
 
+#include "extras/dropping.h"
 #include "extras/keys.h"
 #include "mainwindow.h"
 
-#include <QEvent>
+#include <QDragEnterEvent>
 #include <QKeyEvent>
 
 namespace extras {
@@ -20,6 +21,7 @@ public:
     explicit Attachment(MainWindow &window)
         : QObject(&window)
         , m_window(window)
+        , m_dropping(window)
     {
         window.installEventFilter(this);
         // Its scroll bars have no way to go, and yet it would keep the arrows for them.
@@ -28,13 +30,26 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::KeyPress)
+        switch (event->type()) {
+        case QEvent::KeyPress:
             return keyPressed(m_window, *static_cast<QKeyEvent *>(event), watched != &m_window);
-        return QObject::eventFilter(watched, event);
+        case QEvent::DragEnter:
+            m_dropping.enter(*static_cast<QDragEnterEvent *>(event));
+            return true;
+        case QEvent::DragMove:
+            m_dropping.move(*static_cast<QDragMoveEvent *>(event));
+            return true;
+        case QEvent::Drop:
+            m_dropping.drop(*static_cast<QDropEvent *>(event));
+            return true;
+        default:
+            return QObject::eventFilter(watched, event);
+        }
     }
 
 private:
     MainWindow &m_window;
+    Dropping m_dropping;
 };
 
 } // namespace
