@@ -160,3 +160,29 @@ QString TraceBuilder::write(const QString &path) const
         qFatal("cannot write the trace %s", qPrintable(path));
     return path;
 }
+
+TraceBuilder countingTrace()
+{
+    return TraceBuilder().samples([](int i) { return i % 128; });
+}
+
+QVector<TraceBuilder> levelTraces(int count)
+{
+    QVector<TraceBuilder> traces;
+    for (int slot = 0; slot < count; ++slot)
+        traces.append(TraceBuilder().samples(slot + 1));
+    return traces;
+}
+
+QVector<TraceBuilder> shiftedTraces(int count)
+{
+    return QVector<TraceBuilder>(count, TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7));
+}
+
+QVector<TraceBuilder> tracesOfSteps(const QVector<float> &minsteps)
+{
+    QVector<TraceBuilder> traces;
+    for (const float minstep : minsteps)
+        traces.append(TraceBuilder().minstep(minstep).samples(5));
+    return traces;
+}

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVector>
 
 #include <functional>
 
@@ -55,3 +56,12 @@ public:
 private:
     QByteArray m_bytes;
 };
+
+/// One whose samples tell their own index: 0, 1, 2 ... 127, 0, 1 ...
+TraceBuilder countingTrace();
+/// \a count of them, one count to a sample; that of slot i has the level i + 1 everywhere.
+QVector<TraceBuilder> levelTraces(int count);
+/// \a count of them, four counts to a sample, shifted by two samples and 7 levels.
+QVector<TraceBuilder> shiftedTraces(int count);
+/// One for each of \a minsteps, its sampling step in nanoseconds; the level is 5 everywhere.
+QVector<TraceBuilder> tracesOfSteps(const QVector<float> &minsteps);

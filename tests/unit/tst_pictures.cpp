@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "constants.h"
+#include "contrast.h"
 
 #include <QBitmap>
 #include <QFile>
@@ -8,8 +9,6 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QtTest>
-
-#include <cmath>
 
 namespace {
 
@@ -90,26 +89,6 @@ QImage picture(const char *name)
 QImage slotPicture(const QLatin1String &pattern, int slot)
 {
     return QImage(QString(pattern).arg(slot + 1)).convertToFormat(QImage::Format_ARGB32);
-}
-
-double linear(int channel)
-{
-    const double part = channel / 255.0;
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-}
-
-double luminance(QRgb colour)
-{
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour))
-        + 0.0722 * linear(qBlue(colour));
-}
-
-/// 1 for equal luminance, 21 for black and white.
-double contrast(QRgb one, QRgb other)
-{
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
 }
 
 /// The picture as a small button shows it, on the window's grey.

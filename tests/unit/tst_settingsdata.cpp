@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "constants.h"
-#include "settingsdata.h"
+#include "settingsdefaults.h"
 #include "testfiles.h"
 
 #include <QSettings>
@@ -332,19 +332,6 @@ private slots:
     }
 
 private:
-    static void expectDefaults(const SettingsData &data)
-    {
-        QCOMPARE(data.current_language, QStringLiteral("en_US"));
-        QCOMPARE(data.current_CSS_path, QStringLiteral(":/style/style_2.qss"));
-        QCOMPARE(data.last_folder, QDir::currentPath());
-        QCOMPARE(data.work_folders, QStringList());
-        QCOMPARE(data.read_index, 0);
-        QCOMPARE(int(data.master_ID), 0);
-        QCOMPARE(data.window_geometry, QByteArray());
-        QCOMPARE(data.window_state, QByteArray());
-        QCOMPARE(data.cursor_dial_speed, 100);
-        QCOMPARE(data.param_dial_speed, 100);
-    }
     SettingsData *filledStore()
     {
         auto *data = new SettingsData(folderOwner());

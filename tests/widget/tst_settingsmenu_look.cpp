@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "contrast.h"
 #include "settingsfixture.h"
 
 #include <QHash>
@@ -8,25 +9,8 @@
 #include <QtTest>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
-
-/// Light of a colour as the eye takes it, 0 (black) to 1 (white).
-double luminance(QRgb colour)
-{
-    const auto linear = [](int channel) { return std::pow(channel / 255.0, 2.2); };
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour))
-        + 0.0722 * linear(qBlue(colour));
-}
-
-/// 1 for equal colours, 21 for black on white; text wants 4.5 at least.
-double contrast(QRgb one, QRgb other)
-{
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
-}
 
 /// The best contrast of any point of \a picture against the colour that most of it has.
 double captionContrast(const QImage &picture)

@@ -330,6 +330,7 @@ private slots:
         window.setSmoothFlag(true);
         window.setDiff_flag(true);
         window.setMasterID(1);
+        window.rfgSelect_slot(1);
         window.V_Offset_change(4);
         window.reset_slot();
         QVERIFY(spy.isEmpty());

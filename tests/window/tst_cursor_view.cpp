@@ -3,6 +3,7 @@
 #include "cont_dial.h"
 #include "curarrow.h"
 #include "windowactions.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QGraphicsScene>
@@ -11,45 +12,11 @@
 
 using QtCharts::QLineSeries;
 
-class TestCursorView : public QObject
+class TestCursorView : public WindowTest
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
-    void openWith(const QVector<TraceBuilder> &builders)
-    {
-        QStringList traces;
-        for (const TraceBuilder &builder : builders)
-            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(traces.size()), builder);
-        WindowFixture::writePreviousRun(traces);
-        fixture->open();
-    }
-    /// Samples that tell their own index: 0, 1, 2 ... 127, 0, 1 ...
-    static TraceBuilder counting()
-    {
-        return TraceBuilder().samples([](int i) { return i % 128; });
-    }
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void theActiveCursorIsYellowAndOnTop_data()
     {
         QTest::addColumn<bool>("isA");
@@ -60,7 +27,7 @@ private slots:
     void theActiveCursorIsYellowAndOnTop()
     {
         QFETCH(const bool, isA);
-        openWith({ counting() });
+        openOn({ countingTrace() });
         window().cursorSetup_slot(30);
         window().cursorSelect_slot(isA ? 2 : 1);
         window().cursorSetup_slot(60);
@@ -95,7 +62,7 @@ private slots:
 
     void aCursorOutsideTheViewHasNoMarker()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         const CurArrow *marker = probe().cur_arrowA();
         window().cursorSetup_slot(250);
         QVERIFY(window().isCursor_visible(1));
@@ -111,7 +78,7 @@ private slots:
 
     void theMarkerFollowsItsCursor()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         const QRectF plot
             = probe().Plot_Chart()->mapToScene(probe().Plot_Chart()->plotArea()).boundingRect();
         window().cursorSetup_slot(125);
@@ -140,7 +107,7 @@ private slots:
     {
         QFETCH(const int, column);
         QFETCH(const int, min);
-        openWith({ counting() });
+        openOn({ countingTrace() });
         window().cursorSetup_slot(column);
         window().gotoCursor(1);
         QCOMPARE(probe().cust_axisX()->min(), double(min));
@@ -151,7 +118,7 @@ private slots:
 
     void theStepLabelStandsInTheRightUpperCorner()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.13 m"));
         for (const double factor : { 1.49896229, 1.0 }) {
             window().KU_change(factor);

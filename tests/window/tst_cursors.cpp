@@ -4,46 +4,23 @@
 #include "inputevents.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QLabel>
 #include <QtTest>
 
 using QtCharts::QLineSeries;
 
-class TestCursors : public QObject
+class TestCursors : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
-    void openWith(const QVector<TraceBuilder> &builders)
-    {
-        QStringList traces;
-        for (const TraceBuilder &builder : builders)
-            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(traces.size()), builder);
-        WindowFixture::writePreviousRun(traces);
-        fixture->open();
-    }
-    /// Samples that tell their own index: 0, 1, 2 ... 127, 0, 1 ...
-    static TraceBuilder counting()
-    {
-        return TraceBuilder().samples([](int i) { return i % 128; });
-    }
     /// Difference mode with slot 2 selected: the master every two counts and 3 samples late, the
     /// other every four.
     void openDifference()
     {
-        openWith({ counting().minstep(2.5F).delay(3), counting().minstep(5.0F) });
+        openOn({ countingTrace().minstep(2.5F).delay(3), countingTrace().minstep(5.0F) });
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
     }
@@ -56,16 +33,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void columnsAreClampedThenSnapped_data()
     {
         QTest::addColumn<float>("minstep");
@@ -86,7 +53,7 @@ private slots:
         QFETCH(const int, column);
         QFETCH(const int, position);
         QFETCH(const int, dial);
-        openWith({ counting().minstep(minstep) });
+        openOn({ countingTrace().minstep(minstep) });
         window().cursorSetup_slot(column);
         QCOMPARE(probe().cursor_A_pos(), position);
         QCOMPARE(probe().cursor_dial()->trueValue, dial);
@@ -108,7 +75,7 @@ private slots:
     {
         QFETCH(const int, column);
         QFETCH(const int, level);
-        openWith({ counting().minstep(2.5F).delay(3).shiftX(4).shiftY(10) });
+        openOn({ countingTrace().minstep(2.5F).delay(3).shiftX(4).shiftY(10) });
         window().cursorSetup_slot(column);
         QCOMPARE(probe().cursor_A_pos(), column);
         QCOMPARE(probe().cursor_A_pos_Y(), level);
@@ -119,7 +86,7 @@ private slots:
 
     void lessThanOneStepLeftOfTheFirstSampleStillReadsIt()
     {
-        openWith({ counting().minstep(5.0F).samples(33) });
+        openOn({ countingTrace().minstep(5.0F).samples(33) });
         probe().rfg_DATA()[0].scroll = 7;
         window().cursorSetup_slot(4);
         QCOMPARE(probe().cursor_A_pos_Y(), 33);
@@ -129,7 +96,7 @@ private slots:
 
     void cursorBHasItsOwnStateAndLines()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         window().cursorSetup_slot(20);
         QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
         window().cursorSetup_slot(50);
@@ -147,7 +114,7 @@ private slots:
 
     void anEmptySlotHasNoLevel()
     {
-        openWith({ counting().minstep(5.0F) });
+        openOn({ countingTrace().minstep(5.0F) });
         QTest::mouseClick(probe().selected_rfg()[4], Qt::LeftButton);
         window().cursorSetup_slot(10);
         QCOMPARE(probe().cursor_A_pos(), 8);
@@ -188,8 +155,8 @@ private slots:
 
     void aMasterFarAwayIsNeverReadOutOfItsSamples()
     {
-        openWith(
-            { counting().delay(0xFFFFFFFF).shiftX(0x80000000), counting().shiftX(0x7FFFFFFF) });
+        openOn({ countingTrace().delay(0xFFFFFFFF).shiftX(0x80000000),
+                 countingTrace().shiftX(0x7FFFFFFF) });
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
         window().cursorSetup_slot(64000);
@@ -199,7 +166,7 @@ private slots:
 
     void differenceModeWithoutAMasterReadsTheTraceItself()
     {
-        openWith({ counting(), counting() });
+        openOn({ countingTrace(), countingTrace() });
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
         probe().rfg_master_ID() = -1;
@@ -209,7 +176,7 @@ private slots:
 
     void withoutAnActiveCursorNothingMoves()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         window().cursorSetup_slot(30);
         probe().cursor_dial()->ring_color = Qt::red;
         window().cursorSelect_slot(0);
@@ -226,7 +193,7 @@ private slots:
 
     void aCursorThatDoesNotExistMeansNone()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         window().cursorSelect_slot(7);
         QCOMPARE(int(probe().Cur_flag()), int(MainWindow::DELTA));
         QCOMPARE(int(probe().Cur_flag_true()), int(MainWindow::DELTA));
@@ -234,7 +201,7 @@ private slots:
 
     void theOtherCursorIsRecomputedFirst()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         window().cursorSetup_slot(30);
         window().cursorSelect_slot(2);
         window().cursorSetup_slot(60);
@@ -256,7 +223,7 @@ private slots:
 
     void aHandTurnsTheCursorRoundAndRound()
     {
-        openWith({ counting() });
+        openOn({ countingTrace() });
         input::turn(probe().cursor_dial(), 360);
         QCOMPARE(probe().cursor_A_pos(), 100);
         input::turn(probe().cursor_dial(), 720);
@@ -270,7 +237,7 @@ private slots:
 
     void slowTurnsAddUpToASample()
     {
-        openWith({ counting().minstep(80.0F) });
+        openOn({ countingTrace().minstep(80.0F) });
         input::turn(probe().cursor_dial(), 120);
         QCOMPARE(probe().cursor_A_pos(), 0);
         const int kept = probe().cursor_dial()->trueValue;

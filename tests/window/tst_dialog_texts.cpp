@@ -5,7 +5,7 @@
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
@@ -23,28 +23,11 @@ QString text(const char *utf8)
 
 } // namespace
 
-class TestDialogTexts : public QObject
+class TestDialogTexts : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    /// Opens the window with \a traces traces; the first has every parameter set.
-    void open(int traces)
-    {
-        QStringList paths;
-        for (int slot = 0; slot < traces; ++slot)
-            paths << fixture->trace(QStringLiteral("t%1.tdr").arg(slot),
-                                    TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7));
-        if (traces > 0)
-            WindowFixture::writePreviousRun(paths);
-        fixture->open();
-    }
     void speak(const char *code)
     {
         probe().settingsData()->current_language = QString::fromLatin1(code);
@@ -65,19 +48,9 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void fileDialogsSpeakTheLanguage()
     {
-        open(0);
+        fixture->open();
         speak("ru_RU");
         const MainWindowProbe &p = probe();
         QCOMPARE(fileDialogTexts([&] { p.legend_button()->pressed(); }),
@@ -95,7 +68,7 @@ private slots:
 
     void theToolkitsOwnWordsStayEnglish()
     {
-        open(0);
+        fixture->open();
         speak("ru_RU");
         QStringList words;
         const auto answer = answerDialog([&words](QDialog &dialog) {
@@ -112,7 +85,7 @@ private slots:
 
     void anEntryDialogSpeaksTheLanguage()
     {
-        open(1);
+        openOn(shiftedTraces(1));
         speak("ru_RU");
         QStringList texts;
         const auto answer = answerDialog([&texts](QDialog &dialog) {

@@ -5,7 +5,7 @@
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QButtonGroup>
 #include <QInputDialog>
@@ -63,21 +63,11 @@ bool isNear(double left, double right)
 
 } // namespace
 
-class TestEntryDialogs : public QObject
+class TestEntryDialogs : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
     Cont_dial *paramDial() const
     {
         return probe().param_dial();
@@ -144,16 +134,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void theFactorIsAskedInThousandths()
     {
         openTraces();

@@ -3,7 +3,7 @@
 #include "cont_dial.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -32,43 +32,14 @@ public:
 
 } // namespace
 
-class TestGroups : public QObject
+class TestGroups : public WindowTest
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    /// Opens the window on \a count traces, one count to a sample, slot 1 the master.
-    void openWith(int count)
-    {
-        QStringList traces;
-        for (int slot = 0; slot < count; ++slot)
-            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(slot),
-                                     TraceBuilder().samples(slot + 1));
-        if (count > 0)
-            WindowFixture::writePreviousRun(traces);
-        fixture->open();
-    }
-
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void eachButtonHasItsIdInItsGroup()
     {
-        openWith(0);
+        fixture->open();
         const MainWindowProbe &p = probe();
         QCOMPARE(p.up_buttons()->button(1), p.curA_button());
         QCOMPARE(p.up_buttons()->button(2), p.curB_button());
@@ -97,7 +68,7 @@ private slots:
 
     void choicesAreExclusiveAndCheckableWhereTheyMustBe()
     {
-        openWith(0);
+        fixture->open();
         const MainWindowProbe &p = probe();
         for (const QButtonGroup *group :
              { p.up_buttons(), p.down_buttons(), p.rfg_buttons(), p.cur_nav_group() })
@@ -145,7 +116,7 @@ private slots:
 
     void theChartMenuOffersTwoChoices()
     {
-        openWith(0);
+        fixture->open();
         const MainWindowProbe &p = probe();
         const QList<QAction *> entries = p.chartMenu()->actions();
         QCOMPARE(entries.size(), 5);

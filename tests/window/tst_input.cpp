@@ -5,7 +5,7 @@
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QButtonGroup>
 #include <QGraphicsScene>
@@ -48,53 +48,20 @@ public:
 
 } // namespace
 
-class TestInput : public QObject
+class TestInput : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
-    QWidget *viewport() const
-    {
-        return probe().Plot_View()->viewport();
-    }
-    void openWith(const QVector<float> &minsteps)
-    {
-        QStringList traces;
-        for (const float minstep : minsteps)
-            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(traces.size()),
-                                     TraceBuilder().minstep(minstep).samples(5));
-        WindowFixture::writePreviousRun(traces);
-        fixture->open();
-    }
     int shape() const
     {
         return int(window().cursor().shape());
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void aLeftPressInThePlotPutsTheCursorThere()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         const QPoint place = input::pixelOf(probe(), 100);
         input::press(viewport(), place, Qt::LeftButton);
         QCOMPARE(probe().cursor_A_pos(), input::countAt(probe(), place.x()));
@@ -107,7 +74,7 @@ private slots:
 
     void aLeftPressOutsideThePlotMovesNothing()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         window().cursorSetup_slot(100);
         for (const QPoint place :
              { QPoint(1, 100), QPoint(100, 1), viewport()->rect().bottomRight() - QPoint(1, 1) }) {
@@ -121,7 +88,7 @@ private slots:
 
     void aLeftDragTakesTheCursorAlongInsideAndOutsideThePlot()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         const QPoint start = input::pixelOf(probe(), 50);
         input::press(viewport(), start, Qt::LeftButton);
         QCOMPARE(shape(), int(Qt::ArrowCursor));
@@ -143,7 +110,7 @@ private slots:
 
     void aMoveWithoutButtonsMovesNothing()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         window().cursorSetup_slot(100);
         input::move(viewport(), QPoint(77, 60), Qt::NoButton);
         QCOMPARE(probe().cursor_A_pos(), 100);
@@ -153,7 +120,7 @@ private slots:
 
     void twoButtonsAtOnceDoNothing()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         window().cursorSetup_slot(100);
         window().setPlotRange(500, 750);
         const QPoint place = input::pixelOf(probe(), 600);
@@ -181,7 +148,7 @@ private slots:
     void draggingRightWithTheMiddleButtonScrollsRight()
     {
         QFETCH(const int, level);
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         window().scale_change(level);
         const int width = 250 << level;
         window().setPlotRange(20000, 20000 + width);
@@ -203,7 +170,7 @@ private slots:
 
     void aPanPastAnEndIsRefusedWhole()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         window().setPlotRange(5, 255);
         input::press(viewport(), QPoint(300, 100), Qt::MiddleButton);
         input::move(viewport(), QPoint(200, 100), Qt::MiddleButton);
@@ -215,7 +182,7 @@ private slots:
 
     void theRightButtonOpensTheChartMenuAtThePointer()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         const QPoint pointer(333, 222);
         QCursor::setPos(pointer);
         QPoint corner;
@@ -261,7 +228,7 @@ private slots:
 
     void everyEventReachesItsTarget()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         Arrivals scene;
         probe().Plot_Scene()->installEventFilter(&scene);
         input::press(viewport(), QPoint(100, 100), Qt::LeftButton);

@@ -139,17 +139,6 @@ private slots:
         QCOMPARE(probe.param_dial()->titleText, text);
     }
 
-    void anOffsetOf129IsNothingOnTheDialAnd129OnTheButton()
-    {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder() });
-        const MainWindowProbe &probe = fixture.probe();
-        probe.V_offset_button()->click();
-        window.V_Offset_change(129);
-        QCOMPARE(probe.V_offset_button()->text(), QStringLiteral("Y Shift\n129"));
-        QCOMPARE(probe.param_dial()->titleText, QStringLiteral("Y Shift\n"));
-    }
-
     void aShiftUpdatesTheCursors()
     {
         WindowFixture fixture;

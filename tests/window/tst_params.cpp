@@ -5,7 +5,7 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QButtonGroup>
 #include <QtTest>
@@ -46,21 +46,11 @@ struct DialState
 
 } // namespace
 
-class TestParams : public QObject
+class TestParams : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
     Cont_dial *dial() const
     {
         return probe().param_dial();
@@ -81,16 +71,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void theStartUpFactorStandsAt498AndNot499()
     {
         fixture->open();

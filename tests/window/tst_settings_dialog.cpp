@@ -4,7 +4,7 @@
 #include "dialoganswer.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -31,17 +31,11 @@ QString russianName()
 } // namespace
 
 /// The dialog as the settings button opens it, with the live window behind it.
-class TestSettingsDialog : public QObject
+class TestSettingsDialog : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
     SettingsMenu *menu() const
     {
         return probe().settingsMenu();
@@ -71,16 +65,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void itOpensOnItsSettingsWithNothingToApply()
     {
         fixture->open();

@@ -6,7 +6,7 @@
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -60,28 +60,16 @@ public:
 
 } // namespace
 
-class TestTexts : public QObject
+class TestTexts : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    /// Opens the window with \a traces traces; the first has every parameter set.
+    /// Opens the window with \a traces traces, each with every parameter set.
     void open(int traces)
     {
-        QStringList paths;
-        for (int slot = 0; slot < traces; ++slot)
-            paths << fixture->trace(QStringLiteral("t%1.tdr").arg(slot),
-                                    TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7));
-        if (traces > 0)
-            WindowFixture::writePreviousRun(paths);
-        fixture->open();
-        fixture->window().cursorSetup_slot(8);
+        openOn(shiftedTraces(traces));
+        window().cursorSetup_slot(8);
     }
     void speak(const char *code)
     {
@@ -146,7 +134,7 @@ private:
     {
         const MainWindowProbe &p = probe();
         const QString title
-            = text("t0, /") + p.rfg_DATA()[0].dir_name + text(", ") + date() + text(" 09:05:07");
+            = text("t1, /") + p.rfg_DATA()[0].dir_name + text(", ") + date() + text(" 09:05:07");
         return {
             { p.curA_button()->text(), text("Cursor A\n x = 1.00 m\n y = 7"),
               text("Курсор A\n x = 1.00 м\n y = 7") },
@@ -241,7 +229,7 @@ private:
     QStringList foundTexts() const
     {
         QStringList found;
-        const auto objects = fixture->window().findChildren<QObject *>();
+        const auto objects = window().findChildren<QObject *>();
         for (const QObject *object : objects) {
             for (const char *name : { "text", "title", "windowTitle", "labelText", "toolTip",
                                       "statusTip", "whatsThis", "placeholderText" })
@@ -268,16 +256,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void everyTextChangesAtOnceAndBack_data()
     {
         QTest::addColumn<int>("loaded");
@@ -303,7 +281,7 @@ private slots:
     {
         WindowFixture::writeSettings("[General]\nlanguage=ru_RU\n");
         fixture->open();
-        fixture->window().cursorSetup_slot(8);
+        window().cursorSetup_slot(8);
         verify(0, true);
     }
 
@@ -328,7 +306,7 @@ private slots:
         QString remainder;
         for (QString each : found) {
             // The trace's file, folder and date, the letters of cursors and axes, the scale's unit.
-            for (const QString &own : { text("t0, /") + probe().rfg_DATA()[0].dir_name, date(),
+            for (const QString &own : { text("t1, /") + probe().rfg_DATA()[0].dir_name, date(),
                                         text("Курсор A"), text("Курсор B"), text(" x = "),
                                         text(" y = "), text("X Сдвиг"), text("Y Сдвиг") })
                 each.remove(own);

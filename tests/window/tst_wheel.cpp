@@ -4,55 +4,21 @@
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QButtonGroup>
 #include <QGraphicsView>
 #include <QtTest>
 
-class TestWheel : public QObject
+class TestWheel : public WindowTest
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
-    QWidget *viewport() const
-    {
-        return probe().Plot_View()->viewport();
-    }
-    void openWith(const QVector<float> &minsteps)
-    {
-        QStringList traces;
-        for (const float minstep : minsteps)
-            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(traces.size()),
-                                     TraceBuilder().minstep(minstep).samples(5));
-        WindowFixture::writePreviousRun(traces);
-        fixture->open();
-    }
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void aNotchMovesTheCursorByOneSample()
     {
-        openWith({ 5.0F });
+        openOn(tracesOfSteps({ 5.0F }));
         window().cursorSetup_slot(40);
         input::wheel(viewport(), 120);
         QCOMPARE(probe().cursor_A_pos(), 44);
@@ -75,7 +41,7 @@ private slots:
     {
         QFETCH(const float, master);
         QFETCH(const float, current);
-        openWith({ master, current });
+        openOn(tracesOfSteps({ master, current }));
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         window().cursorSetup_slot(400);
@@ -87,7 +53,7 @@ private slots:
 
     void aNotchThatScalesGoesBackToTheCursor()
     {
-        openWith({ 1.25F });
+        openOn(tracesOfSteps({ 1.25F }));
         probe().scale_wheel_action()->trigger();
         window().cursorSetup_slot(3000);
         // Away from the user raises the exponent, which shows more of the cable.
@@ -104,7 +70,7 @@ private slots:
 
     void theWheelOnTheCursorDialAlwaysMovesTheCursor()
     {
-        openWith({ 2.5F });
+        openOn(tracesOfSteps({ 2.5F }));
         probe().scale_wheel_action()->trigger();
         window().cursorSetup_slot(10);
         input::wheel(probe().cursor_dial(), 120);
@@ -117,7 +83,7 @@ private slots:
 
     void withoutACursorTheWheelStepsTheDialAlone()
     {
-        openWith({ 2.5F });
+        openOn(tracesOfSteps({ 2.5F }));
         window().cursorSetup_slot(10);
         window().cursorSelect_slot(0);
         input::wheel(viewport(), 120);
@@ -162,7 +128,7 @@ private slots:
         QFETCH(const int, from);
         QFETCH(const int, delta);
         QFETCH(const int, to);
-        openWith({ 5.0F });
+        openOn(tracesOfSteps({ 5.0F }));
         QTest::mouseClick(probe().down_buttons()->button(id), Qt::LeftButton);
         probe().param_dial()->trueValue = from;
         input::wheel(probe().param_dial(), delta);

@@ -7,7 +7,7 @@
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -38,43 +38,14 @@ void click(QAbstractButton *button)
 
 } // namespace
 
-class TestWiring : public QObject
+class TestWiring : public WindowTest
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    /// Opens the window on \a count traces, one count to a sample, slot 1 the master.
-    void openWith(int count)
-    {
-        QStringList traces;
-        for (int slot = 0; slot < count; ++slot)
-            traces << fixture->trace(QStringLiteral("t%1.tdr").arg(slot),
-                                     TraceBuilder().samples(slot + 1));
-        if (count > 0)
-            WindowFixture::writePreviousRun(traces);
-        fixture->open();
-    }
-
 private slots:
-    void init()
-    {
-        fixture = std::make_unique<WindowFixture>();
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
-    }
-
     void theChartMenuSelectsTheCursor()
     {
-        openWith(0);
+        fixture->open();
         probe().curB_action()->trigger();
         QVERIFY(probe().curB_button()->isChecked());
         QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
@@ -86,7 +57,7 @@ private slots:
 
     void theChartMenuSaysWhatTheWheelDoes()
     {
-        openWith(0);
+        fixture->open();
         QVERIFY(!probe().zoom_wheel_flag());
         probe().scale_wheel_action()->trigger();
         QVERIFY(probe().zoom_wheel_flag());
@@ -96,7 +67,7 @@ private slots:
 
     void theSettingsButtonStoresTheGeometryAndOpensThePageOfSettings()
     {
-        openWith(0);
+        fixture->open();
         fixture->window().resize(900, 600);
         WindowFixture::settle();
         probe().settingsData()->window_geometry.clear();
@@ -118,7 +89,7 @@ private slots:
 
     void theModeButtonsSwitchTheirModes()
     {
-        openWith(2);
+        openOn(levelTraces(2));
         click(probe().difference_button());
         QCOMPARE(int(probe().diff_flag()), int(MainWindow::DIFF));
         click(probe().smooth_button());
@@ -131,7 +102,7 @@ private slots:
 
     void resetAllLeavesDifferenceModeAndRereadsTheTraces()
     {
-        openWith(2);
+        openOn(levelTraces(2));
         click(probe().difference_button());
         probe().rfg_DATA()[1].offset = 50;
         click(probe().reset_all_button());
@@ -142,7 +113,7 @@ private slots:
 
     void theDialsReachTheirSlots()
     {
-        openWith(1);
+        openOn(levelTraces(1));
         emit probe().cursor_dial()->trueValueChanged(40);
         QCOMPARE(probe().cursor_A_pos(), 40);
         emit probe().param_dial()->trueValueChanged(12);
@@ -151,7 +122,7 @@ private slots:
 
     void onlyTheButtonThatGoesDownSelects()
     {
-        openWith(2);
+        openOn(levelTraces(2));
         click(probe().curB_button());
         QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
         click(probe().selected_rfg()[1]);
@@ -166,7 +137,7 @@ private slots:
 
     void theFilesButtonAsksWhenItGoesDown()
     {
-        openWith(0);
+        fixture->open();
         const QString path = fixture->trace(QStringLiteral("picked.tdr"), TraceBuilder());
         const auto answer = answerDialog(typeFileName(path));
         QTest::mousePress(probe().legend_button(), Qt::LeftButton);
@@ -177,7 +148,7 @@ private slots:
 
     void theNavigationButtonsSelectTheCursorBothWays()
     {
-        openWith(0);
+        fixture->open();
         click(probe().curB_nav_button());
         QVERIFY(probe().curB_button()->isChecked());
         QVERIFY(!probe().curA_button()->isChecked());
@@ -192,7 +163,7 @@ private slots:
 
     void aCursorButtonPressedAgainStaysDown()
     {
-        openWith(0);
+        fixture->open();
         click(probe().curA_nav_button());
         QVERIFY(probe().curA_nav_button()->isChecked());
         QVERIFY(probe().curA_button()->isChecked());
@@ -201,7 +172,7 @@ private slots:
 
     void scaleUpRaisesTheExponentAndGoesToTheCursor()
     {
-        openWith(0);
+        fixture->open();
         fixture->window().cursorSetup_slot(2000);
         QTest::mousePress(probe().scale_up_button(), Qt::LeftButton);
         QCOMPARE(probe().master_scale(), 1);
@@ -213,7 +184,7 @@ private slots:
 
     void scaleDownAtExponentZeroStaysThere()
     {
-        openWith(0);
+        fixture->open();
         fixture->window().scale_change(1);
         QTest::mousePress(probe().scale_down_button(), Qt::LeftButton);
         QCOMPARE(probe().master_scale(), 0);
@@ -225,7 +196,7 @@ private slots:
 
     void scrollArrowsMoveByOneScaledStep()
     {
-        openWith(0);
+        fixture->open();
         QVERIFY(!probe().scroll_left_button()->isEnabled());
         fixture->window().scale_change(3);
         click(probe().scroll_right_button());
@@ -239,7 +210,7 @@ private slots:
 
     void aHeldScrollArrowRepeatsEveryTenMilliseconds()
     {
-        openWith(0);
+        fixture->open();
         for (const QPushButton *arrow :
              { probe().scroll_left_button(), probe().scroll_right_button() }) {
             QVERIFY(arrow->autoRepeat());
@@ -257,7 +228,7 @@ private slots:
 
     void theStoreReachesTheWindow()
     {
-        openWith(2);
+        openOn(levelTraces(2));
         SettingsData *store = probe().settingsData();
         emit store->files_to_load(2);
         QCOMPARE(probe().rfg_read_index(), 2);
@@ -277,7 +248,7 @@ private slots:
 
     void aTraceMenuOpensAtItsButton()
     {
-        openWith(1);
+        openOn(levelTraces(1));
         LegendButton *button = probe().selected_rfg()[2];
         QPoint corner;
         const auto answer = answerMenu([&corner](QMenu &menu) { corner = menu.pos(); });
@@ -288,7 +259,7 @@ private slots:
 
     void theTraceMenuActsOnItsOwnSlot()
     {
-        openWith(2);
+        openOn(levelTraces(2));
         LegendButton *second = probe().selected_rfg()[1];
         second->visible_action->trigger();
         QVERIFY(!second->vis());
@@ -308,16 +279,6 @@ private slots:
         QVERIFY(answer->served());
         QCOMPARE(probe().rfg_read_index(), 9);
         QCOMPARE(probe().rfg_DATA()[3].file_name, QStringLiteral("fourth"));
-    }
-
-    void theUpdateSignalIsNeverEmitted()
-    {
-        openWith(2);
-        const QSignalSpy spy(&fixture->window(), &MainWindow::rfg_update);
-        click(probe().difference_button());
-        click(probe().reset_all_button());
-        click(probe().selected_rfg()[1]);
-        QCOMPARE(spy.count(), 0);
     }
 };
 

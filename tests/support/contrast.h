@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QRgb>
+
+/// How far the luminances of two colours are apart to the eye: 1 for the same, 21 for black and
+/// white. A text wants 4.5 at least, a shape 3.
+double contrast(QRgb one, QRgb other);
