@@ -86,14 +86,17 @@ QString slotText(const MainWindowProbe &probe, int slot)
              trace.time.toString(Qt::TextDate), pointsText(*probe.rfg_series()[slot]));
 }
 
-/// The lines of \a state that a load into slot 2 must leave alone.
+/// The lines of \a state that a load into slot 2 must leave alone. The label of the cursor's step is
+/// put into its corner when the plot is resized, and stands a part of a pixel off it in between.
 QStringList withoutSlotTwo(const QStringList &state)
 {
     QStringList lines;
     for (const QString &line : state)
         if (!line.contains(QStringLiteral("[1]")) && !line.contains(QStringLiteral("RFG 2"))
             && !line.startsWith(QStringLiteral("slots: ")))
-            lines.append(line);
+            lines.append(line.startsWith(QStringLiteral("cursor step: "))
+                             ? line.section(QStringLiteral(" at "), 0, 0)
+                             : line);
     return lines;
 }
 
@@ -171,7 +174,53 @@ class TestTraceCorpus : public QObject
 {
     Q_OBJECT
 
+private:
+    std::unique_ptr<WindowFixture> fixture;
+    QStringList state; ///< at first, but for the slot that the rows use
+
+    /// The window as \c openGood left it, with slot 2 empty and its record all zeros. One is enough
+    /// for all rows: what a bad trace was good for must not outlast it.
+    MainWindow &openAsAtFirst()
+    {
+        if (!fixture) {
+            fixture = std::make_unique<WindowFixture>();
+            MainWindow &window = openGood(*fixture);
+            // What is made when it is first shown, and then kept, shall be there.
+            window.grab();
+            fixture->probe().smooth_button()->setChecked(true);
+            fixture->probe().smooth_button()->setChecked(false);
+            state = withoutSlotTwo(stateOf(window));
+            return window;
+        }
+        MainWindow &window = fixture->window();
+        const QString zeros = fixture->path(QStringLiteral("z"));
+        corpus::writeTrace(QStringLiteral("fill=00"), zeros);
+        window.add_Selected_RFG(zeros, 1);
+        window.add_Selected_RFG(fixture->path(QStringLiteral("g")), 0);
+        window.add_Selected_RFG(fixture->path(QStringLiteral("s")), 2);
+        fixture->probe().rfg_buttons()->button(0)->setChecked(true);
+        // A button that is off at one end of the scale stays so on the way to the other end.
+        window.scale_change(1);
+        window.setMasterID(0);
+        window.remove_Selected_RFG(1);
+        window.cursorSetup_slot(corpus::cursorColumn);
+        WindowFixture::settle();
+        return window;
+    }
+
 private slots:
+    void cleanup()
+    {
+        // What a failure left behind would fail the next rows as well.
+        if (QTest::currentTestFailed())
+            fixture.reset();
+    }
+
+    void cleanupTestCase()
+    {
+        fixture.reset();
+    }
+
     void theTablesAreThoseOfTheirMaker()
     {
         int files = 0;
@@ -207,15 +256,14 @@ private slots:
         QFETCH(QString, recipe);
         QFETCH(QStringList, expected);
         QCOMPARE(expected.size(), 7);
-        WindowFixture fixture;
-        const QString path = fixture.path(QStringLiteral("bad.tdr"));
+        MainWindow &window = openAsAtFirst();
+        const MainWindowProbe &probe = fixture->probe();
+        QCOMPARE(withoutSlotTwo(stateOf(window)), state);
+        const QString path = fixture->path(QStringLiteral("bad.tdr"));
         corpus::writeTrace(recipe, path);
-        MainWindow &window = openGood(fixture);
-        const MainWindowProbe &probe = fixture.probe();
-        const QStringList before = withoutSlotTwo(stateOf(window));
 
         window.add_Selected_RFG(path, 1);
-        QCOMPARE(withoutSlotTwo(stateOf(window)), before);
+        QCOMPARE(withoutSlotTwo(stateOf(window)), state);
         QCOMPARE(probe.rfg_read_index(), 7);
         QCOMPARE(probe.rfg_ID(), 0);
         QCOMPARE(probe.rfg_master_ID(), 0);
@@ -226,7 +274,7 @@ private slots:
 
         probe.rfg_buttons()->button(1)->setChecked(true);
         window.cursorSetup_slot(corpus::cursorColumn);
-        QCOMPARE(selectedText(fixture), expected[1]);
+        QCOMPARE(selectedText(*fixture), expected[1]);
         QCOMPARE(captions(probe), expected[2]);
 
         probe.difference_button()->setChecked(true);
