@@ -99,6 +99,8 @@ void OddPlaces::addSpecialFiles()
     };
     link("dangling link", "nowhere.tdr", "dangling.tdr");
     link("link to itself", "loop.tdr", "loop.tdr");
+    link("links to each other", "back.tdr", "forth.tdr");
+    link("links to each other, the other one", "forth.tdr", "back.tdr");
     link("link to a pipe", "pipe.tdr", "to_pipe.tdr");
     link("link to a device", "/dev/zero", "to_zero.tdr");
     link("link to a folder", "/", "to_root.tdr");
