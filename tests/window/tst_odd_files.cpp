@@ -29,6 +29,14 @@ QStringList tracesOf(MainWindow &window)
     return lines;
 }
 
+/// True when following \a link never ends.
+bool leadsRound(QFileInfo link)
+{
+    for (int i = 0; i < 8 && link.isSymLink(); ++i)
+        link = QFileInfo(link.symLinkTarget());
+    return link.isSymLink();
+}
+
 /// A window that shows two good traces, slot 1 selected and master.
 MainWindow &openGood(WindowFixture &fixture)
 {
@@ -206,9 +214,8 @@ private slots:
         for (const OddPlace &place : places.all()) {
             const QFileInfo before(place.path);
             const bool isSpecial = before.exists() && !before.isFile();
-            // One that leads to itself gives way to the file.
-            const bool isLink
-                = before.isSymLink() && before.symLinkTarget() != before.absoluteFilePath();
+            // One that leads back to itself gives way to the file.
+            const bool isLink = before.isSymLink() && !leadsRound(before);
             const qint64 took
                 = fastest([&] { asOrdinaryUser([&] { settings.saveSettings(place.path, 63); }); });
             QVERIFY2(took < answerTime, place.kind);
