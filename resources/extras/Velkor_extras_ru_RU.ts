@@ -4,8 +4,80 @@
 <context>
     <name>Extras</name>
     <message>
+        <source>Steps in a turn of the dial: %1</source>
+        <translation>Шагов за оборот энкодера: %1</translation>
+    </message>
+    <message>
+        <source>Now: %1</source>
+        <translation>Сейчас: %1</translation>
+    </message>
+    <message>
         <source>No trace in this slot</source>
         <translation>В этой ячейке нет рефлектограммы</translation>
+    </message>
+    <message>
+        <source>The file could not be read</source>
+        <translation>Файл не удалось прочитать</translation>
+    </message>
+    <message>
+        <source>Size: %1 bytes</source>
+        <translation>Размер: %1 байт</translation>
+    </message>
+    <message>
+        <source>The file is not there any more</source>
+        <translation>Файла больше нет на месте</translation>
+    </message>
+    <message>
+        <source>Date of test: %1</source>
+        <translation>Дата измерения: %1</translation>
+    </message>
+    <message>
+        <source>No date of test in the file</source>
+        <translation>В файле нет даты измерения</translation>
+    </message>
+    <message>
+        <source>Nothing to shift: no trace in this slot</source>
+        <translation>Нечего сдвигать: в этой ячейке нет рефлектограммы</translation>
+    </message>
+    <message>
+        <source>Recorded with the trace; the dial leaves it as it is</source>
+        <translation>Записано вместе с рефлектограммой; энкодер этого не меняет</translation>
+    </message>
+    <message>
+        <source>The dial sets the velocity factor from %1 to %2,
+by %3 a step, for all traces</source>
+        <translation>Энкодер задаёт коэффициент укорочения от %1 до %2
+с шагом %3, для всех рефлектограмм</translation>
+    </message>
+    <message>
+        <source>The dial shifts the selected trace up or down,
+from %1 to %2 levels, one a step</source>
+        <translation>Энкодер сдвигает выбранную рефлектограмму вверх и вниз,
+от %1 до %2 уровней, по одному за шаг</translation>
+    </message>
+    <message>
+        <source>The dial shifts the selected trace along the cable,
+in whole samples; the wheel over it by one sample a notch</source>
+        <translation>Энкодер сдвигает выбранную рефлектограмму вдоль кабеля
+целыми отсчётами; колесо над ним — по отсчёту за щелчок</translation>
+    </message>
+    <message>
+        <source>The dial sets the scale from %1 to %2;
+each step shows twice as much or half of it</source>
+        <translation>Энкодер задаёт масштаб от %1 до %2;
+каждый шаг показывает вдвое больше или вдвое меньше</translation>
+    </message>
+    <message>
+        <source>In view at this velocity factor: %1</source>
+        <translation>Видно при этом коэффициенте укорочения: %1</translation>
+    </message>
+    <message>
+        <source>No level here</source>
+        <translation>Здесь нет уровня</translation>
+    </message>
+    <message>
+        <source>Level: %1</source>
+        <translation>Уровень: %1</translation>
     </message>
 </context>
 </TS>

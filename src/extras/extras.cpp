@@ -4,9 +4,11 @@
 
 #include "extras/dropping.h"
 #include "extras/keys.h"
+#include "extras/tooltips.h"
 #include "mainwindow.h"
 
 #include <QDragEnterEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 
 namespace extras {
@@ -30,9 +32,16 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
+        const bool onPlot = watched != &m_window;
+        if (event->type() == QEvent::KeyPress)
+            return keyPressed(m_window, *static_cast<QKeyEvent *>(event), onPlot);
+        return onPlot ? QObject::eventFilter(watched, event) : windowEvent(event);
+    }
+
+private:
+    bool windowEvent(QEvent *event)
+    {
         switch (event->type()) {
-        case QEvent::KeyPress:
-            return keyPressed(m_window, *static_cast<QKeyEvent *>(event), watched != &m_window);
         case QEvent::DragEnter:
             m_dropping.enter(*static_cast<QDragEnterEvent *>(event));
             return true;
@@ -42,12 +51,13 @@ public:
         case QEvent::Drop:
             m_dropping.drop(*static_cast<QDropEvent *>(event));
             return true;
+        case QEvent::ToolTip:
+            return showTooltip(m_window, *static_cast<QHelpEvent *>(event));
         default:
-            return QObject::eventFilter(watched, event);
+            return false;
         }
     }
 
-private:
     MainWindow &m_window;
     Dropping m_dropping;
 };
