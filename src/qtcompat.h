@@ -7,8 +7,11 @@
 /// in the same words; which of the two it is, the build decides.
 
 #include <QCoreApplication>
+#include <QIcon>
+#include <QPixmap>
 #include <QPointF>
 #include <QVector>
+#include <QWindow>
 #include <QtGlobal>
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -67,6 +70,16 @@ template <typename Series> QVector<QPointF> pointsOf(const Series &series)
     return series.points();
 #else
     return series.pointsVector();
+#endif
+}
+
+/// What \a icon shows in \a window in \a size units, in the pixels that are there for it.
+inline QPixmap pixmapOf(const QIcon &icon, QWindow *window, QSize size)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return icon.pixmap(window, size);
+#else
+    return icon.pixmap(size, window->devicePixelRatio());
 #endif
 }
 

@@ -169,7 +169,8 @@ private slots:
         const auto buttons = buttonsWithIcons();
         QCOMPARE(buttons.size(), 23);
         for (const QAbstractButton *button : buttons) {
-            const QPixmap icon = button->icon().pixmap(window().windowHandle(), button->iconSize());
+            const QPixmap icon
+                = qtcompat::pixmapOf(button->icon(), window().windowHandle(), button->iconSize());
             QCOMPARE(icon.devicePixelRatioF(), wantedFactor());
             QCOMPARE(icon.size(), button->iconSize() * wantedFactor());
         }
