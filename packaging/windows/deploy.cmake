@@ -3,9 +3,11 @@
 
 # Puts the toolkit's libraries beside the installed program, with the tool that the toolkit brings
 # for it. Without that tool the program alone is installed, and it is said.
-get_target_property(qmake Qt${VELKOR_QT_MAJOR}::qmake IMPORTED_LOCATION)
-get_filename_component(toolkit_bin ${qmake} DIRECTORY)
-find_program(VELKOR_WINDEPLOYQT windeployqt HINTS ${toolkit_bin})
+# The toolkit's CMake files lie in lib/cmake/Qt5 or Qt6, its programs in bin beside lib. Some name
+# them after the toolkit's version.
+find_program(VELKOR_WINDEPLOYQT
+  NAMES windeployqt windeployqt${VELKOR_QT_MAJOR} windeployqt-qt${VELKOR_QT_MAJOR}
+  HINTS ${Qt${VELKOR_QT_MAJOR}_DIR}/../../../bin)
 
 if(VELKOR_WINDEPLOYQT)
   # The program's texts are in its own bundle, and it draws with the raster engine alone.
