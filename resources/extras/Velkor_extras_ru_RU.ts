@@ -79,5 +79,21 @@ each step shows twice as much or half of it</source>
         <source>Level: %1</source>
         <translation>Уровень: %1</translation>
     </message>
+    <message>
+        <source>Save what is shown</source>
+        <translation>Сохранить то, что показано</translation>
+    </message>
+    <message>
+        <source>Picture, 300 dpi</source>
+        <translation>Рисунок, 300 точек на дюйм</translation>
+    </message>
+    <message>
+        <source>Scalable page</source>
+        <translation>Масштабируемая страница</translation>
+    </message>
+    <message>
+        <source>Table of the levels</source>
+        <translation>Таблица уровней</translation>
+    </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include "extras/keys.h"
 
 #include "extras/commands.h"
+#include "extras/exporting.h"
 #include "extras/help.h"
 #include "extras/reflection_steps.h"
 #include "interfacebutton.h"
@@ -95,6 +96,8 @@ const Key keys[] = {
     { { Qt::Key_F5, shift }, Once, [](Window &w) { w.parts().reset_all_button->click(); } },
     { { Qt::Key_O, {} }, Once, [](Window &w) { w.files_slot(); } },
     { { Qt::Key_O, control }, Once, [](Window &w) { w.files_slot(); } },
+    { { Qt::Key_C, control }, Once, copyShown },
+    { { Qt::Key_E, control }, Once, askAndSaveShown },
     { { Qt::Key_Comma, control }, Once, [](Window &w) { w.parts().settings_button->click(); } },
     { { Qt::Key_F1, {} }, Once, [](Window &w) { showPageOfKeys(w); } },
 };

@@ -29,7 +29,7 @@ QVector<QPointF> selectedSamples(const MainWindow &window)
     return samples;
 }
 
-void moveCursor(MainWindow &window, int column)
+void putCursor(MainWindow &window, int column)
 {
     if (column < 0)
         return;
@@ -72,14 +72,14 @@ void toNextReflection(MainWindow &window)
         return;
     // A cursor that snapping put left of the place asked for has been there all the same.
     const int reached = std::max(column, window.parts().cursor_dial->trueValue);
-    moveCursor(window, nextColumn(reflectionColumns(window), reached));
+    putCursor(window, nextColumn(reflectionColumns(window), reached));
 }
 
 void toPreviousReflection(MainWindow &window)
 {
     const int column = activeColumn(window.state());
     if (column >= 0)
-        moveCursor(window, previousColumn(reflectionColumns(window), column));
+        putCursor(window, previousColumn(reflectionColumns(window), column));
 }
 
 } // namespace extras
