@@ -237,7 +237,7 @@ void cursors(const calc::TraceRef &trace, const calc::TraceRef &master, const Ge
 
 int lengthOf(const QString &text)
 {
-    return text.size();
+    return static_cast<int>(text.size());
 }
 
 void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Gestures &gestures)

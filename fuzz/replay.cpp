@@ -40,7 +40,7 @@ int main(int argc, char **argv)
         }
         const QByteArray bytes = file.readAll();
         // Named before it runs, so that the last line says which one broke something.
-        std::fprintf(stderr, "%s, %d bytes\n", qPrintable(name), bytes.size());
+        std::fprintf(stderr, "%s, %d bytes\n", qPrintable(name), static_cast<int>(bytes.size()));
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(bytes.constData()),
                                static_cast<std::size_t>(bytes.size()));
     }

@@ -49,7 +49,7 @@ void TraceFolder::fill(const QVector<QByteArray> &heads, bool shortFiles)
                 QByteArray(static_cast<int>(sizeof(Protocol_VX840::TDR_FILE_t)) - bytes.size(), 0));
         writeFile(m_folder.filePath(QStringLiteral("%1.tdr").arg(i)), bytes);
     }
-    m_fileCount = heads.size();
+    m_fileCount = static_cast<int>(heads.size());
 }
 
 QString TraceFolder::file(int number) const

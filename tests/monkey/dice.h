@@ -26,6 +26,12 @@ public:
         return low + below(high - low + 1);
     }
 
+    /// One of \a choices, of which there is at least one.
+    template <typename List> auto oneOf(const List &choices)
+    {
+        return choices.at(below(static_cast<int>(choices.size())));
+    }
+
     /// True \a percent times in a hundred.
     bool percent(int percent)
     {

@@ -56,6 +56,12 @@ struct Event
 
 using Script = QVector<Event>;
 
+/// How many events \a script has, in the plain numbers that events are counted in.
+inline int lengthOf(const Script &script)
+{
+    return static_cast<int>(script.size());
+}
+
 /// The name of \a kind as it stands in a script.
 QByteArray nameOf(Event::Kind kind);
 

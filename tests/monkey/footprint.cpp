@@ -42,7 +42,7 @@ Footprint Footprint::taken()
         footprint.resident
             = pages.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
     const QDir open(QStringLiteral("/proc/self/fd"));
-    footprint.descriptors
-        = open.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
+    footprint.descriptors = static_cast<int>(
+        open.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size());
     return footprint;
 }

@@ -38,8 +38,9 @@ int supervise(const QCoreApplication &application)
                                     QStringLiteral("FILE"));
     const QCommandLineOption watch(
         QStringLiteral("watch"),
-        QStringLiteral("Plays in one process for so long, with memory and descriptors watched."),
-        QStringLiteral("SECONDS"));
+        QStringLiteral("Plays so many times 500 events in one window, with memory and descriptors "
+                       "watched."),
+        QStringLiteral("N"));
     const QCommandLineOption keep(QStringLiteral("keep"),
                                   QStringLiteral("Where the script of a failure is put."),
                                   QStringLiteral("FOLDER"), QStringLiteral("."));
@@ -59,7 +60,7 @@ int supervise(const QCoreApplication &application)
     if (parser.isSet(script))
         return supervisor.playScript(parser.value(script)) ? 0 : 1;
     if (parser.isSet(watch))
-        return supervisor.watchFor(first, parser.value(watch).toInt()) ? 0 : 1;
+        return supervisor.watchLaps(first, parser.value(watch).toInt()) ? 0 : 1;
     bool well = true;
     for (int seed = first; seed <= last; ++seed)
         well = supervisor.playSeed(seed, parser.value(events).toInt()) && well;

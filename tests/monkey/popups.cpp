@@ -91,7 +91,7 @@ void Popups::answerMenu(QMenu &menu)
         menu.close();
         return;
     }
-    menu.setActiveAction(open.at(m_dice.below(open.size())));
+    menu.setActiveAction(m_dice.oneOf(open));
     QTest::keyClick(&menu, Qt::Key_Return);
 }
 
@@ -112,13 +112,13 @@ void Popups::answerDialog(QDialog &dialog)
         if (buttons.isEmpty())
             dialog.reject();
         else
-            hand::click(buttons.at(m_dice.below(buttons.size())));
+            hand::click(m_dice.oneOf(buttons));
     }
 }
 
 QString Popups::anyOf(const QStringList &paths)
 {
-    return paths.at(m_dice.below(paths.size()));
+    return m_dice.oneOf(paths);
 }
 
 void Popups::answerFileDialog(QDialog &dialog)
@@ -184,7 +184,7 @@ void Popups::changeSettings(SettingsMenu &dialog)
         break;
     case 1: {
         const auto checks = dialog.findChildren<QCheckBox *>();
-        hand::click(checks.at(m_dice.below(checks.size())));
+        hand::click(m_dice.oneOf(checks));
         break;
     }
     case 2:

@@ -28,11 +28,11 @@ Script shrunk(Script script, const std::function<bool(const Script &)> &fails, i
         }
     }
 
-    int piece = qMax(1, script.size() / 2);
+    int piece = qMax(1, lengthOf(script) / 2);
     while (tries > 0) {
         bool smaller = false;
         // From the end: the last events need the earlier ones, seldom the other way round.
-        for (int first = (script.size() - 1) / piece * piece; first >= 0; first -= piece) {
+        for (int first = (lengthOf(script) - 1) / piece * piece; first >= 0; first -= piece) {
             const Script rest = without(script, first, piece);
             if (rest.size() < script.size() && stillFails(rest)) {
                 script = rest;

@@ -50,7 +50,7 @@ QByteArray verdictIn(const QByteArray &output)
             return line.left(line.indexOf(':', 8));
         if (line.startsWith("stall: "))
             return "stall";
-        const int error = line.indexOf("runtime error: ");
+        const auto error = line.indexOf("runtime error: ");
         if (error >= 0)
             return line.left(line.indexOf(':'));
         if (line.contains("ERROR: AddressSanitizer: ") || line.contains("ERROR: LeakSanitizer: "))
@@ -156,7 +156,7 @@ bool Supervisor::playSeed(int seed, int events)
     const QByteArray comment
         = "Seed " + QByteArray::number(seed) + ". It failed with: " + outcome.verdict;
     if (file.open(QIODevice::WriteOnly) && file.write(textOf(script, comment)) > 0)
-        std::printf("seed %d: %d events lie in %s\n", seed, script.size(), qUtf8Printable(path));
+        std::printf("seed %d: %d events lie in %s\n", seed, lengthOf(script), qUtf8Printable(path));
     std::fflush(stdout);
     return false;
 }
@@ -171,10 +171,10 @@ bool Supervisor::playScript(const QString &file)
     return well;
 }
 
-bool Supervisor::watchFor(int seed, int seconds)
+bool Supervisor::watchLaps(int seed, int laps)
 {
     const Outcome outcome = run({ QStringLiteral("--seed"), QString::number(seed),
-                                  QStringLiteral("--laps-for"), QString::number(seconds) });
+                                  QStringLiteral("--laps"), QString::number(laps) });
     tell(outcome);
     return outcome.verdict.isEmpty();
 }

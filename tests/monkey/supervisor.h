@@ -19,8 +19,8 @@ public:
     /// its seed, what the worker said and where the script lies.
     bool playSeed(int seed, int events);
     bool playScript(const QString &file);
-    /// Plays in one process for \a seconds.
-    bool watchFor(int seed, int seconds);
+    /// Plays \a laps of events in one process, with what it holds of the machine watched.
+    bool watchLaps(int seed, int laps);
 
 private:
     struct Outcome

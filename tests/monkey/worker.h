@@ -18,6 +18,6 @@ QStringList playedThrough(const Script &script, const std::function<void(int)> &
 ///
 ///     --seed N --events N     the script of a seed
 ///     --script FILE           a script from a file
-///     --laps-for SECONDS      script after script in one process, with memory watched
+///     --laps N                script after script in one process, with memory watched
 ///     --progress FILE         where the number of the present event is noted
 int runWorker(const QStringList &arguments);
