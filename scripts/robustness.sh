@@ -20,6 +20,9 @@ part monkey 100000 1000000 'random events at the window'
 part record 1000000 100000000 'records through all that is computed from them'
 part settings 3000 100000 'settings files: loaded, saved, loaded, applied'
 part texts 3000 100000 'lists of languages and style sheets'
+part replay 10 6000 'laps of 500 events in one window, memory and descriptors watched'
+part kills 200 2000 'windows and a tenth as many programs killed while they save'
+part faults 1 10 'of ten calls of the system fail, each in a run of its own'
 part valgrind 0 1200 'seconds under Valgrind'
 
 run_window() { scripts/fuzz window "$1"; }
@@ -31,10 +34,37 @@ run_monkey() {
     LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey --seeds "1..$seeds" \
         --events $((($1 + seeds - 1) / seeds)) --keep build/fuzz/findings
 }
+run_replay() { LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey --watch "$1"; }
+run_kills() { faults --kills "$1" --program-kills $((($1 + 9) / 10)) --seed "$((RANDOM + 1))"; }
+# Ten tenths are every call; what goes beyond is done all over again.
+run_faults() {
+    local left=$1
+    for (( ; left >= 10; left -= 10)); do
+        faults --every 1 || return
+    done
+    [ "$left" -eq 0 ] || faults --every $((10 / left))
+}
+faults() {
+    LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp:print_suppressions=0 \
+        build/fuzz/fuzz/faults/velkor-faults.dir/velkor-faults "$@"
+}
 run_record() { scripts/fuzz record "$1"; }
 run_settings() { scripts/fuzz settings "$1"; }
 run_texts() { scripts/fuzz texts "$1"; }
 run_valgrind() { scripts/valgrind "$1"; }
+
+# timed FILE COMMAND...: puts the seconds that the command had of a core into the file.
+timed() {
+    local TIMEFORMAT='%U %S' file=$1
+    shift
+    { time "$@" 2>&3; } 3>&2 2>"$file"
+}
+
+# cost NAME: what was noted about a part.
+cost() {
+    awk -v wall="$((SECONDS - begun[$1]))" \
+        '{ printf "%d s, %d s of a core", wall, $1 + $2 }' "$folder/$1.time"
+}
 
 # Runs every part with its amount from the array `amounts`, one for each core at a time, and says of
 # each how it went. False when one failed.
@@ -58,7 +88,8 @@ run_parts() {
             name=${waiting[0]}
             waiting=("${waiting[@]:1}")
             say "$name: ${amounts[$name]} ${what[$name]}"
-            "run_$name" "${amounts[$name]}" >"$folder/$name.log" 2>&1 </dev/null &
+            timed "$folder/$name.time" "run_$name" "${amounts[$name]}" \
+                >"$folder/$name.log" 2>&1 </dev/null &
             running[$!]=$name
             begun[$name]=$SECONDS
         done
@@ -67,11 +98,11 @@ run_parts() {
         name=${running[$pid]}
         unset "running[$pid]"
         if [ "$code" -eq 0 ]; then
-            say "$name: well after $((SECONDS - begun[$name])) s"
+            say "$name: well after $(cost "$name")"
             tail -n 3 "$folder/$name.log" | sed 's/^/    /'
         else
             failed+=("$name")
-            say "$name: FAILED with code $code after $((SECONDS - begun[$name])) s" >&2
+            say "$name: FAILED with code $code after $(cost "$name")" >&2
             tail -n 60 "$folder/$name.log" >&2
         fi
     done
