@@ -86,8 +86,8 @@ QString slotText(const MainWindowProbe &probe, int slot)
              trace.time.toString(Qt::TextDate), pointsText(*probe.rfg_series()[slot]));
 }
 
-/// The lines of \a state that a load into slot 2 must leave alone. The label of the cursor's step is
-/// put into its corner when the plot is resized, and stands a part of a pixel off it in between.
+/// The lines of \a state that a load into slot 2 must leave alone. The label of the cursor's step
+/// is put into its corner when the plot is resized, and stands a part of a pixel off it in between.
 QStringList withoutSlotTwo(const QStringList &state)
 {
     QStringList lines;
