@@ -19,6 +19,8 @@ extern Q_CORE_EXPORT int qt_ntfs_permission_lookup;
 
 namespace {
 
+constexpr qint64 pieceBytes = 1 << 16;
+
 bool isWritableFolder(const QString &folder)
 {
 #ifdef Q_OS_WIN
@@ -104,8 +106,16 @@ QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
     if (!openRegularFile(file)) {
         return {};
     }
-    // One byte more than allowed is asked for: a file may have grown since it was opened.
-    QByteArray bytes = file.read(lengthToRead(file, limit + 1));
+    // One byte more than allowed is asked for: a file may have grown since it was opened. It is
+    // asked for in pieces, because room is made for whatever is asked for, and most files are
+    // small.
+    const qint64 wanted = lengthToRead(file, limit + 1);
+    QByteArray bytes;
+    QByteArray piece;
+    do {
+        piece = file.read(qMin(wanted - bytes.size(), pieceBytes));
+        bytes += piece;
+    } while (!piece.isEmpty() && bytes.size() < wanted);
     if (bytes.size() > limit) {
         bytes.clear();
     }

@@ -203,6 +203,12 @@ private slots:
         writeFile(path, "12345");
         QCOMPARE(program_files::readRegularFile(path, 5), QByteArray("12345"));
         QCOMPARE(program_files::readRegularFile(path, 4), QByteArray());
+        // More than is read at a time.
+        const QByteArray large = QByteArray("0123456789").repeated(20000);
+        writeFile(path, large);
+        QCOMPARE(program_files::readRegularFile(path, large.size()), large);
+        QCOMPARE(program_files::readRegularFile(path, 64 << 20), large);
+        QCOMPARE(program_files::readRegularFile(path, large.size() - 1), QByteArray());
     }
 
     void aFileIsReplacedWhole()
