@@ -18,7 +18,7 @@ part() {
 part window 10000 100000 'loads into a whole window, with what its user does'
 part monkey 100000 1000000 'random events at the window'
 part record 1000000 100000000 'records through all that is computed from them'
-part settings 3000 100000 'settings files: loaded, saved, loaded, applied'
+part settings 10000 300000 'settings files: loaded, saved, loaded, applied'
 part texts 3000 100000 'lists of languages and style sheets'
 part replay 10 6000 'laps of 500 events in one window, memory and descriptors watched'
 part kills 200 2000 'windows and a tenth as many programs killed while they save'
