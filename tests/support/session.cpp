@@ -9,10 +9,12 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
+#include "windowfixture.h"
 
 #include <QAction>
 #include <QDebug>
 #include <QDialog>
+#include <QDir>
 #include <QGraphicsView>
 #include <QInputDialog>
 #include <QMenu>
@@ -31,6 +33,28 @@ void expectServed(const DialogAnswer &answer)
 }
 
 } // namespace
+
+QStringList sessionTraces(const WindowFixture &fixture)
+{
+    // The title names the folder, so it is called the same each time.
+    QDir(fixture.path(QString())).mkdir(QStringLiteral("traces"));
+    QStringList paths;
+    for (int number = 0; number < constants::slotCount; ++number) {
+        const auto echo = [number](int i) {
+            const int ramp = (i * (number + 3)) % 97 - 48;
+            return i % (40 + 7 * number) < 9 ? 70 - 8 * number : ramp / (number + 1);
+        };
+        const float step = number < 3 ? 1.25F : number < 5 ? 2.5F : 5.0F;
+        paths << fixture.trace(QStringLiteral("traces/trace%1.tdr").arg(number),
+                               TraceBuilder()
+                                   .samples(echo)
+                                   .minstep(step)
+                                   .delay(quint32(number % 2 * 12))
+                                   .shiftY(qint16(number * 6 - 15))
+                                   .ku(1.3F + 0.1F * float(number)));
+    }
+    return paths;
+}
 
 struct Session::Kind
 {

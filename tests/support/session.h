@@ -8,6 +8,12 @@
 #include <QStringList>
 #include <QVector>
 
+class WindowFixture;
+
+/// Six traces of unlike steps, delays and shifts in the folder of \a fixture, so that grids meet in
+/// some pairs only. The same ones each time.
+QStringList sessionTraces(const WindowFixture &fixture);
+
 /// A user at the window, the same one for the same seed: operations of every kind in a random
 /// order, each through the events that a hand or a dialog would cause. All kinds come up once
 /// before any comes up again.

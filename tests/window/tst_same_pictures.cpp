@@ -65,35 +65,12 @@ Distance distance(const QImage &one, const QImage &other, const QRegion &letters
     return result;
 }
 
-/// Six traces of unlike steps, delays and shifts, so that grids meet in some pairs only.
-QStringList makeTraces(const WindowFixture &fixture)
-{
-    // The title names the folder, so it is called the same each time.
-    QDir(fixture.path(QString())).mkdir(QStringLiteral("traces"));
-    QStringList paths;
-    for (int number = 0; number < constants::slotCount; ++number) {
-        const auto echo = [number](int i) {
-            const int ramp = (i * (number + 3)) % 97 - 48;
-            return i % (40 + 7 * number) < 9 ? 70 - 8 * number : ramp / (number + 1);
-        };
-        const float step = number < 3 ? 1.25F : number < 5 ? 2.5F : 5.0F;
-        paths << fixture.trace(QStringLiteral("traces/trace%1.tdr").arg(number),
-                               TraceBuilder()
-                                   .samples(echo)
-                                   .minstep(step)
-                                   .delay(quint32(number % 2 * 12))
-                                   .shiftY(qint16(number * 6 - 15))
-                                   .ku(1.3F + 0.1F * float(number)));
-    }
-    return paths;
-}
-
 /// Replays the session of \a seed on a new window and hands every frame to \a look, until that one
 /// says that it has seen enough.
 void replay(quint32 seed, const std::function<bool(int, const Frame &)> &look)
 {
     WindowFixture fixture;
-    const QStringList traces = makeTraces(fixture);
+    const QStringList traces = sessionTraces(fixture);
     MainWindow &window = fixture.open();
     Session session(window, traces, seed);
     for (int number = 0; number < rounds * Session::round(); ++number) {

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "session.h"
+
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr int scripts = 3 * 2 * 3; ///< sizes, languages, modes
+constexpr int patienceMs = 600000;
+
+struct Run
+{
+    QList<QByteArray> lines;
+    QByteArray errors;
+    bool good = false;
+};
+
+/// What the replay at \a program prints.
+Run replay(const char *program, const QStringList &arguments = {})
+{
+    QProcess process;
+    process.start(QString::fromUtf8(program), arguments);
+    Run run;
+    run.good = process.waitForFinished(patienceMs) && process.exitStatus() == QProcess::NormalExit
+        && process.exitCode() == 0;
+    run.lines = process.readAllStandardOutput().split('\n');
+    run.errors = process.readAllStandardError().right(2000);
+    return run;
+}
+
+QByteArray contentOf(const QTemporaryDir &folder, const char *name)
+{
+    QFile file(folder.filePath(QLatin1String(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing");
+}
+
+/// In what the two programs differ after the event of line \a number.
+QString difference(int number)
+{
+    const QTemporaryDir with;
+    const QTemporaryDir without;
+    replay(VELKOR_REPLAY_WITH, { QString::number(number), with.path() });
+    replay(VELKOR_REPLAY_WITHOUT, { QString::number(number), without.path() });
+    const auto one = contentOf(with, "state.txt").split('\n');
+    const auto other = contentOf(without, "state.txt").split('\n');
+    for (int line = 0; line < qMax(one.size(), other.size()); ++line)
+        if (one.value(line) != other.value(line))
+            return QString::fromUtf8("with: " + one.value(line)
+                                     + "\n  without: " + other.value(line));
+    const QString kept
+        = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("%1"));
+    const QImage pictures[] = { QImage(with.filePath(QStringLiteral("picture.png"))),
+                                QImage(without.filePath(QStringLiteral("picture.png"))) };
+    pictures[0].save(kept.arg(QLatin1String("with.png")));
+    pictures[1].save(kept.arg(QLatin1String("without.png")));
+    return QStringLiteral("the states are alike; see ") + kept.arg(QLatin1String("with*.png"));
+}
+
+/// True when \a lines tell of every script, at every size, and of a window that changes.
+bool tellsOfEverything(const QList<QByteArray> &lines)
+{
+    QSet<QByteArray> pictures;
+    QSet<QByteArray> sizes;
+    int opened = 0;
+    for (const QByteArray &line : lines) {
+        const QList<QByteArray> parts = line.split('|');
+        pictures.insert(parts.value(2));
+        if (!line.startsWith("opened"))
+            continue;
+        ++opened;
+        sizes.insert(parts.value(2).trimmed().split(' ').value(0));
+    }
+    // A picture that never changes would be alike as well.
+    return opened == scripts && sizes == QSet<QByteArray>{ "800x500", "1000x640", "1280x800" }
+    && pictures.size() > lines.size() / 2;
+}
+
+} // namespace
+
+/// The window with the extras is the window without them, until somebody uses one. Both of the
+/// program's builds are made, and the same scripts are played at both.
+class TestExtrasOnlyAdd : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void bothBuildsLookAlikeAfterEveryEvent();
+};
+
+void TestExtrasOnlyAdd::bothBuildsLookAlikeAfterEveryEvent()
+{
+    const Run with = replay(VELKOR_REPLAY_WITH);
+    QVERIFY2(with.good, with.errors.constData());
+    const Run without = replay(VELKOR_REPLAY_WITHOUT);
+    QVERIFY2(without.good, without.errors.constData());
+
+    QCOMPARE(with.lines.size(), without.lines.size());
+    for (int number = 0; number < without.lines.size(); ++number)
+        if (with.lines.at(number) != without.lines.at(number))
+            QFAIL(qPrintable(QString::fromUtf8(without.lines.at(number)) + QLatin1Char('\n')
+                             + difference(number)));
+    QVERIFY(tellsOfEverything(without.lines));
+}
+
+QTEST_GUILESS_MAIN(TestExtrasOnlyAdd)
+#include "tst_extras_only_add.moc"
