@@ -113,8 +113,10 @@ void MainWindow::primeInputDialog()
         if (mode == QInputDialog::TextInput)
             input_dialog->setComboBoxItems({});
         input_dialog->setInputMode(mode);
+        input_dialog->setAttribute(Qt::WA_DontShowOnScreen);
         input_dialog->open();
         input_dialog->reject();
+        input_dialog->setAttribute(Qt::WA_DontShowOnScreen, false);
     }
 }
 
