@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "accessibility/accessibility.h"
 #include "mainwindow.h"
 #include "screen_scale.h"
 #include "settingsdata.h"
@@ -22,6 +23,7 @@ int qMain(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("org.velkor.Velkor"));
     MainWindow window;
     window.settings()->curAppPointer = application.get();
+    accessibility::attach(window);
 #ifdef VELKOR_EXTRAS
     extras::attach(window);
 #endif

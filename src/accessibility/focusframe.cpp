@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "accessibility/focusframe.h"
+
+#include <QFocusEvent>
+#include <QPainter>
+
+namespace {
+
+// Light on dark: one of the two is seen on any ground.
+constexpr int lightWidth = 2;
+constexpr int darkWidth = 1;
+constexpr QRgb lightColour = 0xFFFFFFFF;
+constexpr QRgb darkColour = 0xFF000000;
+
+QRect shrunk(const QRect &rect, int by)
+{
+    return rect.adjusted(by, by, -by, -by);
+}
+
+bool isByKeyboard(Qt::FocusReason reason)
+{
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+        || reason == Qt::ShortcutFocusReason;
+}
+
+} // namespace
+
+FocusFrame::FocusFrame(QWidget *window)
+    : QFocusFrame(window)
+{
+    setAttribute(Qt::WA_NoSystemBackground);
+    hide();
+}
+
+void FocusFrame::watch(QWidget *control)
+{
+    control->installEventFilter(this);
+}
+
+bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn: {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        auto *control = static_cast<QWidget *>(watched);
+        // A dialog that comes up tells its first control of a focus which that has not got yet.
+        if (!control->hasFocus())
+            break;
+        if (isByKeyboard(reason))
+            surround(control);
+        else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            leave();
+        break;
+    }
+    case QEvent::FocusOut: {
+        // It comes back to the same control from a menu or another window, frame and all.
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            leave();
+        break;
+    }
+    case QEvent::MouseButtonPress:
+    case QEvent::Hide:
+        if (watched == m_control)
+            leave();
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+        if (watched == m_control)
+            follow();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void FocusFrame::surround(QWidget *control)
+{
+    m_control = control;
+    follow();
+    show();
+    raise();
+}
+
+void FocusFrame::follow()
+{
+    setGeometry(QRect(m_control->mapTo(parentWidget(), QPoint()), m_control->size()));
+    // Nothing but the frame itself: what is inside is painted as if this were not there.
+    setMask(QRegion(rect()) - QRegion(shrunk(rect(), lightWidth + darkWidth)));
+}
+
+void FocusFrame::leave()
+{
+    m_control = nullptr;
+    hide();
+}
+
+void FocusFrame::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor::fromRgb(darkColour));
+    const QRegion light = QRegion(rect()) - QRegion(shrunk(rect(), lightWidth));
+    for (const QRect &side : light)
+        painter.fillRect(side, QColor::fromRgb(lightColour));
+}

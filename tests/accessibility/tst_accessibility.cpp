@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "accessibility/accessibility.h"
+#include "cont_dial.h"
+#include "datetime_lbl.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
+#include "windowstate.h"
+#include "windowtest.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QtTest>
+
+namespace {
+
+constexpr int languageSection = 1 << 3;
+
+QAccessibleInterface *interfaceOf(QObject *control)
+{
+    QAccessibleInterface *found = QAccessible::queryAccessibleInterface(control);
+    if (found == nullptr)
+        qFatal("nothing is said of a %s", control->metaObject()->className());
+    return found;
+}
+
+QString nameOf(QObject *control)
+{
+    return interfaceOf(control)->text(QAccessible::Name);
+}
+
+QString valueOf(QObject *control)
+{
+    return interfaceOf(control)->text(QAccessible::Value);
+}
+
+QAccessible::Role roleOf(QObject *control)
+{
+    return interfaceOf(control)->role();
+}
+
+} // namespace
+
+/// What is said of the window and its controls, and how the keyboard goes through it.
+class TestAccessibility : public WindowTest
+{
+    Q_OBJECT
+
+private:
+    void openAndAttach()
+    {
+        openOn({ TraceBuilder().samples([](int) { return 17; }).ku(1.5F),
+                 TraceBuilder().date(2025, 7, 9) });
+        accessibility::attach(window());
+    }
+    void speak(const char *language)
+    {
+        probe().settingsData()->current_language = QString::fromLatin1(language);
+        probe().settingsData()->updateSettings(languageSection);
+    }
+    /// All that is seen in the window and is more than a line between others.
+    QVector<QWidget *> controls() const
+    {
+        QVector<QWidget *> found;
+        const auto all = probe().centralWidget()->findChildren<QWidget *>();
+        for (QWidget *widget : all)
+            if (widget->isVisible() && widget != viewport()
+                && (widget->focusPolicy() != Qt::NoFocus || qobject_cast<QLabel *>(widget)))
+                found.append(widget);
+        return found;
+    }
+    /// The dialog as it comes up, with whatever has the focus in it.
+    QImage pictureOfSettings() const
+    {
+        QDialog *dialog = probe().settingsMenu();
+        dialog->show();
+        WindowFixture::settle();
+        const QImage picture = dialog->grab().toImage();
+        dialog->hide();
+        return picture;
+    }
+    QVector<QPair<QObject *, const char *>> englishNames() const
+    {
+        const MainWindowProbe &p = probe();
+        return {
+            { p.curA_button(), "Cursor A: x = 2.00 m, y = 17" },
+            { p.curB_button(), "Cursor B: x = 0.00 m, y = 17" },
+            { p.delta_lbl(), "Distance between the cursors: 2.00 m" },
+            { p.legend_button(), "Open trace files" },
+            { p.selected_rfg()[0], "Trace 1: 5 Mar 2024, master" },
+            { p.selected_rfg()[1], "Trace 2: 9 Jul 2025" },
+            { p.selected_rfg()[2], "Trace 3: (not loaded)" },
+            { p.settings_button(), "Settings" },
+            { p.difference_button(), "Difference from the master" },
+            { p.smooth_button(), "Smooth traces" },
+            { p.reset_all_button(), "Reset all" },
+            { p.scale_up_button(), "Zoom out" },
+            { p.scale_down_button(), "Zoom in" },
+            { p.scroll_left_button(), "Scroll left" },
+            { p.scroll_right_button(), "Scroll right" },
+            { p.curA_nav_button(), "Choose cursor A" },
+            { p.curB_nav_button(), "Choose cursor B" },
+            { p.param_dial(), "Parameter dial: X Shift, 0.00 m" },
+            { p.H_offset_button(), "Horizontal shift: 0.00 m" },
+            { p.KU_button(), "Velocity factor: 1.500" },
+            { p.scale_button(), "Scale: 31.25 m" },
+            { p.reserve_button(), "Reserved" },
+            { p.cursor_dial(), "Cursor dial: Cursor A, 2.00 m" },
+            { p.logo_lbl(), "Logo" },
+        };
+    }
+
+private slots:
+    void eachControlSaysWhatItIsAndShows()
+    {
+        openAndAttach();
+        window().cursorSetup_slot(16);
+        for (const auto &expected : englishNames())
+            QCOMPARE(nameOf(expected.first), QString::fromLatin1(expected.second));
+        QVERIFY(nameOf(probe().date_bar()).startsWith(QLatin1String("Date and time: ")));
+    }
+
+    void whatIsShownIsAValueOfItsOwnAsWell()
+    {
+        openAndAttach();
+        window().cursorSetup_slot(16);
+        QCOMPARE(valueOf(probe().curA_button()), QStringLiteral("x = 2.00 m, y = 17"));
+        QCOMPARE(valueOf(probe().delta_lbl()), QStringLiteral("2.00 m"));
+        QCOMPARE(valueOf(probe().cursor_dial()), QStringLiteral("Cursor A, 2.00 m"));
+        QCOMPARE(valueOf(probe().KU_button()), QStringLiteral("1.500"));
+        QCOMPARE(valueOf(probe().settings_button()), QString());
+        const QString plot = valueOf(probe().Plot_View());
+        QVERIFY(plot.startsWith(probe().chart_title().text()));
+        QVERIFY(plot.endsWith(probe().cursor_step_lbl().text()));
+        QCOMPARE(nameOf(probe().Plot_View()), QStringLiteral("Plot: ") + plot);
+    }
+
+    void noControlIsWithoutAName_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << "en_US";
+        QTest::newRow("Russian") << "ru_RU";
+        QTest::newRow("a language without texts") << "es_ES";
+    }
+
+    void noControlIsWithoutAName()
+    {
+        QFETCH(const QString, language);
+        openAndAttach();
+        speak(qPrintable(language));
+        const auto all = controls();
+        QCOMPARE(all.size(), 35);
+        for (QWidget *control : all)
+            QVERIFY2(!nameOf(control).isEmpty(), control->metaObject()->className());
+        const auto inDialog = probe().settingsMenu()->findChildren<QWidget *>();
+        int found = 0;
+        for (QWidget *control : inDialog)
+            if (qobject_cast<QAbstractButton *>(control) || qobject_cast<QComboBox *>(control)
+                || qobject_cast<QSpinBox *>(control)) {
+                if (control->objectName().startsWith(QLatin1String("Scroll")))
+                    continue; // the arrows of the tabs, never in use
+                ++found;
+                QVERIFY2(!nameOf(control).isEmpty(), control->metaObject()->className());
+            }
+        QCOMPARE(found, 16);
+    }
+
+    void namesFollowTheLanguage()
+    {
+        openAndAttach();
+        QVector<QString> english;
+        const auto all = controls();
+        for (QWidget *control : all)
+            english.append(nameOf(control).section(QLatin1Char(':'), 0, 0));
+        speak("ru_RU");
+        for (int i = 0; i < all.size(); ++i) {
+            const QString russian = nameOf(all.at(i)).section(QLatin1Char(':'), 0, 0);
+            QVERIFY2(russian != english.at(i), qPrintable(russian));
+            QVERIFY2(russian.at(0).script() == QChar::Script_Cyrillic, qPrintable(russian));
+        }
+        QCOMPARE(nameOf(probe().curA_button()).section(QLatin1Char(':'), 0, 0),
+                 QStringLiteral("Курсор A"));
+        QCOMPARE(nameOf(probe().settingsMenu()->language_select), QStringLiteral("Язык"));
+        speak("en_US");
+        for (int i = 0; i < all.size(); ++i)
+            QCOMPARE(nameOf(all.at(i)).section(QLatin1Char(':'), 0, 0), english.at(i));
+    }
+
+    void aTraceSaysWhetherItIsHiddenOrTheMaster()
+    {
+        openAndAttach();
+        LegendButton *first = probe().selected_rfg()[0];
+        LegendButton *second = probe().selected_rfg()[1];
+        QVERIFY(nameOf(first).endsWith(QLatin1String(", master")));
+        second->visible_action->trigger();
+        QVERIFY(nameOf(second).endsWith(QLatin1String(", hidden")));
+        second->visible_action->trigger();
+        second->master_action->trigger();
+        QVERIFY(nameOf(second).endsWith(QLatin1String(", master")));
+        QVERIFY(!nameOf(first).contains(QLatin1String("master")));
+    }
+
+    void rolesAndStatesAreThoseOfTheControls()
+    {
+        openAndAttach();
+        QCOMPARE(roleOf(probe().legend_button()), QAccessible::Button);
+        QCOMPARE(roleOf(probe().smooth_button()), QAccessible::CheckBox);
+        QCOMPARE(roleOf(probe().selected_rfg()[0]), QAccessible::RadioButton);
+        QCOMPARE(roleOf(probe().cursor_dial()), QAccessible::Dial);
+        QCOMPARE(roleOf(probe().delta_lbl()), QAccessible::StaticText);
+        QCOMPARE(roleOf(probe().Plot_View()), QAccessible::Chart);
+        QVERIFY(interfaceOf(probe().selected_rfg()[0])->state().checked);
+        QVERIFY(!interfaceOf(probe().selected_rfg()[1])->state().checked);
+        QVERIFY(interfaceOf(probe().gain_button())->state().disabled);
+        QVERIFY(interfaceOf(probe().legend_button())->state().focusable);
+    }
+
+    void aButtonIsPressedFromOutside()
+    {
+        openAndAttach();
+        QAccessibleActionInterface *smooth
+            = interfaceOf(probe().smooth_button())->actionInterface();
+        QVERIFY(smooth->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+        smooth->doAction(QAccessibleActionInterface::toggleAction());
+        WindowFixture::settle();
+        QVERIFY(probe().smooth_button()->isChecked());
+        QAccessibleActionInterface *gain = interfaceOf(probe().gain_button())->actionInterface();
+        QVERIFY(!gain->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+        QAccessibleActionInterface *zoom
+            = interfaceOf(probe().scale_up_button())->actionInterface();
+        const int before = probe().master_scale();
+        zoom->doAction(QAccessibleActionInterface::pressAction());
+        WindowFixture::settle();
+        QCOMPARE(probe().master_scale(), before + 1);
+    }
+
+    void aDialIsSetFromOutsideWithinItsLimits()
+    {
+        openAndAttach();
+        QAccessibleValueInterface *dial = interfaceOf(probe().cursor_dial())->valueInterface();
+        QCOMPARE(dial->minimumValue().toInt(), probe().cursor_dial()->trueMin);
+        QCOMPARE(dial->maximumValue().toInt(), probe().cursor_dial()->trueMax);
+        dial->setCurrentValue(24);
+        QCOMPARE(probe().cursor_A_pos(), 24);
+        QCOMPARE(dial->currentValue().toInt(), 24);
+        QCOMPARE(valueOf(probe().cursor_dial()), QStringLiteral("Cursor A, 3.00 m"));
+        dial->setCurrentValue(-5);
+        QCOMPARE(probe().cursor_A_pos(), 0);
+    }
+
+    void thePlotIsOneThing()
+    {
+        openAndAttach();
+        QCOMPARE(interfaceOf(probe().Plot_View())->childCount(), 0);
+        QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
+    }
+
+    void nothingIsSeenOrKeptOfIt()
+    {
+        openOn({ TraceBuilder().samples([](int i) { return i % 90; }), TraceBuilder() });
+        for (const char *language : { "en_US", "ru_RU" }) {
+            fixture->open();
+            speak(language);
+            WindowFixture::settle();
+            const QImage without = freshPictureOf(window());
+            const QStringList state = stateOf(window());
+            const QImage dialog = pictureOfSettings();
+            accessibility::attach(window());
+            WindowFixture::settle();
+            QCOMPARE(freshPictureOf(window()), without);
+            QCOMPARE(stateOf(window()), state);
+            QCOMPARE(pictureOfSettings(), dialog);
+        }
+    }
+};
+
+QTEST_MAIN(TestAccessibility)
+#include "tst_accessibility.moc"

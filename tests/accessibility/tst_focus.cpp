@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "accessibility/accessibility.h"
+#include "cont_dial.h"
+#include "datetime_lbl.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "settingsmenu.h"
+#include "windowtest.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QFocusFrame>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QtTest>
+
+namespace {
+
+QImage pictureOf(QWidget &window)
+{
+    return window.grab().toImage();
+}
+
+/// How many pixels of \a one differ from \a other within \a area.
+int differences(const QImage &one, const QImage &other, const QRect &area)
+{
+    int found = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            found += one.pixel(x, y) != other.pixel(x, y) ? 1 : 0;
+    return found;
+}
+
+} // namespace
+
+/// How the keyboard goes through the window, and what is seen of it.
+class TestFocus : public WindowTest
+{
+    Q_OBJECT
+
+private:
+    void openAndAttach()
+    {
+        openOn({ TraceBuilder(), TraceBuilder() });
+        // The seconds on the clock are no difference.
+        probe().date_bar()->hide();
+        accessibility::attach(window());
+        QApplication::setActiveWindow(&window());
+        probe().curA_button()->setFocus();
+        WindowFixture::settle();
+    }
+    QFocusFrame *frame() const
+    {
+        return window().findChild<QFocusFrame *>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    QRect placeOf(const QWidget *control) const
+    {
+        return { control->mapTo(&window(), QPoint()), control->size() };
+    }
+    static void press(Qt::Key key)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        WindowFixture::settle();
+    }
+    /// In a group of which one is chosen, the keyboard stops at that one; arrows go on from there.
+    QVector<QWidget *> stops() const
+    {
+        const MainWindowProbe &p = probe();
+        return { p.curA_button(),       p.legend_button(),       p.selected_rfg()[0],
+                 p.Plot_View(),         p.settings_button(),     p.difference_button(),
+                 p.smooth_button(),     p.reset_all_button(),    p.scale_up_button(),
+                 p.scale_down_button(), p.scroll_right_button(), p.curA_nav_button(),
+                 p.param_dial(),        p.H_offset_button(),     p.cursor_dial() };
+    }
+
+private slots:
+    void theKeyboardStartsAtThePlot()
+    {
+        openOn({ TraceBuilder() });
+        window().hide();
+        probe().legend_button()->setFocus();
+        accessibility::attach(window());
+        window().show();
+        QApplication::setActiveWindow(&window());
+        WindowFixture::settle();
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(probe().Plot_View()));
+        QVERIFY(!frame()->isVisible());
+    }
+
+    void tabFollowsTheWindowRowByRow()
+    {
+        openAndAttach();
+        window().scale_change(2);
+        const auto order = stops();
+        for (int round = 0; round < 2; ++round)
+            for (QWidget *stop : order) {
+                QCOMPARE(QApplication::focusWidget(), stop);
+                press(Qt::Key_Tab);
+            }
+        for (auto i = order.size() - 1; i >= 0; --i) {
+            press(Qt::Key_Backtab);
+            QCOMPARE(QApplication::focusWidget(), order.at(i));
+        }
+    }
+
+    void theDialogIsReadFromTopToBottom()
+    {
+        openAndAttach();
+        SettingsMenu *dialog = probe().settingsMenu();
+        const QVector<QWidget *> order{ dialog->tabs->tabBar(), dialog->language_select,
+                                        dialog->cursor_accur, dialog->param_accur,
+                                        dialog->load_settings_button };
+        const QWidget *last = nullptr;
+        for (const QWidget *w = dialog->nextInFocusChain(); w != dialog;
+             w = w->nextInFocusChain()) {
+            const auto place = order.indexOf(const_cast<QWidget *>(w));
+            if (place < 0)
+                continue;
+            QCOMPARE(last, place == 0 ? nullptr : order.at(place - 1));
+            last = w;
+        }
+        QCOMPARE(last, order.last());
+    }
+
+    void theFrameStandsAroundTheControl()
+    {
+        openAndAttach();
+        window().scale_change(2);
+        const QImage before = pictureOf(window());
+        for (QWidget *stop : stops()) {
+            if (stop == stops().first())
+                continue;
+            press(Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), stop);
+            QVERIFY(frame()->isVisible());
+            QCOMPARE(frame()->geometry(), placeOf(stop));
+            // Three pixels on each of four sides.
+            const int seen = differences(pictureOf(window()), before, placeOf(stop));
+            QVERIFY2(seen > 5 * (stop->width() + stop->height()), stop->metaObject()->className());
+        }
+    }
+
+    void theFrameIsSeenOnAnyGround()
+    {
+        openAndAttach();
+        press(Qt::Key_Tab);
+        const QImage picture = pictureOf(window());
+        const QRect place = placeOf(QApplication::focusWidget());
+        QCOMPARE(picture.pixel(place.left(), place.center().y()), qRgb(255, 255, 255));
+        QCOMPARE(picture.pixel(place.left() + 1, place.center().y()), qRgb(255, 255, 255));
+        QCOMPARE(picture.pixel(place.left() + 2, place.center().y()), qRgb(0, 0, 0));
+    }
+
+    void nothingIsSeenOfItWithoutTheKeyboard()
+    {
+        openAndAttach();
+        QVERIFY(!frame()->isVisible());
+        press(Qt::Key_Tab);
+        QVERIFY(frame()->isVisible());
+        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+        QVERIFY(!frame()->isVisible());
+        press(Qt::Key_Tab);
+        QVERIFY(frame()->isVisible());
+        QTest::mousePress(QApplication::focusWidget(), Qt::LeftButton);
+        QVERIFY(!frame()->isVisible());
+    }
+
+    void theFrameFollowsItsControl()
+    {
+        openAndAttach();
+        press(Qt::Key_Tab);
+        window().resize(1000, 700);
+        WindowFixture::settle();
+        QCOMPARE(frame()->geometry(), placeOf(QApplication::focusWidget()));
+        QApplication::focusWidget()->hide();
+        WindowFixture::settle();
+        QVERIFY(!frame()->isVisible()
+                || frame()->geometry() == placeOf(QApplication::focusWidget()));
+    }
+
+    void theFrameComesBackWithTheWindow()
+    {
+        openAndAttach();
+        press(Qt::Key_Tab);
+        QWidget other;
+        other.show();
+        QApplication::setActiveWindow(&other);
+        WindowFixture::settle();
+        QVERIFY(frame()->isVisible());
+        QApplication::setActiveWindow(&window());
+        WindowFixture::settle();
+        QVERIFY(frame()->isVisible());
+    }
+
+    void theMousePassesThrough()
+    {
+        openAndAttach();
+        press(Qt::Key_Tab);
+        QWidget *control = QApplication::focusWidget();
+        QCOMPARE(window().childAt(placeOf(control).topLeft() + QPoint(1, 1)), control);
+    }
+};
+
+QTEST_MAIN(TestFocus)
+#include "tst_focus.moc"
