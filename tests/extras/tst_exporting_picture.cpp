@@ -187,7 +187,7 @@ void TestExportingPicture::aPageIsMadeOfLinesAndLetters()
     QVERIFY(pdf.contains("/FontFile2"));
     // As large as the picture, in points.
     const QImage picture = extras::chartPicture(window);
-    const int from = pdf.indexOf("/MediaBox [") + 11;
+    const auto from = pdf.indexOf("/MediaBox [") + 11;
     const QList<QByteArray> box = pdf.mid(from, pdf.indexOf(']', from) - from).split(' ');
     QCOMPARE(box.size(), 4);
     QVERIFY(std::abs(box[2].toDouble() - picture.width() * 72.0 / 300.0) <= 1.0);
