@@ -12,6 +12,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -76,6 +77,7 @@ private slots:
     void differencesHaveTheirBackground();
     void theLastDistanceIsWhole();
     void drawingChangesNothing();
+    void oddRecordsCanBeDrawn();
     void aPageIsMadeOfLinesAndLetters();
     void aLongLineIsCutWithinItsPattern();
 };
@@ -173,6 +175,26 @@ void TestExportingPicture::drawingChangesNothing()
     WindowFixture::settle();
     QCOMPARE(stateOf(window), state);
     QCOMPARE(screenOf(window), screen);
+}
+
+void TestExportingPicture::oddRecordsCanBeDrawn()
+{
+    WindowFixture fixture;
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    MainWindow &window = openWith(
+        fixture,
+        { TraceBuilder().minstep(none).ku(none), comb().delay(0xFFFFFFFF).shiftX(0xFFFFFFFF),
+          comb().minstep(1.0e30F).shiftX(0x7FFFFFFF), comb().delay(1).shiftY(-32768) });
+    for (QPushButton *mode : { fixture.probe().smooth_button(), fixture.probe().difference_button(),
+                               fixture.probe().smooth_button() }) {
+        QTest::mouseClick(mode, Qt::LeftButton);
+        for (int slot = 0; slot < 4; ++slot) {
+            window.rfgSelect_slot(slot);
+            window.cursorSetup_slot(constants::xLength);
+            QVERIFY(!extras::chartPicture(window).isNull());
+            QVERIFY(pdfOf(window).trimmed().endsWith("%%EOF"));
+        }
+    }
 }
 
 void TestExportingPicture::aPageIsMadeOfLinesAndLetters()
