@@ -54,7 +54,7 @@ constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
 using Size = decltype(QVector<QPointF>().size());
 
 /// Where in the widget \a event, a QDropEvent or what comes before it, takes place.
-template <typename Event> QPoint positionOf(const Event &event)
+template <typename Event> QPoint placeOf(const Event &event)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     return event.position().toPoint();

@@ -98,7 +98,7 @@ void Dropping::drop(QDropEvent &event)
     m_files = traceFiles(*event.mimeData());
     if (!answer(event))
         return;
-    const int slot = slotAt(qtcompat::positionOf(event));
+    const int slot = slotAt(qtcompat::placeOf(event));
     if (slot == noSlot)
         openFiles(m_window, m_files);
     else
@@ -108,7 +108,7 @@ void Dropping::drop(QDropEvent &event)
 bool Dropping::answer(QDropEvent &event)
 {
     const Qt::DropAction action = harmlessAction(event.possibleActions());
-    const bool good = action != Qt::IgnoreAction && fits(qtcompat::positionOf(event));
+    const bool good = action != Qt::IgnoreAction && fits(qtcompat::placeOf(event));
     event.setDropAction(action);
     event.setAccepted(good);
     return good;

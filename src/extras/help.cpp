@@ -25,7 +25,7 @@ QString pageOfKeys(const QString &programFolder, const QString &language)
 {
     const QDir manual(QDir(programFolder).filePath(manualFolder));
     for (const QString &folder : { language.left(languageLength), QStringLiteral("en") }) {
-        const QString page = QDir::cleanPath(manual.filePath(folder + QLatin1String("/keys.html")));
+        QString page = QDir::cleanPath(manual.filePath(folder + QLatin1String("/keys.html")));
         if (program_files::isRegularFile(page))
             return page;
     }

@@ -35,15 +35,12 @@ QString precisely(double value)
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
-QString folded(const QString &path)
+/// \a path in as many lines as it needs.
+QString folded(QString path)
 {
-    QString lines;
-    for (int from = 0; from < path.size(); from += longestLine) {
-        if (from > 0)
-            lines += QLatin1Char('\n');
-        lines += path.mid(from, longestLine);
-    }
-    return lines;
+    for (int end = longestLine; end < path.size(); end += longestLine + 1)
+        path.insert(end, QLatin1Char('\n'));
+    return path;
 }
 
 /// Puts the facts about one control together.
