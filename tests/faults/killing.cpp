@@ -15,9 +15,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -44,14 +46,6 @@ int straysIn(const QString &folder)
 int micros(const QElapsedTimer &clock)
 {
     return static_cast<int>(clock.nsecsElapsed() / 1000);
-}
-
-/// Waits without giving the processor away: a sleep is longer than a whole save.
-void pass(int duration)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (micros(clock) < duration) { }
 }
 
 /// Settings that differ from those of the round before, in every section.
@@ -90,7 +84,7 @@ public:
         const QByteArray former = contentOf(m_file);
         const QByteArray wanted = newSettings();
         const pid_t copy = closingCopy();
-        pass(m_dice.below(m_longest));
+        std::this_thread::sleep_for(std::chrono::microseconds(m_dice.below(m_longest)));
         ::kill(copy, SIGKILL);
         int status = 0;
         waitpid(copy, &status, 0);
@@ -216,7 +210,7 @@ bool killClosingPrograms(int kills, unsigned seed)
         room.tidy();
         QProcess viewer;
         const bool closing = startUntilItCloses(room, viewer);
-        pass(dice.below(longest));
+        std::this_thread::sleep_for(std::chrono::microseconds(dice.below(longest)));
         ::kill(static_cast<pid_t>(viewer.processId()), SIGKILL);
         viewer.waitForFinished();
         const bool done = viewer.exitStatus() == QProcess::NormalExit;
