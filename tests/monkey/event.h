@@ -24,7 +24,7 @@ struct Event
         WheelAnywhere, ///< x, y, turn
         TurnDial, ///< which, start, degrees, moves
         DialKey, ///< which, key
-        Key, ///< to the focus: key, modifier
+        Key, ///< to the focus: key, modifier, for a control or for what is attached to the window
         Focus, ///< which of the widgets that take it
         Button, ///< which of the buttons that can be pressed
         ChartMenu, ///< x, y; the answer chooses
@@ -35,7 +35,7 @@ struct Event
         Settings, ///< the answer does what it likes in the dialog
         Resize, ///< width, height
         WindowState, ///< normal, maximised, minimised, full screen, hidden
-        Drop, ///< x, y, file
+        Drop, ///< x, y, first file, how many
         Language, ///< which
         Style, ///< which sheet
         Pointer, ///< enters or leaves: x, y

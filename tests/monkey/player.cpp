@@ -3,12 +3,16 @@
 #include "player.h"
 
 #include "cont_dial.h"
+#ifdef VELKOR_EXTRAS
+#include "extras/extras.h"
+#endif
 #include "hand.h"
 #include "inputevents.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
+#include "shares.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -21,26 +25,6 @@
 #include <QtTest>
 
 namespace {
-
-constexpr int thousand = 1000;
-
-/// The number of \a event at \a place, 0 to 999.
-int number(const Event &event, std::size_t place)
-{
-    return event.numbers[place];
-}
-
-/// The one of \a choices that a number from 0 to 999 picks.
-template <typename List> auto pick(const List &choices, int number)
-{
-    return choices[number % static_cast<int>(std::size(choices))];
-}
-
-/// The number of \a count things that a number from 0 to 999 picks.
-int share(int number, int count)
-{
-    return number * count / thousand;
-}
 
 constexpr Qt::MouseButton mouseButtons[]
     = { Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::MiddleButton, Qt::RightButton };
@@ -55,19 +39,6 @@ const Qt::MouseButtons heldButtons[] = { Qt::NoButton,
 
 /// Eighths of a degree: notches, fine wheels, a wheel that does not turn, and a nervous one.
 constexpr int turns[] = { 120, -120, 120, -120, 15, -15, 0, 360, -360, 1 };
-
-constexpr Qt::Key dialKeys[] = { Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left, Qt::Key_Right,
-                                 Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End };
-
-constexpr Qt::Key keys[]
-    = { Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Space, Qt::Key_Return,
-        Qt::Key_Left, Qt::Key_Right,   Qt::Key_Up,    Qt::Key_Down,  Qt::Key_PageUp,
-        Qt::Key_Home, Qt::Key_Escape,  Qt::Key_Menu,  Qt::Key_F10,   Qt::Key_A,
-        Qt::Key_End,  Qt::Key_Plus,    Qt::Key_F1,    Qt::Key_F5,    Qt::Key_Delete };
-
-const Qt::KeyboardModifiers modifiers[]
-    = { Qt::NoModifier,    Qt::NoModifier,      Qt::NoModifier,
-        Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier };
 
 } // namespace
 
@@ -93,7 +64,17 @@ Player::Player()
 {
     makeTraces();
     makeSettings();
-    m_fixture.open();
+    open();
+}
+
+void Player::open()
+{
+    MainWindow &window = m_fixture.open();
+#ifdef VELKOR_EXTRAS
+    extras::attach(window);
+#else
+    Q_UNUSED(window)
+#endif
 }
 
 const WindowFixture &Player::fixture() const
@@ -238,30 +219,6 @@ void Player::turnDial(const Event &event)
                    1 + number(event, 3) % 5);
 }
 
-void Player::dialKey(const Event &event)
-{
-    QTest::keyClick(dial(number(event, 0)), pick(dialKeys, number(event, 1)));
-}
-
-void Player::key(const Event &event)
-{
-    QWidget *focused = QApplication::focusWidget();
-    if (focused == nullptr)
-        focused = &m_fixture.window();
-    QTest::keyClick(focused, pick(keys, number(event, 0)), pick(modifiers, number(event, 1)));
-}
-
-void Player::focus(const Event &event)
-{
-    QList<QWidget *> takers;
-    const auto widgets = m_fixture.probe().centralWidget()->findChildren<QWidget *>();
-    for (QWidget *widget : widgets)
-        if (widget->isVisible() && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus)
-            takers.append(widget);
-    if (!takers.isEmpty())
-        pick(takers, number(event, 0))->setFocus(Qt::TabFocusReason);
-}
-
 void Player::button(const Event &event)
 {
     const auto open = openButtons();
@@ -338,7 +295,10 @@ void Player::windowState(const Event &event)
 void Player::drop(const Event &event)
 {
     QMimeData data;
-    data.setUrls({ QUrl::fromLocalFile(pick(m_choices.traces, number(event, 2))) });
+    QList<QUrl> urls;
+    for (int i = number(event, 3) / 4 % 8; i >= 0; --i)
+        urls.append(QUrl::fromLocalFile(pick(m_choices.traces, number(event, 2) + i)));
+    data.setUrls(urls);
     const QPoint position = inWindow(number(event, 0), number(event, 1));
     QWidget *widget = widgetAt(position);
     const QPoint inside = widget->mapFrom(&m_fixture.window(), position);
@@ -390,5 +350,5 @@ void Player::settle(const Event &)
 
 void Player::reopen(const Event &)
 {
-    m_fixture.open();
+    open();
 }

@@ -63,6 +63,8 @@ private:
     void settle(const Event &event);
     void reopen(const Event &event);
 
+    /// Opens the window, as the program does, after closing the one that was open.
+    void open();
     void makeTraces();
     void makeSettings();
     QWidget *plot() const;

@@ -125,7 +125,10 @@ void Popups::answerFileDialog(QDialog &dialog)
 {
     const auto &files = static_cast<QFileDialog &>(dialog);
     if (files.acceptMode() == QFileDialog::AcceptSave) {
-        const QString name = QStringLiteral("saved%1.ini").arg(m_dice.below(3));
+        const bool wantsSettings = files.nameFilters().join(QChar()).contains(QLatin1String("ini"));
+        const QString name = QStringLiteral("saved%1.%2")
+                                 .arg(m_dice.below(3))
+                                 .arg(QLatin1String(wantsSettings ? "ini" : "csv"));
         typeFileName(m_choices.folder + QLatin1Char('/') + name)(dialog);
     } else if (files.fileMode() == QFileDialog::ExistingFiles) {
         QStringList paths;
