@@ -195,6 +195,7 @@ private slots:
             window.resetCurrent_slot(id);
             window.remove_Selected_RFG(id);
             window.parse_T_Name(id);
+            window.add_Selected_RFG(fixture.path(QStringLiteral("t1.tdr")), id);
             QCOMPARE(fixture.probe().rfg_ID(), 1);
             QCOMPARE(fixture.probe().rfg_read_index(), 3);
         }

@@ -227,6 +227,8 @@ private slots:
             const QByteArray before = look();
             QVERIFY(QFile::remove(sheet));
             QTRY_VERIFY(probe().CSS_watcher().files().isEmpty());
+            // Something else that happens in its folder.
+            write(sheet + QStringLiteral("~"), secondSheet);
             QTest::qWait(30);
             QCOMPARE(look(), before);
             write(sheet, text);
