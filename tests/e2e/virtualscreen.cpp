@@ -65,6 +65,15 @@ VirtualScreen::~VirtualScreen()
     }
 }
 
+void VirtualScreen::setScale(double factor) const
+{
+    constexpr double unscaledDots = 96.0;
+    run(QStringLiteral("xprop"),
+        { QStringLiteral("-root"), QStringLiteral("-f"), QStringLiteral("RESOURCE_MANAGER"),
+          QStringLiteral("8s"), QStringLiteral("-set"), QStringLiteral("RESOURCE_MANAGER"),
+          QStringLiteral("Xft.dpi:\t%1\n").arg(unscaledDots * factor) });
+}
+
 QProcessEnvironment VirtualScreen::environment() const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -25,6 +25,9 @@ public:
     ~VirtualScreen();
     Q_DISABLE_COPY(VirtualScreen)
 
+    /// Leaves word of the scale that the user chose, where desktops do.
+    void setScale(double factor) const;
+
     /// Environment for programs that are to open on this screen.
     QProcessEnvironment environment() const;
 

@@ -17,8 +17,9 @@
 
 namespace {
 
-// What stands on the edge of two pixels may fall on either, and fonts grow in steps of their own.
-constexpr double unitsOff = 2.0;
+// What stands on the edge of two pixels may fall on either, and fonts grow in steps of their own,
+// which are not the same in all versions of the toolkit.
+constexpr double unitsOff = 4.0;
 constexpr int barelySeen = 64; ///< of 255
 /// As many pixels as may be left of antialiased ends beside what is painted anew, at factor 1.
 constexpr double residue = 16.0;
