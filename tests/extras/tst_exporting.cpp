@@ -51,6 +51,7 @@ private slots:
     void theEndingSaysWhatIsSaved();
     void anUnknownEndingGetsThatOfTheFilter();
     void theDialogProposesTheNameOfTheTrace();
+    void withoutATraceTheDialogProposesTheProgramsName();
     void theDialogSpeaksTheWindowsLanguage();
     void cancellingSavesNothing();
     void noFileIsOverwrittenUnasked();
@@ -156,6 +157,21 @@ void TestExporting::theDialogProposesTheNameOfTheTrace()
         dialog.reject();
     }));
     QCOMPARE(proposed, folder + QStringLiteral("/t1.png"));
+}
+
+void TestExporting::withoutATraceTheDialogProposesTheProgramsName()
+{
+    WindowFixture fixture;
+    MainWindow &window = openWith(fixture, { comb() });
+    extras::attach(window);
+    // The last one selected is not proposed once it has gone.
+    window.remove_Selected_RFG(0);
+    QString proposed;
+    QVERIFY(exportWith(window, [&](QDialog &dialog) {
+        proposed = static_cast<QFileDialog &>(dialog).selectedFiles().value(0);
+        dialog.reject();
+    }));
+    QCOMPARE(QFileInfo(proposed).fileName(), QStringLiteral("velkor.png"));
 }
 
 void TestExporting::theDialogSpeaksTheWindowsLanguage()

@@ -80,6 +80,7 @@ private slots:
     void oddRecordsCanBeDrawn();
     void aPageIsMadeOfLinesAndLetters();
     void aLongLineIsCutWithinItsPattern();
+    void aPainterFindsTheCanvasAsItFindsAPicture();
 };
 
 void TestExportingPicture::aPictureHasThreeHundredDotsPerInch()
@@ -226,6 +227,43 @@ void TestExportingPicture::aLongLineIsCutWithinItsPattern()
     QVERIFY(cutToPattern({ -10, 150, 9000, 150 }, area, 6.0).isNull());
     QVERIFY(cutToPattern({ 200, 50, 9000, 50 }, area, 6.0).isNull());
     QVERIFY(cutToPattern({ 20, 20, 20, 20 }, area, 6.0).length() <= 6.0);
+}
+
+void TestExportingPicture::aPainterFindsTheCanvasAsItFindsAPicture()
+{
+    QPixmap stamp(7, 5);
+    stamp.fill(QColor(200, 30, 40));
+    const auto draw = [&stamp](QPaintDevice &device) {
+        QPainter painter(&device);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.drawPixmap(3, 4, stamp);
+        painter.setOpacity(0.5);
+        painter.drawPixmap(QRect(20, 4, 14, 10), stamp);
+        painter.setOpacity(1.0);
+        painter.setCompositionMode(QPainter::CompositionMode_Difference);
+        painter.fillRect(5, 5, 20, 3, QColor(0, 90, 200));
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.setBackground(QColor(10, 20, 30));
+        painter.setBackgroundMode(Qt::OpaqueMode);
+        painter.fillRect(40, 5, 18, 20, QBrush(Qt::white, Qt::Dense4Pattern));
+    };
+    QImage expected(64, 32, QImage::Format_RGB32);
+    expected.fill(Qt::black);
+    QImage picture = expected;
+    draw(expected);
+    extras::DashingCanvas canvas(picture, 254);
+    draw(canvas);
+    QCOMPARE(picture, expected);
+    QVERIFY(inAll(picture, QColor(200, 30, 40)) > 0);
+
+    QCOMPARE(canvas.width(), 64);
+    QCOMPARE(canvas.height(), 32);
+    // 254 dots per inch are ten per millimetre.
+    QCOMPARE(canvas.widthMM(), 6);
+    QCOMPARE(canvas.heightMM(), 3);
+    QCOMPARE(canvas.logicalDpiX(), 254);
+    QCOMPARE(canvas.depth(), 32);
+    QCOMPARE(canvas.devicePixelRatio(), 1);
 }
 
 QTEST_MAIN(TestExportingPicture)

@@ -62,6 +62,7 @@ private slots:
     void aDifferenceIsNamedAsOne();
     void aDifferenceHasNoLevelBetweenItsSteps();
     void noLanguageChangesTheTable();
+    void theHeadNamesTheCursorInUse();
     void anEmptyWindowHasAnEmptyTable();
     void oddNamesStayOnTheirLine();
     void oddRecordsGiveATable();
@@ -246,6 +247,16 @@ void TestExportingText::noLanguageChangesTheTable()
     window.settings()->setTranslation();
     emit window.settings()->translation_changed();
     QCOMPARE(extras::table(window), before);
+}
+
+void TestExportingText::theHeadNamesTheCursorInUse()
+{
+    WindowFixture fixture;
+    MainWindow &window = openWith(fixture, { rising() });
+    window.cursorSelect_slot(MainWindow::CURSOR_B);
+    QCOMPARE(headOf(window, "active cursor"), QStringLiteral("B"));
+    window.cursorSelect_slot(MainWindow::CURSOR_A);
+    QCOMPARE(headOf(window, "active cursor"), QStringLiteral("A"));
 }
 
 void TestExportingText::anEmptyWindowHasAnEmptyTable()

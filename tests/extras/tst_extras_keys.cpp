@@ -145,6 +145,7 @@ void TestExtrasKeys::aKeyDoesWhatTheMouseDoes_data()
         click([](P p) -> QWidget * { return p.scroll_left_button(); }));
     row("bracket right", keys(Qt::Key_BracketRight, {}, 2),
         clickTwice([](P p) -> QWidget * { return p.scroll_right_button(); }));
+    row("2", keys(Qt::Key_2), click([](P p) -> QWidget * { return p.selected_rfg()[1]; }));
     row("3", keys(Qt::Key_3), third);
     row("1 of the number block", keys(Qt::Key_1, Qt::KeypadModifier), first);
     row("6, which is empty", keys(Qt::Key_6),

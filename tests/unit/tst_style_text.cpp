@@ -76,6 +76,7 @@ private slots:
         row("never closed", "image: url(PIPE", "image: url(");
         row("one inside the other", "a: url(x url(PIPE))", "a: url(x url())");
         row("escaped function", "image: u\\72l(PIPE)", "image: u\\72l()");
+        row("escaped function, capital digits", "image: ur\\6C(PIPE)", "image: ur\\6C()");
         row("escaped letter", "image: u\\rl(PIPE)", "image: u\\rl()");
         row("escaped path", "image: url(FOLDER/pip\\65)", "image: url()");
         row("escaped path, six digits", "image: url(FOLDER/\\000070ipe)", "image: url()");

@@ -99,6 +99,27 @@ private slots:
         }
     }
 
+    void theFormsOfOlderToolkitsArePlausibleAndNoOthers()
+    {
+        const QSize desktop(1920, 1080);
+        const auto ofVersion = [](char version, int size) {
+            QByteArray record = factoryGeometry().left(size);
+            record[5] = version;
+            return record;
+        };
+        QVERIFY(calc::isPlausibleGeometry(ofVersion(3, 66), desktop));
+        // Without the inside of the window, and before that without the width of the screen.
+        QVERIFY(calc::isPlausibleGeometry(ofVersion(2, 50), desktop));
+        QVERIFY(!calc::isPlausibleGeometry(ofVersion(2, 49), desktop));
+        QVERIFY(calc::isPlausibleGeometry(ofVersion(1, 46), desktop));
+        QVERIFY(!calc::isPlausibleGeometry(ofVersion(1, 45), desktop));
+        QVERIFY(!calc::isPlausibleGeometry(ofVersion(0, 66), desktop));
+        QVERIFY(!calc::isPlausibleGeometry(ofVersion(4, 66), desktop));
+        QByteArray other = factoryGeometry();
+        other[0] = static_cast<char>(other[0] ^ 1);
+        QVERIFY(!calc::isPlausibleGeometry(other, desktop));
+    }
+
     void aCutGeometryIsNotPlausible()
     {
         for (int size = 0; size < factoryGeometry().size(); ++size)
