@@ -10,12 +10,15 @@
 #include "extras/extras.h"
 #endif
 
+#include <QAction>
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QDragEnterEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QPushButton>
+#include <QSettings>
 #include <QTextStream>
 #include <QWindow>
 #include <QtTest>
@@ -24,8 +27,9 @@
 
 /// \file
 /// Plays the same scripts at the window whenever it is run, and prints after each event what the
-/// window is like then: "event | state | picture", the last two as hashes. Built once
-/// with the extras and once without, in the two ways in which the program itself is built.
+/// window is like then: "event | state | picture", the last two as hashes, and at the end of a
+/// script the names of the settings that were kept. Built once with the extras and once without, in
+/// the two ways in which the program itself is built.
 ///
 ///     replay [number folder]
 ///
@@ -104,6 +108,8 @@ public:
         Session session(window, traces, seed);
         for (int i = 0; i < actions; ++i)
             note(window, session.act());
+        fixture.close();
+        m_out << "closed | " << keptSettings().join(QLatin1Char(' ')) << '\n';
     }
 
 private:
@@ -143,12 +149,39 @@ private:
         note(window, QLatin1String("nothing useful"));
     }
 
+    /// The names of all that outlives the window; the values tell of folders.
+    static QStringList keptSettings()
+    {
+        const QSettings settings(WindowFixture::settingsFile(), QSettings::IniFormat);
+        return settings.allKeys();
+    }
+
+    /// What the window is made of, and what its menus offer.
+    static QString outfitOf(const MainWindow &window)
+    {
+        QStringList lines;
+        const auto widgets = window.findChildren<QWidget *>();
+        for (const QWidget *widget : widgets)
+            lines.append(QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ')
+                         + widget->objectName() + QLatin1Char(' ') + widget->toolTip());
+        const auto menus = window.findChildren<QMenu *>();
+        for (const QMenu *menu : menus) {
+            const auto entries = menu->actions();
+            for (const QAction *entry : entries)
+                lines.append(entry->text() + QLatin1Char(' ') + entry->shortcut().toString());
+        }
+        lines.append(QStringLiteral("%1 actions").arg(window.findChildren<QAction *>().size()));
+        return lines.join(QLatin1Char('\n'));
+    }
+
     void note(MainWindow &window, const QString &event)
     {
         // A repaint may ask for a layout, and that for a repaint.
         for (int i = 0; i < 3; ++i)
             WindowFixture::settle();
-        const QByteArray state = stateOf(window).join(QLatin1Char('\n')).toUtf8();
+        const QByteArray state
+            = (stateOf(window).join(QLatin1Char('\n')) + QLatin1Char('\n') + outfitOf(window))
+                  .toUtf8();
         const QImage picture = withoutLetters(window);
         m_out << event << " | " << hashOf(state) << " | " << hashOf(picture) << '\n';
         m_out.flush();

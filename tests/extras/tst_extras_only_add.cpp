@@ -66,16 +66,20 @@ bool tellsOfEverything(const QList<QByteArray> &lines)
     QSet<QByteArray> pictures;
     QSet<QByteArray> sizes;
     int opened = 0;
+    int closed = 0;
     for (const QByteArray &line : lines) {
         const QList<QByteArray> parts = line.split('|');
         pictures.insert(parts.value(2));
+        if (line.startsWith("closed") && parts.value(1).contains("MasterId"))
+            ++closed;
         if (!line.startsWith("opened"))
             continue;
         ++opened;
         sizes.insert(parts.value(2).trimmed().split(' ').value(0));
     }
     // A picture that never changes would be alike as well.
-    return opened == scripts && sizes == QSet<QByteArray>{ "800x500", "1000x640", "1280x800" }
+    return opened == scripts && closed == scripts
+        && sizes == QSet<QByteArray>{ "800x500", "1000x640", "1280x800" }
     && pictures.size() > lines.size() / 2;
 }
 
