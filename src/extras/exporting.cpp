@@ -8,6 +8,7 @@
 #include "mainwindow.h"
 #include "settingsdata.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
@@ -21,16 +22,22 @@ namespace extras {
 
 namespace {
 
+bool writeAll(QIODevice &file, const QByteArray &bytes)
+{
+    return file.write(bytes) == bytes.size();
+}
+
 bool savePicture(const MainWindow &window, QIODevice &file)
 {
-    const QImage picture = chartPicture(window);
-    return !picture.isNull() && picture.save(&file, "PNG");
+    // By way of memory, where no write fails: the toolkit loses some when one does.
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    return chartPicture(window).save(&buffer, "PNG") && writeAll(file, buffer.data());
 }
 
 bool saveTable(const MainWindow &window, QIODevice &file)
 {
-    const QByteArray bytes = table(window);
-    return file.write(bytes) == bytes.size();
+    return writeAll(file, table(window));
 }
 
 struct Format
