@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -106,7 +107,7 @@ void PlotView::drawItems(QPainter *painter, int count, QGraphicsItem *items[],
     Q_UNUSED(options)
     // The scene may offer more than is visible.
     Items offered;
-    for (QGraphicsItem *item : m_above)
+    for (QGraphicsItem *item : std::as_const(m_above))
         if (std::find(items, items + count, item) != items + count)
             offered.append(item);
     paintItems(*painter, offered, QPoint());

@@ -78,9 +78,11 @@ void speakOf(QWidget *control, const SpokenLanguage *language, const char *name,
 
 void speakOfButtons(const MainWindowParts &parts, const SpokenLanguage *language)
 {
-    for (const Named &plain : plainButtons(parts))
-        speakOf(plain.button, language, plain.name);
-    for (const Named &reading : readings(parts)) {
+    const QVector<Named> plain = plainButtons(parts);
+    for (const Named &one : plain)
+        speakOf(one.button, language, one.name);
+    const QVector<Named> withReadings = readings(parts);
+    for (const Named &reading : withReadings) {
         const QAbstractButton *button = reading.button;
         speakOf(reading.button, language, reading.name,
                 [button] { return spokenLines(button->text(), 1); });

@@ -114,8 +114,7 @@ private slots:
         QTest::newRow("trailing blank") << QStringLiteral("a ");
         QTest::newRow("at sign") << QStringLiteral("@home");
         QTest::newRow("looks like an object") << QStringLiteral("@Variant(x)");
-        QTest::newRow("all that has a letter of its own")
-            << QStringLiteral("a\a\b\f\n\r\t\v\"\\z");
+        QTest::newRow("all that has a letter of its own") << QStringLiteral("a\a\b\f\n\r\t\v\"\\z");
         QTest::newRow("digit after a number") << QStringLiteral("\x01\x66\x31g1");
         QTest::newRow("Russian") << QStringLiteral("Документы");
         QTest::newRow("null character") << QString(QChar(0)) + QLatin1Char('7');
