@@ -220,6 +220,22 @@ private slots:
         QCOMPARE(fixture.probe().rfg_series()[1]->count(), 0);
     }
 
+    void aTraceLoadedBesideTheMasterIsDrawnAloneAndOneOverItRedrawsAll()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openDifference(fixture, { rising(), rising(), rising() });
+        const MainWindowProbe &probe = fixture.probe();
+        const QString other
+            = fixture.trace(QStringLiteral("other.tdr"), TraceBuilder().samples(40));
+        window.add_Selected_RFG(other, 1);
+        QCOMPARE(probe.rfg_series()[1]->at(0).y(), -40.0);
+        QCOMPARE(probe.rfg_series()[2]->at(0).y(), 0.0);
+        window.add_Selected_RFG(other, 0);
+        QCOMPARE(probe.rfg_series()[0]->at(0).y(), 40.0);
+        QCOMPARE(probe.rfg_series()[1]->at(0).y(), 0.0);
+        QCOMPARE(probe.rfg_series()[2]->at(0).y(), 40.0);
+    }
+
     void enteringTheModeRefreshesTheSelectedSlotsReadouts()
     {
         WindowFixture fixture;

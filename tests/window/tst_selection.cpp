@@ -266,6 +266,9 @@ private slots:
         window.addremove_aux(2, true);
         QVERIFY(showsVisible(fixture, 2, false));
         QCOMPARE(window.getMasterID(), 0);
+        window.addremove_aux(0, true);
+        QVERIFY(showsVisible(fixture, 0, true));
+        QCOMPARE(window.getMasterID(), 0);
     }
 
     // ---- Menu ----

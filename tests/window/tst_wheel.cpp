@@ -102,6 +102,21 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 0);
     }
 
+    void theWheelOnAnyOtherControlMovesNothing()
+    {
+        openOn(tracesOfSteps({ 5.0F }));
+        window().cursorSetup_slot(40);
+        const int parameter = probe().param_dial()->trueValue;
+        QWidget *const others[] = { probe().legend_button(), probe().KU_button(),
+                                    probe().scale_button(), probe().curA_button() };
+        for (QWidget *other : others) {
+            input::wheel(other, 120);
+            QCOMPARE(probe().cursor_dial()->trueValue, 40);
+            QCOMPARE(probe().param_dial()->trueValue, parameter);
+            QCOMPARE(probe().master_scale(), 2);
+        }
+    }
+
     void theWheelOnTheParameterDial_data()
     {
         QTest::addColumn<int>("id");
