@@ -12,11 +12,14 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -241,12 +244,46 @@ private slots:
         QCOMPARE(probe().master_scale(), before + 1);
     }
 
+    void theMenuOfATraceIsOpenedFromOutside()
+    {
+        openAndAttach();
+        QAccessibleInterface *trace = interfaceOf(probe().selected_rfg()[1]);
+        QVERIFY(trace->state().hasPopup);
+        QVERIFY(!interfaceOf(probe().smooth_button())->state().hasPopup);
+        const QString showMenu = QAccessibleActionInterface::showMenuAction();
+        QVERIFY(trace->actionInterface()->actionNames().contains(showMenu));
+        QString title;
+        // The menu has an event loop of its own.
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&title] {
+            if (const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+                title = menu->title();
+                QApplication::activePopupWidget()->close();
+            }
+        });
+        watch.start(20);
+        trace->actionInterface()->doAction(showMenu);
+        QTRY_COMPARE(title, probe().selected_rfg()[1]->name);
+    }
+
+    void theFocusIsSetFromOutside()
+    {
+        openAndAttach();
+        QApplication::setActiveWindow(&window());
+        QAccessibleActionInterface *settings
+            = interfaceOf(probe().settings_button())->actionInterface();
+        settings->doAction(QAccessibleActionInterface::setFocusAction());
+        QVERIFY(probe().settings_button()->hasFocus());
+        QVERIFY(interfaceOf(probe().settings_button())->state().focused);
+    }
+
     void aDialIsSetFromOutsideWithinItsLimits()
     {
         openAndAttach();
         QAccessibleValueInterface *dial = interfaceOf(probe().cursor_dial())->valueInterface();
         QCOMPARE(dial->minimumValue().toInt(), probe().cursor_dial()->trueMin);
         QCOMPARE(dial->maximumValue().toInt(), probe().cursor_dial()->trueMax);
+        QCOMPARE(dial->minimumStepSize().toInt(), 1);
         dial->setCurrentValue(24);
         QCOMPARE(probe().cursor_A_pos(), 24);
         QCOMPARE(dial->currentValue().toInt(), 24);
