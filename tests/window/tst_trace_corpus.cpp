@@ -55,7 +55,7 @@ QString quoted(const QString &text)
 
 QString pointsText(const QXYSeries &series)
 {
-    const auto points = series.pointsVector();
+    const QVector<QPointF> points = qtcompat::pointsOf(series);
     if (points.isEmpty())
         return QStringLiteral("none");
     double low = points[0].y();
