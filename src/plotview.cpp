@@ -65,7 +65,8 @@ void PlotView::cursorMoved(const QGraphicsItem *chart)
     m_chart = ratio == std::floor(ratio) ? chart : nullptr;
     // Over the picture little is painted, and only where the cursor was and is; that saves half of
     // such a frame.
-    if (m_keepsPicture && m_chart != nullptr && m_framesToWait == 0)
+    if (qtcompat::linesTellWhereTheyWere && m_keepsPicture && m_chart != nullptr
+        && m_framesToWait == 0)
         setViewportUpdateMode(MinimalViewportUpdate);
 }
 

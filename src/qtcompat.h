@@ -73,6 +73,14 @@ template <typename Series> QVector<QPointF> pointsOf(const Series &series)
 #endif
 }
 
+/// Whether a line of the chart that moves has the place repainted that it leaves, not only the one
+/// that it comes to. In Qt 6 a level line is left standing where nothing else covers both.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+constexpr bool linesTellWhereTheyWere = true;
+#else
+constexpr bool linesTellWhereTheyWere = false;
+#endif
+
 /// What \a icon shows in \a window in \a size units, in the pixels that are there for it.
 inline QPixmap pixmapOf(const QIcon &icon, QWindow *window, QSize size)
 {
