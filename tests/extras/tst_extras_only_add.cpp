@@ -7,10 +7,16 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int scripts = 3 * 2 * 3; ///< sizes, languages, modes
 constexpr int patienceMs = 600000;
+
+/// Whether a control lights up once a menu has gone is a matter of time, and two runs of one and
+/// the same program can differ in it. What the extras change is there in every run.
+constexpr int attempts = 3;
 
 struct Run
 {
@@ -97,16 +103,24 @@ private slots:
 
 void TestExtrasOnlyAdd::bothBuildsLookAlikeAfterEveryEvent()
 {
-    const Run with = replay(VELKOR_REPLAY_WITH);
-    QVERIFY2(with.good, with.errors.constData());
-    const Run without = replay(VELKOR_REPLAY_WITHOUT);
-    QVERIFY2(without.good, without.errors.constData());
-
-    QCOMPARE(with.lines.size(), without.lines.size());
-    for (int number = 0; number < without.lines.size(); ++number)
-        if (with.lines.at(number) != without.lines.at(number))
-            QFAIL(qPrintable(QString::fromUtf8(without.lines.at(number)) + QLatin1Char('\n')
-                             + difference(number)));
+    QString found;
+    Run without;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const Run with = replay(VELKOR_REPLAY_WITH);
+        QVERIFY2(with.good, with.errors.constData());
+        without = replay(VELKOR_REPLAY_WITHOUT);
+        QVERIFY2(without.good, without.errors.constData());
+        QCOMPARE(with.lines.size(), without.lines.size());
+        const auto differing
+            = std::mismatch(without.lines.cbegin(), without.lines.cend(), with.lines.cbegin());
+        found.clear();
+        if (differing.first == without.lines.cend())
+            break;
+        const auto number = static_cast<int>(differing.first - without.lines.cbegin());
+        found = QString::fromUtf8(*differing.first) + QLatin1Char('\n') + difference(number);
+        qInfo("%s", qPrintable(found));
+    }
+    QVERIFY2(found.isEmpty(), qPrintable(found));
     QVERIFY(tellsOfEverything(without.lines));
 }
 
