@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QPixmap>
 #include <QPointF>
+#include <QString>
 #include <QVector>
 #include <QWindow>
 #include <QtGlobal>
@@ -70,6 +71,17 @@ template <typename Series> QVector<QPointF> pointsOf(const Series &series)
     return series.points();
 #else
     return series.pointsVector();
+#endif
+}
+
+/// What the toolkit takes \a bytes for that stand in a settings file as they are. It writes none
+/// beyond ASCII itself.
+inline QString settingsText(const QByteArray &bytes)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return QString::fromLatin1(bytes);
+#else
+    return QString::fromUtf8(bytes);
 #endif
 }
 
