@@ -22,7 +22,6 @@ namespace {
 qint64 heapInUse()
 {
 #ifdef VELKOR_SANITIZED_HEAP
-    // The resident size means little here: freed memory is kept for a while to catch its users.
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
     malloc_trim(0);
@@ -37,10 +36,12 @@ Footprint Footprint::taken()
 {
     Footprint footprint;
     footprint.heap = heapInUse();
+#ifndef VELKOR_SANITIZED_HEAP
     QFile pages(QStringLiteral("/proc/self/statm"));
     if (pages.open(QIODevice::ReadOnly))
         footprint.resident
             = pages.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
+#endif
     const QDir open(QStringLiteral("/proc/self/fd"));
     footprint.descriptors = static_cast<int>(
         open.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size());

@@ -7,7 +7,9 @@
 /// What this process holds of the machine.
 struct Footprint
 {
-    qint64 resident = 0; ///< memory in use as the system counts it, bytes
+    /// Memory in use as the system counts it, bytes. 0 where the heap is a sanitizer's, which keeps
+    /// what was freed to catch its users: there it grows and says nothing.
+    qint64 resident = 0;
     qint64 heap = 0; ///< bytes that were asked for and not given back
     int descriptors = 0; ///< open files, sockets, pipes
 

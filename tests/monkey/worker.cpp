@@ -60,9 +60,7 @@ QStringList grown(const Footprint &now, const QVector<Footprint> &warmUp)
                               .arg(now.*member));
     };
     compare("heap", &Footprint::heap, heapGrowth);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(VELKOR_SANITIZED)
     compare("resident memory", &Footprint::resident, residentGrowth);
-#endif
     compare("descriptors", &Footprint::descriptors, descriptorGrowth);
     return broken;
 }
