@@ -15,13 +15,11 @@
 #include "shares.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGraphicsView>
 #include <QMenu>
 #include <QMimeData>
-#include <QPixmapCache>
 #include <QPushButton>
 #include <QUrl>
 #include <QtTest>
@@ -105,9 +103,6 @@ void Player::comeToRest()
     m_fixture.window().showNormal();
     m_fixture.window().resize(constants::minWindowWidth, constants::minWindowHeight);
     WindowFixture::settle();
-    // Pictures of the toolkit's and of the clipboard, which come and go.
-    QPixmapCache::clear();
-    QApplication::clipboard()->clear();
 }
 
 QWidget *Player::plot() const
