@@ -61,6 +61,10 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     case QEvent::MouseButtonPress:
+        // A press of the program's own stands for a key: the keyboard stays where it is.
+        if (watched == m_control && event->spontaneous())
+            leave();
+        break;
     case QEvent::Hide:
         if (watched == m_control)
             leave();

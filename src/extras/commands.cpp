@@ -38,9 +38,11 @@ int cursorStep(const MainWindow &window)
 
 void placeCursor(MainWindow &window, qint64 column)
 {
+    const int cursor = window.state().Cur_flag;
+    if (cursor == MainWindow::DELTA)
+        return;
     window.cursorSetup_slot(calc::saturated(column));
     // A wheel has a pointer on the plot that shows where it works; a key has nothing but the view.
-    const int cursor = window.state().Cur_flag;
     if (!window.isCursor_visible(cursor))
         window.gotoCursor(cursor);
 }

@@ -112,8 +112,9 @@ const Key keysOnPlot[] = {
     { { Qt::Key_Down, {} }, Repeated, [](Window &w) { turnParameter(w, -1); } },
 };
 
-/// What is typed by a key on which an English keyboard has something else. Nothing of it can be
-/// mistaken for another key: no keyboard has both.
+/// What is typed by a key on which an English keyboard has something else. Marks stand where each
+/// keyboard has them: a Russian one has "." and "," on one key at the right, so the page of keys
+/// names the arrows of the plot as well.
 int onEnglishKeyboard(int key)
 {
     struct Place

@@ -38,8 +38,12 @@ QString precisely(double value)
 /// \a path in as many lines as it needs.
 QString folded(QString path)
 {
-    for (int end = longestLine; end < path.size(); end += longestLine + 1)
+    for (int end = longestLine; end < path.size(); end += longestLine + 1) {
+        // A rare letter is two units, which stay together.
+        if (path.at(end - 1).isHighSurrogate())
+            --end;
         path.insert(end, QLatin1Char('\n'));
+    }
     return path;
 }
 

@@ -110,6 +110,7 @@ public:
             note(window, session.act());
         fixture.close();
         m_out << "closed | " << keptSettings().join(QLatin1Char(' ')) << '\n';
+        ++m_number;
     }
 
 private:
