@@ -54,7 +54,8 @@ Decoded decoded(const QString &sheet)
                    && isHexDigit(sheet[i + digits]))
                 ++digits;
             bool fits = false;
-            const ushort code = sheet.mid(i, digits).toUShort(&fits, 16);
+            const QString number = sheet.mid(i, digits);
+            const ushort code = number.toUShort(&fits, 16);
             // Any other backslash is left out, as the toolkit does, and what follows stands as it
             // is.
             if (!fits)
@@ -184,10 +185,10 @@ QString style_text::withoutPipes(const QString &sheet)
               [](const Stretch &a, const Stretch &b) { return a.begin < b.begin; });
     QString rest;
     int done = 0;
-    for (const Stretch &name : names) {
+    for (const Stretch &name : qAsConst(names)) {
         const int begin = plain.origin[name.begin];
         if (begin > done)
-            rest += sheet.mid(done, begin - done);
+            rest.append(sheet.constData() + done, begin - done);
         done = qMax(done, plain.origin[name.end]);
     }
     return rest + sheet.mid(done);
