@@ -19,7 +19,7 @@ namespace {
 constexpr int lapLength = 500;
 constexpr int warmUpLaps = 12;
 // Caches of fonts, pictures and glyphs grow for a while whatever one does, and the pictures that
-// a window keeps of itself are as large as it last was: that is up to 20 MiB, to and fro.
+// a window keeps of itself are as large as it last was: that is up to 20 MiB, up and down.
 constexpr qint64 heapGrowth = 32 << 20;
 constexpr qint64 residentGrowth = 64 << 20;
 constexpr int descriptorGrowth = 2;
