@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzzer.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -28,6 +29,12 @@ void fuzz::silenceLog()
 void fuzz::runOffscreen()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+void fuzz::settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 bool fuzz::replaying = false;

@@ -75,8 +75,7 @@ void apply(const QString &path, const QTemporaryDir &folder)
         file.clear();
     live.loadSettings(path, constants::allSections);
     live.updateSettings(constants::allSections);
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    fuzz::settle();
     fuzz::checkWindow(MainWindowProbe(*window));
     savedAndLoaded(live, folder);
 }
@@ -90,7 +89,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     new QApplication(*argc, *argv);
     window = new MainWindow;
     window->show();
-    QCoreApplication::processEvents();
+    fuzz::settle();
     return 0;
 }
 

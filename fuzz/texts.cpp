@@ -20,12 +20,6 @@ namespace {
 
 MainWindow *window = nullptr;
 
-void settle()
-{
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 int knownLanguages(const SettingsData &settings)
 {
     int count = 0;
@@ -53,7 +47,7 @@ void languages(QByteArray bytes, bool speak)
     if (speak && known > 0) {
         live.current_language = live.languageList[known - 1].CODE;
         live.setTranslation();
-        settle();
+        fuzz::settle();
     }
 }
 
@@ -67,7 +61,7 @@ void styleSheet(const QByteArray &bytes)
     live.parse_CSS();
     expect(live.current_CSS.isEmpty() || live.current_CSS.toLatin1() == bytes,
            "a style sheet is taken as it is or not at all");
-    settle();
+    fuzz::settle();
 }
 
 } // namespace
@@ -79,7 +73,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     new QApplication(*argc, *argv);
     window = new MainWindow;
     window->show();
-    settle();
+    fuzz::settle();
     return 0;
 }
 

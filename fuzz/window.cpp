@@ -36,7 +36,7 @@ public:
     {
         m_window->show();
         m_window->resize(constants::minWindowWidth, constants::minWindowHeight);
-        settle();
+        fuzz::settle();
     }
 
     void run(const fuzz::WindowInput &input);
@@ -53,7 +53,6 @@ private:
     void speak(bool russian);
     void check() const;
     void paint();
-    static void settle();
 
     void selectTrace(int with);
     void makeMaster(int with);
@@ -99,12 +98,6 @@ void choose(QAction *action)
         action->trigger();
 }
 
-void Subject::settle()
-{
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 void Subject::check() const
 {
     fuzz::checkWindow(m_probe);
@@ -129,7 +122,7 @@ void Subject::run(const fuzz::WindowInput &input)
         (this->*deeds[step.kind % std::size(deeds)].act)(step.with);
         check();
     }
-    settle();
+    fuzz::settle();
 }
 
 // The window as it was, so that an input does the same whatever came before it. Six good records

@@ -168,6 +168,19 @@ private slots:
         QVERIFY(!frame()->isVisible());
     }
 
+    void aPressOfTheProgramsOwnLeavesTheFrame()
+    {
+        openAndAttach();
+        press(Qt::Key_Tab);
+        QWidget *control = QApplication::focusWidget();
+        // As a key does that types in a value: the entry opens by a press of the right button.
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), Qt::RightButton, Qt::RightButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(control, &event);
+        QVERIFY(frame()->isVisible());
+        QCOMPARE(frame()->geometry(), placeOf(control));
+    }
+
     void theFrameFollowsItsControl()
     {
         openAndAttach();

@@ -146,10 +146,10 @@ private slots:
     void aSessionIsFoundAgainAtTheNextStart()
     {
         using Step = void (TestEndToEnd::*)();
-        for (const Step step :
-             { &TestEndToEnd::start, &TestEndToEnd::openTwoFiles, &TestEndToEnd::selectTheSecond,
-               &TestEndToEnd::dragTheCursor, &TestEndToEnd::typeAVelocityFactor,
-               &TestEndToEnd::zoomOut, &TestEndToEnd::switchToRussian }) {
+        for (const Step step : { &TestEndToEnd::start, &TestEndToEnd::openTwoFiles,
+                                 &TestEndToEnd::selectTheSecond, &TestEndToEnd::dragTheCursor,
+                                 &TestEndToEnd::typeAVelocityFactor, &TestEndToEnd::stepByKeys,
+                                 &TestEndToEnd::zoomOut, &TestEndToEnd::switchToRussian }) {
             (this->*step)();
             if (QTest::currentTestFailed())
                 return;
@@ -220,6 +220,22 @@ private:
         QVERIFY(m_screen.waitUntilGone(QStringLiteral("^KU$")));
         QVERIFY(waitForChange(velocityCaption, factor));
         QVERIFY(waitForChange(distanceReadout, distance));
+    }
+
+    /// Where the program is built with the keys: to the left by ten samples, and back.
+    void stepByKeys()
+    {
+        const QVector<int> before = yellowColumns(m_screen.picture(), inWindow(plot));
+        m_screen.key(QStringLiteral("shift+comma"));
+#ifdef VELKOR_EXTRAS
+        QVERIFY(m_screen.waitUntil([&](const QImage &screen) {
+            const QVector<int> columns = yellowColumns(screen, inWindow(plot));
+            return !columns.isEmpty() && std::abs(before.first() - columns.first() - 10 * 2) <= 3;
+        }));
+#endif
+        m_screen.key(QStringLiteral("shift+period"));
+        QVERIFY(m_screen.waitUntil(
+            [&](const QImage &screen) { return yellowColumns(screen, inWindow(plot)) == before; }));
     }
 
     void zoomOut()

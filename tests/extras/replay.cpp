@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "accessibility/accessibility.h"
 #include "cont_dial.h"
 #include "hand.h"
 #include "session.h"
@@ -10,11 +11,9 @@
 #include "extras/extras.h"
 #endif
 
-#include <QAction>
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QDragEnterEvent>
-#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QPushButton>
@@ -31,9 +30,8 @@
 /// script the names of the settings that were kept. Built once with the extras and once without, in
 /// the two ways in which the program itself is built.
 ///
-///     replay [number folder]
-///
-/// With a number it also saves state and picture after the event of that line in the folder.
+///     replay [number folder]     also saves state and picture after the event of that line there
+///     replay tell                only tells whether the extras are there
 
 namespace {
 
@@ -72,6 +70,29 @@ QByteArray hashOf(const QImage &picture)
         + hash.result().toHex();
 }
 
+/// As the program does it, in both of its builds.
+void attachAll(MainWindow &window)
+{
+    accessibility::attach(window);
+#ifdef VELKOR_EXTRAS
+    extras::attach(window);
+#endif
+}
+
+/// Prints whether the key that stands for the difference switches it, and whether the extras'
+/// catalogues are linked.
+void tell()
+{
+    WindowFixture fixture;
+    MainWindow &window = fixture.open();
+    attachAll(window);
+    QTest::sendKeyEvent(QTest::Click, &window, Qt::Key_D, QString(), Qt::NoModifier);
+    const bool attached = MainWindowProbe(window).difference_button()->isChecked();
+    QTextStream(stdout) << (attached ? "attached" : "alone") << ", "
+                        << (QFile::exists(QStringLiteral(":/extras")) ? "linked" : "not linked")
+                        << '\n';
+}
+
 class Replay
 {
 public:
@@ -87,9 +108,7 @@ public:
         const QStringList traces = sessionTraces(fixture);
         WindowFixture::writePreviousRun(traces);
         MainWindow &window = fixture.open();
-#ifdef VELKOR_EXTRAS
-        extras::attach(window);
-#endif
+        attachAll(window);
         const MainWindowProbe probe(window);
         // Where nothing lights up under the pointer: whether it would, after a menu, is a matter of
         // time.
@@ -157,32 +176,13 @@ private:
         return settings.allKeys();
     }
 
-    /// What the window is made of, and what its menus offer.
-    static QString outfitOf(const MainWindow &window)
-    {
-        QStringList lines;
-        const auto widgets = window.findChildren<QWidget *>();
-        for (const QWidget *widget : widgets)
-            lines.append(QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ')
-                         + widget->objectName() + QLatin1Char(' ') + widget->toolTip());
-        const auto menus = window.findChildren<QMenu *>();
-        for (const QMenu *menu : menus) {
-            const auto entries = menu->actions();
-            for (const QAction *entry : entries)
-                lines.append(entry->text() + QLatin1Char(' ') + entry->shortcut().toString());
-        }
-        lines.append(QStringLiteral("%1 actions").arg(window.findChildren<QAction *>().size()));
-        return lines.join(QLatin1Char('\n'));
-    }
-
     void note(MainWindow &window, const QString &event)
     {
         // A repaint may ask for a layout, and that for a repaint.
         for (int i = 0; i < 3; ++i)
             WindowFixture::settle();
         const QByteArray state
-            = (stateOf(window).join(QLatin1Char('\n')) + QLatin1Char('\n') + outfitOf(window))
-                  .toUtf8();
+            = (stateOf(window) + outfitOf(window)).join(QLatin1Char('\n')).toUtf8();
         const QImage picture = withoutLetters(window);
         m_out << event << " | " << hashOf(state) << " | " << hashOf(picture) << '\n';
         m_out.flush();
@@ -221,6 +221,10 @@ int main(int argc, char **argv)
     // A session answers file dialogs; a desktop's own could not be reached.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
+    if (argc == 2 && QByteArray(argv[1]) == "tell") {
+        tell();
+        return 0;
+    }
     Wish wish;
     if (argc == 3) {
         wish.number = QByteArray(argv[1]).toInt();

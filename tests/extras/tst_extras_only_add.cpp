@@ -98,8 +98,16 @@ class TestExtrasOnlyAdd : public QObject
     Q_OBJECT
 
 private slots:
+    void onlyOneOfThemHasTheExtras();
     void bothBuildsLookAlikeAfterEveryEvent();
 };
+
+void TestExtrasOnlyAdd::onlyOneOfThemHasTheExtras()
+{
+    const QStringList tell{ QStringLiteral("tell") };
+    QCOMPARE(replay(VELKOR_REPLAY_WITH, tell).lines.value(0), QByteArray("attached, linked"));
+    QCOMPARE(replay(VELKOR_REPLAY_WITHOUT, tell).lines.value(0), QByteArray("alone, not linked"));
+}
 
 void TestExtrasOnlyAdd::bothBuildsLookAlikeAfterEveryEvent()
 {

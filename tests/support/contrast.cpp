@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
@@ -27,4 +28,10 @@ double contrast(QRgb one, QRgb other)
     const double a = luminance(one) + 0.05;
     const double b = luminance(other) + 0.05;
     return std::max(a, b) / std::min(a, b);
+}
+
+int apart(QRgb one, QRgb other)
+{
+    return std::max({ std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
+                      std::abs(qBlue(one) - qBlue(other)) });
 }

@@ -8,11 +8,13 @@
 #include "mainwindowprobe.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QGuiApplication>
 #include <QHash>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QScreen>
 
@@ -129,6 +131,12 @@ void addControls(const MainWindow &window, QStringList &lines)
                          .arg(button->isChecked())
                          .arg(button->isEnabled())
                          .arg(button->font().toString()));
+    const auto entries = window.findChildren<QAction *>();
+    for (const QAction *entry : entries)
+        lines.append(QStringLiteral("entry '%1': ticked %2, enabled %3")
+                         .arg(entry->text())
+                         .arg(entry->isChecked())
+                         .arg(entry->isEnabled()));
     const auto labels = window.findChildren<QLabel *>();
     for (const QLabel *label : labels)
         if (qobject_cast<const DateTime_lbl *>(label) == nullptr)
@@ -175,7 +183,27 @@ QStringList stateOf(MainWindow &window)
                      .arg(probe.rfg_ID())
                      .arg(probe.rfg_master_ID())
                      .arg(probe.master_is_set()));
+    lines.append(QStringLiteral("wheel: %1").arg(probe.zoom_wheel_flag()));
     addControls(window, lines);
+    return lines;
+}
+
+QStringList outfitOf(const MainWindow &window)
+{
+    QStringList lines;
+    const auto widgets = window.findChildren<QWidget *>();
+    for (const QWidget *widget : widgets)
+        lines.append(QStringLiteral("widget: %1 '%2' tooltip '%3'")
+                         .arg(QLatin1String(widget->metaObject()->className()),
+                              widget->objectName(), widget->toolTip()));
+    const auto menus = window.findChildren<QMenu *>();
+    for (const QMenu *menu : menus) {
+        const auto entries = menu->actions();
+        for (const QAction *entry : entries)
+            lines.append(QStringLiteral("entry: '%1' key '%2'")
+                             .arg(entry->text(), entry->shortcut().toString()));
+    }
+    lines.append(QStringLiteral("actions: %1").arg(window.findChildren<QAction *>().size()));
     return lines;
 }
 

@@ -13,6 +13,10 @@ class MainWindow;
 /// of every control. Two windows with equal lines will go on alike.
 QStringList stateOf(MainWindow &window);
 
+/// What \a window is made of and offers, a line for each widget and each entry of its menus. No use
+/// of the window changes these lines, but a change of language does.
+QStringList outfitOf(const MainWindow &window);
+
 /// What a user sees: \a window as the offscreen platform last had it from the program, without the
 /// clock, which shows another second each time. Only what was painted by itself is in it.
 QImage screenOf(MainWindow &window);

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "contrast.h"
 #include "legendbutton.h"
 #include "settingsdata.h"
 #include "straightforward.h"
@@ -20,12 +21,6 @@ namespace {
 // As many pixels as the toolkit may leave of an antialiased end beside what is painted anew.
 constexpr int residue = 16;
 constexpr int letterRounding = 64; ///< of 255, for the edges of an outlined letter
-
-int apart(QRgb a, QRgb b)
-{
-    return std::max(
-        { qAbs(qRed(a) - qRed(b)), qAbs(qGreen(a) - qGreen(b)), qAbs(qBlue(a) - qBlue(b)) });
-}
 
 /// How many pixels of the screen are not those of the window painted anew.
 int stalePixels(MainWindow &window)

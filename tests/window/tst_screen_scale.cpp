@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "contrast.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "screen_scale.h"
@@ -41,12 +42,6 @@ bool isNear(const QRectF &one, const QRectF &other)
         && std::abs(one.top() - other.top()) <= unitsOff
         && std::abs(one.right() - other.right()) <= unitsOff
         && std::abs(one.bottom() - other.bottom()) <= unitsOff;
-}
-
-int apart(QRgb a, QRgb b)
-{
-    return std::max(
-        { qAbs(qRed(a) - qRed(b)), qAbs(qGreen(a) - qGreen(b)), qAbs(qBlue(a) - qBlue(b)) });
 }
 
 /// How many pixels in the part of the screen that the platform hands out are not those of the

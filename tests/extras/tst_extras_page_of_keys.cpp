@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialoganswer.h"
+#include "extras/keys.h"
+#include "threetraces.h"
+#include "windowstate.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSettings>
+#include <QToolTip>
+#include <QtTest>
+
+namespace {
+
+/// A key with modifiers as the toolkit and, but for a few, the page writes it: "Shift+F2".
+QString nameOf(int key, Qt::KeyboardModifiers modifiers)
+{
+    return QKeySequence(key | int(modifiers)).toString();
+}
+
+QStringList sorted(const QSet<QString> &names)
+{
+    QStringList list = names.values();
+    list.sort();
+    return list;
+}
+
+/// The keys that a cell of the page names: "N, P", "Ctrl++, Ctrl+-", ", and .", "1 to 6". Adds to
+/// \a names; false when there is something in it that is no key.
+bool readCell(const QString &cell, QSet<QString> &names)
+{
+    static const QRegularExpression key(QStringLiteral(
+        "\\G(?:от )?((?:Ctrl\\+|Shift\\+)*(?:F\\d|Home|End|Delete|Page Up|Page Down|[^а-я]))"));
+    static const QRegularExpression between(
+        QStringLiteral("\\G(?:, | and | or | to | и | или | до )"));
+    QChar rangeFrom;
+    for (int at = 0;;) {
+        const auto found = key.match(cell, at);
+        if (!found.hasMatch())
+            return false;
+        QString name = found.captured(1);
+        name.replace(QLatin1String("Page "), QLatin1String("Pg"));
+        name.replace(QLatin1String("Delete"), QLatin1String("Del"));
+        for (ushort c = rangeFrom.unicode(); c != 0 && c < name.at(0).unicode(); ++c)
+            names.insert(QChar(c));
+        names.insert(name);
+        at = found.capturedEnd();
+        if (at == cell.size())
+            return true;
+        const auto separator = between.match(cell, at);
+        if (!separator.hasMatch())
+            return false;
+        const bool isRange = separator.captured() == QStringLiteral(" to ")
+            || separator.captured() == QStringLiteral(" до ");
+        rangeFrom = isRange ? name.at(0) : QChar();
+        at = separator.capturedEnd();
+    }
+}
+
+/// The keys of the window that the page in \a language names; what could not be read goes to
+/// \a unread.
+QSet<QString> keysOfPage(const QByteArray &language, QStringList &unread)
+{
+    QFile file(
+        QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QString::fromLatin1(language)));
+    if (!file.open(QIODevice::ReadOnly)) {
+        unread.append(file.errorString());
+        return {};
+    }
+    QSet<QString> names;
+    // Tables with a column more are about dialogs, and others about the pointer.
+    static const QRegularExpression head(QStringLiteral("^\\| (Key|Клавиша) \\| [^|]* \\|$"));
+    static const QRegularExpression row(QStringLiteral("^\\| (.+?) \\| [^|]* \\|$"));
+    bool inTable = false;
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const auto found = row.match(line);
+        if (!found.hasMatch())
+            inTable = inTable && line.startsWith(QLatin1String("|-"));
+        else if (head.match(line).hasMatch())
+            inTable = true;
+        // The desktop's own.
+        else if (inTable && !found.captured(1).startsWith(QLatin1String("Alt+F4"))
+                 && !readCell(found.captured(1), names))
+            unread.append(line);
+    }
+    return names;
+}
+
+/// Every key of a keyboard with English letters. Marks that are typed with Shift are left to those
+/// below them.
+QVector<int> allKeys()
+{
+    QVector<int> keys;
+    for (int key = Qt::Key_Space; key <= Qt::Key_AsciiTilde; ++key)
+        if (!QStringLiteral("<>{}=").contains(QChar(key)))
+            keys.append(key);
+    for (int key = Qt::Key_Escape; key <= Qt::Key_PageDown; ++key)
+        keys.append(key);
+    for (int key = Qt::Key_F1; key <= Qt::Key_F12; ++key)
+        keys.append(key);
+    return keys;
+}
+
+/// Which keys do something, with which modifiers, in a window that is used by each of them in turn.
+/// Dialogs that open are cancelled.
+QSet<QString> keysThatCount(MainWindow &window, bool onPlot)
+{
+    QSet<QString> counting;
+    const QVector<int> keys = allKeys();
+    for (const int key : keys) {
+        // The digits and "+" need Shift on some keyboards and mean the same with it.
+        const bool either = key == Qt::Key_Plus || (key >= Qt::Key_0 && key <= Qt::Key_9);
+        for (const Qt::KeyboardModifiers modifiers :
+             { Qt::KeyboardModifiers(Qt::NoModifier), Qt::KeyboardModifiers(Qt::ShiftModifier),
+               Qt::KeyboardModifiers(Qt::ControlModifier), Qt::KeyboardModifiers(Qt::AltModifier),
+               Qt::ControlModifier | Qt::ShiftModifier }) {
+            const auto answer = answerDialog(cancelDialog);
+            const QKeyEvent event(QEvent::KeyPress, key, modifiers);
+            if (extras::keyPressed(window, event, onPlot))
+                counting.insert(nameOf(key, either ? modifiers & ~Qt::ShiftModifier : modifiers));
+            WindowFixture::settle();
+        }
+    }
+    return counting;
+}
+
+/// What came or went between two lists of lines.
+QSet<QString> changesOf(const QStringList &before, const QStringList &after)
+{
+    QHash<QString, int> count;
+    for (const QString &line : after)
+        ++count[line];
+    for (const QString &line : before)
+        --count[line];
+    QSet<QString> changes;
+    for (auto line = count.cbegin(); line != count.cend(); ++line)
+        if (line.value() != 0)
+            changes.insert(QStringLiteral("%1 (%2)").arg(line.key()).arg(line.value()));
+    return changes;
+}
+
+QStringList namesOfSettings()
+{
+    return QSettings(WindowFixture::settingsFile(), QSettings::IniFormat).allKeys();
+}
+
+} // namespace
+
+/// The manual's page of keys against the keys, and what their use leaves behind.
+class TestExtrasPageOfKeys : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void thePageNamesEachKeyAndNoOther_data();
+    void thePageNamesEachKeyAndNoOther();
+    void onThePlotTheArrowsCountAsWell();
+    void nothingStaysBehind();
+};
+
+void TestExtrasPageOfKeys::initTestCase()
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
+
+void TestExtrasPageOfKeys::thePageNamesEachKeyAndNoOther_data()
+{
+    QTest::addColumn<QByteArray>("language");
+    QTest::newRow("English") << QByteArray("en");
+    QTest::newRow("Russian") << QByteArray("ru");
+}
+
+void TestExtrasPageOfKeys::thePageNamesEachKeyAndNoOther()
+{
+    QFETCH(QByteArray, language);
+    QStringList unread;
+    const QSet<QString> named = keysOfPage(language, unread);
+    QCOMPARE(unread, QStringList());
+    WindowFixture fixture;
+    const QSet<QString> counting = keysThatCount(openThree(fixture), false);
+    QCOMPARE(sorted(named - counting), QStringList());
+    QCOMPARE(sorted(counting - named), QStringList());
+    QVERIFY(named.contains(QLatin1String("Shift+F2")) && named.contains(QLatin1String("4")));
+}
+
+void TestExtrasPageOfKeys::onThePlotTheArrowsCountAsWell()
+{
+    WindowFixture fixture;
+    QSet<QString> arrows = keysThatCount(openThree(fixture), true);
+    arrows -= keysThatCount(openThree(fixture), false);
+    QCOMPARE(sorted(arrows),
+             QStringList({ QStringLiteral("Down"), QStringLiteral("Left"), QStringLiteral("Right"),
+                           QStringLiteral("Shift+Left"), QStringLiteral("Shift+Right"),
+                           QStringLiteral("Up") }));
+}
+
+void TestExtrasPageOfKeys::nothingStaysBehind()
+{
+    WindowFixture fixture;
+    openThree(fixture, false);
+    fixture.close();
+    const QStringList kept = namesOfSettings();
+
+    MainWindow &window = openThree(fixture);
+    const QStringList outfit = outfitOf(window);
+    QVERIFY(!keysThatCount(window, true).isEmpty());
+    const auto widgets = window.findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        const QPoint middle = widget->rect().center();
+        QHelpEvent help(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
+        QCoreApplication::sendEvent(widget, &help);
+    }
+    WindowFixture::settle();
+    // The toolkit's label of the last tooltip goes by itself.
+    QToolTip::hideText();
+    QTRY_COMPARE(sorted(changesOf(outfit, outfitOf(window))), QStringList());
+    fixture.close();
+    QCOMPARE(namesOfSettings(), kept);
+}
+
+QTEST_MAIN(TestExtrasPageOfKeys)
+#include "tst_extras_page_of_keys.moc"
