@@ -55,6 +55,7 @@ private slots:
     void theDialogSpeaksTheWindowsLanguage();
     void cancellingSavesNothing();
     void noFileIsOverwrittenUnasked();
+    void whoeverAgreesOverwrites();
     void theFolderOfTheTracesStays();
     void whatCannotBeWrittenIsNotReported();
     void aFullDiskLeavesTheFileThatWasThere();
@@ -228,6 +229,35 @@ void TestExporting::noFileIsOverwrittenUnasked()
     }));
     QCOMPARE(proposed, QStringList{ path });
     QCOMPARE(contentOf(path), QByteArray("mine"));
+}
+
+void TestExporting::whoeverAgreesOverwrites()
+{
+    WindowFixture fixture;
+    MainWindow &window = openWith(fixture, { comb() });
+    extras::attach(window);
+    const QString path = fixture.path(QStringLiteral("report.v2.png"));
+    writeFile(path, "mine");
+    QTimer second;
+    second.setSingleShot(true);
+    QTimer question;
+    int questions = 0;
+    QVERIFY(exportWith(window, [&](QDialog &dialog) {
+        typeFileName(fixture.path(QStringLiteral("report.v2")))(dialog);
+        QObject::connect(&question, &QTimer::timeout, &dialog, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            ++questions;
+            question.stop();
+            box->button(QMessageBox::Yes)->click();
+        });
+        question.start(20);
+        QObject::connect(&second, &QTimer::timeout, &dialog, [&dialog] { dialog.accept(); });
+        second.start(100);
+    }));
+    QCOMPARE(questions, 1);
+    QVERIFY(!QImage(path).isNull());
 }
 
 void TestExporting::theFolderOfTheTracesStays()
