@@ -174,8 +174,9 @@ private slots:
         press(Qt::Key_Tab);
         QWidget *control = QApplication::focusWidget();
         // As a key does that types in a value: the entry opens by a press of the right button.
-        QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), Qt::RightButton, Qt::RightButton,
-                          Qt::NoModifier);
+        const QPoint at(5, 5);
+        QMouseEvent event(QEvent::MouseButtonPress, at, control->mapToGlobal(at), Qt::RightButton,
+                          Qt::RightButton, Qt::NoModifier);
         QCoreApplication::sendEvent(control, &event);
         QVERIFY(frame()->isVisible());
         QCOMPARE(frame()->geometry(), placeOf(control));
