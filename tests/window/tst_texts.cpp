@@ -40,22 +40,26 @@ QString text(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
-/// How often a window hears of a change of language.
-class Announcements : public QObject
+/// How often an object gets an event of one type.
+class Events : public QObject
 {
 public:
-    explicit Announcements(QObject &window)
+    Events(QObject *object, QEvent::Type type)
+        : m_type(type)
     {
-        window.installEventFilter(this);
+        object->installEventFilter(this);
     }
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::LanguageChange)
+        if (event->type() == m_type)
             ++count;
         return QObject::eventFilter(watched, event);
     }
 
     int count = 0;
+
+private:
+    const QEvent::Type m_type;
 };
 
 } // namespace
@@ -346,11 +350,28 @@ private slots:
     void everySwitchIsAnnouncedOnce()
     {
         open(1);
-        Announcements heard(fixture->window());
+        Events heard(&window(), QEvent::LanguageChange);
         for (const char *code : { "ru_RU", "ru_RU", "en_US", "ru_RU" }) {
             heard.count = 0;
             speak(code);
             QCOMPARE(heard.count, 1);
+        }
+    }
+
+    void everySwitchPaintsEachControlOnce()
+    {
+        open(2);
+        WindowFixture::settle();
+        const MainWindowProbe &p = probe();
+        for (QWidget *control :
+             QVector<QWidget *>{ p.KU_button(), p.curA_button(), p.param_dial(), p.smooth_button(),
+                                 p.selected_rfg()[0], p.Plot_View()->viewport() }) {
+            Events paints(control, QEvent::Paint);
+            for (const char *code : { "ru_RU", "en_US" }) {
+                paints.count = 0;
+                speak(code);
+                QCOMPARE(paints.count, 1);
+            }
         }
     }
 
