@@ -47,7 +47,7 @@ bool readCell(const QString &cell, QSet<QString> &names)
         for (ushort c = rangeFrom.unicode(); c != 0 && c < name.at(0).unicode(); ++c)
             names.insert(QChar(c));
         names.insert(name);
-        at = found.capturedEnd();
+        at = static_cast<int>(found.capturedEnd());
         if (at == cell.size())
             return true;
         const auto separator = between.match(cell, at);
@@ -56,7 +56,7 @@ bool readCell(const QString &cell, QSet<QString> &names)
         const bool isRange = separator.captured() == QStringLiteral(" to ")
             || separator.captured() == QStringLiteral(" до ");
         rangeFrom = isRange ? name.at(0) : QChar();
-        at = separator.capturedEnd();
+        at = static_cast<int>(separator.capturedEnd());
     }
 }
 
