@@ -15,8 +15,10 @@ int qMain(int argc, char **argv)
 {
     // The xcb platform loads OpenGL for a window of any kind, which costs a third of the start and
     // half of the memory, and nothing here draws with it. Somebody who set the variable meant it.
-    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
-        qputenv("QT_XCB_GL_INTEGRATION", "none");
+    constexpr auto integration = "QT_XCB_GL_INTEGRATION";
+    const bool isOurs = !qEnvironmentVariableIsSet(integration);
+    if (isOurs)
+        qputenv(integration, "none");
 
     const auto application = screen_scale::makeApplication(argc, argv);
     // The desktop entry of this window: a Wayland compositor takes name and icon from there.
@@ -29,6 +31,9 @@ int qMain(int argc, char **argv)
 #endif
     window.show();
     window.reportSizes();
+    // By now the platform has read it, and the browser that shows the manual is to have its own.
+    if (isOurs)
+        qunsetenv(integration);
     return QApplication::exec();
 }
 

@@ -25,8 +25,8 @@ int stepOf(const MainWindow &window, int slot)
     return calc::usableStep(window.state().rfg_DATA[slot].coef_from_min);
 }
 
-/// Counts of one notch of the wheel over the cursor dial.
-int cursorStep(const MainWindow &window)
+/// Of the wheel over the cursor dial.
+int countsOfNotch(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
     const int step = stepOf(window, state.rfg_ID);
@@ -34,17 +34,6 @@ int cursorStep(const MainWindow &window)
     if (state.diff_flag == MainWindow::NORMAL || !hasMaster)
         return step;
     return std::max(step, stepOf(window, state.rfg_master_ID));
-}
-
-void placeCursor(MainWindow &window, qint64 column)
-{
-    const int cursor = window.state().Cur_flag;
-    if (cursor == MainWindow::DELTA)
-        return;
-    window.cursorSetup_slot(calc::saturated(column));
-    // A wheel has a pointer on the plot that shows where it works; a key has nothing but the view.
-    if (!window.isCursor_visible(cursor))
-        window.gotoCursor(cursor);
 }
 
 LegendButton *selectedSlot(const MainWindow &window)
@@ -70,10 +59,21 @@ void pressRight(QWidget *button)
 
 } // namespace
 
+void placeCursor(MainWindow &window, qint64 column)
+{
+    const int cursor = window.state().Cur_flag;
+    if (cursor == MainWindow::DELTA)
+        return;
+    window.cursorSetup_slot(calc::saturated(column));
+    // A wheel has a pointer on the plot that shows where it works; a key has nothing but the view.
+    if (!window.isCursor_visible(cursor))
+        window.gotoCursor(cursor);
+}
+
 void moveCursor(MainWindow &window, int samples)
 {
     const int column = window.parts().cursor_dial->trueValue;
-    placeCursor(window, column + qint64{ samples } * cursorStep(window));
+    placeCursor(window, column + qint64{ samples } * countsOfNotch(window));
 }
 
 void moveCursorToEnd(MainWindow &window, bool last)

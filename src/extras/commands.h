@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QtGlobal>
+
 class MainWindow;
 
 /// \file
@@ -15,6 +17,10 @@ namespace extras {
 /// difference mode by the coarser ones of that trace and the master. A cursor that leaves the view
 /// takes the view along.
 void moveCursor(MainWindow &window, int samples);
+
+/// Places the active cursor at \a column, as its ordinary operation does. A cursor that is then out
+/// of view takes the view along. In delta mode, in which none is active, nothing happens.
+void placeCursor(MainWindow &window, qint64 column);
 
 /// Moves the active cursor to the first or, if \a last, the last drawn sample of the selected
 /// trace; in an empty slot to the edge of the view.

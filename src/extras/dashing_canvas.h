@@ -25,7 +25,7 @@ QLineF cutToPattern(const QLineF &line, const QRectF &area, double period);
 class DashingCanvas : public QPaintDevice
 {
 public:
-    /// Draws on \a picture, which must be there longer. Letters and lines have the size that they
+    /// Draws on \a picture, which must outlive it. Letters and lines have the size that they
     /// have on a screen of \a resolution dots per inch.
     DashingCanvas(QImage &picture, int resolution);
     ~DashingCanvas() override;

@@ -4,6 +4,7 @@
 
 #include "calc/numeric.h"
 #include "cont_dial.h"
+#include "extras/commands.h"
 #include "extras/reflections.h"
 #include "mainwindow.h"
 
@@ -27,16 +28,6 @@ QVector<QPointF> selectedSamples(const MainWindow &window)
     for (int i = 0; i < treads.size(); i += 2)
         samples.append(treads[i]);
     return samples;
-}
-
-void putCursor(MainWindow &window, int column)
-{
-    if (column < 0)
-        return;
-    window.cursorSetup_slot(column);
-    const int cursor = window.state().Cur_flag;
-    if (!window.isCursor_visible(cursor))
-        window.gotoCursor(cursor);
 }
 
 /// Column of the active cursor; -1 in delta mode.
@@ -72,14 +63,19 @@ void toNextReflection(MainWindow &window)
         return;
     // A cursor that snapping put left of the place asked for has been there all the same.
     const int reached = std::max(column, window.parts().cursor_dial->trueValue);
-    putCursor(window, nextColumn(reflectionColumns(window), reached));
+    const int next = nextColumn(reflectionColumns(window), reached);
+    if (next >= 0)
+        placeCursor(window, next);
 }
 
 void toPreviousReflection(MainWindow &window)
 {
     const int column = activeColumn(window.state());
-    if (column >= 0)
-        putCursor(window, previousColumn(reflectionColumns(window), column));
+    if (column < 0)
+        return;
+    const int previous = previousColumn(reflectionColumns(window), column);
+    if (previous >= 0)
+        placeCursor(window, previous);
 }
 
 } // namespace extras

@@ -164,7 +164,7 @@ QString Facts::ofVelocityFactor() const
                                     "The dial sets the velocity factor from %1 to %2,\n"
                                     "by %3 a step, for all traces"))
               .arg(precisely(double{ m_state.KU_min }), factor(calc::dialOfKU(m_state.KU_max)),
-                   precisely(constants::kuDialogStep));
+                   precisely(1 / double{ constants::kuDialUnits }));
     const double factorNow = double{ m_state.master_params.KU };
     return lines({ range, stepsPerTurn(m_window.settings()->param_dial_speed),
                    now(QString::number(factorNow, 'g', floatDigits)) });

@@ -27,7 +27,7 @@
 /// \file
 /// Plays the same scripts at the window whenever it is run, and prints after each event what the
 /// window is like then: "event | state | picture", the last two as hashes, and at the end of a
-/// script the names of the settings that were kept. Built once with the extras and once without, in
+/// script the settings that were kept. Built once with the extras and once without, in
 /// the two ways in which the program itself is built.
 ///
 ///     replay [number folder]     also saves state and picture after the event of that line there
@@ -70,7 +70,7 @@ QByteArray hashOf(const QImage &picture)
         + hash.result().toHex();
 }
 
-/// As the program does it, in both of its builds.
+/// What the program attaches, in both of its builds.
 void attachAll(MainWindow &window)
 {
     accessibility::attach(window);
@@ -116,19 +116,19 @@ public:
         window.resize(size);
         probe.settingsData()->current_language = QLatin1String(language);
         probe.settingsData()->setTranslation();
-        note(window, QLatin1String("opened"));
+        note(window, QLatin1String("opened ") + QLatin1String(language));
+        keysOfControls(window);
         if (mode == Difference)
             hand::click(probe.difference_button());
         else if (mode == Smooth)
             hand::click(probe.smooth_button());
-        note(window, QStringLiteral("mode %1").arg(mode));
-        keysOfControls(window);
         nothingUseful(window);
+        note(window, modeOf(probe));
         Session session(window, traces, seed);
         for (int i = 0; i < actions; ++i)
             note(window, session.act());
         fixture.close();
-        m_out << "closed | " << keptSettings().join(QLatin1Char(' ')) << '\n';
+        m_out << "closed | " << keptSettings(fixture) << '\n';
         ++m_number;
     }
 
@@ -169,11 +169,35 @@ private:
         note(window, QLatin1String("nothing useful"));
     }
 
-    /// The names of all that outlives the window; the values tell of folders.
-    static QStringList keptSettings()
+    /// What the window is in by now, as a word of a script's lines.
+    static QString modeOf(const MainWindowProbe &probe)
+    {
+        if (probe.smooth_rfg_flag())
+            return QStringLiteral("mode smooth");
+        return probe.diff_flag() == MainWindow::DIFF ? QStringLiteral("mode difference")
+                                                     : QStringLiteral("mode normal");
+    }
+
+    /// All that outlives the window, names and values. The folder of the traces is another one in
+    /// each run, the program's in each of the two programs.
+    static QString keptSettings(const WindowFixture &fixture)
     {
         const QSettings settings(WindowFixture::settingsFile(), QSettings::IniFormat);
-        return settings.allKeys();
+        const QString folder = QFileInfo(fixture.path(QStringLiteral("x"))).path();
+        QStringList kept;
+        const QStringList keys = settings.allKeys();
+        for (const QString &key : keys) {
+            const QVariant value = settings.value(key);
+            const QString text = value.type() == QVariant::ByteArray
+                ? QString::fromLatin1(value.toByteArray().toHex())
+                : value.toStringList().join(QLatin1Char(','));
+            kept.append(
+                key + QLatin1Char('=')
+                + QString(text)
+                      .replace(folder, QLatin1String("folder"))
+                      .replace(QCoreApplication::applicationDirPath(), QLatin1String("program")));
+        }
+        return kept.join(QLatin1Char(' '));
     }
 
     void note(MainWindow &window, const QString &event)

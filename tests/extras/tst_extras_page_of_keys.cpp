@@ -60,22 +60,30 @@ bool readCell(const QString &cell, QSet<QString> &names)
     }
 }
 
-/// The keys of the window that the page in \a language names; what could not be read goes to
-/// \a unread.
-QSet<QString> keysOfPage(const QByteArray &language, QStringList &unread)
+QString pageIn(const QByteArray &language)
 {
     QFile file(
         QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QString::fromLatin1(language)));
-    if (!file.open(QIODevice::ReadOnly)) {
-        unread.append(file.errorString());
-        return {};
-    }
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// How many lines the table on \a page has whose first column is called \a name.
+int rowsOf(const QString &page, const QString &name)
+{
+    const int at = static_cast<int>(page.indexOf(QStringLiteral("\n| %1 |").arg(name)));
+    const int end = static_cast<int>(page.indexOf(QLatin1String("\n\n"), at));
+    return at < 0 ? 0 : static_cast<int>(page.mid(at + 1, end - at).count(QLatin1String("\n| ")));
+}
+
+/// The keys of the window that \a page names; what could not be read goes to \a unread.
+QSet<QString> keysOfPage(const QString &page, QStringList &unread)
+{
     QSet<QString> names;
     // Tables with a column more are about dialogs, and others about the pointer.
     static const QRegularExpression head(QStringLiteral("^\\| (Key|Клавиша) \\| [^|]* \\|$"));
     static const QRegularExpression row(QStringLiteral("^\\| (.+?) \\| [^|]* \\|$"));
     bool inTable = false;
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    const QStringList lines = page.split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         const auto found = row.match(line);
         if (!found.hasMatch())
@@ -159,6 +167,8 @@ private slots:
     void initTestCase();
     void thePageNamesEachKeyAndNoOther_data();
     void thePageNamesEachKeyAndNoOther();
+    void thePageTellsOfAllElse_data();
+    void thePageTellsOfAllElse();
     void onThePlotTheArrowsCountAsWell();
     void nothingStaysBehind();
 };
@@ -179,13 +189,40 @@ void TestExtrasPageOfKeys::thePageNamesEachKeyAndNoOther()
 {
     QFETCH(QByteArray, language);
     QStringList unread;
-    const QSet<QString> named = keysOfPage(language, unread);
+    const QSet<QString> named = keysOfPage(pageIn(language), unread);
     QCOMPARE(unread, QStringList());
     WindowFixture fixture;
     const QSet<QString> counting = keysThatCount(openThree(fixture), false);
     QCOMPARE(sorted(named - counting), QStringList());
     QCOMPARE(sorted(counting - named), QStringList());
     QVERIFY(named.contains(QLatin1String("Shift+F2")) && named.contains(QLatin1String("4")));
+}
+
+void TestExtrasPageOfKeys::thePageTellsOfAllElse_data()
+{
+    QTest::addColumn<QByteArray>("language");
+    QTest::addColumn<QString>("dropped");
+    QTest::addColumn<QString>("pointer");
+    QTest::addColumn<QString>("onPlot");
+    QTest::newRow("English") << QByteArray("en") << QStringLiteral("Dropped")
+                             << QStringLiteral("The pointer rests on")
+                             << QStringLiteral("After a click on the plot the arrows");
+    QTest::newRow("Russian") << QByteArray("ru") << QStringLiteral("Что бросить")
+                             << QStringLiteral("Указатель стоит на")
+                             << QStringLiteral("После щелчка по графику");
+}
+
+void TestExtrasPageOfKeys::thePageTellsOfAllElse()
+{
+    QFETCH(QByteArray, language);
+    QFETCH(QString, dropped);
+    QFETCH(QString, pointer);
+    QFETCH(QString, onPlot);
+    const QString page = pageIn(language);
+    // On the window and on a slot; over slots, parameters and cursors.
+    QCOMPARE(rowsOf(page, dropped), 2);
+    QCOMPARE(rowsOf(page, pointer), 3);
+    QCOMPARE(static_cast<int>(page.count(onPlot)), 2);
 }
 
 void TestExtrasPageOfKeys::onThePlotTheArrowsCountAsWell()
