@@ -18,6 +18,8 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
+#include <QInputDialog>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTabBar>
@@ -208,6 +210,44 @@ void nameDialogBoxes(SettingsMenu &dialog, const SettingsData *settings)
     name();
 }
 
+/// Names the editors of the dialog in which values are typed, each time that it opens. It has one
+/// label for its three kinds of editor, and the toolkit makes that the label of the first alone.
+class EditorNames : public QObject
+{
+public:
+    explicit EditorNames(QInputDialog *dialog)
+        : QObject(dialog)
+        , m_dialog(*dialog)
+    {
+        dialog->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show)
+            name();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void name()
+    {
+        auto *label = m_dialog.findChild<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        const auto widgets
+            = m_dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget *editor : widgets) {
+            if (!qobject_cast<QAbstractSpinBox *>(editor) && !qobject_cast<QComboBox *>(editor))
+                continue;
+            editor->setAccessibleName(spokenLines(m_dialog.labelText(), 0));
+            // Of a list the toolkit takes what is chosen for the name, and asks for its label.
+            if (label != nullptr && !editor->isHidden())
+                label->setBuddy(editor);
+        }
+    }
+
+    const QInputDialog &m_dialog;
+};
+
 } // namespace
 
 void accessibility::attach(MainWindow &window)
@@ -220,6 +260,7 @@ void accessibility::attach(MainWindow &window)
     speakOfDials(parts, language);
     speakOfReadouts(parts, language);
     nameDialogBoxes(*parts.settingsMenu, parts.settingsData);
+    new EditorNames(parts.input_dialog);
     leadFocus(&window, windowOrder(parts));
     // Where the cursors are; not at the button that happens to be the first.
     parts.Plot_View->setFocus();

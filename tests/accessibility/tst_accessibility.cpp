@@ -3,6 +3,7 @@
 #include "accessibility/accessibility.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
+#include "dialoganswer.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
@@ -37,6 +38,15 @@ QAccessibleInterface *interfaceOf(QObject *control)
 QString nameOf(QObject *control)
 {
     return interfaceOf(control)->text(QAccessible::Name);
+}
+
+/// As a screen reader asks: by the relation to a label where there is one, else by the name.
+QString labelOf(QObject *control)
+{
+    const auto relations = interfaceOf(control)->relations(QAccessible::Label);
+    for (const auto &relation : relations)
+        return relation.first->text(QAccessible::Name);
+    return nameOf(control);
 }
 
 QString valueOf(QObject *control)
@@ -175,6 +185,37 @@ private slots:
         QCOMPARE(found, 16);
     }
 
+    void whatIsTypedInHasANameToo()
+    {
+        openAndAttach();
+        const MainWindowProbe &p = probe();
+        for (const char *language : { "en_US", "ru_RU" }) {
+            speak(language);
+            for (QPushButton *button : QVector<QPushButton *>{
+                     p.KU_button(), p.V_offset_button(), p.scale_button(), p.H_offset_button(),
+                     p.V_offset_button(), p.scale_button(), p.curB_button() }) {
+                QString title;
+                QStringList labels;
+                const auto answer = answerDialog([&](QDialog &dialog) {
+                    title = dialog.windowTitle();
+                    const auto widgets = dialog.findChildren<QWidget *>();
+                    for (QWidget *editor : widgets)
+                        if (editor->isVisible()
+                            && (qobject_cast<QAbstractSpinBox *>(editor)
+                                || qobject_cast<QComboBox *>(editor)))
+                            labels.append(labelOf(editor));
+                    dialog.reject();
+                });
+                QTest::mousePress(button, Qt::RightButton);
+                QVERIFY(answer->served());
+                QCOMPARE(labels.size(), 1);
+                QVERIFY2(labels.first().startsWith(title), qPrintable(labels.first()));
+                QVERIFY2(labels.first().contains(QLatin1String(" : [")),
+                         qPrintable(labels.first()));
+            }
+        }
+    }
+
     void namesFollowTheLanguage()
     {
         openAndAttach();
@@ -190,7 +231,7 @@ private slots:
         }
         QCOMPARE(nameOf(probe().curA_button()).section(QLatin1Char(':'), 0, 0),
                  QStringLiteral("Курсор A"));
-        QCOMPARE(nameOf(probe().settingsMenu()->language_select), QStringLiteral("Язык"));
+        QCOMPARE(labelOf(probe().settingsMenu()->language_select), QStringLiteral("Язык"));
         speak("en_US");
         for (int i = 0; i < all.size(); ++i)
             QCOMPARE(nameOf(all.at(i)).section(QLatin1Char(':'), 0, 0), english.at(i));
