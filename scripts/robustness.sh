@@ -28,13 +28,20 @@ part valgrind 0 1200 'seconds under Valgrind'
 run_window() { scripts/fuzz window "$1"; }
 # Over three seeds, from a million on over one for every ten thousand events.
 run_monkey() {
-    local seeds=3
+    local seeds=3 first
     [ "$1" -lt 1000000 ] || seeds=$(($1 / 10000))
+    first=$(first_seed)
     mkdir -p build/fuzz/findings
-    LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey --seeds "1..$seeds" \
+    LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey \
+        --seeds "$first..$((first + seeds - 1))" \
         --events $((($1 + seeds - 1) / seeds)) --keep build/fuzz/findings
 }
-run_replay() { LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey --watch "$1"; }
+run_replay() {
+    local first
+    first=$(first_seed)
+    LC_ALL=C.UTF-8 TZ=UTC build/fuzz/fuzz/monkey/velkor-monkey --watch "$1" --seeds "$first..$first"
+}
+first_seed() { echo "${SEED-$((RANDOM * 32768 + RANDOM + 1))}"; }
 run_kills() { faults --kills "$1" --program-kills $((($1 + 9) / 10)) --seed "${SEED-$RANDOM}"; }
 # Ten tenths are every call; what goes beyond is done all over again.
 run_faults() {

@@ -16,6 +16,10 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <chrono>
+#include <ctime>
+#include <thread>
+
 namespace {
 
 using Damage = std::function<void(const MainWindowProbe &)>;
@@ -29,14 +33,20 @@ Event eventOf(Event::Kind kind)
     return event;
 }
 
-/// A thread that works on one event for ever.
-[[noreturn]] void stall()
+/// Works on one event for ever or, when \a how is not "works", begins to and then waits for ever.
+[[noreturn]] void stall(const QByteArray &how)
 {
     const Event event = eventOf(Event::TurnDial);
-    Watchdog watchdog(std::chrono::milliseconds(100));
+    const bool atWork = how == "works";
+    Watchdog watchdog(std::chrono::milliseconds(atWork ? 100 : 60000),
+                      std::chrono::milliseconds(atWork ? 60000 : 500));
     watchdog.begin(event, 17);
-    for (volatile unsigned work = 0;;)
+    const std::clock_t begun = std::clock();
+    for (volatile unsigned work = 0; atWork || std::clock() - begun < CLOCKS_PER_SEC / 5;)
         work = work + 1;
+    // Having done something it waits for what never comes.
+    for (;;)
+        std::this_thread::sleep_for(std::chrono::seconds(60));
 }
 
 } // namespace
@@ -150,16 +160,28 @@ private slots:
         QVERIFY2(found.contains(sentence), qPrintable(found));
     }
 
+    void anEventThatTakesTooLongEndsTheProgramWithItsName_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("works") << QStringLiteral("works");
+        QTest::newRow("works and waits") << QStringLiteral("waits");
+    }
+
     void anEventThatTakesTooLongEndsTheProgramWithItsName()
     {
+        QFETCH(QString, how);
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QLatin1String(stallVariable), QStringLiteral("1"));
+        environment.insert(QLatin1String(stallVariable), how);
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(QCoreApplication::applicationFilePath(), QStringList());
         QVERIFY(process.waitForFinished(60000));
         const QByteArray said = process.readAll();
+        QVERIFY2(said.contains("stall: "
+                               + (how == QLatin1String("works") ? QByteArray("worked")
+                                                                : QByteArray("waited"))),
+                 said.constData());
         QVERIFY2(said.contains(" on event 17: turn-dial 0 0 0 0 0"), said.constData());
         QVERIFY(process.exitStatus() == QProcess::CrashExit || process.exitCode() != 0);
     }
@@ -240,7 +262,7 @@ void TestMonkey::whatIsWrongIsSeen_data()
 int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsSet(stallVariable))
-        stall();
+        stall(qgetenv(stallVariable));
     QApplication application(argc, argv);
     TestMonkey test;
     return QTest::qExec(&test, argc, argv);

@@ -15,10 +15,8 @@ using std::chrono::milliseconds;
 namespace {
 
 constexpr milliseconds lookAgain{ 50 };
-/// By the wall clock, for a thread that does nothing. The smallest share of a core that a busy
-/// machine leaves it would show in this time.
-constexpr milliseconds longestWait{ 20000 };
-constexpr milliseconds asGoodAsNothing{ 50 };
+/// For the thread that stalls to say where, after it was told to end.
+constexpr milliseconds lastWords{ 20000 };
 
 milliseconds read(clockid_t clock)
 {
@@ -38,8 +36,9 @@ milliseconds Watchdog::usualLimit()
 #endif
 }
 
-Watchdog::Watchdog(milliseconds limit)
+Watchdog::Watchdog(milliseconds limit, milliseconds patience)
     : m_limit(limit)
+    , m_patience(patience)
 {
     if (pthread_getcpuclockid(m_watched, &m_clock) != 0)
         std::abort();
@@ -62,7 +61,6 @@ void Watchdog::begin(const Event &event, int number)
     rest();
     m_number = number;
     m_begun = worked().count();
-    m_begunAt = read(CLOCK_MONOTONIC).count();
     m_event = &event;
 }
 
@@ -90,20 +88,27 @@ QByteArray Watchdog::slowest() const
 
 void Watchdog::watch()
 {
+    milliseconds lastWork{ 0 };
+    milliseconds lastWorkAt = read(CLOCK_MONOTONIC);
     while (!m_over) {
         std::this_thread::sleep_for(lookAgain);
+        const milliseconds work = worked();
+        const milliseconds now = read(CLOCK_MONOTONIC);
+        if (m_event == nullptr || work != lastWork) {
+            lastWork = work;
+            lastWorkAt = now;
+        }
         if (m_event == nullptr)
             continue;
         const int number = m_number;
-        const milliseconds taken = worked() - milliseconds(m_begun);
-        const milliseconds passed = read(CLOCK_MONOTONIC) - milliseconds(m_begunAt);
+        const milliseconds taken = work - milliseconds(m_begun);
         // The next event may have begun in the meantime: then nothing of this is true.
         if (m_event == nullptr || number != m_number)
             continue;
         if (taken > m_limit)
             bark("worked", taken);
-        if (passed > longestWait && taken < asGoodAsNothing)
-            bark("waited", passed);
+        if (now - lastWorkAt > m_patience)
+            bark("waited", now - lastWorkAt);
     }
 }
 
@@ -115,6 +120,6 @@ void Watchdog::bark(const char *why, milliseconds after)
                  event == nullptr ? "none" : lineOf(*event).constData());
     // In the thread that stalls, so that a sanitizer shows where.
     pthread_kill(m_watched, SIGABRT);
-    std::this_thread::sleep_for(longestWait);
+    std::this_thread::sleep_for(lastWords);
     std::_Exit(3);
 }

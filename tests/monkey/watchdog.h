@@ -17,8 +17,11 @@
 class Watchdog
 {
 public:
-    /// \a limit is what one event may take; sanitizers make the same work longer.
-    explicit Watchdog(std::chrono::milliseconds limit);
+    /// \a limit is what one event may take; sanitizers make the same work longer. \a patience is
+    /// how long, by the wall clock, the thread may do nothing at all within one event. The smallest
+    /// share of a core that a busy machine leaves it would show in the usual time.
+    explicit Watchdog(std::chrono::milliseconds limit,
+                      std::chrono::milliseconds patience = std::chrono::seconds(20));
     ~Watchdog();
     Watchdog(const Watchdog &) = delete;
     Watchdog &operator=(const Watchdog &) = delete;
@@ -41,12 +44,12 @@ private:
     std::chrono::milliseconds worked() const;
 
     const std::chrono::milliseconds m_limit;
+    const std::chrono::milliseconds m_patience;
     const pthread_t m_watched = pthread_self();
     clockid_t m_clock = CLOCK_MONOTONIC;
     std::atomic<const Event *> m_event = nullptr;
     std::atomic<int> m_number = 0;
     std::atomic<qint64> m_begun = 0; ///< working time of the thread, ms
-    std::atomic<qint64> m_begunAt = 0; ///< by the wall clock, ms
     std::chrono::milliseconds m_longest{ 0 };
     Event m_slowest;
     std::atomic<bool> m_over = false;
