@@ -1,0 +1,14 @@
+# SPDX-FileCopyrightText: 2026 The Velkor developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# velkor_add_program(NAME SOURCE...)
+# A windowed program; on Windows with the icon that the shell shows, and what it tells of the file.
+set(velkor_windows_folder ${CMAKE_CURRENT_LIST_DIR}/../packaging/windows)
+function(velkor_add_program name)
+  add_executable(${name} WIN32 ${ARGN})
+  if(WIN32)
+    configure_file(${velkor_windows_folder}/velkor.rc.in
+      ${CMAKE_CURRENT_BINARY_DIR}/velkor.rc @ONLY)
+    target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/velkor.rc)
+  endif()
+endfunction()
