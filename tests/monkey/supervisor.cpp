@@ -81,6 +81,7 @@ QString Supervisor::program() const
 Supervisor::Outcome Supervisor::run(const QStringList &arguments) const
 {
     const QString progress = m_folder.filePath(QStringLiteral("progress"));
+    QFile::remove(progress);
     QDir(m_folder.filePath(QStringLiteral("config"))).removeRecursively();
     QProcess worker;
     worker.setProcessEnvironment(workerEnvironment(m_folder.path()));
@@ -129,8 +130,11 @@ void Supervisor::tell(const Outcome &outcome) const
 
 bool Supervisor::playSeed(int seed, int events)
 {
-    const Outcome outcome = run({ QStringLiteral("--seed"), QString::number(seed),
-                                  QStringLiteral("--events"), QString::number(events) });
+    Outcome outcome = run({ QStringLiteral("--seed"), QString::number(seed),
+                            QStringLiteral("--events"), QString::number(events) });
+    // A worker that leaves early with a smile has not played them.
+    if (outcome.verdict.isEmpty() && outcome.event != events - 1)
+        outcome.verdict = "ended before the last event";
     if (outcome.verdict.isEmpty()) {
         std::printf("seed %d: %d events in %.1f s\n%s", seed, events, outcome.seconds,
                     outcome.output.constData());
