@@ -188,7 +188,7 @@ private:
         const QStringList keys = settings.allKeys();
         for (const QString &key : keys) {
             const QVariant value = settings.value(key);
-            const QString text = value.type() == QVariant::ByteArray
+            const QString text = value.userType() == QMetaType::QByteArray
                 ? QString::fromLatin1(value.toByteArray().toHex())
                 : value.toStringList().join(QLatin1Char(','));
             kept.append(
