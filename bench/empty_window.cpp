@@ -4,7 +4,7 @@
 /// \file
 /// The least that a program with a window can be: what the viewer's start is compared with.
 
-#include "constants.h"
+#include "base/constants.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "peer_model.h"
 
+#include "base/constants.h"
 #include "calc/cursor_level.h"
 #include "calc/tdr_record.h"
-#include "constants.h"
 
 #include <QFile>
 

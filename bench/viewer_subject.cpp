@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "viewer_subject.h"
 
+#include "base/program_files.h"
 #include "cont_dial.h"
 #include "hand.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "program_files.h"
 #include "settingsdata.h"
 #include "workload.h"
 

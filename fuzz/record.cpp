@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/constants.h"
 #include "calc/axis_grid.h"
 #include "calc/cursor_level.h"
 #include "calc/readout.h"
 #include "calc/tdr_record.h"
 #include "calc/trace_points.h"
 #include "calc/view_range.h"
-#include "constants.h"
 #include "fuzzer.h"
 #include "input.h"
 #include "record_input.h"

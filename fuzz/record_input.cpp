@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "record_input.h"
 
-#include "constants.h"
+#include "base/constants.h"
 #include "protocol_vx840.h"
 
 #include <QtGlobal>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window_checks.h"
 
+#include "base/constants.h"
 #include "calc/readout.h"
 #include "calc/view_range.h"
-#include "constants.h"
 #include "cont_dial.h"
 #include "dictionary.h"
 #include "fuzzer.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "interfacebutton.h"
 
-#include "bundledpicture.h"
+#include "base/bundledpicture.h"
 #include "straightforward.h"
 
 #include <QBitmap>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "legendbutton.h"
 
-#include "constants.h"
+#include "base/constants.h"
 #include "dictionary.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibility/accessibility.h"
+#include "base/screen_scale.h"
 #include "mainwindow.h"
-#include "screen_scale.h"
 #include "settingsdata.h"
 #ifdef VELKOR_EXTRAS
 #include "extras/extras.h"

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow.h"
 
-#include "calc/window_geometry.h"
+#include "base/program_files.h"
+#include "base/window_geometry.h"
 #include "cont_dial.h"
 #include "curarrow.h"
 #include "dictionary.h"
 #include "parambutton.h"
-#include "program_files.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
 

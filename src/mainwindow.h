@@ -9,21 +9,21 @@
 /// | File | Room |
 /// |---|---|
 /// | mainwindow.cpp | construction as a list of steps, start, close, geometry, dial settings |
-/// | mainwindow_controls.cpp | the controls themselves, created in a fixed order |
-/// | mainwindow_layout.cpp | groups and ids, layouts, icons, chart menu |
-/// | mainwindow_wiring.cpp | every connection and event filter |
-/// | mainwindow_texts.cpp | retranslation and captions built in more than one place |
-/// | mainwindow_style.cpp | style sheet and its watcher |
-/// | mainwindow_files.cpp | trace slots: reading, loading, emptying, resetting |
-/// | mainwindow_selection.cpp | selected trace, visibility, master |
-/// | mainwindow_chart.cpp | chart construction, trace points, smoothing, difference, raising |
-/// | mainwindow_axes.cpp | grid lines, labels, title |
-/// | mainwindow_range.cpp | scale, scroll, shifts, velocity factor |
-/// | mainwindow_params.cpp | parameter selection, parameter dial |
-/// | mainwindow_cursors.cpp | cursor model, readouts, going to a cursor |
-/// | mainwindow_action.cpp | what is put off to the end of a user action |
-/// | mainwindow_input.cpp | the event filter and one handler per watched object and event |
-/// | mainwindow_dialogs.cpp | the entry dialogs that a right click opens |
+/// | window/controls.cpp | the controls themselves, created in a fixed order |
+/// | window/layout.cpp | groups and ids, layouts, icons, chart menu |
+/// | window/wiring.cpp | every connection and event filter |
+/// | window/texts.cpp | retranslation and captions built in more than one place |
+/// | window/style.cpp | style sheet and its watcher |
+/// | window/files.cpp | trace slots: reading, loading, emptying, resetting |
+/// | window/selection.cpp | selected trace, visibility, master |
+/// | window/chart.cpp | chart construction, trace points, smoothing, difference, raising |
+/// | window/axes.cpp | grid lines, labels, title |
+/// | window/range.cpp | scale, scroll, shifts, velocity factor |
+/// | window/params.cpp | parameter selection, parameter dial |
+/// | window/cursors.cpp | cursor model, readouts, going to a cursor |
+/// | window/action.cpp | what is put off to the end of a user action |
+/// | window/input.cpp | the event filter and one handler per watched object and event |
+/// | window/dialogs.cpp | the entry dialogs that a right click opens |
 ///
 /// What can be computed without a widget is in calc/.
 
@@ -85,7 +85,7 @@ private:
     void primeInputDialog();
     void storeWindowGeometry();
 
-    // ---- Controls (mainwindow_controls.cpp) ----
+    // ---- Controls (window/controls.cpp) ----
     void createControls();
     void createCursorRow();
     void createParameterRow();
@@ -96,7 +96,7 @@ private:
     void createChartObjects();
     void createLegendButtons();
 
-    // ---- Layout, groups, icons, chart menu (mainwindow_layout.cpp) ----
+    // ---- Layout, groups, icons, chart menu (window/layout.cpp) ----
     void setWindowSizes();
     void buildLayouts();
     QLayout *topRow();
@@ -112,7 +112,7 @@ private:
     void setNamesAndPolicies();
     void setIcons();
 
-    // ---- Wiring (mainwindow_wiring.cpp) ----
+    // ---- Wiring (window/wiring.cpp) ----
     void connectControls();
     void connectMenuAndButtons();
     void connectGroups();
@@ -122,7 +122,7 @@ private:
     /// Runs the settings dialog on its settings page.
     void openSettings();
 
-    // ---- Texts (mainwindow_texts.cpp) ----
+    // ---- Texts (window/texts.cpp) ----
 public slots:
     /// Sets every text anew from the current translation. May run twice for one language change.
     void retranslateUi();
@@ -141,7 +141,7 @@ private:
     QString slotTitle(int id) const;
     QString testDateText(int id) const;
 
-    // ---- Style (mainwindow_style.cpp) ----
+    // ---- Style (window/style.cpp) ----
 public slots:
     /// Applies the current style sheet and paints chart and scene near-black.
     void set_CSS();
@@ -153,7 +153,7 @@ private:
     void watchStyleSheet();
     void styleFolderChanged();
 
-    // ---- Trace slots (mainwindow_files.cpp) ----
+    // ---- Trace slots (window/files.cpp) ----
 public slots:
     /// Asks for traces and fills the slots from the first one on; slots past the choice are
     /// emptied. At most six files are taken. Cancelling changes nothing.
@@ -196,7 +196,7 @@ private:
     int emptySlotStep() const;
     void loadAllTraces();
 
-    // ---- Selection, visibility, master (mainwindow_selection.cpp) ----
+    // ---- Selection, visibility, master (window/selection.cpp) ----
 public slots:
     /// Selects slot \a id: its parameters, title, series on top, cursors.
     void rfgSelect_slot(int id);
@@ -226,7 +226,7 @@ private:
     void markMaster(int id);
     void setSlotIcon(int id, QLatin1String path);
 
-    // ---- Chart (mainwindow_chart.cpp) ----
+    // ---- Chart (window/chart.cpp) ----
 public slots:
     /// Draws traces as splines through their samples, or as steps. Filters nothing.
     void setSmoothFlag(bool on);
@@ -252,7 +252,7 @@ private:
     void addCursorSeries();
     calc::TraceRef traceRef(int id) const;
 
-    // ---- Axes, grid, title (mainwindow_axes.cpp) ----
+    // ---- Axes, grid, title (window/axes.cpp) ----
 public:
     /// Puts grid lines, labels and texts into the scene, under the traces. Called once.
     void axisCreate();
@@ -267,7 +267,7 @@ private:
     int titlePoints() const;
     QRectF plotInScene() const;
 
-    // ---- View range: scale, scroll, shifts, velocity factor (mainwindow_range.cpp) ----
+    // ---- View range: scale, scroll, shifts, velocity factor (window/range.cpp) ----
 public slots:
     /// Scrolls by \a step counts; a step that would pass an end is refused whole.
     void plotScroll(int step);
@@ -298,7 +298,7 @@ private:
     int axisMax() const;
     int checkedParameter() const;
 
-    // ---- Parameters (mainwindow_params.cpp) ----
+    // ---- Parameters (window/params.cpp) ----
 public slots:
     /// Makes the parameter dial adjust parameter \a id. Read-only parameters leave the dial as
     /// it is.
@@ -315,7 +315,7 @@ private:
     struct DialSetup;
     void setUpParamDial(const DialSetup &setup);
 
-    // ---- Cursors (mainwindow_cursors.cpp) ----
+    // ---- Cursors (window/cursors.cpp) ----
 public slots:
     /// Moves the active cursor to \a column counts, clamped to the chart and snapped down to a
     /// whole sample of the selected trace. Nothing happens in delta mode.
@@ -342,7 +342,7 @@ private:
     int cursorPosition(int which) const;
     void colourCursors();
 
-    // ---- User actions (mainwindow_action.cpp) ----
+    // ---- User actions (window/action.cpp) ----
     /// One user action: raises and dial captions are noted and happen at its end, once each in this
     /// order: a raise lays the chart out anew (40 % of a cursor step), a caption paints at once.
     class Action
@@ -362,7 +362,7 @@ private:
     bool raisePending();
     void setDialText(Cont_dial *dial, const QString &text);
 
-    // ---- Input (mainwindow_input.cpp) ----
+    // ---- Input (window/input.cpp) ----
 public:
     /// Looks at the events of the chart and of some controls, and consumes none.
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -384,7 +384,7 @@ private:
     void setPointerShape(Qt::CursorShape shape);
     void resizeSpacers();
 
-    // ---- Entry dialogs (mainwindow_dialogs.cpp) ----
+    // ---- Entry dialogs (window/dialogs.cpp) ----
     void openEntryDialog(const QObject *button);
     void setDialogTexts(const QString &word, const QString &from, const QString &to);
     struct NumberQuestion;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "constants.h"
+#include "base/constants.h"
+#include "base/qtcompat.h"
 #include "plotview.h"
-#include "qtcompat.h"
 
 #include <QGraphicsLineItem>
 #include <QGraphicsSimpleTextItem>

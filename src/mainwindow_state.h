@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "constants.h"
+#include "base/constants.h"
+#include "base/qtcompat.h"
 #include "miscfunc.h"
 #include "protocol_vx840.h"
-#include "qtcompat.h"
 #include "rfg_shown.h"
 
 #include <QBrush>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plotview.h"
 
-#include "qtcompat.h"
+#include "base/qtcompat.h"
 #include "straightforward.h"
 
 #include <QGraphicsObject>

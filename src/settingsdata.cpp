@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settingsdata.h"
 
-#include "constants.h"
-#include "ini_text.h"
-#include "program_files.h"
-#include "style_text.h"
+#include "base/constants.h"
+#include "base/ini_text.h"
+#include "base/program_files.h"
+#include "base/style_text.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "constants.h"
+#include "base/constants.h"
 #include "miscfunc.h"
 
 #include <QByteArray>

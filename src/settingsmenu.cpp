@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settingsmenu.h"
 
-#include "constants.h"
+#include "base/constants.h"
+#include "base/program_files.h"
 #include "dictionary.h"
-#include "program_files.h"
 #include "settingsdata.h"
 
 #include <QButtonGroup>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibility/spokentext.h"
 
-#include "constants.h"
+#include "base/constants.h"
 #include "settingsdata.h"
 
 #include <QAccessible>

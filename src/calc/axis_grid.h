@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/constants.h"
 #include "calc/view_range.h"
-#include "constants.h"
 
 #include <QString>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/cursor_level.h"
 
+#include "base/constants.h"
 #include "calc/numeric.h"
-#include "constants.h"
 
 namespace calc {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/trace_points.h"
 
-#include "constants.h"
+#include "base/constants.h"
 
 namespace calc {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/view_range.h"
 
+#include "base/constants.h"
 #include "calc/numeric.h"
-#include "constants.h"
 #include "miscfunc.h"
 
 #include <cmath>

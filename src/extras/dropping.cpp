@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/dropping.h"
 
-#include "constants.h"
+#include "base/constants.h"
+#include "base/program_files.h"
+#include "base/qtcompat.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
-#include "program_files.h"
-#include "qtcompat.h"
 #include "settingsdata.h"
 
 #include <QApplication>

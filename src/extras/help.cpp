@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/help.h"
 
-#include "constants.h"
+#include "base/constants.h"
+#include "base/program_files.h"
 #include "mainwindow.h"
-#include "program_files.h"
 #include "settingsdata.h"
 
 #include <QDesktopServices>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/reflections.h"
 
+#include "base/constants.h"
 #include "calc/numeric.h"
-#include "constants.h"
 
 #include <algorithm>
 #include <cmath>

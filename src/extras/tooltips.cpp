@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/tooltips.h"
 
+#include "base/program_files.h"
 #include "calc/readout.h"
 #include "calc/view_range.h"
 #include "cont_dial.h"
@@ -11,7 +12,6 @@
 #include "legendbutton.h"
 #include "mainwindow.h"
 #include "parambutton.h"
-#include "program_files.h"
 #include "settingsdata.h"
 
 #include <QButtonGroup>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition.h"
-#include "constants.h"
+#include "base/constants.h"
 #include "extras/reflections.h"
 #include "protocol_vx840.h"
 #include "sample_traces.h"

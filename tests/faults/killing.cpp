@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "killing.h"
 
-#include "constants.h"
+#include "base/constants.h"
+#include "base/program_files.h"
 #include "dice.h"
 #include "mainwindow.h"
-#include "program_files.h"
 #include "room.h"
 #include "settingsdata.h"
 

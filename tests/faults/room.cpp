@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "room.h"
 
-#include "constants.h"
+#include "base/constants.h"
 #include "tracebuilder.h"
 
 #include <QDir>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windowfixture.h"
 
-#include "constants.h"
-#include "program_files.h"
+#include "base/constants.h"
+#include "base/program_files.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "program_files.h"
+#include "base/program_files.h"
 #include "testfiles.h"
 
 #include <QStandardPaths>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "style_text.h"
+#include "base/style_text.h"
 #include "testfiles.h"
 
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/program_files.h"
 #include "dialoganswer.h"
-#include "program_files.h"
 #include "settingsfixture.h"
 #include "testfiles.h"
 

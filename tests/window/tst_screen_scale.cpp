@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/screen_scale.h"
 #include "cont_dial.h"
 #include "contrast.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "screen_scale.h"
 #include "windowactions.h"
 #include "windowstate.h"
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "record.h"
 
-#include "constants.h"
+#include "base/constants.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "bundledpicture.h"
+#include "base/bundledpicture.h"
 #include "calc/tdr_record.h"
 #include "calc/view_range.h"
 #include "dictionary.h"

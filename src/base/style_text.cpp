@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "style_text.h"
+#include "base/style_text.h"
 
-#include "constants.h"
+#include "base/constants.h"
 
 #include <QFileInfo>
 #include <QImageReader>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "screen_scale.h"
+#include "base/screen_scale.h"
 
-#include "qtcompat.h"
+#include "base/qtcompat.h"
 
 #include <QApplication>
 #include <QScreen>

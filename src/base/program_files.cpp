@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "program_files.h"
+#include "base/program_files.h"
 
-#include "constants.h"
+#include "base/constants.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "bundledpicture.h"
+#include "base/bundledpicture.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "interfacebutton.h"

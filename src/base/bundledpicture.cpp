@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "bundledpicture.h"
+#include "base/bundledpicture.h"
 
-#include "constants.h"
+#include "base/constants.h"
 
 #include <QGuiApplication>
 
