@@ -13,7 +13,6 @@
 #include "plot_on_qwt.h"
 #include "report.h"
 #include "stopwatch.h"
-#include "straightforward.h"
 #include "traces.h"
 #include "viewer_subject.h"
 #include "workload.h"
@@ -46,7 +45,6 @@ struct Run
 struct Candidate
 {
     QString name;
-    bool straightforward;
     std::unique_ptr<Subject> (*make)(const Run &run);
 };
 
@@ -72,22 +70,11 @@ std::unique_ptr<Subject> makeViewer(const Run &run)
 
 QVector<Candidate> candidates()
 {
-    QVector<Candidate> all{ { report::viewer, false, makeViewer } };
-    if (straightforward::isBuiltIn)
-        all.append({ report::straightforward, true, makeViewer });
-    all.append({ report::painter, false, makePeer<plotByPainter> });
-    all.append({ report::qwt, false, makePeer<plotOnQwt> });
-    all.append({ report::qCustomPlot, false, makePeer<plotOnQCustomPlot> });
+    QVector<Candidate> all{ { report::viewer, makeViewer } };
+    all.append({ report::painter, makePeer<plotByPainter> });
+    all.append({ report::qwt, makePeer<plotOnQwt> });
+    all.append({ report::qCustomPlot, makePeer<plotOnQCustomPlot> });
     return all;
-}
-
-void useForm(bool plain)
-{
-#ifdef VELKOR_STRAIGHTFORWARD
-    straightforward::wantedNow = plain;
-#else
-    Q_UNUSED(plain)
-#endif
 }
 
 void measureBlock(Stopwatch &watch, Subject &subject, Operation operation, int count,
@@ -116,7 +103,6 @@ Measurements measure(Stopwatch &watch, const Run &run, const QVector<Candidate> 
     Measurements measured;
     for (int round = 0; round < run.rounds; ++round) {
         for (const Candidate &candidate : subjects) {
-            useForm(candidate.straightforward);
             const std::unique_ptr<Subject> subject = candidate.make(run);
             watch.settle();
             if (round == 0)
@@ -217,7 +203,6 @@ int endure(Stopwatch &watch, const Run &run, int steps)
 int takePictures(Stopwatch &watch, const Run &run)
 {
     for (const Candidate &candidate : candidates()) {
-        useForm(candidate.straightforward);
         const std::unique_ptr<Subject> subject = candidate.make(run);
         watch.settle();
         const QString name = candidate.name + QStringLiteral(".png");

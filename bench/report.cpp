@@ -3,7 +3,6 @@
 #include "report.h"
 
 const QString report::viewer = QStringLiteral("viewer");
-const QString report::straightforward = QStringLiteral("straightforward");
 const QString report::painter = QStringLiteral("bare QPainter");
 const QString report::qwt = QStringLiteral("Qwt");
 const QString report::qCustomPlot = QStringLiteral("QCustomPlot");
@@ -60,10 +59,10 @@ QString verdict(bool reached)
 
 QStringList report::plotTable(const Measurements &measured)
 {
-    QStringList lines = head({ QStringLiteral("operation"), QStringLiteral("bare, us (p99)"),
-                               QStringLiteral("goal"), viewer, straightforward, qwt, qCustomPlot,
-                               QStringLiteral("plot paints"), QStringLiteral("ratio"),
-                               QStringLiteral("paints") });
+    QStringList lines
+        = head({ QStringLiteral("operation"), QStringLiteral("bare, us (p99)"),
+                 QStringLiteral("goal"), viewer, qwt, qCustomPlot, QStringLiteral("plot paints"),
+                 QStringLiteral("ratio"), QStringLiteral("paints") });
     for (const OperationGoal &entry : operations) {
         const auto sample = [&](const QString &subject) {
             return measured.value(subject).value(entry.operation);
@@ -83,8 +82,8 @@ QStringList report::plotTable(const Measurements &measured)
                                             microseconds(sample(painter).p99Plot())),
               times(entry.goal)
                   + (mustBeAhead(entry.operation) ? QStringLiteral(", ahead") : QString()),
-              QStringLiteral("**%1**").arg(times(own)), times(toBare(straightforward)),
-              times(toBare(qwt)), times(toBare(qCustomPlot)), paints(viewed),
+              QStringLiteral("**%1**").arg(times(own)), times(toBare(qwt)),
+              times(toBare(qCustomPlot)), paints(viewed),
               entry.goal > 0.0 ? verdict(own <= entry.goal && ahead) : QStringLiteral("no goal"),
               verdict(viewed.fewestPaints() == 1 && viewed.mostPaints() == 1) });
     }
@@ -95,8 +94,7 @@ QStringList report::wholeTable(const Measurements &measured, double limitMs)
 {
     // Measured alone, the viewer has nothing beside it.
     const bool compared = measured.contains(painter);
-    const QStringList subjects
-        = compared ? QStringList{ viewer, straightforward, qwt, qCustomPlot } : QStringList();
+    const QStringList subjects = compared ? QStringList{ viewer, qwt, qCustomPlot } : QStringList();
     QStringList titles{ QStringLiteral("operation"), QStringLiteral("median, us"),
                         QStringLiteral("p99, us"), QStringLiteral("p99 <= %1 ms").arg(limitMs) };
     for (const QString &subject : subjects)

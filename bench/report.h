@@ -11,7 +11,6 @@ namespace report {
 
 /// Names of the subjects, as Measurements knows them.
 extern const QString viewer;
-extern const QString straightforward;
 extern const QString painter;
 extern const QString qwt;
 extern const QString qCustomPlot;

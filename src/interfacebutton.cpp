@@ -3,7 +3,6 @@
 #include "interfacebutton.h"
 
 #include "base/bundledpicture.h"
-#include "straightforward.h"
 
 #include <QBitmap>
 #include <QEvent>
@@ -36,7 +35,7 @@ void InterfaceButton::paintEvent(QPaintEvent *event)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (straightforward::wanted() || !takeGround(option)) {
+    if (!takeGround(option)) {
         QPushButton::paintEvent(event);
         return;
     }

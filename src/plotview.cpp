@@ -3,7 +3,6 @@
 #include "plotview.h"
 
 #include "base/qtcompat.h"
-#include "straightforward.h"
 
 #include <QGraphicsObject>
 #include <QGraphicsSceneWheelEvent>
@@ -36,15 +35,11 @@ bool isSeries(const QGraphicsItem *item)
 
 void PlotScene::wheelEvent(QGraphicsSceneWheelEvent *event)
 {
-    if (straightforward::wanted())
-        QGraphicsScene::wheelEvent(event);
-    else
-        event->ignore();
+    event->ignore();
 }
 
 PlotView::PlotView(QWidget *parent)
     : QGraphicsView(parent)
-    , m_keepsPicture(!straightforward::wanted())
     , m_framesToWait(framesAfterChange)
 {
 }
@@ -65,8 +60,7 @@ void PlotView::cursorMoved(const QGraphicsItem *chart)
     m_chart = ratio == std::floor(ratio) ? chart : nullptr;
     // Over the picture little is painted, and only where the cursor was and is; that saves half of
     // such a frame.
-    if (qtcompat::linesTellWhereTheyWere && m_keepsPicture && m_chart != nullptr
-        && m_framesToWait == 0)
+    if (qtcompat::linesTellWhereTheyWere && m_chart != nullptr && m_framesToWait == 0)
         setViewportUpdateMode(MinimalViewportUpdate);
 }
 
@@ -77,7 +71,7 @@ int PlotView::framesFromPicture() const
 
 void PlotView::paintEvent(QPaintEvent *event)
 {
-    m_overPicture = m_chart != nullptr && m_keepsPicture && m_framesToWait == 0 && takePicture();
+    m_overPicture = m_chart != nullptr && m_framesToWait == 0 && takePicture();
     if (m_overPicture)
         ++m_framesFromPicture;
     else if (m_framesToWait > 0)

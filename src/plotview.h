@@ -65,7 +65,6 @@ private:
     void paintItems(QPainter &painter, const Items &items, QPoint corner) const;
     QTransform transformInWindow() const;
 
-    const bool m_keepsPicture; ///< false in the plain form of the window
     const QGraphicsItem *m_chart
         = nullptr; ///< of a frame in which only the cursor moved, else null
     int m_framesToWait;

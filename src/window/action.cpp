@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "mainwindow.h"
-#include "straightforward.h"
 
 #include <QGraphicsLayout>
 
@@ -21,7 +20,7 @@ MainWindow::Action::Action(MainWindow &window, Kind kind)
 
 MainWindow::Action::~Action()
 {
-    if (--m_window.openActions == 0 && !straightforward::wanted())
+    if (--m_window.openActions == 0)
         m_window.finishAction();
 }
 
@@ -69,7 +68,7 @@ bool MainWindow::raisePending()
 
 void MainWindow::setDialText(Cont_dial *dial, const QString &text)
 {
-    if (openActions == 0 || straightforward::wanted())
+    if (openActions == 0)
         dial->setText(text);
     else
         pendingCaptions[dial == param_dial ? 0 : 1] = text;

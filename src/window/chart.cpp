@@ -6,7 +6,6 @@
 #include "dictionary.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
-#include "straightforward.h"
 
 #include <QGraphicsScene>
 #include <QtCharts/QLegend>
@@ -176,7 +175,7 @@ void MainWindow::setDiff_flag(bool on)
 
 void MainWindow::seriesUp(QXYSeries *series)
 {
-    if (openActions == 0 || straightforward::wanted()) {
+    if (openActions == 0) {
         raiseNow(series);
         return;
     }
@@ -189,7 +188,7 @@ void MainWindow::raiseNow(QXYSeries *series)
     Plot_View->invalidate();
     // Adding and each attaching compute an outline of all points, so those of a trace come last.
     const QVector<QPointF> kept = qtcompat::pointsOf(*series);
-    const bool emptied = kept.size() > 2 && !straightforward::wanted();
+    const bool emptied = kept.size() > 2;
     if (emptied)
         series->replace(QVector<QPointF>());
     // Later series are drawn over earlier ones, and there is no other way to change the order.

@@ -7,7 +7,6 @@
 #include "legendbutton.h"
 #include "mainwindow.h"
 #include "parambutton.h"
-#include "straightforward.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -176,8 +175,6 @@ void MainWindow::setUpPlotView()
     Plot_View->setRenderHint(QPainter::Antialiasing);
     // Half a pixel off, so that view and scene coordinates are the same numbers.
     Plot_View->setSceneRect(-0.5, -0.5, 400.0, 250.0);
-    if (straightforward::wanted())
-        return;
     // One clip rectangle instead of a ragged region, against which every antialiased span would be
     // cut: a fifth of a repaint. And what lies under an opaque plot need not be painted.
     Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);

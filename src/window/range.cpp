@@ -7,7 +7,6 @@
 #include "dictionary.h"
 #include "mainwindow.h"
 #include "parambutton.h"
-#include "straightforward.h"
 
 #include <QButtonGroup>
 #include <QPushButton>
@@ -69,11 +68,6 @@ void MainWindow::scale_change(int scaleN)
 void MainWindow::zoomAtCursor(int scaleN)
 {
     const Action action(*this);
-    if (straightforward::wanted()) {
-        scale_change(scaleN);
-        gotoCursor(Cur_flag);
-        return;
-    }
     // The range between the two would be laid out for nobody.
     master_scale = calc::clampedScale(scaleN);
     const calc::Range range

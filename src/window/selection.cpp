@@ -7,7 +7,6 @@
 #include "legendbutton.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
-#include "straightforward.h"
 
 #include <QButtonGroup>
 #include <QMenu>
@@ -130,15 +129,10 @@ void MainWindow::setMasterID(int id)
 
     const int exponent = calc::exponentForMinstep(params.sample_minstep);
     const calc::Range range = calc::rangeFromDelay(params.delay, calc::clampedScale(exponent));
-    if (straightforward::wanted()) {
-        scale_change(exponent);
-        setPlotRange(range.min, range.max);
-    } else {
-        // The range from count 0 on that a change of scale shows would be seen by nobody.
-        master_scale = calc::clampedScale(exponent);
-        setPlotRange(range.min, range.max);
-        showScale();
-    }
+    // Not scale_change: the range from count 0 on that it shows would be replaced at once.
+    master_scale = calc::clampedScale(exponent);
+    setPlotRange(range.min, range.max);
+    showScale();
     // A record of zeros has the factor that is remembered before any was applied; without the
     // second test no distance would ever be known.
     if (!(params.KU == formerKU) || !(dist_coef > 0.0))

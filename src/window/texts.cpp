@@ -7,7 +7,6 @@
 #include "mainwindow.h"
 #include "parambutton.h"
 #include "settingsmenu.h"
-#include "straightforward.h"
 
 #include <QAction>
 #include <QInputDialog>
@@ -25,7 +24,7 @@ class Unpainted
 public:
     explicit Unpainted(QWidget &window)
         : m_window(window)
-        , m_holds(!straightforward::wanted() && window.updatesEnabled())
+        , m_holds(window.updatesEnabled())
     {
         if (m_holds)
             m_window.setUpdatesEnabled(false);

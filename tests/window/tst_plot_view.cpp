@@ -3,7 +3,6 @@
 #include "contrast.h"
 #include "legendbutton.h"
 #include "settingsdata.h"
-#include "straightforward.h"
 #include "windowactions.h"
 #include "windowstate.h"
 
@@ -101,9 +100,6 @@ private slots:
     void cleanup()
     {
         fixture.reset();
-#ifdef VELKOR_STRAIGHTFORWARD
-        straightforward::wantedNow = false;
-#endif
     }
 
     void everyStepAfterTheSecondIsPaintedOverThePicture()
@@ -270,17 +266,6 @@ private slots:
         }
         QVERIFY(framesFromPicture() > before);
     }
-
-#ifdef VELKOR_STRAIGHTFORWARD
-    void thePlainFormKeepsNoPicture()
-    {
-        straightforward::wantedNow = true;
-        openOnTraces();
-        for (int step = 0; step < 6; ++step)
-            stepCursor();
-        QCOMPARE(framesFromPicture(), 0);
-    }
-#endif
 };
 
 QTEST_MAIN(TestPlotView)

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "session.h"
-#include "straightforward.h"
 #include "windowfixture.h"
 #include "windowstate.h"
 
@@ -14,7 +13,7 @@
 namespace {
 
 constexpr int rounds = 8; ///< of all kinds of actions: 232 actions
-constexpr quint32 seeds[] = { 1, 20240305 };
+constexpr quint32 seed = 1;
 // Where only a part of the view is painted anew, the toolkit leaves a pixel or two of an
 // antialiased end beside that part as they were. Which part that is, each form may choose for
 // itself.
@@ -88,58 +87,6 @@ void replay(quint32 seed, const std::function<bool(int, const Frame &)> &look)
     }
 }
 
-/// A picture takes some megabytes; a session of them as they are would take a gigabyte.
-QByteArray packed(const QImage &picture)
-{
-    return qCompress(picture.constBits(), static_cast<int>(picture.sizeInBytes()), 1);
-}
-
-QImage unpacked(const QByteArray &bytes, QSize size)
-{
-    const QByteArray pixels = qUncompress(bytes);
-    return QImage(reinterpret_cast<const uchar *>(pixels.constData()), size.width(), size.height(),
-                  QImage::Format_RGB32)
-        .copy();
-}
-
-/// The frames of one session, kept small.
-class Recording
-{
-public:
-    explicit Recording(quint32 seed)
-    {
-        replay(seed, [this](int, const Frame &frame) {
-            m_frames.append({ frame.action, frame.state, frame.letters, frame.screen.size(),
-                              packed(frame.screen), packed(frame.fresh) });
-            return true;
-        });
-    }
-
-    int size() const
-    {
-        return static_cast<int>(m_frames.size());
-    }
-
-    Frame at(int number) const
-    {
-        const Packed &frame = m_frames.at(number);
-        return { frame.action, frame.state, frame.letters, unpacked(frame.screen, frame.size),
-                 unpacked(frame.fresh, frame.size) };
-    }
-
-private:
-    struct Packed
-    {
-        QString action;
-        QStringList state;
-        QRegion letters;
-        QSize size;
-        QByteArray screen;
-        QByteArray fresh;
-    };
-    QVector<Packed> m_frames;
-};
-
 /// Saves what differs beside the test program and says where.
 QString keep(int number, const char *what, const QImage &one, const QImage &other)
 {
@@ -201,7 +148,7 @@ QString compareFrames(int number, const Frame &one, const Frame &other)
 
 } // namespace
 
-/// A window that saves time must not be seen to: the same session is played on both forms.
+/// What stands on the screen is never stale.
 class TestSamePictures : public QObject
 {
     Q_OBJECT
@@ -210,16 +157,6 @@ private slots:
     void initTestCase();
     void whatIsOnTheScreenIsNeverStale();
     void aDifferenceWouldBeFound();
-#ifdef VELKOR_STRAIGHTFORWARD
-    void bothFormsLookAlikeAfterEveryAction_data();
-    void bothFormsLookAlikeAfterEveryAction();
-
-private:
-    static void useStraightforwardForm(bool wanted)
-    {
-        straightforward::wantedNow = wanted;
-    }
-#endif
 };
 
 void TestSamePictures::initTestCase()
@@ -231,7 +168,7 @@ void TestSamePictures::initTestCase()
 void TestSamePictures::whatIsOnTheScreenIsNeverStale()
 {
     QStringList findings;
-    replay(seeds[0], [&findings](int number, const Frame &frame) {
+    replay(seed, [&findings](int number, const Frame &frame) {
         const QString finding
             = comparePictures(number, "stale", frame.screen, frame.fresh, frame.letters, residue);
         if (!finding.isEmpty())
@@ -244,7 +181,7 @@ void TestSamePictures::whatIsOnTheScreenIsNeverStale()
 void TestSamePictures::aDifferenceWouldBeFound()
 {
     Frame one;
-    replay(seeds[0], [&one](int, const Frame &frame) {
+    replay(seed, [&one](int, const Frame &frame) {
         one = frame;
         return false;
     });
@@ -261,33 +198,6 @@ void TestSamePictures::aDifferenceWouldBeFound()
     std::swap(series.state[0], series.state[1]);
     QVERIFY(compareFrames(0, one, series).contains(QLatin1String("axisX")));
 }
-
-#ifdef VELKOR_STRAIGHTFORWARD
-
-void TestSamePictures::bothFormsLookAlikeAfterEveryAction_data()
-{
-    QTest::addColumn<quint32>("seed");
-    for (const quint32 seed : seeds)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void TestSamePictures::bothFormsLookAlikeAfterEveryAction()
-{
-    QFETCH(quint32, seed);
-    useStraightforwardForm(true);
-    const Recording expected(seed);
-    QCOMPARE(expected.size(), rounds * Session::round());
-
-    useStraightforwardForm(false);
-    QString finding;
-    replay(seed, [&](int number, const Frame &frame) {
-        finding = compareFrames(number, expected.at(number), frame);
-        return finding.isEmpty();
-    });
-    QVERIFY2(finding.isEmpty(), qPrintable(finding));
-}
-
-#endif
 
 QTEST_MAIN(TestSamePictures)
 #include "tst_same_pictures.moc"
