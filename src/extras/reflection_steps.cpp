@@ -3,9 +3,9 @@
 #include "extras/reflection_steps.h"
 
 #include "calc/numeric.h"
+#include "calc/reflections.h"
 #include "cont_dial.h"
 #include "extras/commands.h"
-#include "extras/reflections.h"
 #include "mainwindow.h"
 
 #include <algorithm>
@@ -47,7 +47,7 @@ QVector<int> reflectionColumns(const MainWindow &window)
     for (const QPointF &sample : samples)
         levels.append(calc::truncated(sample.y()));
     QVector<int> columns;
-    const QVector<int> places = reflections(levels);
+    const QVector<int> places = calc::reflections(levels);
     for (const int place : places) {
         const double column = samples[place].x();
         if (column >= 0.0 && column <= constants::xLength)
@@ -63,7 +63,7 @@ void toNextReflection(MainWindow &window)
         return;
     // A cursor that snapping put left of the place asked for has been there all the same.
     const int reached = std::max(column, window.parts().cursor_dial->trueValue);
-    const int next = nextColumn(reflectionColumns(window), reached);
+    const int next = calc::nextColumn(reflectionColumns(window), reached);
     if (next >= 0)
         placeCursor(window, next);
 }
@@ -73,7 +73,7 @@ void toPreviousReflection(MainWindow &window)
     const int column = activeColumn(window.state());
     if (column < 0)
         return;
-    const int previous = previousColumn(reflectionColumns(window), column);
+    const int previous = calc::previousColumn(reflectionColumns(window), column);
     if (previous >= 0)
         placeCursor(window, previous);
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition.h"
 #include "base/constants.h"
-#include "extras/reflections.h"
+#include "calc/reflections.h"
 #include "protocol_vx840.h"
 #include "sample_traces.h"
 
@@ -15,7 +15,6 @@
 #include <cstring>
 #include <random>
 
-using extras::reflections;
 using Protocol_VX840::TDR_FILE_t;
 
 namespace {
@@ -165,7 +164,7 @@ private slots:
     {
         QFETCH(int, number);
         const TDR_FILE_t record = recordOf(number);
-        const QString wrong = verdict(number, record, reflections(levelsOf(record)));
+        const QString wrong = verdict(number, record, calc::reflections(levelsOf(record)));
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
     }
 
@@ -193,7 +192,7 @@ private slots:
                 for (std::size_t i = 0; i < constants::drawnSamples; ++i)
                     levels.append(converted(sample.settings.baseline
                                             + stepsPerVolt * (volts[i] + noise * unit())));
-                const QString wrong = verdict(number, record, reflections(levels));
+                const QString wrong = verdict(number, record, calc::reflections(levels));
                 QVERIFY2(
                     wrong.isEmpty(),
                     qPrintable(QStringLiteral("%1 dB, seed %2: ").arg(gain).arg(seed) + wrong));
@@ -205,17 +204,18 @@ private slots:
     {
         for (const double deviation : { 0.1, 0.3, 0.5, 1.0, 3.0, 10.0, 40.0, 100.0, 1000.0 })
             for (quint64 seed = 1; seed <= 60; ++seed)
-                QCOMPARE(reflections(noiseAlone(deviation, seed)), QVector<int>());
+                QCOMPARE(calc::reflections(noiseAlone(deviation, seed)), QVector<int>());
     }
 
     void flatAndSaturatedTracesTurnNowhere()
     {
         for (const int level : { -128, -127, -45, 0, 1, 126, 127 })
-            QCOMPARE(reflections(QVector<int>(constants::drawnSamples, level)), QVector<int>());
+            QCOMPARE(calc::reflections(QVector<int>(constants::drawnSamples, level)),
+                     QVector<int>());
         // Held at the upper bound, then at the lower one: an edge, not an echo.
         QVector<int> edge(constants::drawnSamples, 127);
         std::fill(edge.begin() + 100, edge.end(), -128);
-        QCOMPARE(reflections(edge), QVector<int>());
+        QCOMPARE(calc::reflections(edge), QVector<int>());
     }
 
     void garbageGivesPlacesOnTheTrace()
@@ -239,27 +239,27 @@ private slots:
             traces << bytes;
         }
         for (const QVector<int> &trace : qAsConst(traces)) {
-            const QVector<int> found = reflections(trace);
+            const QVector<int> found = calc::reflections(trace);
             QVERIFY(std::is_sorted(found.begin(), found.end()));
             for (const int place : found)
                 QVERIFY(place >= 0 && place < constants::drawnSamples);
         }
-        QVERIFY(!reflections(waves).isEmpty());
+        QVERIFY(!calc::reflections(waves).isEmpty());
     }
 
     void shortTracesTurnNowhere()
     {
         const QVector<int> bell = Picture().bell(2.0, 100.0, 2.0).levels();
         for (int count = 0; count < 5; ++count)
-            QCOMPARE(reflections(bell.mid(0, count)), QVector<int>());
-        QCOMPARE(reflections(bell.mid(0, 250)), QVector<int>{ 2 });
+            QCOMPARE(calc::reflections(bell.mid(0, count)), QVector<int>());
+        QCOMPARE(calc::reflections(bell.mid(0, 250)), QVector<int>{ 2 });
     }
 
     void onlyTheDrawnSamplesAreLookedAt()
     {
         QVector<int> levels = Picture().bell(100.0, 60.0).levels();
         levels += Picture().bell(100.0, 90.0).levels();
-        QCOMPARE(reflections(levels), QVector<int>{ 100 });
+        QCOMPARE(calc::reflections(levels), QVector<int>{ 100 });
     }
 
     void aBellTurnsAtItsCrest_data()
@@ -275,7 +275,8 @@ private slots:
     {
         QFETCH(double, height);
         QFETCH(double, width);
-        const QVector<int> found = reflections(Picture().bell(120.0, height, width).levels(0.3));
+        const QVector<int> found
+            = calc::reflections(Picture().bell(120.0, height, width).levels(0.3));
         QCOMPARE(found.size(), 1);
         QVERIFY2(std::abs(found.constFirst() - 120) <= 1 + width / 8.0,
                  qPrintable(QString::number(found.constFirst())));
@@ -283,15 +284,15 @@ private slots:
 
     void aTopThatWasCutOffTurnsInItsMiddle()
     {
-        QCOMPARE(reflections(Picture().bell(120.0, 900.0).levels()), QVector<int>{ 120 });
-        QCOMPARE(reflections(Picture().bell(120.0, -900.0).levels()), QVector<int>{ 120 });
+        QCOMPARE(calc::reflections(Picture().bell(120.0, 900.0).levels()), QVector<int>{ 120 });
+        QCOMPARE(calc::reflections(Picture().bell(120.0, -900.0).levels()), QVector<int>{ 120 });
     }
 
     void heightAndSignOfTheTraceDoNotMatter()
     {
         const QVector<int> plain
             = Picture().bell(60.0, 30.0).bell(140.0, -40.0).bell(190.0, 20.0).levels(0.8);
-        const QVector<int> places = reflections(plain);
+        const QVector<int> places = calc::reflections(plain);
         QCOMPARE(places.size(), 3);
         QVector<int> shifted = plain;
         QVector<int> mirrored = plain;
@@ -299,34 +300,34 @@ private slots:
             shifted[i] += 256;
             mirrored[i] = -plain[i];
         }
-        QCOMPARE(reflections(shifted), places);
-        QCOMPARE(reflections(mirrored), places);
+        QCOMPARE(calc::reflections(shifted), places);
+        QCOMPARE(calc::reflections(mirrored), places);
     }
 
     void theValleyBetweenTwoEchoesIsNone()
     {
         const QVector<int> found
-            = reflections(Picture().bell(100.0, 60.0).bell(118.0, 60.0).levels(0.5));
+            = calc::reflections(Picture().bell(100.0, 60.0).bell(118.0, 60.0).levels(0.5));
         QCOMPARE(found, (QVector<int>{ 100, 118 }));
     }
 
     void theLaunchedPulseIsNone()
     {
-        QCOMPARE(reflections(Picture().bell(0.0, 120.0).levels(0.5)), QVector<int>());
-        QCOMPARE(reflections(Picture().bell(-3.0, 120.0, 20.0).bell(90.0, 25.0).levels(0.5)),
+        QCOMPARE(calc::reflections(Picture().bell(0.0, 120.0).levels(0.5)), QVector<int>());
+        QCOMPARE(calc::reflections(Picture().bell(-3.0, 120.0, 20.0).bell(90.0, 25.0).levels(0.5)),
                  QVector<int>{ 90 });
     }
 
     void whatIsCutOffAtTheEndHasNotTurned()
     {
-        QCOMPARE(reflections(Picture().bell(252.0, 100.0, 12.0).levels(0.5)), QVector<int>());
+        QCOMPARE(calc::reflections(Picture().bell(252.0, 100.0, 12.0).levels(0.5)), QVector<int>());
     }
 
     void aSlopingLineIsQuiet()
     {
-        QCOMPARE(reflections(Picture().slope(0.4).levels(0.5)), QVector<int>());
-        const QVector<int> found
-            = reflections(Picture().slope(-0.4).bell(50.0, 15.0).bell(200.0, 15.0).levels(0.5));
+        QCOMPARE(calc::reflections(Picture().slope(0.4).levels(0.5)), QVector<int>());
+        const QVector<int> found = calc::reflections(
+            Picture().slope(-0.4).bell(50.0, 15.0).bell(200.0, 15.0).levels(0.5));
         QCOMPARE(found, (QVector<int>{ 50, 200 }));
     }
 
@@ -337,15 +338,15 @@ private slots:
         const auto cable = [](double late) {
             return Picture().bell(60.0, 40.0).bell(100.0, 100.0).bell(140.0, late).levels(0.5);
         };
-        QCOMPARE(reflections(cable(30.0)), (QVector<int>{ 60, 100 }));
-        QCOMPARE(reflections(cable(-30.0)), (QVector<int>{ 60, 100 }));
+        QCOMPARE(calc::reflections(cable(30.0)), (QVector<int>{ 60, 100 }));
+        QCOMPARE(calc::reflections(cable(-30.0)), (QVector<int>{ 60, 100 }));
         // Nothing on the way can make it taller: a place on the cable.
-        QCOMPARE(reflections(cable(55.0)), (QVector<int>{ 60, 100, 140 }));
+        QCOMPARE(calc::reflections(cable(55.0)), (QVector<int>{ 60, 100, 140 }));
     }
 
     void anEchoElsewhereIsAPlace()
     {
-        const QVector<int> found = reflections(
+        const QVector<int> found = calc::reflections(
             Picture().bell(60.0, 40.0).bell(100.0, 100.0).bell(150.0, 30.0).levels(0.5));
         QCOMPARE(found, (QVector<int>{ 60, 100, 150 }));
     }
@@ -355,27 +356,27 @@ private slots:
         for (const double deviation : { 0.6, 1.0, 2.5, 8.0, 20.0 }) {
             double sum = 0.0;
             for (quint64 seed = 1; seed <= 20; ++seed)
-                sum += extras::noiseOf(Picture().bell(60.0, 90.0).levels(deviation, seed));
+                sum += calc::noiseOf(Picture().bell(60.0, 90.0).levels(deviation, seed));
             QVERIFY2(std::abs(sum / 20.0 / deviation - 1.0) < 0.25,
                      qPrintable(QString::number(sum / 20.0)));
         }
-        QCOMPARE(extras::noiseOf({}), 0.0);
-        QCOMPARE(extras::noiseOf({ 5, 90 }), 0.0);
+        QCOMPARE(calc::noiseOf({}), 0.0);
+        QCOMPARE(calc::noiseOf({ 5, 90 }), 0.0);
     }
 
     void theNextAndThePreviousColumn()
     {
         const QVector<int> columns = { 40, 80, 120 };
-        QCOMPARE(extras::nextColumn(columns, 0), 40);
-        QCOMPARE(extras::nextColumn(columns, 40), 80);
-        QCOMPARE(extras::nextColumn(columns, 119), 120);
-        QCOMPARE(extras::nextColumn(columns, 120), -1);
-        QCOMPARE(extras::previousColumn(columns, 64000), 120);
-        QCOMPARE(extras::previousColumn(columns, 120), 80);
-        QCOMPARE(extras::previousColumn(columns, 41), 40);
-        QCOMPARE(extras::previousColumn(columns, 40), -1);
-        QCOMPARE(extras::nextColumn({}, 0), -1);
-        QCOMPARE(extras::previousColumn({}, 64000), -1);
+        QCOMPARE(calc::nextColumn(columns, 0), 40);
+        QCOMPARE(calc::nextColumn(columns, 40), 80);
+        QCOMPARE(calc::nextColumn(columns, 119), 120);
+        QCOMPARE(calc::nextColumn(columns, 120), -1);
+        QCOMPARE(calc::previousColumn(columns, 64000), 120);
+        QCOMPARE(calc::previousColumn(columns, 120), 80);
+        QCOMPARE(calc::previousColumn(columns, 41), 40);
+        QCOMPARE(calc::previousColumn(columns, 40), -1);
+        QCOMPARE(calc::nextColumn({}, 0), -1);
+        QCOMPARE(calc::previousColumn({}, 64000), -1);
     }
 };
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "extras/reflections.h"
+#include "calc/reflections.h"
 
 #include "base/constants.h"
 #include "calc/numeric.h"
@@ -10,7 +10,7 @@
 #include <iterator>
 #include <vector>
 
-namespace extras {
+namespace calc {
 namespace {
 
 /// How many standard deviations of a single sample a turn must differ from its surroundings. They
@@ -222,7 +222,7 @@ QVector<int> reflections(const QVector<int> &levels)
     std::vector<Turn> earlier;
     for (const Turn &turn : turns) {
         if (!isEchoOfEchoes(turn, earlier, tallest))
-            places.append(calc::truncated(turn.place));
+            places.append(truncated(turn.place));
         earlier.push_back(turn);
     }
     return places;
@@ -240,4 +240,4 @@ int previousColumn(const QVector<int> &columns, int column)
     return found == columns.begin() ? -1 : *std::prev(found);
 }
 
-} // namespace extras
+} // namespace calc

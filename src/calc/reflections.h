@@ -28,7 +28,7 @@
 ///
 /// There is nothing to set: all bounds are in units of the trace's own noise and echoes.
 
-namespace extras {
+namespace calc {
 
 /// Indices of the samples at which \a levels turns, ascending. Levels are sample steps, one for
 /// each sample from left to right; only the first 250 are looked at, which bounds the work for any
@@ -46,4 +46,4 @@ int nextColumn(const QVector<int> &columns, int column);
 /// The nearest of \a columns, ascending, that lies left of \a column; -1 where there is none.
 int previousColumn(const QVector<int> &columns, int column);
 
-} // namespace extras
+} // namespace calc
