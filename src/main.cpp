@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibility/accessibility.h"
+#include "base/process.h"
 #include "base/screen_scale.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
@@ -13,6 +14,7 @@
 /// Runs the viewer: one window, one event loop. Returns the loop's exit code.
 int qMain(int argc, char **argv)
 {
+    process::guardStandardStreams();
     // The xcb platform loads OpenGL for a window of any kind, which costs a third of the start and
     // half of the memory, and nothing here draws with it. Somebody who set the variable meant it.
     constexpr auto integration = "QT_XCB_GL_INTEGRATION";
@@ -23,6 +25,7 @@ int qMain(int argc, char **argv)
     const auto application = screen_scale::makeApplication(argc, argv);
     // The desktop entry of this window: a Wayland compositor takes name and icon from there.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.velkor.Velkor"));
+    process::closeWindowsOnSignals(application.get());
     MainWindow window;
     window.settings()->curAppPointer = application.get();
     accessibility::attach(window);

@@ -141,6 +141,14 @@ void VirtualScreen::closeWindow(const QString &name) const
         { QStringLiteral("-i"), QStringLiteral("-c"), QStringLiteral("0x%1").arg(id, 0, 16) });
 }
 
+void VirtualScreen::resizeWindow(const QString &name, QSize size) const
+{
+    run(QStringLiteral("wmctrl"),
+        { QStringLiteral("-i"), QStringLiteral("-r"), windowId(name), QStringLiteral("-e"),
+          QStringLiteral("0,-1,-1,%1,%2").arg(size.width()).arg(size.height()) });
+    waitFor([&] { return waitForWindow(name).size() == size; });
+}
+
 void VirtualScreen::moveTo(QPoint at) const
 {
     run(QStringLiteral("xdotool"),

@@ -39,6 +39,9 @@ public:
     /// Asks the window manager to close the window, as a click on its cross does.
     void closeWindow(const QString &name) const;
 
+    /// Gives the window \a size pixels and waits until it has them.
+    void resizeWindow(const QString &name, QSize size) const;
+
     void moveTo(QPoint at) const;
     void click(QPoint at, int button = 1) const;
     /// Presses at \a from, moves to \a to in steps, releases.
