@@ -14,11 +14,6 @@ set(doc ${share}/doc/velkor)
 file(REMOVE ${doc}/LICENSE)
 file(COPY ${CPACK_VELKOR_DEBIAN_DIR}/copyright DESTINATION ${doc}
   FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
-if(EXISTS ${doc}/manual)
-  file(MAKE_DIRECTORY ${share}/doc-base)
-  file(COPY ${CPACK_VELKOR_DEBIAN_DIR}/velkor.velkor-manual DESTINATION ${share}/doc-base
-    FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
-endif()
 
 # A changelog in Debian's form, made of the points of this version in the project's own. Points end
 # at the next one; their lines are filled anew, because Debian's are shorter.

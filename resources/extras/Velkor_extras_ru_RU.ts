@@ -4,6 +4,14 @@
 <context>
     <name>Extras</name>
     <message>
+        <source>Back</source>
+        <translation>Назад</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Вперёд</translation>
+    </message>
+    <message>
         <source>Steps in a turn of the dial: %1</source>
         <translation>Шагов за оборот энкодера: %1</translation>
     </message>

@@ -2,42 +2,259 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/help.h"
 
-#include "base/constants.h"
-#include "base/program_files.h"
+#include "cont_dial.h"
+#include "extras/texts.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
 #include "mainwindow.h"
+#include "parambutton.h"
 #include "settingsdata.h"
 
-#include <QDesktopServices>
-#include <QDir>
-#include <QUrl>
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QFile>
+#include <QImageReader>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextTable>
+#include <QToolBar>
+#include <QVBoxLayout>
 
 namespace extras {
 
 namespace {
 
-/// From the folder of the program; the build knows where it installs both.
-constexpr QLatin1String manualFolder = constants::latin1(VELKOR_MANUAL_FOLDER);
+constexpr QSize firstSize(1100, 720);
+constexpr int chaptersWidth = 260;
 constexpr int languageLength = 2; ///< the manual knows languages, not countries
+constexpr int pageMargin = 16;
+constexpr int cellPadding = 4;
+constexpr int widestPicture = 720; ///< as wide as the page when the window opens
+
+/// Parts of the chapter on the controls, in its order.
+enum Section {
+    Cursors,
+    Slots,
+    Master,
+    Chart,
+    Navigation,
+    Parameters,
+    Dials,
+    RightColumn,
+    Difference,
+    Smooth,
+    ResetAll,
+    Settings,
+};
+
+Section sectionOf(const QWidget *control, const MainWindowParts &parts)
+{
+    if (qobject_cast<const Cont_dial *>(control) != nullptr)
+        return Dials;
+    if (qobject_cast<const LegendButton *>(control) != nullptr || control == parts.legend_button)
+        return Slots;
+    if (qobject_cast<const ParamButton *>(control) != nullptr)
+        return Parameters;
+    if (qobject_cast<const InterfaceButton *>(control) != nullptr)
+        return Cursors;
+    if (control == parts.difference_button)
+        return Difference;
+    if (control == parts.smooth_button)
+        return Smooth;
+    if (control == parts.reset_all_button)
+        return ResetAll;
+    if (control == parts.settings_button)
+        return Settings;
+    for (const QButtonGroup *group :
+         { parts.scale_nav_group, parts.scroll_nav_group, parts.cur_nav_group })
+        for (const QAbstractButton *button : group->buttons())
+            if (control == button)
+                return Navigation;
+    return Chart;
+}
+
+/// The anchor that Markdown readers give to a heading: "Reset All" becomes "reset-all".
+QString anchorOf(const QString &heading)
+{
+    QString anchor;
+    for (const QChar c : heading.toLower()) {
+        if (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'))
+            anchor += c;
+        else if (c == QLatin1Char(' '))
+            anchor += QLatin1Char('-');
+    }
+    return anchor;
+}
+
+/// Calls \a look with each heading of \a page until that returns true.
+template <typename Look> void findHeading(const QTextDocument &page, const Look &look)
+{
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+        if (block.blockFormat().headingLevel() > 0 && look(block))
+            return;
+}
 
 } // namespace
 
-QString pageOfKeys(const QString &programFolder, const QString &language)
+HelpWindow::HelpWindow(const QString &language, const QString &back, const QString &forward)
+    : m_chapters(new QListWidget)
+    , m_page(new QTextBrowser)
 {
-    const QDir manual(QDir(programFolder).filePath(manualFolder));
-    for (const QString &folder : { language.left(languageLength), QStringLiteral("en") }) {
-        QString page = QDir::cleanPath(manual.filePath(folder + QLatin1String("/keys.html")));
-        if (program_files::isRegularFile(page))
-            return page;
-    }
-    return {};
+    setAttribute(Qt::WA_DeleteOnClose);
+    // The program ends with its main window.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    resize(firstSize);
+
+    auto *bar = new QToolBar;
+    const QAction *backward = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), back,
+                                             m_page, &QTextBrowser::backward);
+    const QAction *onward = bar->addAction(style()->standardIcon(QStyle::SP_ArrowForward), forward,
+                                           m_page, &QTextBrowser::forward);
+    auto *sides = new QSplitter;
+    sides->addWidget(m_chapters);
+    sides->addWidget(m_page);
+    sides->setSizes({ chaptersWidth, firstSize.width() - chaptersWidth });
+    sides->setStretchFactor(1, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(bar);
+    layout->addWidget(sides);
+
+    connect(m_page, &QTextBrowser::backwardAvailable, backward, &QAction::setEnabled);
+    connect(m_page, &QTextBrowser::forwardAvailable, onward, &QAction::setEnabled);
+    connect(m_page, &QTextBrowser::sourceChanged, this, &HelpWindow::followAnchor);
+    connect(m_chapters, &QListWidget::currentItemChanged, this, [this](QListWidgetItem *chapter) {
+        m_page->setSource(chapter->data(Qt::UserRole).toUrl());
+    });
+
+    QString folder = QStringLiteral("/docs/manual/%1/").arg(language.left(languageLength));
+    if (!QFile::exists(QLatin1Char(':') + folder))
+        folder = QStringLiteral("/docs/manual/en/");
+    m_controls = QUrl(QStringLiteral("qrc:") + folder + QStringLiteral("controls.md"));
+    readContents(QUrl(QStringLiteral("qrc:") + folder + QStringLiteral("index.md")));
 }
 
-void showPageOfKeys(const MainWindow &window)
+void HelpWindow::readContents(const QUrl &index)
 {
-    const QString page
-        = pageOfKeys(program_files::programFolder(), window.settings()->current_language);
-    if (!page.isEmpty())
-        QDesktopServices::openUrl(QUrl::fromLocalFile(page));
+    m_page->setSource(index);
+    const QSignalBlocker blocker(m_chapters);
+    const auto add = [this](const QString &title, const QUrl &page) {
+        auto *chapter = new QListWidgetItem(title, m_chapters);
+        chapter->setData(Qt::UserRole, page);
+    };
+    add(m_page->document()->firstBlock().text(), index);
+    setWindowTitle(m_page->document()->firstBlock().text());
+    // The chapters are the numbered list on the first page.
+    for (QTextBlock block = m_page->document()->begin(); block.isValid(); block = block.next())
+        if (block.textList() != nullptr)
+            add(block.text(), index.resolved(block.begin().fragment().charFormat().anchorHref()));
+}
+
+void HelpWindow::showControl(int section)
+{
+    m_page->setSource(m_controls);
+    int number = -1; // the first heading is the title of the chapter
+    findHeading(*m_page->document(), [&](const QTextBlock &heading) {
+        if (number++ != section)
+            return false;
+        scrollTo(heading.position());
+        return true;
+    });
+}
+
+void HelpWindow::followAnchor(const QUrl &page)
+{
+    frameTables();
+    fitPictures();
+    for (int row = 0; row < m_chapters->count(); ++row) {
+        const QUrl chapter = m_chapters->item(row)->data(Qt::UserRole).toUrl();
+        if (chapter.path() == page.path()) {
+            const QSignalBlocker blocker(m_chapters);
+            m_chapters->setCurrentRow(row);
+        }
+    }
+    if (!page.hasFragment())
+        return;
+    const QString anchor = page.fragment(QUrl::FullyDecoded);
+    findHeading(*m_page->document(), [&](const QTextBlock &heading) {
+        if (anchorOf(heading.text()) != anchor)
+            return false;
+        scrollTo(heading.position());
+        return true;
+    });
+}
+
+void HelpWindow::scrollTo(int position)
+{
+    QTextCursor place(m_page->document());
+    place.setPosition(position);
+    m_page->setTextCursor(place);
+    // Positions of the layout are known for all of the page only after it was asked for its size.
+    m_page->document()->documentLayout()->documentSize();
+    const QRect at = m_page->cursorRect(place);
+    m_page->verticalScrollBar()->setValue(m_page->verticalScrollBar()->value() + at.top());
+}
+
+void HelpWindow::frameTables()
+{
+    QTextDocument &page = *m_page->document();
+    page.setDocumentMargin(pageMargin);
+    const auto frames = page.rootFrame()->childFrames();
+    for (QTextFrame *frame : frames) {
+        auto *table = qobject_cast<QTextTable *>(frame);
+        if (table == nullptr)
+            continue;
+        QTextTableFormat format = table->format();
+        format.setBorder(1);
+        format.setBorderCollapse(true);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(palette().brush(QPalette::Mid));
+        format.setCellPadding(cellPadding);
+        table->setFormat(format);
+    }
+}
+
+void HelpWindow::fitPictures()
+{
+    QTextDocument &page = *m_page->document();
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            QTextImageFormat format = part.fragment().charFormat().toImageFormat();
+            const QUrl file = m_page->source().resolved(format.name());
+            if (!format.isValid()
+                || QImageReader(QLatin1Char(':') + file.path()).size().width() <= widestPicture)
+                continue;
+            format.setWidth(widestPicture);
+            QTextCursor picture(&page);
+            picture.setPosition(part.fragment().position());
+            picture.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+            picture.setCharFormat(format);
+        }
+}
+
+void showHelp(MainWindow &window)
+{
+    HelpWindow *help = nullptr;
+    const auto widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets)
+        if (help == nullptr)
+            help = qobject_cast<HelpWindow *>(widget);
+    if (help == nullptr) {
+        const Texts text(window);
+        help = new HelpWindow(window.settings()->current_language,
+                              text(QT_TRANSLATE_NOOP("Extras", "Back")),
+                              text(QT_TRANSLATE_NOOP("Extras", "Forward")));
+        QObject::connect(&window, &QObject::destroyed, help, [help] { delete help; });
+    }
+    help->show();
+    help->showControl(sectionOf(window.focusWidget(), window.parts()));
+    help->raise();
+    help->activateWindow();
 }
 
 } // namespace extras

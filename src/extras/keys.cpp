@@ -99,7 +99,7 @@ const Key keys[] = {
     { { Qt::Key_C, control }, Once, copyShown },
     { { Qt::Key_E, control }, Once, askAndSaveShown },
     { { Qt::Key_Comma, control }, Once, [](Window &w) { w.parts().settings_button->click(); } },
-    { { Qt::Key_F1, {} }, Once, [](Window &w) { showPageOfKeys(w); } },
+    { { Qt::Key_F1, {} }, Once, [](Window &w) { showHelp(w); } },
 };
 
 // Everywhere else the arrows walk from control to control or turn the dial.

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
-#include "extras/help.h"
 #include "hand.h"
 #include "inputevents.h"
 #include "legendbutton.h"
@@ -11,8 +10,6 @@
 #include "threetraces.h"
 #include "windowstate.h"
 
-#include <QDesktopServices>
-#include <QDir>
 #include <QtTest>
 
 #include <functional>
@@ -86,17 +83,6 @@ private slots:
     void withoutExtrasNoKeyDoesAnything();
     void aRussianKeyboardHasTheSameKeys_data();
     void aRussianKeyboardHasTheSameKeys();
-    void thePageOfKeysIsTheInstalledOne();
-    void theHelpKeyShowsThePageWhenItIsThere();
-
-public slots:
-    void openPage(const QUrl &url)
-    {
-        m_opened.append(url);
-    }
-
-private:
-    QList<QUrl> m_opened;
 };
 
 void TestExtrasKeys::aKeyDoesWhatTheMouseDoes_data()
@@ -267,49 +253,6 @@ void TestExtrasKeys::aRussianKeyboardHasTheSameKeys()
     QVERIFY(expected != untouched);
     // As the toolkit has it: the letter in upper case is the key, whatever Shift says.
     QCOMPARE(stateAfter(russian, QString(QChar(russian)).toLower()), expected);
-}
-
-void TestExtrasKeys::thePageOfKeysIsTheInstalledOne()
-{
-    const QTemporaryDir folder;
-    const QString program = folder.filePath(QStringLiteral("bin"));
-    QVERIFY(QDir().mkpath(program));
-    QCOMPARE(extras::pageOfKeys(program, QStringLiteral("ru_RU")), QString());
-
-    const QString manual = QDir::cleanPath(program + QLatin1String("/" VELKOR_MANUAL_FOLDER));
-    const auto page = [&manual](const char *language) {
-        return manual + QLatin1Char('/') + QLatin1String(language) + QLatin1String("/keys.html");
-    };
-    QVERIFY(QDir().mkpath(manual + QLatin1String("/en")));
-    QVERIFY(QDir().mkpath(manual + QLatin1String("/ru")));
-    writeFile(page("en"), "keys");
-    QCOMPARE(extras::pageOfKeys(program, QStringLiteral("en_US")), page("en"));
-    QCOMPARE(extras::pageOfKeys(program, QStringLiteral("ru_RU")), page("en"));
-    writeFile(page("ru"), "клавиши");
-    QCOMPARE(extras::pageOfKeys(program, QStringLiteral("ru_RU")), page("ru"));
-    QCOMPARE(extras::pageOfKeys(program, QString()), page("en"));
-    QCOMPARE(extras::pageOfKeys(program, QStringLiteral("../../..")), page("en"));
-}
-
-void TestExtrasKeys::theHelpKeyShowsThePageWhenItIsThere()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "openPage");
-    QDir manual(QDir(QCoreApplication::applicationDirPath())
-                    .filePath(QStringLiteral(VELKOR_MANUAL_FOLDER)));
-    manual.removeRecursively();
-    press(&window, Qt::Key_F1);
-    QVERIFY(m_opened.isEmpty());
-
-    const QString page = QDir::cleanPath(manual.filePath(QStringLiteral("ru/keys.html")));
-    QVERIFY(QDir().mkpath(manual.filePath(QStringLiteral("ru"))));
-    writeFile(page, "клавиши");
-    window.settings()->current_language = QStringLiteral("ru_RU");
-    press(&window, Qt::Key_F1);
-    QCOMPARE(m_opened, QList<QUrl>{ QUrl::fromLocalFile(page) });
-    manual.removeRecursively();
-    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
 }
 
 QTEST_MAIN(TestExtrasKeys)

@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cont_dial.h"
+#include "each.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "settingsdata.h"
+#include "threetraces.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QtTest>
+
+namespace {
+
+/// The open window of the manual; null when there is none.
+QTextBrowser *openPage()
+{
+    QTextBrowser *found = nullptr;
+    const auto widgets = QApplication::topLevelWidgets();
+    for (const QWidget *widget : widgets)
+        if (auto *page = widget->findChild<QTextBrowser *>(); page != nullptr && page->isVisible())
+            found = page;
+    return found;
+}
+
+/// The first heading that is in view.
+QString headingInView()
+{
+    const QTextBrowser &page = *openPage();
+    QTextBlock block = page.cursorForPosition(QPoint(20, 2)).block();
+    while (block.isValid() && block.blockFormat().headingLevel() == 0)
+        block = block.next();
+    return block.text();
+}
+
+/// Every link of the page \a file, with its text.
+QVector<QUrl> linksOf(QTextBrowser &page)
+{
+    QVector<QUrl> links;
+    for (QTextBlock block = page.document()->begin(); block.isValid(); block = block.next())
+        for (auto part = block.begin(); !part.atEnd(); ++part)
+            if (part.fragment().charFormat().isAnchor())
+                links.append(page.source().resolved(part.fragment().charFormat().anchorHref()));
+    return links;
+}
+
+} // namespace
+
+/// The manual in its window.
+class TestExtrasHelp : public QObject
+{
+    Q_OBJECT
+
+private:
+    WindowFixture m_fixture;
+
+    /// Presses F1 while \a control has the focus.
+    static void askFor(QWidget *control)
+    {
+        control->setFocus();
+        press(control, Qt::Key_F1);
+        QVERIFY(openPage() != nullptr);
+        QVERIFY(QTest::qWaitForWindowExposed(openPage()->window()));
+    }
+
+    static void closeHelp()
+    {
+        openPage()->window()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(openPage() == nullptr);
+    }
+
+private slots:
+    void init()
+    {
+        openThree(m_fixture);
+    }
+
+    void helpOpensAtTheFocusedControl()
+    {
+        struct Row
+        {
+            const char *name;
+            QWidget *control;
+            QString english;
+            QString russian;
+        };
+        const MainWindowProbe probe = m_fixture.probe();
+        const std::vector<Row> rows = {
+            { "cursor", probe.curA_button(), QStringLiteral("Cursors and readings"),
+              QStringLiteral("Курсоры и отсчёты") },
+            { "files", probe.legend_button(), QStringLiteral("Files and trace slots"),
+              QStringLiteral("Файлы и ячейки") },
+            { "slot", probe.selected_rfg()[2], QStringLiteral("Files and trace slots"),
+              QStringLiteral("Файлы и ячейки") },
+            { "plot", probe.Plot_View(), QStringLiteral("The chart"), QStringLiteral("График") },
+            { "scroll", probe.scroll_right_button(),
+              QStringLiteral("Scale, scrolling, cursor choice"),
+              QStringLiteral("Масштаб, прокрутка, выбор курсора") },
+            { "parameter", probe.KU_button(), QStringLiteral("Parameters"),
+              QStringLiteral("Параметры") },
+            { "dial", probe.cursor_dial(), QStringLiteral("Dials"), QStringLiteral("Энкодеры") },
+            { "difference", probe.difference_button(), QStringLiteral("Difference"),
+              QStringLiteral("Вычитание") },
+            { "smooth", probe.smooth_button(), QStringLiteral("Smooth"),
+              QStringLiteral("Сглаживание") },
+            { "reset", probe.reset_all_button(), QStringLiteral("Reset All"),
+              QStringLiteral("Сбросить всё") },
+            { "settings", probe.settings_button(), QStringLiteral("Settings"),
+              QStringLiteral("Настройки") },
+        };
+        for (const char *language : { "en_US", "ru_RU" }) {
+            probe.settingsData()->current_language = QLatin1String(language);
+            each<Row>(rows, [language](const Row &row) {
+                askFor(row.control);
+                QCOMPARE(headingInView(), language[0] == 'e' ? row.english : row.russian);
+            });
+            closeHelp();
+        }
+    }
+
+    void contentsLeadToEveryChapterAndBack()
+    {
+        askFor(m_fixture.probe().Plot_View());
+        auto *chapters = openPage()->window()->findChild<QListWidget *>();
+        const auto actions = openPage()->window()->findChild<QToolBar *>()->actions();
+        QCOMPARE(chapters->count(), 9);
+        QCOMPARE(chapters->currentItem()->text(), QStringLiteral("Every control"));
+        chapters->setCurrentRow(8);
+        QCOMPARE(headingInView(), QStringLiteral("Keys"));
+        actions.at(0)->trigger();
+        QCOMPARE(chapters->currentItem()->text(), QStringLiteral("Every control"));
+        actions.at(1)->trigger();
+        QCOMPARE(headingInView(), QStringLiteral("Keys"));
+        QVERIFY(!actions.at(1)->isEnabled());
+        closeHelp();
+    }
+
+    void everyLinkAndPictureIsThere()
+    {
+        QTextBrowser page;
+        int links = 0;
+        for (const char *language : { "en", "ru" }) {
+            const QDir folder(QStringLiteral(":/docs/manual/%1").arg(QLatin1String(language)));
+            const auto names = folder.entryList();
+            QVERIFY(names.size() >= 9);
+            for (const QString &name : names) {
+                page.setSource(QUrl(QStringLiteral("qrc") + folder.filePath(name)));
+                for (const QUrl &link : linksOf(page)) {
+                    QVERIFY2(QFile::exists(QLatin1Char(':') + link.path()),
+                             qPrintable(name + QLatin1Char(' ') + link.toString()));
+                    ++links;
+                }
+                for (const QTextFormat &format : page.document()->allFormats())
+                    if (format.isImageFormat())
+                        QVERIFY2(page.loadResource(QTextDocument::ImageResource,
+                                                   format.toImageFormat().name())
+                                     .isValid(),
+                                 qPrintable(name + format.toImageFormat().name()));
+            }
+        }
+        QVERIFY(links > 40);
+    }
+
+    void linkToAHeadingScrollsThere()
+    {
+        askFor(m_fixture.probe().Plot_View());
+        for (const auto &[link, heading] :
+             { std::pair{ "qrc:/docs/manual/en/controls.md#the-master", "The master" },
+               std::pair{ "qrc:/docs/manual/ru/controls.md#вычитание", "Вычитание" } }) {
+            openPage()->setSource(QUrl(QString::fromUtf8(link)));
+            QCOMPARE(headingInView(), QString::fromUtf8(heading));
+        }
+        closeHelp();
+    }
+
+    void helpGoesWithTheWindow()
+    {
+        askFor(m_fixture.probe().Plot_View());
+        m_fixture.close();
+        QVERIFY(openPage() == nullptr);
+    }
+};
+
+QTEST_MAIN(TestExtrasHelp)
+#include "tst_extras_help.moc"
