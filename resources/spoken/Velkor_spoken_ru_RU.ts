@@ -125,7 +125,7 @@
     </message>
     <message>
         <source>Logo</source>
-        <translation>Эмблема</translation>
+        <translation>Логотип</translation>
     </message>
     <message>
         <source>Plot</source>
