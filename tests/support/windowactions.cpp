@@ -17,6 +17,8 @@ MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces
     QStringList paths;
     for (int i = 0; i < traces.size(); ++i)
         paths.append(fixture.trace(QStringLiteral("t%1.tdr").arg(i + 1), traces[i]));
+    fixture.close();
+    WindowFixture::removeSettings();
     WindowFixture::writePreviousRun(paths, master);
     return fixture.open();
 }

@@ -14,12 +14,13 @@ class QGraphicsScene;
 /// \file
 /// What several window tests do: open a window on traces, choose files, look at a button's picture.
 
-/// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master.
-/// The files are "t1.tdr" and so on, in the fixture's folder.
+/// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master,
+/// and all other settings default. The files are "t1.tdr" and so on, in the fixture's folder. A
+/// window that is already open is closed first, so rows of a table can call this one by one.
 MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces, int master = 0);
 
 /// Clicks the files button and answers its dialog with \a paths; none cancels. False when no dialog
-/// came up. The dialogs must be the toolkit's own: set Qt::AA_DontUseNativeDialogs before.
+/// came up.
 bool chooseFiles(const WindowFixture &fixture, const QStringList &paths);
 
 /// Triggers "load" in the menu of \a slot and answers its dialog with \a path; an empty one

@@ -12,6 +12,8 @@
 
 WindowFixture::WindowFixture()
 {
+    // A native file dialog has no widgets that answerDialog could reach.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     removeSettings();
 }
 

@@ -11,7 +11,7 @@
 #include <memory>
 
 /// A real window on real files: a folder for traces that lasts as long as the fixture, no settings
-/// file left over from another test, and the window laid out at its usual 800 x 500.
+/// file left over from another test, Qt's own dialogs, and the window at its default 800 x 500.
 class WindowFixture
 {
 public:

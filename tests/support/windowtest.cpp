@@ -21,9 +21,9 @@ QWidget *WindowTest::viewport() const
     return probe().Plot_View()->viewport();
 }
 
-void WindowTest::openOn(const QVector<TraceBuilder> &traces)
+MainWindow &WindowTest::openOn(const QVector<TraceBuilder> &traces, int master)
 {
-    openWith(*fixture, traces);
+    return openWith(*fixture, traces, master);
 }
 
 void WindowTest::init()

@@ -7,7 +7,8 @@
 #include <QObject>
 #include <QVector>
 
-/// A test whose every function has a window, and a folder for traces, of its own.
+/// Base of the window tests. Each test function gets a fixture of its own: a folder for traces, no
+/// settings file, and no window until it opens one.
 class WindowTest : public QObject
 {
     Q_OBJECT
@@ -17,9 +18,10 @@ protected:
     const MainWindowProbe &probe() const;
     /// What mouse and wheel events on the chart go to.
     QWidget *viewport() const;
-    /// Opens the window as after a run that had \a traces open from slot 1 on, slot 1 the master.
-    /// The files are "t1.tdr" and so on, in the fixture's folder.
-    void openOn(const QVector<TraceBuilder> &traces);
+    /// Opens the window as after a run that had \a traces open from slot 1 on, with master \a
+    /// master. The files are "t1.tdr" and so on, in the fixture's folder. No traces: an empty
+    /// window.
+    MainWindow &openOn(const QVector<TraceBuilder> &traces, int master = 0);
 
     std::unique_ptr<WindowFixture> fixture;
 

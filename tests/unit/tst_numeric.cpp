@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/numeric.h"
+#include "each.h"
 
 #include <QtTest>
 
@@ -12,33 +13,35 @@ class TestNumeric : public QObject
     Q_OBJECT
 
 private slots:
-    void doublesLoseTheirFraction_data()
-    {
-        constexpr double infinity = std::numeric_limits<double>::infinity();
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("zero") << 0.0 << 0;
-        QTest::newRow("downwards when positive") << 2.9 << 2;
-        QTest::newRow("upwards when negative") << -2.9 << -2;
-        QTest::newRow("just below one") << 0.999999999 << 0;
-        QTest::newRow("just above minus one") << -0.999999999 << 0;
-        QTest::newRow("largest int") << 2147483647.0 << INT_MAX;
-        QTest::newRow("a fraction below the largest int") << 2147483646.9 << INT_MAX - 1;
-        QTest::newRow("one above the largest int") << 2147483648.0 << INT_MAX;
-        QTest::newRow("smallest int") << -2147483648.0 << INT_MIN;
-        QTest::newRow("a fraction above the smallest int") << -2147483647.9 << INT_MIN + 1;
-        QTest::newRow("one below the smallest int") << -2147483649.0 << INT_MIN;
-        QTest::newRow("huge") << 1e300 << INT_MAX;
-        QTest::newRow("huge and negative") << -1e300 << INT_MIN;
-        QTest::newRow("infinity") << infinity << INT_MAX;
-        QTest::newRow("minus infinity") << -infinity << INT_MIN;
-        QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 0;
-    }
-
     void doublesLoseTheirFraction()
     {
-        QFETCH(double, value);
-        QTEST(calc::truncated(value), "expected");
+        struct Row
+        {
+            const char *name;
+            double value;
+            int expected;
+        };
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        each<Row>(
+            {
+                { "zero", 0.0, 0 },
+                { "downwards when positive", 2.9, 2 },
+                { "upwards when negative", -2.9, -2 },
+                { "just below one", 0.999999999, 0 },
+                { "just above minus one", -0.999999999, 0 },
+                { "largest int", 2147483647.0, INT_MAX },
+                { "a fraction below the largest int", 2147483646.9, INT_MAX - 1 },
+                { "one above the largest int", 2147483648.0, INT_MAX },
+                { "smallest int", -2147483648.0, INT_MIN },
+                { "a fraction above the smallest int", -2147483647.9, INT_MIN + 1 },
+                { "one below the smallest int", -2147483649.0, INT_MIN },
+                { "huge", 1e300, INT_MAX },
+                { "huge and negative", -1e300, INT_MIN },
+                { "infinity", infinity, INT_MAX },
+                { "minus infinity", -infinity, INT_MIN },
+                { "not a number", std::numeric_limits<double>::quiet_NaN(), 0 },
+            },
+            [](const Row &row) { QCOMPARE(calc::truncated(row.value), row.expected); });
     }
 
     void floatsFollowTheSameRules()
