@@ -255,10 +255,10 @@ void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Ge
         calc::generalText(gestures.span);
         calc::distanceText(gestures.value, gestures.span, suffix);
     }
-    const QDate date = calc::testDate(record);
+    const QDate date = calc::measurementDate(record);
     expect(!date.isValid() || date.year() >= constants::centuryStart,
            "no test is of the last century");
-    const QTime time = calc::testTime(record);
+    const QTime time = calc::measurementTime(record);
     expect(!time.isValid() || time.msec() == 0, "a test's time is told to the second");
 }
 

@@ -139,7 +139,7 @@ private:
     QString scaleText() const;
     QString velocityText() const;
     QString slotTitle(int id) const;
-    QString testDateText(int id) const;
+    QString measurementDateText(int id) const;
 
     // ---- Style (window/style.cpp) ----
 public slots:

@@ -42,14 +42,14 @@ int initialScroll(quint32 shiftX, int step)
     return static_cast<int>(shiftX * static_cast<quint32>(step));
 }
 
-QDate testDate(const TDR_FILE_t &record)
+QDate measurementDate(const TDR_FILE_t &record)
 {
     const RTC_DateTypeDef date = record.ch.test_date;
     return QDate(constants::centuryStart + hexdec(date.RTC_Year), hexdec(date.RTC_Month),
                  hexdec(date.RTC_Date));
 }
 
-QTime testTime(const TDR_FILE_t &record)
+QTime measurementTime(const TDR_FILE_t &record)
 {
     const RTC_TimeTypeDef time = record.ch.test_time;
     return QTime(hexdec(time.RTC_Hours), hexdec(time.RTC_Minutes), hexdec(time.RTC_Seconds));

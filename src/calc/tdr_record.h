@@ -32,9 +32,9 @@ int usableStep(int counts);
 int initialScroll(quint32 shiftX, int step);
 
 /// Day of the test. Invalid when the bytes are no date, which the viewer shows as nothing.
-QDate testDate(const Protocol_VX840::TDR_FILE_t &record);
+QDate measurementDate(const Protocol_VX840::TDR_FILE_t &record);
 
 /// Time of the test to the second. Invalid when the bytes are no time.
-QTime testTime(const Protocol_VX840::TDR_FILE_t &record);
+QTime measurementTime(const Protocol_VX840::TDR_FILE_t &record);
 
 } // namespace calc

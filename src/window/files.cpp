@@ -76,8 +76,8 @@ bool MainWindow::read_rfg_DATA(const QString &path, int id)
     trace.coef_from_min = calc::countsPerSample(params.sample_minstep);
     trace.scroll = calc::initialScroll(params.shiftX, trace.coef_from_min);
     trace.offset = params.shiftY;
-    trace.date = calc::testDate(trace.f_p_840);
-    trace.time = calc::testTime(trace.f_p_840);
+    trace.date = calc::measurementDate(trace.f_p_840);
+    trace.time = calc::measurementTime(trace.f_p_840);
 
     const QFileInfo info(path);
     trace.full_path = path;

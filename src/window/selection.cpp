@@ -24,7 +24,7 @@ void MainWindow::rfgSelect_slot(int id)
         seriaIsSelected();
         const rfg_SHOWN &trace = rfg_DATA[id];
         chart_title.setText(trace.file_name + QStringLiteral(", /") + trace.dir_name
-                            + QStringLiteral(", ") + testDateText(id) + QLatin1Char(' ')
+                            + QStringLiteral(", ") + measurementDateText(id) + QLatin1Char(' ')
                             + trace.time.toString(Qt::TextDate));
         setParameterTexts();
     } else {
@@ -71,7 +71,7 @@ void MainWindow::setRfgButtonText(int id)
     selected_rfg[id]->date.clear();
     if (isLoaded(id)) {
         const QString name = rfg_DATA[id].name;
-        selected_rfg[id]->date = testDateText(id);
+        selected_rfg[id]->date = measurementDateText(id);
         // A slot whose file was never read has no name of its own.
         text = (name.isEmpty() ? title : name) + QLatin1Char('\n') + selected_rfg[id]->date;
     }

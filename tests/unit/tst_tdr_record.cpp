@@ -314,7 +314,7 @@ private slots:
     {
         QFETCH(QByteArray, monthDayYear);
         const auto record = recordOf(TraceBuilder().raw(176, monthDayYear).bytes());
-        QTEST(calc::testDate(*record), "expected");
+        QTEST(calc::measurementDate(*record), "expected");
     }
 
     void timesAreBcdToTheSecond_data()
@@ -333,7 +333,7 @@ private slots:
     {
         QFETCH(QByteArray, hoursMinutesSeconds);
         const auto record = recordOf(TraceBuilder().raw(171, hoursMinutesSeconds).bytes());
-        QTEST(calc::testTime(*record), "expected");
+        QTEST(calc::measurementTime(*record), "expected");
     }
 };
 
