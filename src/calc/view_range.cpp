@@ -4,6 +4,7 @@
 
 #include "base/constants.h"
 #include "calc/numeric.h"
+#include "calc/tdr_record.h"
 #include "miscfunc.h"
 
 #include <cmath>
@@ -82,7 +83,7 @@ int panStep(int exponent, double pixels, float plotWidth)
 
 int wholeSamples(int counts, int step)
 {
-    return qBound(-constants::xLength, counts, constants::xLength) / qMax(1, step);
+    return qBound(-constants::xLength, counts, constants::xLength) / usableStep(step);
 }
 
 int clampedVerticalOffset(int offset)
