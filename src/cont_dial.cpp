@@ -12,19 +12,15 @@ namespace {
 constexpr double ringShare = 2.5; ///< height of the dial in radii of the ring
 constexpr double captionShare = 0.5; ///< of the height, for the caption
 constexpr int ringPenWidth = 2;
-/// The toolkit multiplies a page by the length of the dial's arc in pixels. A turn this long passes
-/// through everything a dial sets fifteen times.
-constexpr int largestTravel = 1000000;
-constexpr int fineTravel = 100; ///< from here on a single step is a hundredth of a turn
-constexpr int coarseTravel = 9; ///< above it a single step is a tenth of a turn
+constexpr int fineTravel = 100; ///< from this travel on, a single step is a hundredth of a turn
+constexpr int coarseTravel = 9; ///< above this travel, a single step is a tenth of a turn
 constexpr int startPages = 10; ///< pages in a turn until the first setAccuracy
 constexpr int stepsPerPage = 5;
 
 int singleStepOf(int steps)
 {
-    if (steps >= fineTravel) {
+    if (steps >= fineTravel)
         return steps / fineTravel;
-    }
     return steps > coarseTravel ? steps / 10 : 1;
 }
 
@@ -71,12 +67,10 @@ void Cont_dial::trueValue_slot(int value)
         --turn_count;
     }
     sum += qint64(value) - oldValue;
-    if (sum < trueMin) {
+    if (sum < trueMin)
         sum = trueMin;
-    }
-    if (sum > trueMax) {
+    if (sum > trueMax)
         sum = trueMax;
-    }
     trueValue = static_cast<int>(sum);
     oldValue = value;
     emit trueValueChanged(trueValue);
@@ -89,7 +83,7 @@ void Cont_dial::nullifier_slot()
 
 void Cont_dial::setAccuracy(int steps)
 {
-    const int travel = qBound(1, steps, largestTravel);
+    const int travel = qMax(1, steps);
     setRange(0, travel);
     const int single = singleStepOf(travel);
     setSingleStep(single);

@@ -52,9 +52,8 @@ public slots:
     /// Takes the present raw position as the start of the next movement.
     void nullifier_slot();
 
-    /// Sets the raw travel of one turn to \a steps, with steps and pages to match. Anything below
-    /// 1 counts as 1: a wrapping dial divides by its travel. Anything above a million counts as a
-    /// million: the toolkit's arithmetic for the notches would overflow.
+    /// Sets the raw travel of one turn to \a steps, and single and page step to match. Anything
+    /// below 1 counts as 1, because a wrapping dial divides by its travel.
     void setAccuracy(int steps);
 
 protected:
