@@ -31,8 +31,8 @@ Cont_dial::Cont_dial(QWidget *parent)
 {
     setRange(0, constants::dialSpeed);
     setSingleStep(maximum() / fineTravel);
-    // Twice the page that setAccuracy gives the same travel: the wrap is recognised more widely
-    // until the owner sets a speed.
+    // Twice the page step of setAccuracy(100), on purpose: until the first setAccuracy the wrap
+    // window is a tenth of a turn.
     setPageStep(maximum() / startPages);
     setWrapping(true);
     setNotchesVisible(true);
@@ -61,7 +61,7 @@ void Cont_dial::trueValue_slot(int value)
         sum += travel;
         ++turn_count;
     }
-    // On a very short dial one movement is a wrap both ways; the two cancel out.
+    // On a very short dial one movement can be a wrap in both directions; they cancel out.
     if (oldValue <= page && value >= travel - page) {
         sum -= travel;
         --turn_count;
@@ -98,7 +98,7 @@ void Cont_dial::paintEvent(QPaintEvent *event)
     painter.drawText(textRect, Qt::AlignCenter, titleText);
     const QPen ringPen(ring_color, ringPenWidth);
     painter.setPen(ringPen);
-    // The ring leaves no mark: the caption alone stands on the dial.
+    // The ring is invisible, on purpose.
     painter.setPen(Qt::NoPen);
     radius = calc::truncated(rect().height() / ringShare);
     painter.drawEllipse(rect().center() + QPoint(0, 1), radius, radius);
@@ -106,7 +106,7 @@ void Cont_dial::paintEvent(QPaintEvent *event)
 
 void Cont_dial::resizeEvent(QResizeEvent *event)
 {
-    // The base class would only repaint, which a resize does anyway.
+    // QDial only repaints, which a resize does anyway.
     Q_UNUSED(event)
     const int captionHeight = calc::truncated(height() * captionShare);
     const QPoint corner = rect().center() - QPoint(width() / 2, captionHeight / 2);

@@ -50,8 +50,7 @@ QStringList readFolders(const IniReader &ini)
 
 void writeFolders(IniWriter &ini)
 {
-    // Not the list that was read: the same three entries each time, the first a name for people
-    // and no path.
+    // Three fixed entries, not the list that was loaded. The first is a display name and no path.
     const QString folders[] = { QStandardPaths::displayName(QStandardPaths::DocumentsLocation),
                                 QCoreApplication::applicationDirPath(), QDir::currentPath() };
     int number = 0;
@@ -64,7 +63,7 @@ void writeFolders(IniWriter &ini)
 SettingsData::SettingsData(QObject *parent)
     : QObject(parent)
 {
-    // Else a queued connection or a spy cannot carry the set: to the toolkit the name is no int.
+    // Queued connections and QSignalSpy look the type up by this name, not as int.
     qRegisterMetaType<state_index>("state_index");
 }
 
@@ -87,7 +86,7 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
     ini.beginGroup(constants::groupPrevFiles);
     if (checkbit(mask, FilesSection)) {
         read_index = ini.value(constants::keyStateIndex, 0).toInt();
-        // A number that was never saved means the first slot, although a new store knows no master.
+        // The default is slot 1, although a new store has no master.
         master_ID = static_cast<signed char>(ini.value(constants::keyMasterId, 0).toInt());
         for (int slot = 0; slot < constants::slotCount; ++slot) {
             if (checkbit(read_index, slot)) {
@@ -111,7 +110,6 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
 
 void SettingsData::saveSettings(const QString &file, state_index mask) const
 {
-    // A new text, not the old one changed: keys of sections that are not asked for are gone.
     IniWriter ini;
     if (checkbit(mask, LanguageSection))
         ini.setValue(constants::keyLanguage, current_language);
@@ -215,7 +213,7 @@ void SettingsData::readLanguages(QIODevice &device)
     lines.setAutoDetectUnicode(true);
     for (int i = 0; i < languageCount; ++i) {
         const QString line = lines.readLine();
-        // Languages below an empty line wait there until they have a catalogue.
+        // Languages below the empty line have no catalogue yet.
         if (line.isEmpty())
             break;
         const QStringList parts = line.split(QLatin1Char(' '));
@@ -227,11 +225,11 @@ void SettingsData::readLanguages(QIODevice &device)
 
 void SettingsData::setTranslation()
 {
-    // Taken out while they change: an installed catalogue announces the change of language by
-    // itself, and the window would be painted for that as well.
+    // Removed first: loading into an installed translator sends LanguageChange, and the window
+    // would be painted once more.
     QCoreApplication::removeTranslator(&m_translator);
     QCoreApplication::removeTranslator(&qt_translator);
-    // Installed whatever loading says: an empty catalogue displaces the former language.
+    // Installed even when loading fails: an empty translator replaces the former language.
     const QString folder = constants::catalogueFolder;
     const QString code = current_language.left(longestCode);
     (void)m_translator.load(QString(constants::programCatalogue).arg(code), folder);

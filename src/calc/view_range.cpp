@@ -95,7 +95,7 @@ float clampedKU(double ku)
 {
     if (ku > static_cast<double>(constants::maxKU))
         return constants::maxKU;
-    // Written so that NaN, which compares with nothing, ends here too.
+    // Also true for NaN.
     if (!(ku >= static_cast<double>(constants::minKU)))
         return constants::minKU;
     return static_cast<float>(ku);
