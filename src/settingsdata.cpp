@@ -70,14 +70,12 @@ SettingsData::SettingsData(QObject *parent)
 bool SettingsData::loadSettings(const QString &file, state_index mask)
 {
     IniReader ini(program_files::readRegularFile(file, program_files::maxSettingsBytes));
-    if (checkbit(mask, LanguageSection)) {
+    if (checkbit(mask, LanguageSection))
         current_language
             = ini.value(constants::keyLanguage, QString(constants::defaultLanguage)).toString();
-    }
-    if (checkbit(mask, StyleSection)) {
+    if (checkbit(mask, StyleSection))
         current_CSS_path
             = ini.value(constants::keyStyle, QString(constants::defaultStyle)).toString();
-    }
     ini.beginGroup(constants::groupWorkFolders);
     if (checkbit(mask, FoldersSection)) {
         last_folder = ini.value(constants::keyLastFolder, QDir::currentPath()).toString();
@@ -89,10 +87,9 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
         // The default is slot 1, although a new store has no master.
         master_ID = static_cast<signed char>(ini.value(constants::keyMasterId, 0).toInt());
         for (int slot = 0; slot < constants::slotCount; ++slot) {
-            if (checkbit(read_index, slot)) {
+            if (checkbit(read_index, slot))
                 current_files[slot]
                     = ini.value(numberedKey(constants::keyFile, slot + 1)).toString();
-            }
         }
     }
     ini.beginGroup(constants::groupWindowState);
