@@ -90,9 +90,8 @@ calc::TraceRef traceOf(const TDR_FILE_t &record)
 {
     const auto params = record.ch.params;
     const int counts = calc::countsPerSample(params.sample_minstep);
-    expect(counts >= 0 && counts <= constants::xLength, "a step is between nothing and the axis");
     const int step = calc::usableStep(counts);
-    expect(step >= 1, "a step to divide by is never 0");
+    expect(step >= 1 && step <= constants::xLength, "a step is from one count to the whole axis");
     return { record.samples, step, quint32{ params.delay },
              calc::initialScroll(params.shiftX, counts), params.shiftY };
 }
@@ -255,10 +254,10 @@ void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Ge
         calc::generalText(gestures.span);
         calc::distanceText(gestures.value, gestures.span, suffix);
     }
-    const QDate date = calc::testDate(record);
+    const QDate date = calc::measurementDate(record);
     expect(!date.isValid() || date.year() >= constants::centuryStart,
            "no test is of the last century");
-    const QTime time = calc::testTime(record);
+    const QTime time = calc::measurementTime(record);
     expect(!time.isValid() || time.msec() == 0, "a test's time is told to the second");
 }
 

@@ -12,19 +12,15 @@ namespace {
 constexpr double ringShare = 2.5; ///< height of the dial in radii of the ring
 constexpr double captionShare = 0.5; ///< of the height, for the caption
 constexpr int ringPenWidth = 2;
-/// The toolkit multiplies a page by the length of the dial's arc in pixels. A turn this long passes
-/// through everything a dial sets fifteen times.
-constexpr int largestTravel = 1000000;
-constexpr int fineTravel = 100; ///< from here on a single step is a hundredth of a turn
-constexpr int coarseTravel = 9; ///< above it a single step is a tenth of a turn
+constexpr int fineTravel = 100; ///< from this travel on, a single step is a hundredth of a turn
+constexpr int coarseTravel = 9; ///< above this travel, a single step is a tenth of a turn
 constexpr int startPages = 10; ///< pages in a turn until the first setAccuracy
 constexpr int stepsPerPage = 5;
 
 int singleStepOf(int steps)
 {
-    if (steps >= fineTravel) {
+    if (steps >= fineTravel)
         return steps / fineTravel;
-    }
     return steps > coarseTravel ? steps / 10 : 1;
 }
 
@@ -35,8 +31,8 @@ Cont_dial::Cont_dial(QWidget *parent)
 {
     setRange(0, constants::dialSpeed);
     setSingleStep(maximum() / fineTravel);
-    // Twice the page that setAccuracy gives the same travel: the wrap is recognised more widely
-    // until the owner sets a speed.
+    // Twice the page step of setAccuracy(100), on purpose: until the first setAccuracy the wrap
+    // window is a tenth of a turn.
     setPageStep(maximum() / startPages);
     setWrapping(true);
     setNotchesVisible(true);
@@ -65,18 +61,16 @@ void Cont_dial::trueValue_slot(int value)
         sum += travel;
         ++turn_count;
     }
-    // On a very short dial one movement is a wrap both ways; the two cancel out.
+    // On a very short dial one movement can be a wrap in both directions; they cancel out.
     if (oldValue <= page && value >= travel - page) {
         sum -= travel;
         --turn_count;
     }
     sum += qint64(value) - oldValue;
-    if (sum < trueMin) {
+    if (sum < trueMin)
         sum = trueMin;
-    }
-    if (sum > trueMax) {
+    if (sum > trueMax)
         sum = trueMax;
-    }
     trueValue = static_cast<int>(sum);
     oldValue = value;
     emit trueValueChanged(trueValue);
@@ -89,7 +83,7 @@ void Cont_dial::nullifier_slot()
 
 void Cont_dial::setAccuracy(int steps)
 {
-    const int travel = qBound(1, steps, largestTravel);
+    const int travel = qMax(1, steps);
     setRange(0, travel);
     const int single = singleStepOf(travel);
     setSingleStep(single);
@@ -104,7 +98,7 @@ void Cont_dial::paintEvent(QPaintEvent *event)
     painter.drawText(textRect, Qt::AlignCenter, titleText);
     const QPen ringPen(ring_color, ringPenWidth);
     painter.setPen(ringPen);
-    // The ring leaves no mark: the caption alone stands on the dial.
+    // The ring is invisible, on purpose.
     painter.setPen(Qt::NoPen);
     radius = calc::truncated(rect().height() / ringShare);
     painter.drawEllipse(rect().center() + QPoint(0, 1), radius, radius);
@@ -112,7 +106,7 @@ void Cont_dial::paintEvent(QPaintEvent *event)
 
 void Cont_dial::resizeEvent(QResizeEvent *event)
 {
-    // The base class would only repaint, which a resize does anyway.
+    // QDial only repaints, which a resize does anyway.
     Q_UNUSED(event)
     const int captionHeight = calc::truncated(height() * captionShare);
     const QPoint corner = rect().center() - QPoint(width() / 2, captionHeight / 2);

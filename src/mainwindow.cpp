@@ -14,7 +14,6 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QDebug>
-#include <QFile>
 #include <QGraphicsView>
 #include <QGuiApplication>
 #include <QInputDialog>
@@ -123,10 +122,8 @@ void MainWindow::primeInputDialog()
 void MainWindow::setWindowGeometry()
 {
     const QRect desktop = QGuiApplication::primaryScreen()->virtualGeometry();
-    // One wrong byte in the record can ask for a window that takes all memory, at every start.
     if (calc::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
         restoreGeometry(settingsData->window_geometry);
-    // Likewise one wrong byte in the state: the toolkit would count its tool bars until tomorrow.
     if (calc::isPlausibleState(settingsData->window_state))
         restoreState(settingsData->window_state);
 }
@@ -147,11 +144,7 @@ void MainWindow::storeWindowGeometry()
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     storeWindowGeometry();
-    const QString file = program_files::settingsFile();
-    // Never overwrites: the backup keeps the state before the first close, on purpose, so that
-    // there is a way back however often the program was closed since.
-    if (program_files::isRegularFile(file))
-        QFile::copy(file, program_files::settingsBackupFile());
-    settingsData->saveSettings(file, constants::allSections);
+    program_files::backUpSettings();
+    settingsData->saveSettings(program_files::settingsFile(), constants::allSections);
     QMainWindow::closeEvent(event);
 }

@@ -70,8 +70,9 @@ signals:
     void rfg_update(int id);
 
 public slots:
-    /// Restores window geometry and state from the settings. A damaged geometry, or one larger
-    /// than the whole desktop, leaves the window where it is; a damaged state changes nothing.
+    /// Restores window geometry and state from the settings. A damaged geometry, or one more than
+    /// four times as large as the desktop, leaves the window where it is; a damaged state changes
+    /// nothing.
     void setWindowGeometry();
     /// Gives both dials their speeds from the settings. The scale keeps its own speed.
     void setDialSettings();
@@ -139,7 +140,7 @@ private:
     QString scaleText() const;
     QString velocityText() const;
     QString slotTitle(int id) const;
-    QString testDateText(int id) const;
+    QString measurementDateText(int id) const;
 
     // ---- Style (window/style.cpp) ----
 public slots:
@@ -182,17 +183,6 @@ public:
     void write_rfg_DATA(int id);
 
 private:
-    static bool isSlot(int id);
-    bool isLoaded(int id) const;
-    /// Counts per sample of slot \a id as drawing and dividing need it: at least 1.
-    int stepOf(int id) const;
-    /// True when the master is a loaded slot, so that differences from it can be drawn.
-    bool masterExists() const;
-    /// True when slot \a id is drawn as its difference from the master.
-    bool isDrawnAsDifference(int id) const;
-    /// Counts of one step of the cursor over the selected trace, or over the master where that
-    /// one decides (difference mode, selected slot empty); 1 without a master.
-    int cursorStep() const;
     int emptySlotStep() const;
     void loadAllTraces();
 

@@ -46,8 +46,8 @@ struct MainWindowModes
     };
 };
 
-/// What the window remembers while it runs, in the order of its rooms. All of it is plain: whoever
-/// changes a value also brings what is on the screen up to it.
+/// Mutable state of the window, grouped as the source files are. Code that changes a value must
+/// also update the widgets that show it.
 struct MainWindowState
 {
     // ---- Layout ----
@@ -63,11 +63,26 @@ struct MainWindowState
     rfg_SHOWN rfg_DATA[constants::slotCount];
     state_index rfg_read_index = 0; ///< one bit per loaded slot
 
+    /// True when \a id is the number of a slot, 0 to 5.
+    static bool isSlot(int id);
+    bool isLoaded(int id) const;
+    /// Counts per sample of slot \a id, bounded to 1..64000 for drawing, dividing and snapping.
+    int stepOf(int id) const;
+
     // ---- Selection and master ----
     int rfg_ID = 0; ///< selected slot
     int rfg_master_ID = constants::noMaster;
     bool master_is_set = false;
     Protocol_VX840::CH_PARAMS_t master_params = {}; ///< only KU and sample_minstep are kept
+
+    /// True when \c rfg_master_ID is a slot, loaded or not. This alone decides whether differences
+    /// are drawn and whether the master's step counts.
+    bool masterExists() const;
+    /// True when slot \a id is drawn as its difference from the master.
+    bool isDrawnAsDifference(int id) const;
+    /// Counts of one step of the cursor: those of the selected trace, or of the master in
+    /// difference mode and for an empty slot; 1 without a master.
+    int cursorStep() const;
 
     // ---- Chart ----
     bool smooth_rfg_flag = false;

@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
 
@@ -27,51 +26,36 @@ enum Section {
     DialsSection
 };
 
-/// Stands in for a file that must not be opened: a place where nothing is ever found.
-constexpr QLatin1String nothingToRead = constants::latin1(":/ini/nothing.ini");
-
-constexpr qint64 maxIniBytes = 64 << 20; ///< a larger file holds no settings
-constexpr int toolkitCodeLength = 2; ///< the toolkit's catalogues know languages, not countries
-/// The toolkit takes a name that it does not find off piece by piece and looks again each time: a
-/// code of a million underscores from a damaged file would keep it busy for half an hour.
-constexpr int longestCode = 64;
+constexpr int qtCodeLength = 2; ///< the catalogues of Qt are named by language, without country
+/// The longest file name on common file systems. QTranslator looks for every prefix of a name that
+/// ends before an underscore or dot: a million underscores would take it half an hour.
+constexpr int longestCode = 255;
 
 QString numberedKey(QLatin1String pattern, int number)
 {
     return QString(pattern).arg(number);
 }
 
-QStringList readFolders(const QSettings &ini)
+QStringList readFolders(const IniReader &ini)
 {
     QStringList folders;
     for (int i = 1; i <= constants::maxWorkFolders; ++i) {
         const QString folder = ini.value(numberedKey(constants::keyWorkFolder, i)).toString();
-        if (folder.isEmpty()) {
+        if (folder.isEmpty())
             break;
-        }
         folders.append(folder);
     }
     return folders;
 }
 
-void writeFolders(IniText &ini)
+void writeFolders(IniWriter &ini)
 {
-    // Not the list that was read: the same three entries each time, the first a name for people
-    // and no path.
+    // Three fixed entries, not the list that was loaded. The first is a display name and no path.
     const QString folders[] = { QStandardPaths::displayName(QStandardPaths::DocumentsLocation),
                                 QCoreApplication::applicationDirPath(), QDir::currentPath() };
     int number = 0;
-    for (const QString &folder : folders) {
+    for (const QString &folder : folders)
         ini.setValue(numberedKey(constants::keyWorkFolder, ++number), folder);
-    }
-}
-
-/// Where to read \a file from: a file that is missing, no regular file, out of all proportion or
-/// dangerous to decode is taken for an empty one.
-QString readableIni(const QString &file)
-{
-    const QByteArray text = program_files::readRegularFile(file, maxIniBytes);
-    return text.isEmpty() || holdsSerialisedObject(text) ? QString(nothingToRead) : file;
 }
 
 } // namespace
@@ -79,65 +63,55 @@ QString readableIni(const QString &file)
 SettingsData::SettingsData(QObject *parent)
     : QObject(parent)
 {
-    // Else a queued connection or a spy cannot carry the set: to the toolkit the name is no int.
+    // Queued connections and QSignalSpy look the type up by this name, not as int.
     qRegisterMetaType<state_index>("state_index");
 }
 
 bool SettingsData::loadSettings(const QString &file, state_index mask)
 {
-    QSettings ini(readableIni(file), QSettings::IniFormat);
-    if (checkbit(mask, LanguageSection)) {
+    IniReader ini(program_files::readRegularFile(file, program_files::maxSettingsBytes));
+    if (checkbit(mask, LanguageSection))
         current_language
             = ini.value(constants::keyLanguage, QString(constants::defaultLanguage)).toString();
-    }
-    if (checkbit(mask, StyleSection)) {
+    if (checkbit(mask, StyleSection))
         current_CSS_path
             = ini.value(constants::keyStyle, QString(constants::defaultStyle)).toString();
-    }
     ini.beginGroup(constants::groupWorkFolders);
     if (checkbit(mask, FoldersSection)) {
         last_folder = ini.value(constants::keyLastFolder, QDir::currentPath()).toString();
         work_folders = readFolders(ini);
     }
-    ini.endGroup();
     ini.beginGroup(constants::groupPrevFiles);
     if (checkbit(mask, FilesSection)) {
         read_index = ini.value(constants::keyStateIndex, 0).toInt();
-        // A number that was never saved means the first slot, although a new store knows no master.
+        // The default is slot 1, although a new store has no master.
         master_ID = static_cast<signed char>(ini.value(constants::keyMasterId, 0).toInt());
         for (int slot = 0; slot < constants::slotCount; ++slot) {
-            if (checkbit(read_index, slot)) {
+            if (checkbit(read_index, slot))
                 current_files[slot]
                     = ini.value(numberedKey(constants::keyFile, slot + 1)).toString();
-            }
         }
     }
-    ini.endGroup();
     ini.beginGroup(constants::groupWindowState);
     if (checkbit(mask, GeometrySection)) {
         window_geometry = ini.value(constants::keyGeometry).toByteArray();
         window_state = ini.value(constants::keyWindowState).toByteArray();
     }
-    ini.endGroup();
     ini.beginGroup(constants::groupDials);
     if (checkbit(mask, DialsSection)) {
         cursor_dial_speed = ini.value(constants::keyCursorSpeed, constants::dialSpeed).toInt();
         param_dial_speed = ini.value(constants::keyParamSpeed, constants::dialSpeed).toInt();
     }
-    ini.endGroup();
     return false;
 }
 
 void SettingsData::saveSettings(const QString &file, state_index mask) const
 {
-    // A new text, not the old one changed: keys of sections that are not asked for are gone.
-    IniText ini;
-    if (checkbit(mask, LanguageSection)) {
+    IniWriter ini;
+    if (checkbit(mask, LanguageSection))
         ini.setValue(constants::keyLanguage, current_language);
-    }
-    if (checkbit(mask, StyleSection)) {
+    if (checkbit(mask, StyleSection))
         ini.setValue(constants::keyStyle, current_CSS_path);
-    }
     if (checkbit(mask, FoldersSection)) {
         ini.beginGroup(constants::groupWorkFolders);
         ini.setValue(constants::keyLastFolder, last_folder);
@@ -147,11 +121,9 @@ void SettingsData::saveSettings(const QString &file, state_index mask) const
         ini.beginGroup(constants::groupPrevFiles);
         ini.setValue(constants::keyStateIndex, read_index);
         ini.setValue(constants::keyMasterId, static_cast<int>(master_ID));
-        for (int slot = 0; slot < constants::slotCount; ++slot) {
-            if (checkbit(read_index, slot)) {
+        for (int slot = 0; slot < constants::slotCount; ++slot)
+            if (checkbit(read_index, slot))
                 ini.setValue(numberedKey(constants::keyFile, slot + 1), current_files[slot]);
-            }
-        }
     }
     if (checkbit(mask, GeometrySection)) {
         ini.beginGroup(constants::groupWindowState);
@@ -168,22 +140,17 @@ void SettingsData::saveSettings(const QString &file, state_index mask) const
 
 void SettingsData::updateSettings(state_index mask)
 {
-    if (checkbit(mask, FilesSection)) {
+    if (checkbit(mask, FilesSection))
         emit files_to_load(read_index);
-    }
-    if (checkbit(mask, StyleSection)) {
+    if (checkbit(mask, StyleSection))
         parse_CSS();
-    }
     // The folders need no action.
-    if (checkbit(mask, LanguageSection)) {
+    if (checkbit(mask, LanguageSection))
         setTranslation();
-    }
-    if (checkbit(mask, GeometrySection)) {
+    if (checkbit(mask, GeometrySection))
         emit window_geometry_loaded();
-    }
-    if (checkbit(mask, DialsSection)) {
+    if (checkbit(mask, DialsSection))
         emit dial_settings_changed();
-    }
 }
 
 void SettingsData::copy(const SettingsData *from, state_index mask)
@@ -222,9 +189,8 @@ void SettingsData::parse_CSS()
 {
     QByteArray sheet
         = program_files::readRegularFile(current_CSS_path, constants::maxStyleSheetBytes);
-    if (!style_text::isReasonable(sheet)) {
+    if (!style_text::isReasonable(sheet))
         sheet.clear();
-    }
     // With its length: a NUL is a character like any other and ends nothing.
     current_CSS = QString::fromLatin1(sheet.constData(), sheet.size());
     emit CSS_changed();
@@ -233,9 +199,8 @@ void SettingsData::parse_CSS()
 void SettingsData::parse_translations()
 {
     QFile file{ QString(constants::languageFile) };
-    if (!program_files::openRegularFile(file)) {
+    if (!program_files::openRegularFile(file))
         return;
-    }
     readLanguages(file);
 }
 
@@ -245,10 +210,9 @@ void SettingsData::readLanguages(QIODevice &device)
     lines.setAutoDetectUnicode(true);
     for (int i = 0; i < languageCount; ++i) {
         const QString line = lines.readLine();
-        // Languages below an empty line wait there until they have a catalogue.
-        if (line.isEmpty()) {
+        // Languages below the empty line have no catalogue yet.
+        if (line.isEmpty())
             break;
-        }
         const QStringList parts = line.split(QLatin1Char(' '));
         languageList[i].id = i;
         languageList[i].CODE = parts.at(0);
@@ -258,17 +222,17 @@ void SettingsData::readLanguages(QIODevice &device)
 
 void SettingsData::setTranslation()
 {
-    // Taken out while they change: an installed catalogue announces the change of language by
-    // itself, and the window would be painted for that as well.
+    // Removed first: loading into an installed translator sends LanguageChange, and the window
+    // would be painted once more.
     QCoreApplication::removeTranslator(&m_translator);
     QCoreApplication::removeTranslator(&qt_translator);
-    // Installed whatever loading says: an empty catalogue displaces the former language.
+    // Installed even when loading fails: an empty translator replaces the former language.
     const QString folder = constants::catalogueFolder;
     const QString code = current_language.left(longestCode);
     (void)m_translator.load(QString(constants::programCatalogue).arg(code), folder);
     QCoreApplication::installTranslator(&m_translator);
-    const QString toolkitCode = code.left(toolkitCodeLength);
-    (void)qt_translator.load(QString(constants::toolkitCatalogue).arg(toolkitCode), folder);
+    const QString qtCode = code.left(qtCodeLength);
+    (void)qt_translator.load(QString(constants::toolkitCatalogue).arg(qtCode), folder);
     QCoreApplication::installTranslator(&qt_translator);
     emit translation_changed();
 }

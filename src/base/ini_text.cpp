@@ -2,45 +2,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ini_text.h"
 
+#include "base/constants.h"
+#include "base/qtcompat.h"
+
 #include <QChar>
+
+#include <algorithm>
+#include <tuple>
 
 namespace {
 
+using qtcompat::Size;
+
 #ifdef Q_OS_WIN
 constexpr char lineEnd[] = "\r\n";
+constexpr bool namesIgnoreCase = true;
 #else
 constexpr char lineEnd[] = "\n";
+constexpr bool namesIgnoreCase = false;
 #endif
 
-bool isHexDigit(int c)
+/// The letter behind a backslash, and at the same place the character that it stands for. The last
+/// two are read only.
+constexpr QLatin1String escapeLetters = constants::latin1("abfnrtv\"\\?'");
+constexpr QLatin1String escapedCharacters = constants::latin1("\a\b\f\n\r\t\v\"\\?'");
+constexpr int writtenEscapes = 9;
+
+/// Value of the hexadecimal digit \a c; 16 or more when it is none.
+unsigned digitOf(QChar c)
 {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    return static_cast<unsigned>(QLatin1String("0123456789abcdef").indexOf(c.toLower()));
 }
 
-/// The letter after a backslash that stands for \a c, or 0.
-char escapeLetter(ushort c)
+bool isBlank(QChar c)
 {
-    switch (c) {
-    case '\a':
-        return 'a';
-    case '\b':
-        return 'b';
-    case '\f':
-        return 'f';
-    case '\n':
-        return 'n';
-    case '\r':
-        return 'r';
-    case '\t':
-        return 't';
-    case '\v':
-        return 'v';
-    case '"':
-    case '\\':
-        return static_cast<char>(c);
-    default:
-        return 0;
-    }
+    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
 }
 
 QByteArray escaped(const QString &value)
@@ -51,19 +47,20 @@ QByteArray escaped(const QString &value)
     for (const QChar character : value) {
         const ushort c = character.unicode();
         quoted = quoted || c == ';' || c == ',' || c == '=';
-        const char letter = escapeLetter(c);
-        // A digit behind a numeric escape would be read as part of it.
-        if ((afterNumber && isHexDigit(c)) || (letter == 0 && c != 0 && (c < 0x20 || c >= 0x7f))) {
-            text += "\\x" + QByteArray::number(c, 16);
-            afterNumber = true;
+        const auto letter = escapedCharacters.left(writtenEscapes).indexOf(character);
+        if (letter >= 0) {
+            text += '\\';
+            text += escapeLetters.at(letter).toLatin1();
+            afterNumber = false;
         } else if (c == 0) {
             text += "\\0";
             afterNumber = true;
+        } else if (c < 0x20 || c >= 0x7f || (afterNumber && digitOf(character) < 16)) {
+            // Also a digit behind a number, which would be read as part of it.
+            text += "\\x" + QByteArray::number(c, 16);
+            afterNumber = true;
         } else {
-            if (letter != 0) {
-                text += '\\';
-            }
-            text += letter != 0 ? letter : static_cast<char>(c);
+            text += static_cast<char>(c);
             afterNumber = false;
         }
     }
@@ -72,107 +69,197 @@ QByteArray escaped(const QString &value)
 
 } // namespace
 
-void IniText::beginGroup(const QString &name)
+void IniWriter::beginGroup(const QString &name)
 {
-    m_group = name;
+    m_section = name.toLatin1();
 }
 
-void IniText::setValue(const QString &key, const QString &value)
+void IniWriter::setValue(const QString &key, const QString &value)
 {
     QString text = value;
-    if (text.contains(QChar(QChar::Null))) {
+    if (text.contains(QChar(QChar::Null)))
         text = QLatin1String("@String(") + text + QLatin1Char(')');
-    } else if (text.startsWith(QLatin1Char('@'))) {
+    else if (text.startsWith(QLatin1Char('@')))
         text.prepend(QLatin1Char('@'));
-    }
-    m_sections[m_group][key] = escaped(text);
+    m_entries.append({ m_section, key.toLatin1(), escaped(text) });
 }
 
-void IniText::setValue(const QString &key, int value)
+void IniWriter::setValue(const QString &key, int value)
 {
-    m_sections[m_group][key] = QByteArray::number(value);
+    m_entries.append({ m_section, key.toLatin1(), QByteArray::number(value) });
 }
 
-void IniText::setValue(const QString &key, const QByteArray &value)
+void IniWriter::setValue(const QString &key, const QByteArray &value)
 {
     const QString text = QString::fromLatin1(value.constData(), value.size());
-    m_sections[m_group][key] = escaped(QLatin1String("@ByteArray(") + text + QLatin1Char(')'));
+    m_entries.append({ m_section, key.toLatin1(),
+                       escaped(QLatin1String("@ByteArray(") + text + QLatin1Char(')')) });
 }
 
-QByteArray IniText::bytes() const
+QByteArray IniWriter::bytes(Order order) const
 {
+    QVector<Entry> entries = m_entries;
+    if (order == Sorted)
+        std::sort(entries.begin(), entries.end(), [](const Entry &a, const Entry &b) {
+            return std::tie(a.section, a.key) < std::tie(b.section, b.key);
+        });
     QByteArray text;
-    for (auto section = m_sections.cbegin(); section != m_sections.cend(); ++section) {
-        if (!text.isEmpty()) {
-            text += lineEnd;
+    QByteArray section;
+    for (const Entry &entry : qAsConst(entries)) {
+        if (text.isEmpty() || entry.section != section) {
+            section = entry.section;
+            text += text.isEmpty() ? "" : lineEnd;
+            text += '[' + (section.isEmpty() ? "General" : section) + ']' + lineEnd;
         }
-        const QByteArray name = section.key().isEmpty() ? "General" : section.key().toLatin1();
-        text += '[' + name + ']' + lineEnd;
-        for (auto value = section->cbegin(); value != section->cend(); ++value) {
-            text += value.key().toLatin1() + '=' + value.value() + lineEnd;
-        }
+        text += entry.key + '=' + entry.value + lineEnd;
     }
     return text;
 }
 
 namespace {
 
-/// The number behind a backslash at \a i of \a ini, cut to 16 bits as QSettings cuts it; \a i is
-/// moved past it.
-int escapedNumber(const QByteArray &ini, int &i)
+/// A line "key=value" of an INI text.
+struct Entry
 {
-    const bool hex = ini.at(i) == 'x';
-    unsigned number = 0;
-    i += hex ? 1 : 0;
-    while (i < ini.size()) {
-        const char c = ini.at(i);
-        if (hex ? !isHexDigit(c) : (c < '0' || c > '7')) {
-            break;
-        }
-        const int digit = QByteArray(1, c).toInt(nullptr, 16);
-        number = (number * (hex ? 16U : 8U) + static_cast<unsigned>(digit)) & 0xffffU;
-        ++i;
+    QString key;
+    QString value;
+    bool hasValue = false;
+};
+
+/// Appends what the escape stands for whose backslash is before \a at of \a ini, and moves \a at to
+/// its last character. A line break and an unknown letter stand for nothing; numbers are cut to 16
+/// bits.
+void appendEscape(const QString &ini, Size &at, QString &text)
+{
+    const QChar c = at < ini.size() ? ini.at(at) : QChar(QLatin1Char('\n'));
+    const auto letter = escapeLetters.indexOf(c);
+    const bool isOctal = c >= QLatin1Char('0') && c <= QLatin1Char('7');
+    if (letter >= 0)
+        text += escapedCharacters.at(letter);
+    else if (isOctal || c == QLatin1Char('x')) {
+        const unsigned base = isOctal ? 8 : 16;
+        const Size first = isOctal ? at : at + 1;
+        unsigned code = 0;
+        for (at = first; at < ini.size() && digitOf(ini.at(at)) < base; ++at)
+            code = code * base + digitOf(ini.at(at));
+        if (at > first)
+            text += QChar(static_cast<ushort>(code));
+        --at;
     }
-    return static_cast<int>(number);
 }
 
-/// \a ini without all that may stand between the letters of a value and not be part of it: quotes,
-/// blanks, line ends, unknown escapes, bytes that an encoding may swallow.
-QByteArray bareText(const QByteArray &ini)
+/// Takes the line that starts at \a at and moves \a at to its end: a line break or a semicolon that
+/// is neither quoted nor behind a backslash. A list, which is divided by commas, has no value.
+Entry takeEntry(const QString &ini, Size &at)
 {
-    QByteArray bare;
-    bare.reserve(ini.size());
-    int i = 0;
-    while (i < ini.size()) {
-        int c = ini.at(i);
-        if (c == '\\' && i + 1 < ini.size()) {
-            ++i;
-            if (ini.at(i) == 'x' || (ini.at(i) >= '0' && ini.at(i) <= '7')) {
-                c = escapedNumber(ini, i);
-            } else {
-                ++i;
-                continue;
-            }
-        } else {
-            ++i;
+    const Size begin = at;
+    Entry entry;
+    QString text;
+    Size kept = 0; // size of the text without the blanks at its end
+    bool quoted = false;
+    bool wasQuoted = false;
+    bool skipsBlanks = true;
+    bool isList = false;
+    for (; at < ini.size(); ++at) {
+        const QChar c = ini.at(at);
+        if (!quoted && (c == QLatin1Char('\n') || c == QLatin1Char(';')))
+            break;
+        if (c == QLatin1Char('"')) {
+            quoted = !quoted;
+            wasQuoted = true;
+            skipsBlanks = true;
+        } else if (c == QLatin1Char('\\')) {
+            appendEscape(ini, ++at, text);
+            skipsBlanks = false;
+        } else if (c == QLatin1Char('=') && !quoted && !entry.hasValue) {
+            entry.hasValue = true;
+            entry.key = ini.mid(begin, at - begin).trimmed();
+            text.clear();
+            isList = false;
+            wasQuoted = false;
+            skipsBlanks = true;
+        } else if (quoted || !skipsBlanks || !isBlank(c)) {
+            isList = isList || (c == QLatin1Char(',') && !quoted);
+            text += c;
+            skipsBlanks = false;
         }
-        if (c > ' ' && c < 0x7f && c != '"') {
-            bare += static_cast<char>(c);
-        }
+        if (wasQuoted || !isBlank(c))
+            kept = text.size();
     }
-    return bare;
+    if (!isList)
+        entry.value = text.left(kept);
+    return entry;
+}
+
+QString unescapedName(const QString &name)
+{
+    // %41 is A.
+    const QString text = QString::fromLatin1(QByteArray::fromPercentEncoding(name.toLatin1()));
+    return namesIgnoreCase ? text.toLower() : text;
+}
+
+/// What the names of keys start with in the section that \a line opens.
+QString sectionOf(const QString &line)
+{
+    const QString name = line.mid(1).section(QLatin1Char(']'), 0, 0).trimmed();
+    if (name.compare(QLatin1String("general"), Qt::CaseInsensitive) == 0)
+        return {};
+    return unescapedName(name) + QLatin1Char('/');
 }
 
 } // namespace
 
-bool holdsSerialisedObject(const QByteArray &ini)
+IniReader::IniReader(const QByteArray &bytes)
 {
-    const QByteArray bare = bareText(ini);
-    // A value starts behind the equals sign, an item of a list behind a comma.
-    for (const char *mark : { "=@Variant(", ",@Variant(", "=@DateTime(", ",@DateTime(" }) {
-        if (bare.contains(mark)) {
-            return true;
+    const QByteArray utf8Mark("\xef\xbb\xbf");
+    QString ini = bytes.startsWith(utf8Mark) ? QString::fromUtf8(bytes.mid(utf8Mark.size()))
+                                             : qtcompat::settingsText(bytes);
+    ini.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    ini.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    QString section;
+    for (Size at = 0; at < ini.size();) {
+        const QChar first = ini.at(at);
+        if (isBlank(first) || first == QLatin1Char('\n')) {
+            ++at;
+        } else if (first == QLatin1Char(';')) {
+            const Size end = ini.indexOf(QLatin1Char('\n'), at);
+            at = end < 0 ? ini.size() : end;
+        } else {
+            const Size begin = at;
+            const Entry entry = takeEntry(ini, at);
+            if (first == QLatin1Char('['))
+                section = sectionOf(ini.mid(begin, at - begin));
+            else if (entry.hasValue)
+                m_values.insert(section + unescapedName(entry.key), entry.value);
         }
     }
-    return false;
+}
+
+void IniReader::beginGroup(const QString &name)
+{
+    m_section = name.isEmpty() ? QString() : name + QLatin1Char('/');
+}
+
+QVariant IniReader::value(const QString &key, const QVariant &fallback) const
+{
+    const QString name = m_section + key;
+    const auto found = m_values.constFind(namesIgnoreCase ? name.toLower() : name);
+    if (found == m_values.constEnd())
+        return fallback;
+    const QString &text = *found;
+    const auto isType = [&text](const char *type) {
+        return text.startsWith(QLatin1String(type)) && text.endsWith(QLatin1Char(')'));
+    };
+    const auto inside = [&text] { return text.section(QLatin1Char('('), 1).chopped(1); };
+    // To decode one can end the program: it names the size and the nesting of what it holds.
+    if (isType("@Variant(") || isType("@DateTime("))
+        return fallback;
+    if (isType("@Rect(") || isType("@Size(") || isType("@Point(")
+        || text == QLatin1String("@Invalid()"))
+        return {};
+    if (isType("@ByteArray("))
+        return inside().toLatin1();
+    if (isType("@String("))
+        return inside();
+    return text.startsWith(QLatin1String("@@")) ? text.mid(1) : text;
 }

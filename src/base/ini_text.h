@@ -3,34 +3,71 @@
 #pragma once
 
 #include <QByteArray>
-#include <QMap>
+#include <QHash>
 #include <QString>
+#include <QVariant>
+#include <QVector>
 
-/// Settings as INI text, byte for byte as QSettings would write them to a new file.
-///
-/// QSettings itself is not let near a file that matters: on a full disk it puts the part that
-/// fitted in the place of the old file and reports success, and a stale lock file stops it for half
-/// a minute or for ever.
-class IniText
+/// \file
+/// Settings as INI text, in the format of QSettings. QSettings itself is not used: on a full disk
+/// it replaces the old file with a truncated one and reports success, a stale lock file blocks it,
+/// it returns cached values for a file whose time and size did not change, and it decodes
+/// serialised objects of any size.
+
+/// Writes INI text byte for byte as QSettings writes it to a new file.
+class IniWriter
 {
 public:
-    /// Values that follow go into the section \a name; empty is the general section.
+    /// How sections and keys follow one another.
+    enum Order {
+        AsSet, ///< as QSettings does on Windows
+        Sorted ///< by name, as it does elsewhere
+    };
+
+    /// Values that follow go into the section \a name; empty is the general section. All values of
+    /// a section are set in one go.
     void beginGroup(const QString &name);
 
-    /// Sets a key of the present section. Keys are plain ASCII letters and digits.
+    /// Appends a key to the current section. Keys consist of ASCII letters and digits.
     void setValue(const QString &key, const QString &value);
     void setValue(const QString &key, int value);
     void setValue(const QString &key, const QByteArray &value);
 
     /// The text; empty when nothing was set.
-    QByteArray bytes() const;
+    QByteArray bytes(Order order = systemOrder) const;
 
 private:
-    QString m_group;
-    QMap<QString, QMap<QString, QByteArray>> m_sections; ///< escaped values by section and key
+    struct Entry
+    {
+        QByteArray section;
+        QByteArray key;
+        QByteArray value; ///< escaped
+    };
+
+#ifdef Q_OS_WIN
+    static constexpr Order systemOrder = AsSet;
+#else
+    static constexpr Order systemOrder = Sorted;
+#endif
+
+    QByteArray m_section;
+    QVector<Entry> m_entries;
 };
 
-/// True when the INI text \a ini holds a value that QSettings would take for a serialised object.
-/// The viewer never writes one, and decoding one from a stranger can end the program: it allocates
-/// whatever size it finds and nests as deep as it is told to.
-bool holdsSerialisedObject(const QByteArray &ini);
+/// Reads the values of an INI text as QSettings does.
+class IniReader
+{
+public:
+    explicit IniReader(const QByteArray &bytes);
+
+    /// Keys that follow are looked up in the section \a name; empty is the general section.
+    void beginGroup(const QString &name);
+
+    /// Value of \a key, a string or a byte array; empty for a list and for a geometric type.
+    /// \a fallback when the key is missing or its value is a serialised object.
+    QVariant value(const QString &key, const QVariant &fallback = {}) const;
+
+private:
+    QString m_section;
+    QHash<QString, QString> m_values; ///< by "section/key"
+};

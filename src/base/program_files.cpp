@@ -5,7 +5,6 @@
 #include "base/constants.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -13,7 +12,7 @@
 #include <QStandardPaths>
 
 #ifdef Q_OS_WIN
-// Without it QFileInfo knows the read-only attribute alone and takes every folder for writable.
+// While it is 0, QFileInfo looks at the read-only attribute only and calls every folder writable.
 extern Q_CORE_EXPORT int qt_ntfs_permission_lookup;
 #endif
 
@@ -50,12 +49,7 @@ QString userFolder()
 QString pathToWrite(QLatin1String name)
 {
     const QString folder = program_files::programFolder();
-    if (isWritableFolder(folder)) {
-        return inFolder(folder, name);
-    }
-    // When the folder cannot be made, the write that follows fails and nobody is told.
-    QDir().mkpath(userFolder());
-    return inFolder(userFolder(), name);
+    return inFolder(isWritableFolder(folder) ? folder : userFolder(), name);
 }
 
 } // namespace
@@ -73,9 +67,8 @@ QString program_files::settingsFile()
 QString program_files::settingsFileToRead()
 {
     QString beside = inFolder(programFolder(), constants::settingsFile);
-    if (isWritableFolder(programFolder())) {
+    if (isWritableFolder(programFolder()))
         return beside;
-    }
     const QString own = inFolder(userFolder(), constants::settingsFile);
     return isRegularFile(own) || !isRegularFile(beside) ? own : beside;
 }
@@ -83,6 +76,14 @@ QString program_files::settingsFileToRead()
 QString program_files::settingsBackupFile()
 {
     return pathToWrite(constants::settingsBackupFile);
+}
+
+void program_files::backUpSettings()
+{
+    const QFileInfo settings(settingsFile());
+    // QFile::copy never overwrites.
+    if (settings.isFile() && settings.size() <= maxSettingsBytes)
+        QFile::copy(settings.filePath(), settingsBackupFile());
 }
 
 bool program_files::isRegularFile(const QString &path)
@@ -103,12 +104,10 @@ qint64 program_files::lengthToRead(const QFile &file, qint64 wanted)
 QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
 {
     QFile file(path);
-    if (!openRegularFile(file)) {
+    if (!openRegularFile(file))
         return {};
-    }
-    // One byte more than allowed is asked for: a file may have grown since it was opened. It is
-    // asked for in pieces, because room is made for whatever is asked for, and most files are
-    // small.
+    // One byte more than the limit, because the file may have grown since it was opened. In pieces,
+    // because QFile::read allocates what it is asked for and most files are small.
     const qint64 wanted = lengthToRead(file, limit + 1);
     QByteArray bytes;
     QByteArray piece;
@@ -116,33 +115,25 @@ QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
         piece = file.read(qMin(wanted - bytes.size(), pieceBytes));
         bytes += piece;
     } while (!piece.isEmpty() && bytes.size() < wanted);
-    if (bytes.size() > limit) {
+    if (bytes.size() > limit)
         bytes.clear();
-    }
     return bytes;
 }
 
 bool program_files::replaceFile(const QString &path, const QByteArray &bytes)
 {
     const QFileInfo former(path);
-    if (path.isEmpty() || (former.exists() && !former.isFile())) {
+    if (path.isEmpty() || (former.exists() && !former.isFile()))
         return false;
-    }
+    former.dir().mkpath(QStringLiteral("."));
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly))
         return false;
-    }
-    // Both are asked for: commit alone puts what fitted on a full disk in place of the old file.
+    // Check `write` and `flush`: `commit` alone would replace the old file with a truncated one on
+    // a full disk.
     if (file.write(bytes) != bytes.size() || !file.flush()) {
         file.cancelWriting();
         return false;
     }
-    // QSettings keeps in memory what it once read and goes by size and time of the file. The
-    // clock of a file system ticks coarsely; two saves within a tick would look like one.
-    QDateTime stamp = QDateTime::currentDateTime();
-    if (former.exists()) {
-        stamp = qMax(stamp, former.lastModified().addMSecs(1));
-    }
-    file.setFileTime(stamp, QFileDevice::FileModificationTime);
     return file.commit();
 }

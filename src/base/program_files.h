@@ -8,45 +8,52 @@
 class QFile;
 
 /// \file
-/// Where the files of the program lie, and how files from outside are opened. Nothing else in the
-/// program knows either.
+/// The folders of the settings file, and safe reading and replacing of files. Nothing else in the
+/// program decides either.
 ///
 /// Settings lie beside the program. Where that folder cannot be written (an installed package) they
-/// lie in the user's own configuration folder, which is made when it is first written to.
+/// lie in the user's configuration folder, which the first save creates.
 namespace program_files {
 
-/// The folder of the executable, without a separator at its end.
+/// A larger settings file is neither read nor backed up. This size is read in half a second.
+constexpr qint64 maxSettingsBytes = 4 << 20;
+
+/// Folder of the executable, without a separator at its end.
 QString programFolder();
 
-/// Where the settings are written. Makes the user's folder when that is the place.
+/// Path of the settings file to write. The folder need not exist.
 QString settingsFile();
 
-/// Where the settings are read: as \c settingsFile, but the file beside the program still counts
-/// while the user's folder has none. Makes nothing; the file need not exist.
+/// Path of the settings file to read: \c settingsFile, or the file beside the program while the
+/// user's folder has none. The file need not exist.
 QString settingsFileToRead();
 
-/// Where the one backup of the settings lies: in the folder of \c settingsFile, made as there.
+/// Path of the backup of the settings, in the folder of \c settingsFile.
 QString settingsBackupFile();
 
-/// True when \a path, all links followed, is a regular file. Pipes, devices and folders are not:
-/// opening one may never return.
+/// Copies the settings file to the backup. Never overwrites: the backup keeps the settings from
+/// before the first close, however often the program is closed after that. Does nothing when the
+/// settings file is no regular file or larger than \c maxSettingsBytes.
+void backUpSettings();
+
+/// True when \a path, all links followed, is a regular file. Opening anything else, such as a pipe
+/// or a device, may block for ever.
 bool isRegularFile(const QString &path);
 
 /// Opens \a file for reading; false when it is no regular file or cannot be opened.
 bool openRegularFile(QFile &file);
 
-/// How many bytes to ask the open \a file for when \a wanted are of use: none when it says that it
-/// holds none. The system has files that call themselves regular and empty and yet wait, for ever
-/// if need be, until there is something to read.
+/// Number of bytes to request from the open \a file when \a wanted are of use: 0 when its size is
+/// 0. Files in /proc report that size, and reading some of them blocks for ever.
 qint64 lengthToRead(const QFile &file, qint64 wanted);
 
 /// All bytes of the file at \a path; empty when it cannot be opened or holds more than \a limit
 /// bytes.
 QByteArray readRegularFile(const QString &path, qint64 limit);
 
-/// Puts \a bytes in the place of the file at \a path, whole or not at all: false says that whatever
-/// lay there lies there still. Links are followed. A place that is taken by anything but a regular
-/// file is left alone.
+/// Replaces the file at \a path by \a bytes and creates its folder when needed. Links are followed.
+/// False, and the former file unchanged, when \a path is taken by anything but a regular file or
+/// the bytes cannot all be written.
 bool replaceFile(const QString &path, const QByteArray &bytes);
 
 } // namespace program_files

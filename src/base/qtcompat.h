@@ -74,12 +74,11 @@ template <typename Series> QVector<QPointF> pointsOf(const Series &series)
 #endif
 }
 
-/// What the toolkit takes \a bytes for that stand in a settings file as they are. It writes none
-/// beyond ASCII itself.
+/// \a bytes of a settings file in the default encoding of QSettings. The viewer writes ASCII only.
 inline QString settingsText(const QByteArray &bytes)
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    return QString::fromLatin1(bytes);
+    return QString::fromLatin1(bytes.constData(), bytes.size());
 #else
     return QString::fromUtf8(bytes);
 #endif

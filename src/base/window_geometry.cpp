@@ -10,8 +10,10 @@ namespace {
 constexpr quint32 geometryMagic = 0x1D9D0CB;
 constexpr quint16 newestVersion = 3;
 
-/// Frames overhang: a maximised window's lies outside the desktop by its borders, on some systems.
-constexpr int frameAllowance = 64;
+/// A window may be larger than the present desktop: the screen that it was on may be gone, and
+/// restoreGeometry brings it into view.
+constexpr int largestDesktops = 4;
+constexpr int largestSide = 32767; ///< pixels; the largest window of X11
 
 constexpr quint32 stateMagic = 0xFF;
 constexpr quint8 docksMarker = 0xFD;
@@ -31,12 +33,12 @@ QDataStream &operator>>(QDataStream &stream, Edges &edges)
     return stream >> edges.left >> edges.top >> edges.right >> edges.bottom;
 }
 
-bool fits(const Edges &edges, const QSize &desktop)
+bool fits(const Edges &edges, const QSize &largest)
 {
-    // In 64 bits: the extreme edges of a damaged record lie 2^32 apart.
+    // In 64 bits: the edges of a damaged record can be 2^32 apart.
     const qint64 width = qint64{ edges.right } - edges.left + 1;
     const qint64 height = qint64{ edges.bottom } - edges.top + 1;
-    return width > 0 && height > 0 && width <= desktop.width() && height <= desktop.height();
+    return width > 0 && height > 0 && width <= largest.width() && height <= largest.height();
 }
 
 } // namespace
@@ -44,7 +46,7 @@ bool fits(const Edges &edges, const QSize &desktop)
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
 {
     QDataStream stream(record);
-    const QSize withFrame = desktop + QSize(frameAllowance, frameAllowance);
+    const QSize largest = (largestDesktops * desktop).boundedTo({ largestSide, largestSide });
     quint32 magic = 0;
     quint16 major = 0;
     quint16 minor = 0;
@@ -52,7 +54,7 @@ bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
     Edges normal;
     stream >> magic >> major >> minor >> frame >> normal;
     if (stream.status() != QDataStream::Ok || magic != geometryMagic || major < 1
-        || major > newestVersion || !fits(frame, withFrame) || !fits(normal, desktop))
+        || major > newestVersion || !fits(frame, largest) || !fits(normal, largest))
         return false;
     qint32 screen = 0;
     quint8 maximized = 0;
@@ -65,7 +67,7 @@ bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
     Edges client = normal;
     if (major >= 3)
         stream >> client;
-    return stream.status() == QDataStream::Ok && fits(client, desktop);
+    return stream.status() == QDataStream::Ok && fits(client, largest);
 }
 
 bool isPlausibleState(const QByteArray &record)
@@ -75,7 +77,7 @@ bool isPlausibleState(const QByteArray &record)
     qint32 version = 0;
     quint8 docks = 0;
     qint32 dockCount = 0;
-    QSize central; // of no consequence: the layout sets it anew
+    QSize central; // ignored: the layout sets it
     stream >> magic >> version >> docks >> dockCount >> central;
     if (magic != stateMagic || version != 0 || docks != docksMarker || dockCount != 0)
         return false;

@@ -7,17 +7,16 @@
 
 namespace calc {
 
-/// True when \a record, a window geometry as the toolkit stores it (versions 1 to 3), can be given
-/// back to the toolkit: its rectangles have their edges the right way round and none is wider or
-/// higher than \a desktop, in pixels; the frame may overhang it by its borders. The toolkit itself
-/// believes any number: one damaged byte makes it ask for more memory than there is. An empty or
-/// cut record is not plausible.
+/// True when \a record, a geometry as QWidget::saveGeometry makes it (versions 1 to 3), can be given
+/// to restoreGeometry: it is complete, and each of its rectangles has its edges in order and is at
+/// most four times as wide and high as \a desktop, in pixels, and at most 32767. restoreGeometry
+/// itself takes any size: one damaged byte makes it request more memory than there is.
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 
-/// True when \a record, the state of a main window as the toolkit stores it, is one that this
-/// window can have saved: neither docks nor tool bars, the four corners each given to a side,
-/// nothing after them. The toolkit counts and indexes by whatever numbers stand in it: a damaged
-/// byte keeps it busy for minutes, a few of them make it write outside its arrays.
+/// True when \a record is a state that QMainWindow::saveState can have made of this window: no
+/// docks, no tool bars, each of the four corners given to a side, nothing after them. restoreState
+/// uses the numbers of a record as loop bounds and array indices: a damaged byte blocks it for
+/// minutes or makes it write outside its arrays.
 bool isPlausibleState(const QByteArray &record);
 
 } // namespace calc

@@ -4,6 +4,7 @@
 
 #include "base/constants.h"
 #include "calc/numeric.h"
+#include "calc/tdr_record.h"
 
 namespace calc {
 
@@ -14,7 +15,7 @@ int clampedColumn(int column)
 
 int snapped(int column, int step)
 {
-    const int usable = qMax(1, step);
+    const int usable = usableStep(step);
     return clampedColumn(column) / usable * usable;
 }
 

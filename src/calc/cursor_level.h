@@ -21,8 +21,8 @@ struct CursorPoint
 /// \a column clamped to 0..64000.
 int clampedColumn(int column);
 
-/// \a column, clamped, at the nearest whole multiple of \a step at or left of it. A step below 1
-/// counts as 1.
+/// \a column, clamped, at the nearest whole multiple of \a step at or left of it; \a step is bounded
+/// to 1..64000.
 int snapped(int column, int step);
 
 /// Level of \a trace at \a column, which is taken as it is: offset plus sample, or 129 where the

@@ -19,8 +19,6 @@ static_assert(std::is_trivially_copyable_v<TDR_FILE_t>, "the record is filled as
 
 void fillRecord(const char *bytes, qint64 size, TDR_FILE_t &record)
 {
-    // A short file fills the record as far as it goes and the rest keeps the bytes of the trace
-    // before it. Said to nobody: in the field half a trace on screen is worth more than a message.
     const qint64 filled = qBound(qint64{ 0 }, size, static_cast<qint64>(sizeof record));
     if (filled > 0)
         std::memcpy(&record, bytes, static_cast<std::size_t>(filled));
@@ -28,13 +26,12 @@ void fillRecord(const char *bytes, qint64 size, TDR_FILE_t &record)
 
 int countsPerSample(float minstep)
 {
-    const int counts = truncated(static_cast<double>(minstep) / constants::nsPerCount);
-    return qBound(0, counts, constants::xLength);
+    return truncated(static_cast<double>(minstep) / constants::nsPerCount);
 }
 
 int usableStep(int counts)
 {
-    return qMax(1, counts);
+    return qBound(1, counts, constants::xLength);
 }
 
 int initialScroll(quint32 shiftX, int step)
@@ -42,14 +39,14 @@ int initialScroll(quint32 shiftX, int step)
     return static_cast<int>(shiftX * static_cast<quint32>(step));
 }
 
-QDate testDate(const TDR_FILE_t &record)
+QDate measurementDate(const TDR_FILE_t &record)
 {
     const RTC_DateTypeDef date = record.ch.test_date;
     return QDate(constants::centuryStart + hexdec(date.RTC_Year), hexdec(date.RTC_Month),
                  hexdec(date.RTC_Date));
 }
 
-QTime testTime(const TDR_FILE_t &record)
+QTime measurementTime(const TDR_FILE_t &record)
 {
     const RTC_TimeTypeDef time = record.ch.test_time;
     return QTime(hexdec(time.RTC_Hours), hexdec(time.RTC_Minutes), hexdec(time.RTC_Seconds));

@@ -8,33 +8,32 @@
 #include <QTime>
 
 /// \file
-/// What the viewer makes of a trace record. All of it is defined for any 37775 bytes: the format
-/// has nothing by which a wrong file could be told from a right one.
+/// Values that the viewer derives from a trace record. Every function is defined for any 37775
+/// bytes, because the format has neither magic number nor checksum to reject a wrong file by.
 
 namespace calc {
 
-/// Copies the first \a size bytes of a file over \a record. Bytes beyond the record are ignored; a
-/// short file fills only its length, and the rest of \a record keeps what it held. A negative
+/// Copies the first \a size bytes of a file over \a record. Bytes beyond the record are ignored. A
+/// short file fills only its length; the rest of \a record keeps its former bytes. A negative
 /// \a size counts as 0.
 void fillRecord(const char *bytes, qint64 size, Protocol_VX840::TDR_FILE_t &record);
 
-/// Horizontal step of a trace in counts, from the time between two samples in ns: 2.5 is 2, and so
-/// is 3.7. 0 below 1.25 ns and for NaN, never above 64000, which is the whole axis.
+/// Horizontal step of a trace in counts for \a minstep ns between two samples, truncated toward
+/// zero: 2 for 2.5 and 3.7, 0 for 1.0, -4 for -5. Saturates at the ends of int; 0 for NaN.
 int countsPerSample(float minstep);
 
-/// The step to draw, divide and snap with: \a counts, but at least 1. A trace whose step is shorter
-/// than one count is drawn one count per sample.
+/// \a counts bounded to 1..64000, the step to draw, divide and snap with. A trace whose step is
+/// shorter than one count is drawn with one count per sample.
 int usableStep(int counts);
 
-/// Horizontal shift in counts that a record asks for: \a shiftX steps of \a step counts, modulo
-/// 2^32 and read as signed, because shifts to the left are stored in two's complement: 0xFFFFFFFF
-/// steps of 4 counts are -4.
+/// Initial horizontal shift of a trace in counts: \a shiftX times \a step modulo 2^32, read as
+/// signed. A shift to the left is stored in two's complement: 0xFFFFFFFF steps of 4 counts are -4.
 int initialScroll(quint32 shiftX, int step);
 
-/// Day of the test. Invalid when the bytes are no date, which the viewer shows as nothing.
-QDate testDate(const Protocol_VX840::TDR_FILE_t &record);
+/// Date of the measurement. Invalid when the bytes are no date.
+QDate measurementDate(const Protocol_VX840::TDR_FILE_t &record);
 
-/// Time of the test to the second. Invalid when the bytes are no time.
-QTime testTime(const Protocol_VX840::TDR_FILE_t &record);
+/// Time of the measurement to the second. Invalid when the bytes are no time.
+QTime measurementTime(const Protocol_VX840::TDR_FILE_t &record);
 
 } // namespace calc

@@ -3,6 +3,7 @@
 #include "calc/trace_points.h"
 
 #include "base/constants.h"
+#include "calc/tdr_record.h"
 
 namespace calc {
 
@@ -83,7 +84,7 @@ private:
 
 qint64 boundedStep(const TraceRef &trace)
 {
-    return qBound(1, trace.step, constants::xLength);
+    return usableStep(trace.step);
 }
 
 void stepPoints(const TraceRef &trace, QVector<QPointF> &out)

@@ -4,6 +4,7 @@
 
 #include "base/constants.h"
 #include "calc/numeric.h"
+#include "calc/tdr_record.h"
 #include "miscfunc.h"
 
 #include <cmath>
@@ -82,7 +83,7 @@ int panStep(int exponent, double pixels, float plotWidth)
 
 int wholeSamples(int counts, int step)
 {
-    return qBound(-constants::xLength, counts, constants::xLength) / qMax(1, step);
+    return qBound(-constants::xLength, counts, constants::xLength) / usableStep(step);
 }
 
 int clampedVerticalOffset(int offset)
@@ -94,7 +95,7 @@ float clampedKU(double ku)
 {
     if (ku > static_cast<double>(constants::maxKU))
         return constants::maxKU;
-    // Written so that NaN, which compares with nothing, ends here too.
+    // Also true for NaN.
     if (!(ku >= static_cast<double>(constants::minKU)))
         return constants::minKU;
     return static_cast<float>(ku);

@@ -5,12 +5,12 @@
 #include <QtGlobal>
 
 /// \file
-/// Which stretch of the cable is visible, and the bounds of everything that moves it. Positions are
-/// counts, zoom is an exponent 0..8: the view is 250 * 2^exponent counts wide.
+/// The visible range, and the bounds of the values that move it. Positions are counts. The zoom is
+/// an exponent 0..8: the view is 250 * 2^exponent counts wide.
 
 namespace calc {
 
-/// A stretch of the horizontal axis, counts.
+/// A range of the horizontal axis, counts.
 struct Range
 {
     int min = 0;
@@ -28,68 +28,66 @@ struct Range
 
 // ---- Zoom ----
 
-/// \a exponent brought into 0..8.
+/// \a exponent clamped to 0..8.
 int clampedScale(int exponent);
 
 /// Counts across the view at zoom \a exponent, which is clamped to 0..8: 250, 500, ... 64000.
 int visibleCounts(int exponent);
 
-/// What the scale button shows for zoom \a exponent, clamped to 0..8: 31.25 * 2^exponent. Metres
-/// across the view at 0.125 m per count, whatever the velocity factor is.
+/// Caption of the scale button for zoom \a exponent, clamped to 0..8: 31.25 * 2^exponent, the
+/// metres across the view at 0.125 m per count. The velocity factor is ignored.
 float scaleDistance(int exponent);
 
-/// Zoom exponent that suits a master with \a minstep ns between samples, one count to a sample: 0
-/// for 1.25, 1 for 2.5, 2 for 5. Not clamped: 0 ns gives the smallest int; negative and NaN give 0.
+/// Zoom exponent for a master with \a minstep ns between two samples: 0 for 1.25, 1 for 2.5, 2 for
+/// 5. Not clamped: 0 ns gives the smallest int; negative values and NaN give 0.
 int exponentForMinstep(float minstep);
 
-/// Zoom exponent of a caption value as scaleDistance makes them, in metres; between two of them,
-/// the lower exponent. Not clamped: 0 gives the smallest int, negative and NaN give 0.
+/// Zoom exponent for the caption \a metres; the lower one between two captions. Not clamped: 0
+/// gives the smallest int, negative values and NaN give 0.
 int exponentOfDistance(double metres);
 
 // ---- Range ----
 
-/// \a range moved by \a step counts. A step that would pass 0 or 64000 is refused whole: the view
-/// never creeps up to an end. A range that lies left of 0 already is put back to 0 in its width.
+/// \a range moved by \a step counts. A step that would pass 0 or 64000 is refused, not clipped. A
+/// range that starts left of 0 is moved to 0.
 Range scrolled(const Range &range, int step);
 
-/// \a range moved so that \a column lies in its middle, or as near to it as 0 and 64000 allow. The
-/// width is kept. Computed in single precision, as the view always has been: half counts truncate.
+/// \a range centred on \a column, as far as 0 and 64000 allow, with its width. Computed in single
+/// precision; half counts are truncated.
 Range centredOn(int column, const Range &range);
 
-/// The stretch to show for a master whose samples start at \a delay: the whole width at \a exponent
-/// (clamped to 0..8) from \a delay on. A delay that would overflow the right end is lowered; it is
-/// otherwise free to lie beyond the axis.
+/// Range for a master whose samples start at \a delay: the width at \a exponent, clamped to 0..8,
+/// from \a delay on. It may lie beyond the axis; a delay that would overflow the right end is
+/// lowered.
 Range rangeFromDelay(quint32 delay, int exponent);
 
-/// Counts to scroll by when the mouse drags the plot by \a pixels at zoom \a exponent; positive is
-/// to the right. 0 while \a plotWidth, in pixels, is not above 0.
+/// Counts to scroll by for a drag of \a pixels, positive to the right, at zoom \a exponent. 0 while
+/// \a plotWidth, in pixels, is not above 0.
 int panStep(int exponent, double pixels, float plotWidth);
 
 // ---- Shifts of one trace ----
 
-/// Horizontal shift in whole samples for one of \a counts, which is clamped to -64000..64000. The
-/// division by \a step, counts per sample and at least 1, rounds toward zero: 7 and -7 counts in
-/// steps of 4 are 1 and -1.
+/// \a counts, clamped to -64000..64000, in whole samples of \a step counts, bounded to 1..64000.
+/// Rounds toward zero: 7 and -7 counts in steps of 4 are 1 and -1.
 int wholeSamples(int counts, int step);
 
-/// \a offset brought into -256..256 sample steps.
+/// \a offset clamped to -256..256 sample steps.
 int clampedVerticalOffset(int offset);
 
 // ---- Velocity factor ----
 
-/// \a ku brought into 1.0..10.0; NaN gives 1.0. Single precision on purpose: the whole view is
+/// \a ku clamped to 1.0..10.0; NaN gives 1.0. Single precision on purpose: all distances are
 /// computed from the rounded factor.
 float clampedKU(double ku);
 
-/// Metres of cable per count at velocity factor \a ku, which is clamped as in clampedKU. The way
-/// there and back is halved already.
+/// Metres of cable per count, one-way, at velocity factor \a ku, which is clamped as in clampedKU.
 double metresPerCount(float ku);
 
-/// Dial position for velocity factor \a ku: thousandths above 1.0, truncated in single precision,
-/// so that the start-up factor 1.49896229 stands at 498.
+/// Dial position for velocity factor \a ku: thousandths above 1.0, truncated in single precision;
+/// 498 for the start-up factor 1.49896229.
 int dialOfKU(float ku);
 
-/// Velocity factor for dial position \a position; the inverse of dialOfKU but for the truncation.
+/// Velocity factor for dial position \a position, in thousandths above 1.0.
 double kuOfDial(int position);
 
 } // namespace calc

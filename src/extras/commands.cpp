@@ -3,7 +3,6 @@
 #include "extras/commands.h"
 
 #include "calc/numeric.h"
-#include "calc/tdr_record.h"
 #include "cont_dial.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
@@ -20,20 +19,14 @@ namespace extras {
 
 namespace {
 
-int stepOf(const MainWindow &window, int slot)
-{
-    return calc::usableStep(window.state().rfg_DATA[slot].coef_from_min);
-}
-
 /// Of the wheel over the cursor dial.
 int countsOfNotch(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
-    const int step = stepOf(window, state.rfg_ID);
-    const bool hasMaster = state.rfg_master_ID >= 0 && state.rfg_master_ID < constants::slotCount;
-    if (state.diff_flag == MainWindow::NORMAL || !hasMaster)
+    const int step = state.stepOf(state.rfg_ID);
+    if (state.diff_flag == MainWindow::NORMAL || !state.masterExists())
         return step;
-    return std::max(step, stepOf(window, state.rfg_master_ID));
+    return std::max(step, state.stepOf(state.rfg_master_ID));
 }
 
 LegendButton *selectedSlot(const MainWindow &window)
@@ -80,14 +73,14 @@ void moveCursorToEnd(MainWindow &window, bool last)
 {
     const MainWindowState &state = window.state();
     const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
-    if (!checkbit(state.rfg_read_index, state.rfg_ID)) {
+    if (!state.isLoaded(state.rfg_ID)) {
         const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
         placeCursor(window, calc::truncated(last ? axis->max() : axis->min()));
         return;
     }
     const qint64 delay = quint32{ trace.f_p_840.ch.params.delay };
     const qint64 sample = delay + (last ? constants::lastSample : 0);
-    placeCursor(window, trace.scroll + sample * stepOf(window, state.rfg_ID));
+    placeCursor(window, trace.scroll + sample * state.stepOf(state.rfg_ID));
 }
 
 void scroll(MainWindow &window, int steps)
@@ -140,7 +133,7 @@ void turnParameter(MainWindow &window, int notches)
     const MainWindowParts &parts = window.parts();
     Cont_dial *dial = parts.param_dial;
     const bool isHorizontal = parts.down_buttons->checkedId() == MainWindow::H_OFFSET;
-    const int step = isHorizontal ? stepOf(window, window.state().rfg_ID) : 1;
+    const int step = isHorizontal ? window.state().stepOf(window.state().rfg_ID) : 1;
     const qint64 value = dial->trueValue + qint64{ notches } * step;
     dial->trueValue = calc::saturated(
         std::max(std::min(value, qint64{ dial->trueMax }), qint64{ dial->trueMin }));

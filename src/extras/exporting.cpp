@@ -75,7 +75,7 @@ QString proposedPath(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
     QString name;
-    if (checkbit(state.rfg_read_index, state.rfg_ID))
+    if (state.isLoaded(state.rfg_ID))
         name = state.rfg_DATA[state.rfg_ID].file_name;
     if (name.isEmpty())
         name = QStringLiteral("velkor");

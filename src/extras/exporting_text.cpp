@@ -3,7 +3,6 @@
 #include "extras/exporting_text.h"
 
 #include "calc/readout.h"
-#include "calc/tdr_record.h"
 #include "dictionary.h"
 #include "mainwindow.h"
 
@@ -22,11 +21,6 @@ QString number(double value)
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
-bool isLoaded(const MainWindow &window, int slot)
-{
-    return checkbit(window.state().rfg_read_index, slot);
-}
-
 /// The series that shows the trace of \a slot, or would if it were not hidden.
 const QtCharts::QXYSeries &seriesOf(const MainWindow &window, int slot)
 {
@@ -38,16 +32,7 @@ const QtCharts::QXYSeries &seriesOf(const MainWindow &window, int slot)
 
 bool isShown(const MainWindow &window, int slot)
 {
-    return isLoaded(window, slot) && seriesOf(window, slot).isVisible();
-}
-
-/// True when \a slot is drawn as its difference from the master.
-bool isDifference(const MainWindow &window, int slot)
-{
-    const MainWindowState &state = window.state();
-    const int master = state.rfg_master_ID;
-    return state.diff_flag == MainWindow::DIFF && slot != master && master >= 0
-        && master < constants::slotCount && isLoaded(window, master);
+    return window.state().isLoaded(slot) && seriesOf(window, slot).isVisible();
 }
 
 double metresOf(const MainWindow &window, int column)
@@ -132,8 +117,8 @@ QString metresAndCounts(const MainWindow &window, int column)
 
 QString slotName(int slot)
 {
-    const bool isSlot = slot >= 0 && slot < constants::slotCount;
-    return isSlot ? QStringLiteral("trace %1").arg(slot + 1) : QStringLiteral("none");
+    return MainWindowState::isSlot(slot) ? QStringLiteral("trace %1").arg(slot + 1)
+                                         : QStringLiteral("none");
 }
 
 void addView(Head &head, const MainWindow &window)
@@ -150,7 +135,7 @@ void addView(Head &head, const MainWindow &window)
     head.add("drawn as",
              state.smooth_rfg_flag ? QStringLiteral("curves") : QStringLiteral("steps"));
     head.add("differences", difference ? QStringLiteral("from the master") : QStringLiteral("no"));
-    head.add("master", state.master_is_set ? slotName(state.rfg_master_ID) : slotName(-1));
+    head.add("master", slotName(state.rfg_master_ID));
     head.add("selected", slotName(state.rfg_ID));
     const auto cursor = [&](const char *name, int column, int level) {
         head.add(name,
@@ -178,7 +163,7 @@ void addTrace(Head &head, const MainWindow &window, int slot)
     add("time", trace.time.toString(Qt::ISODate));
     add("shown", isShown(window, slot) ? QStringLiteral("yes") : QStringLiteral("no"));
     add("sampling step", number(double{ params.sample_minstep }) + QStringLiteral(" ns"));
-    add("counts per sample", QString::number(calc::usableStep(trace.coef_from_min)));
+    add("counts per sample", QString::number(window.state().stepOf(slot)));
     add("start delay", QString::number(quint32{ params.delay }) + QStringLiteral(" samples"));
     add("horizontal shift", metresAndCounts(window, trace.scroll));
     add("vertical shift", QString::number(trace.offset));
@@ -193,7 +178,7 @@ void addTrace(Head &head, const MainWindow &window, int slot)
 /// What the levels of \a slot are levels of. No title needs quotes, nor looks like a date or a sum.
 QString titleOf(const MainWindow &window, int slot)
 {
-    if (!isDifference(window, slot))
+    if (!window.state().isDrawnAsDifference(slot))
         return slotName(slot);
     return slotName(window.state().rfg_master_ID) + QStringLiteral(" - ") + slotName(slot);
 }
@@ -208,7 +193,7 @@ QString readings(const MainWindow &window)
     const QString equals = QStringLiteral(" = ");
     QString text;
     for (int slot = 0; slot < constants::slotCount; ++slot) {
-        if (!isLoaded(window, slot))
+        if (!state.isLoaded(slot))
             continue;
         const rfg_SHOWN &trace = state.rfg_DATA[slot];
         QStringList facts;
@@ -245,7 +230,7 @@ QByteArray table(const MainWindow &window)
     QString titles = QStringLiteral("metres");
     std::vector<Treads> traces;
     for (int slot = 0; slot < constants::slotCount; ++slot) {
-        if (isLoaded(window, slot))
+        if (window.state().isLoaded(slot))
             addTrace(head, window, slot);
         if (!isShown(window, slot))
             continue;

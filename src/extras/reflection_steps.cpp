@@ -18,7 +18,7 @@ namespace {
 QVector<QPointF> selectedSamples(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
-    if (!checkbit(state.rfg_read_index, state.rfg_ID))
+    if (!state.isLoaded(state.rfg_ID))
         return {};
     if (state.smooth_rfg_flag)
         return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);

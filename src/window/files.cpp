@@ -17,37 +17,38 @@
 
 using Protocol_VX840::TDR_FILE_t;
 
-bool MainWindow::isSlot(int id)
+bool MainWindowState::isSlot(int id)
 {
     return id >= 0 && id < constants::slotCount;
 }
 
-bool MainWindow::isLoaded(int id) const
+bool MainWindowState::isLoaded(int id) const
 {
     return isSlot(id) && checkbit(rfg_read_index, id);
 }
 
-int MainWindow::stepOf(int id) const
+int MainWindowState::stepOf(int id) const
 {
     return calc::usableStep(rfg_DATA[id].coef_from_min);
 }
 
-bool MainWindow::masterExists() const
+bool MainWindowState::masterExists() const
 {
-    // Not master_is_set: that one is still false while a new master's differences are drawn.
-    return isLoaded(rfg_master_ID);
+    // Not master_is_set: it is still false while setMasterID draws the differences.
+    return isSlot(rfg_master_ID);
 }
 
-bool MainWindow::isDrawnAsDifference(int id) const
+bool MainWindowState::isDrawnAsDifference(int id) const
 {
-    return diff_flag == DIFF && masterExists() && id != rfg_master_ID;
+    return diff_flag == MainWindowModes::DIFF && masterExists() && id != rfg_master_ID;
 }
 
-int MainWindow::cursorStep() const
+int MainWindowState::cursorStep() const
 {
-    if (!master_is_set)
+    if (!masterExists())
         return 1;
-    return stepOf(diff_flag == NORMAL && isLoaded(rfg_ID) ? rfg_ID : rfg_master_ID);
+    const bool selectedCounts = diff_flag == MainWindowModes::NORMAL && isLoaded(rfg_ID);
+    return stepOf(selectedCounts ? rfg_ID : rfg_master_ID);
 }
 
 int MainWindow::emptySlotStep() const
@@ -69,15 +70,15 @@ bool MainWindow::read_rfg_DATA(const QString &path, int id)
         bytes.data(), static_cast<int>(program_files::lengthToRead(file, bytes.size())));
 
     rfg_SHOWN &trace = rfg_DATA[id];
-    // A short file fills the record as far as it goes and the rest keeps the bytes of the trace
-    // before it. Said to nobody: in the field half a trace on screen is worth more than a message.
+    // A short file overwrites the start of the record; the rest keeps the previous trace's bytes.
+    // No error is shown: a partial trace is more useful in the field than a message box.
     calc::fillRecord(bytes.constData(), size, trace.f_p_840);
     const auto params = trace.f_p_840.ch.params;
     trace.coef_from_min = calc::countsPerSample(params.sample_minstep);
     trace.scroll = calc::initialScroll(params.shiftX, trace.coef_from_min);
     trace.offset = params.shiftY;
-    trace.date = calc::testDate(trace.f_p_840);
-    trace.time = calc::testTime(trace.f_p_840);
+    trace.date = calc::measurementDate(trace.f_p_840);
+    trace.time = calc::measurementTime(trace.f_p_840);
 
     const QFileInfo info(path);
     trace.full_path = path;
@@ -118,7 +119,7 @@ void MainWindow::show_AllSelected_RFGs(state_index mask)
     rfg_master_ID = settingsData->master_ID;
     master_is_set = false;
     rfg_ID = isSlot(rfg_master_ID) ? rfg_master_ID : 0;
-    // The former master is forgotten before setMasterID could see it, so its mark goes here.
+    // setMasterID sees the new rfg_master_ID only, so the old mark is removed here.
     if (former != rfg_ID)
         unmarkMaster(former);
     setMasterID(rfg_ID);
@@ -129,8 +130,7 @@ void MainWindow::loadAllTraces()
 {
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         if (isLoaded(slot)) {
-            // Whether the file could be read is not asked: a trace whose file has gone since the
-            // last run keeps its slot.
+            // The result is ignored: a trace whose file is gone keeps its slot.
             read_rfg_DATA(settingsData->current_files[slot], slot);
             load_rfg(slot);
         } else {
@@ -169,7 +169,7 @@ void MainWindow::add_Selected_RFG(const QString &path, int id)
     if (id == rfg_master_ID || !master_is_set)
         setMasterID(id);
     load_rfg(id);
-    // A new record under the master's mark changes every difference from it.
+    // A new record in the master's slot changes every difference.
     if (diff_flag == DIFF && id == rfg_master_ID) {
         for (int slot = 0; slot < constants::slotCount; ++slot)
             if (slot != id && isLoaded(slot))
@@ -190,12 +190,12 @@ void MainWindow::remove_Selected_RFG(int id)
     RFG_visibleToggle(id, false);
     setRfgButtonText(id);
     const int lowest = firstbit(rfg_read_index);
-    // Also when the master's slot was empty already: with no trace there is no master in force.
+    // Also when the master's slot was empty already.
     if (!isSlot(lowest))
         master_is_set = false;
     else if (id == rfg_master_ID)
         setMasterID(lowest);
-    // An empty slot that is selected shows the master's step, which has gone with the last trace.
+    // After the last trace whichever slot is selected, so that nothing of the old master stays.
     if (id == rfg_ID || !isSlot(lowest))
         rfgSelect_slot(rfg_ID);
 }
@@ -209,7 +209,7 @@ void MainWindow::resetCurrent_slot(int id)
         reset_slot();
         return;
     }
-    // A copy, because reading sets the slot's own path.
+    // A copy: read_rfg_DATA assigns full_path.
     const QString path = rfg_DATA[id].full_path;
     read_rfg_DATA(path, id);
     load_rfg(id);
@@ -230,7 +230,7 @@ void MainWindow::write_rfg_DATA(int id)
 {
     const QDir folder(qEnvironmentVariable(constants::developerFolderVariable));
     const QString name = folder.filePath(QStringLiteral("Velkor_add/data0%1.bin").arg(id));
-    // Add-on data has a place and a name, but no format yet: nothing is opened.
+    // Add-on data has no format yet, so nothing is opened.
     Q_UNUSED(name)
 }
 
@@ -240,8 +240,8 @@ void MainWindow::parse_T_Name(int id)
         return;
     const auto date = rfg_DATA[id].f_p_840.ch.test_date;
     const auto time = rfg_DATA[id].f_p_840.ch.test_time;
-    // The one place that takes the bytes as plain numbers and not as BCD. Nothing calls it, and who
-    // does one day decides what its records hold; kept as it is until then.
+    // The bytes are not decoded from BCD here, unlike everywhere else. Nothing calls this function;
+    // the first caller decides what its records hold.
     const QDate day(date.RTC_Year + constants::centuryStart, date.RTC_Month, date.RTC_Date);
     const QTime clock(time.RTC_Hours, time.RTC_Minutes, time.RTC_Seconds);
     QAbstractButton *button = rfg_buttons->button(id);

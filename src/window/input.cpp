@@ -227,7 +227,7 @@ void MainWindow::plotWheel(const QWheelEvent *event)
 void MainWindow::cursorWheel(int notch)
 {
     int step = stepOf(rfg_ID);
-    if (diff_flag == DIFF && isSlot(rfg_master_ID))
+    if (diff_flag == DIFF && masterExists())
         step = std::max(step, stepOf(rfg_master_ID));
     cursor_dial->trueValue
         = calc::saturated(qint64{ cursor_dial->trueValue } + qint64{ notch } * step);

@@ -6,7 +6,7 @@
 #include "mainwindow.h"
 #include "settingsdata.h"
 
-/// What the parameter dial needs to know of a parameter; \c speed in steps per turn.
+/// Setup of the parameter dial for one parameter; \c speed in steps per turn.
 struct MainWindow::DialSetup
 {
     bool startsAtZero;
@@ -37,13 +37,13 @@ void MainWindow::paramSelect_slot(int id)
         setParamDialText(d->H_OFFSET_STR, count_to_distance(trace.scroll));
         break;
     case SCALE:
-        // Nine levels would be crossed in a tenth of a turn at the user's speed.
+        // At the user's speed a tenth of a turn would cross all nine levels.
         setUpParamDial({ true, constants::minScale, constants::maxScale, master_scale,
                          constants::scaleDialSpeed });
         setParamDialText(d->SCALE_STR, scaleText());
         break;
     default:
-        // Read-only parameters and "nothing checked yet": the dial keeps what it adjusts.
+        // A read-only parameter or none: the dial keeps its range and value.
         break;
     }
 }
@@ -55,7 +55,7 @@ void MainWindow::setUpParamDial(const DialSetup &setup)
     param_dial->trueMax = setup.max;
     param_dial->trueValue = setup.value;
     param_dial->setAccuracy(setup.speed);
-    // The base dial takes this modulo its range; only trueValue is the truth.
+    // QDial takes the value modulo its range; trueValue holds the real one.
     param_dial->setValue(setup.value);
 }
 
@@ -65,7 +65,7 @@ void MainWindow::paramSetup_slot(int x)
     switch (checkedParameter()) {
     case KU:
         KU_change(calc::kuOfDial(x));
-        // Also into an empty slot's record: the factor belongs to the view.
+        // Also into the record of an empty slot, because the factor belongs to the view.
         rfg_DATA[rfg_ID].f_p_840.ch.params.KU = master_params.KU;
         break;
     case V_OFFSET:
@@ -87,7 +87,7 @@ void MainWindow::paramSetup_slot(int x)
 void MainWindow::setParamDialText(const QString &title, const QString &value)
 {
     const int parameter = checkedParameter();
-    // Velocity factor and scale belong to the view, the others to a trace that may not be there.
+    // Velocity factor and scale belong to the view; an empty slot has no other value.
     const bool hasValue = isLoaded(rfg_ID) || parameter == KU || parameter == SCALE;
     setDialText(param_dial, title + QLatin1Char('\n') + (hasValue ? value : QString()));
 }

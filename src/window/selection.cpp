@@ -24,7 +24,7 @@ void MainWindow::rfgSelect_slot(int id)
         seriaIsSelected();
         const rfg_SHOWN &trace = rfg_DATA[id];
         chart_title.setText(trace.file_name + QStringLiteral(", /") + trace.dir_name
-                            + QStringLiteral(", ") + testDateText(id) + QLatin1Char(' ')
+                            + QStringLiteral(", ") + measurementDateText(id) + QLatin1Char(' ')
                             + trace.time.toString(Qt::TextDate));
         setParameterTexts();
     } else {
@@ -37,7 +37,7 @@ void MainWindow::rfgSelect_slot(int id)
 
 void MainWindow::selectTrace(int id)
 {
-    // Checking the button selects; a button that is checked already says nothing.
+    // Checking the button selects the slot; a checked button emits nothing.
     QAbstractButton *button = rfg_buttons->button(id);
     if (button->isChecked())
         rfgSelect_slot(id);
@@ -48,8 +48,8 @@ void MainWindow::selectTrace(int id)
 void MainWindow::seriaIsSelected()
 {
     Plot_View->invalidate();
-    // Pens first: a series that was just raised has a second item until the event loop runs, and
-    // a new pen would bring the dead one back to sight.
+    // Pens first: `removeSeries` leaves the old item alive until the event loop runs; a pen set
+    // after raising would show it again.
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
                                    static_cast<QXYSeries *>(rfg_series_sp[slot]) }) {
@@ -71,8 +71,8 @@ void MainWindow::setRfgButtonText(int id)
     selected_rfg[id]->date.clear();
     if (isLoaded(id)) {
         const QString name = rfg_DATA[id].name;
-        selected_rfg[id]->date = testDateText(id);
-        // A slot whose file was never read has no name of its own.
+        selected_rfg[id]->date = measurementDateText(id);
+        // The name is empty when the file was never read.
         text = (name.isEmpty() ? title : name) + QLatin1Char('\n') + selected_rfg[id]->date;
     }
     rfg_buttons->button(id)->setText(text);
@@ -97,7 +97,7 @@ void MainWindow::RFG_visibleToggle(int id, bool visible)
 
 void MainWindow::setSlotIcon(int id, QLatin1String path)
 {
-    // The hidden picture has no number to fill in.
+    // The name of the hidden icon has no number.
     const QString name = path;
     const bool numbered = name.contains(QLatin1String("%1"));
     selected_rfg[id]->setIcon(QIcon(bundledPicture(numbered ? name.arg(id + 1) : name)));
@@ -129,12 +129,12 @@ void MainWindow::setMasterID(int id)
 
     const int exponent = calc::exponentForMinstep(params.sample_minstep);
     const calc::Range range = calc::rangeFromDelay(params.delay, calc::clampedScale(exponent));
-    // Not scale_change: the range from count 0 on that it shows would be replaced at once.
+    // Not scale_change: it would first show the range from count 0.
     master_scale = calc::clampedScale(exponent);
     setPlotRange(range.min, range.max);
     showScale();
-    // A record of zeros has the factor that is remembered before any was applied; without the
-    // second test no distance would ever be known.
+    // A record of zeros has the same factor as master_params before any was applied; without the
+    // second test dist_coef would stay 0.
     if (!(params.KU == formerKU) || !(dist_coef > 0.0))
         KU_change(double{ params.KU });
     master_is_set = true;
@@ -151,7 +151,7 @@ void MainWindow::unmarkMaster(int id)
     if (!isSlot(id))
         return;
     selected_rfg[id]->setMast(false);
-    // That has enabled "Set as Master", which an empty slot must not offer.
+    // setMast(false) enables "Set as Master", which an empty slot must not offer.
     selected_rfg[id]->menuEnable(isLoaded(id));
     if (selected_rfg[id]->vis())
         setSlotIcon(id, constants::slotIcon);

@@ -157,7 +157,7 @@ QString MainWindow::slotTitle(int id) const
     return d->RFG_STR + QStringLiteral(" %1").arg(id + 1);
 }
 
-QString MainWindow::testDateText(int id) const
+QString MainWindow::measurementDateText(int id) const
 {
     return QLocale::system().toString(rfg_DATA[id].date, QLocale::ShortFormat);
 }

@@ -20,8 +20,8 @@ constexpr qint64 widest = 64000;
 struct Slot
 {
     QByteArray record;
-    qint64 step = 0; ///< as kept: 0 for a step below one count
-    qint64 used = 1; ///< as every use reads it
+    qint64 step = 0; ///< as kept: the truncated value
+    qint64 used = 1; ///< as every use reads it, 1..64000
     qint64 delay = 0;
     qint64 scroll = 0;
     int offset = 0;
@@ -35,9 +35,9 @@ struct Slot
 qint64 countsOf(float minstep)
 {
     const double counts = static_cast<double>(minstep) / 1.25;
-    if (!(counts > 0.0))
+    if (std::isnan(counts))
         return 0;
-    return counts > static_cast<double>(widest) ? widest : static_cast<qint64>(counts);
+    return static_cast<qint64>(qBound(-2147483648.0, counts, 2147483647.0));
 }
 
 /// The slot that held \a former after the file of \a recipe was read into it.
@@ -47,7 +47,7 @@ Slot loaded(QByteArray former, const QString &recipe)
     Slot slot;
     slot.record = former.replace(0, bytes.size(), bytes);
     slot.step = countsOf(corpus::floatAt(slot.record, 25));
-    slot.used = slot.step == 0 ? 1 : slot.step;
+    slot.used = qBound(qint64{ 1 }, slot.step, widest);
     slot.delay = static_cast<qint64>(corpus::numberAt(slot.record, 29, 4));
     const auto wrapped = static_cast<std::uint32_t>(corpus::numberAt(slot.record, 53, 4)
                                                     * static_cast<quint64>(slot.step));

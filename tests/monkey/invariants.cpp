@@ -269,7 +269,7 @@ int Checker::levelAt(int column) const
     const auto *bytes = reinterpret_cast<const char *>(&trace.f_p_840);
     quint32 delay = 0;
     std::memcpy(&delay, bytes + delayAt, sizeof delay);
-    const int step = qMax(1, trace.coef_from_min);
+    const int step = qBound(1, trace.coef_from_min, 64000);
     const qint64 sample = (qint64{ column } - trace.scroll) / step - qint64{ delay };
     if (sample < 0 || sample >= drawn)
         return noLevel;

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
+#include "each.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 
-#include <QBuffer>
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -14,7 +14,7 @@
 
 class QApplication;
 
-/// What a store does beyond its files: applying, copying, sheets and languages.
+/// Applying and copying settings, style sheets and languages.
 class TestSettingsEffects : public QObject
 {
     Q_OBJECT
@@ -25,44 +25,38 @@ private slots:
         SettingsData data(nullptr);
         data.current_CSS_path = constants::defaultStyle;
         QStringList order;
-        connect(&data, &SettingsData::dial_settings_changed, this,
-                [&] { order << QStringLiteral("dials"); });
-        connect(&data, &SettingsData::window_geometry_loaded, this,
-                [&] { order << QStringLiteral("geometry"); });
-        connect(&data, &SettingsData::translation_changed, this,
-                [&] { order << QStringLiteral("language"); });
-        connect(&data, &SettingsData::CSS_changed, this, [&] { order << QStringLiteral("style"); });
-        connect(&data, &SettingsData::files_to_load, this,
-                [&] { order << QStringLiteral("files"); });
-        data.updateSettings(63);
-        QCOMPARE(order.join(QLatin1Char(' ')),
-                 QStringLiteral("files style language geometry dials"));
-        order.clear();
-        data.updateSettings(32 + 2);
-        QCOMPARE(order.join(QLatin1Char(' ')), QStringLiteral("style dials"));
+        const auto note = [&order](const char *name) {
+            return [&order, name] { order << QLatin1String(name); };
+        };
+        connect(&data, &SettingsData::dial_settings_changed, this, note("dials"));
+        connect(&data, &SettingsData::window_geometry_loaded, this, note("geometry"));
+        connect(&data, &SettingsData::translation_changed, this, note("language"));
+        connect(&data, &SettingsData::CSS_changed, this, note("style"));
+        connect(&data, &SettingsData::files_to_load, this, note("files"));
+        struct Row
+        {
+            const char *name;
+            int mask;
+        };
+        each<Row>({ { "files style language geometry dials", 63 },
+                    { "style dials", 32 + 2 },
+                    { "", 4 }, // the folders need no action
+                    { "", 0 },
+                    { "", 64 + 128 } },
+                  [&](const Row &row) {
+                      order.clear();
+                      data.updateSettings(row.mask);
+                      QCOMPARE(order.join(QLatin1Char(' ')), QLatin1String(row.name));
+                  });
     }
 
-    void theFoldersNeedNoAction_data()
+    void allBitsOfTheSlotSetAreEmitted()
     {
-        QTest::addColumn<int>("mask");
-        QTest::newRow("folders") << 4;
-        QTest::newRow("nothing") << 0;
-        QTest::newRow("beyond the sections") << 64 + 128;
-    }
-
-    void theFoldersNeedNoAction()
-    {
-        QFETCH(int, mask);
         SettingsData data(nullptr);
-        int signalCount = 0;
-        const auto count = [&signalCount] { ++signalCount; };
-        connect(&data, &SettingsData::CSS_changed, this, count);
-        connect(&data, &SettingsData::translation_changed, this, count);
-        connect(&data, &SettingsData::files_to_load, this, count);
-        connect(&data, &SettingsData::window_geometry_loaded, this, count);
-        connect(&data, &SettingsData::dial_settings_changed, this, count);
-        data.updateSettings(mask);
-        QCOMPARE(signalCount, 0);
+        const QSignalSpy spy(&data, &SettingsData::files_to_load);
+        data.read_index = 1000000;
+        data.updateSettings(1);
+        QCOMPARE(spy.at(0).at(0).toInt(), 1000000);
     }
 
     void theSignalsStandInTheirOrder()
@@ -77,36 +71,27 @@ private slots:
                                 "window_geometry_loaded dial_settings_changed"));
     }
 
-    void aCopyTakesTheSectionsOfItsMask_data()
-    {
-        QTest::addColumn<int>("mask");
-        for (int bit = 0; bit < 6; ++bit) {
-            QTest::addRow("section %d", bit) << (1 << bit);
-        }
-        QTest::newRow("none") << 0;
-        QTest::newRow("all") << 63;
-    }
-
     void aCopyTakesTheSectionsOfItsMask()
     {
-        QFETCH(int, mask);
         const std::unique_ptr<SettingsData> from = filled();
-        SettingsData data(nullptr);
-        data.copy(from.get(), mask);
-        const auto has = [mask](int bit) { return (mask & bit) != 0; };
-        QCOMPARE(data.read_index == 9 && data.master_ID == 3, has(1));
-        QCOMPARE(data.current_files[0] == QStringLiteral("first"), has(1));
-        QCOMPARE(data.current_files[5] == QStringLiteral("clear bit, copied too"), has(1));
-        QCOMPARE(data.current_CSS_path == QStringLiteral("sheet"), has(2));
-        QCOMPARE(data.current_CSS == QStringLiteral("text"), has(2));
-        QCOMPARE(data.work_folders == QStringList(QStringLiteral("a")), has(4));
-        QCOMPARE(data.last_folder == QStringLiteral("b"), has(4));
-        QCOMPARE(data.current_language == QStringLiteral("ru_RU"), has(8));
-        QCOMPARE(data.languageList[19].id == 19, has(8));
-        QCOMPARE(data.languageList[19].CODE == QStringLiteral("xx"), has(8));
-        QCOMPARE(data.languageList[19].label == QStringLiteral("X"), has(8));
-        QCOMPARE(data.window_geometry == "g" && data.window_state == "s", has(16));
-        QCOMPARE(data.param_dial_speed == 7 && data.cursor_dial_speed == 8, has(32));
+        for (const int mask : { 0, 1, 2, 4, 8, 16, 32, 63 }) {
+            SettingsData data(nullptr);
+            data.copy(from.get(), mask);
+            const auto has = [mask](int bit) { return (mask & bit) != 0; };
+            QCOMPARE(data.read_index == 9 && data.master_ID == 3, has(1));
+            QCOMPARE(data.current_files[0] == QStringLiteral("first"), has(1));
+            QCOMPARE(data.current_files[5] == QStringLiteral("clear bit, copied too"), has(1));
+            QCOMPARE(data.current_CSS_path == QStringLiteral("sheet"), has(2));
+            QCOMPARE(data.current_CSS == QStringLiteral("text"), has(2));
+            QCOMPARE(data.work_folders == QStringList(QStringLiteral("a")), has(4));
+            QCOMPARE(data.last_folder == QStringLiteral("b"), has(4));
+            QCOMPARE(data.current_language == QStringLiteral("ru_RU"), has(8));
+            QCOMPARE(data.languageList[19].id == 19, has(8));
+            QCOMPARE(data.languageList[19].CODE == QStringLiteral("xx"), has(8));
+            QCOMPARE(data.languageList[19].label == QStringLiteral("X"), has(8));
+            QCOMPARE(data.window_geometry == "g" && data.window_state == "s", has(16));
+            QCOMPARE(data.param_dial_speed == 7 && data.cursor_dial_speed == 8, has(32));
+        }
     }
 
     void everyCopyCarriesTheApplication()
@@ -174,100 +159,33 @@ private slots:
         }
     }
 
-    void aListOfLanguagesIsRead_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("languages");
-        const QStringList five{ QStringLiteral("en_US|English"), QStringLiteral("ru_RU|Русский"),
-                                QStringLiteral("es_ES|Español"), QStringLiteral("fr_FR|Français"),
-                                QStringLiteral("de_DE|Deutsch") };
-        QTest::newRow("the dormant three behind no empty line")
-            << QStringLiteral("en_US English\r\nru_RU Русский\r\nes_ES Español\r\n"
-                              "fr_FR Français\r\nde_DE Deutsch\r\n")
-            << five;
-        QTest::newRow("an empty line ends the list")
-            << QStringLiteral("en_US English\r\n\r\nde_DE Deutsch\r\n")
-            << QStringList(five.mid(0, 1));
-        QTest::newRow("a line without a blank")
-            << QStringLiteral("en_US") << QStringList{ QStringLiteral("en_US|en_US") };
-        QTest::newRow("a third part is ignored")
-            << QStringLiteral("en_US English (US)") << QStringList(five.mid(0, 1));
-        QTest::newRow("empty parts count")
-            << QStringLiteral("en_US  English") << QStringList{ QStringLiteral("en_US|") };
-        QTest::newRow("nothing") << QString() << QStringList();
-        QStringList twenty;
-        for (int i = 0; i < 20; ++i) {
-            twenty << QStringLiteral("c%1|n%1").arg(i);
-        }
-        const QString lines
-            = twenty.join(QLatin1Char('\n')).replace(QLatin1Char('|'), QLatin1Char(' '));
-        QTest::newRow("twenty") << lines << twenty;
-        QTest::newRow("more than fit") << lines + QStringLiteral("\nc20 n20\nc21 n21") << twenty;
-    }
-
-    void aListOfLanguagesIsRead()
-    {
-        QFETCH(QString, text);
-        // UTF-16, the high byte first, behind the mark that says so.
-        QByteArray bytes("\xFE\xFF");
-        for (const QChar character : qAsConst(text)) {
-            bytes += static_cast<char>(character.row());
-            bytes += static_cast<char>(character.cell());
-        }
-        QBuffer device(&bytes);
-        QVERIFY(device.open(QIODevice::ReadOnly));
-        SettingsData data(nullptr);
-        data.readLanguages(device);
-        QStringList found;
-        for (const language &entry : data.languageList) {
-            if (entry.id == -1) {
-                break;
-            }
-            QCOMPARE(entry.id, found.size());
-            found << entry.CODE + QLatin1Char('|') + entry.label;
-        }
-        QTEST(found, "languages");
-    }
-
     void anEndlessLanguageCodeHoldsNothingUp()
     {
         SettingsData data(nullptr);
-        QSignalSpy spy(&data, &SettingsData::translation_changed);
         data.current_language = QString(1000000, QLatin1Char('_'));
         QElapsedTimer clock;
         clock.start();
         data.setTranslation();
         QVERIFY(clock.elapsed() < 5000);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"), QStringLiteral("Clear"));
-        // Cut for the search only: the settings keep what they were given.
+        // Cut for the search only.
         QCOMPARE(data.current_language.size(), 1000000);
-    }
-
-    void aLanguageIsInstalledAndTakenBack_data()
-    {
-        QTest::addColumn<QString>("code");
-        QTest::newRow("source language") << QStringLiteral("en_US");
-        QTest::newRow("no catalogues") << QStringLiteral("de_DE");
-        QTest::newRow("none") << QString();
-        QTest::newRow("a path") << QStringLiteral("../../etc");
     }
 
     void aLanguageIsInstalledAndTakenBack()
     {
-        QFETCH(QString, code);
-        SettingsData data(nullptr);
-        QSignalSpy spy(&data, &SettingsData::translation_changed);
-        data.current_language = QStringLiteral("ru_RU");
-        data.setTranslation();
-        data.setTranslation();
-        QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"), QStringLiteral("Отчистить"));
-        data.current_language = code;
-        data.setTranslation();
-        QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"), QStringLiteral("Clear"));
-        QCOMPARE(spy.count(), 3);
-        // The application pointer is null here, as it is while the window is built.
-        QCOMPARE(data.curAppPointer, nullptr);
+        for (const char *code : { "en_US", "de_DE", "", "../../etc" }) {
+            SettingsData data(nullptr);
+            const QSignalSpy spy(&data, &SettingsData::translation_changed);
+            data.current_language = QStringLiteral("ru_RU");
+            data.setTranslation();
+            data.setTranslation();
+            QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"),
+                     QStringLiteral("Отчистить"));
+            data.current_language = QLatin1String(code);
+            data.setTranslation();
+            QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"), QStringLiteral("Clear"));
+            QCOMPARE(spy.count(), 3);
+        }
     }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/view_range.h"
+#include "each.h"
 
 #include <QtTest>
 
@@ -8,34 +9,35 @@
 #include <cmath>
 #include <limits>
 
-// What moves a trace within the view, and the velocity factor.
+/// Shifts of a trace and the velocity factor.
 class TestShifts : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void horizontalShiftsAreWholeSamples_data()
-    {
-        QTest::addColumn<int>("counts");
-        QTest::addColumn<int>("step");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("rounded down") << 7 << 4 << 1;
-        QTest::newRow("rounded up") << -7 << 4 << -1;
-        QTest::newRow("less than a sample") << -3 << 4 << 0;
-        QTest::newRow("whole axis") << 64000 << 1 << 64000;
-        QTest::newRow("beyond the right end") << 100000 << 1 << 64000;
-        QTest::newRow("beyond the left end") << -100000 << 3 << -21333;
-        QTest::newRow("smallest int") << INT_MIN << 64000 << -1;
-        QTest::newRow("largest int") << INT_MAX << 64000 << 1;
-        QTest::newRow("step 0 counts as 1") << 7 << 0 << 7;
-        QTest::newRow("negative step counts as 1") << -7 << -4 << -7;
-    }
-
     void horizontalShiftsAreWholeSamples()
     {
-        QFETCH(int, counts);
-        QFETCH(int, step);
-        QTEST(calc::wholeSamples(counts, step), "expected");
+        struct Row
+        {
+            const char *name;
+            int counts;
+            int step;
+            int expected;
+        };
+        each<Row>({ { "rounded down", 7, 4, 1 },
+                    { "rounded up", -7, 4, -1 },
+                    { "less than a sample", -3, 4, 0 },
+                    { "whole axis", 64000, 1, 64000 },
+                    { "beyond the right end", 100000, 1, 64000 },
+                    { "beyond the left end", -100000, 3, -21333 },
+                    { "smallest int", INT_MIN, 64000, -1 },
+                    { "largest int", INT_MAX, 64000, 1 },
+                    { "step beyond the axis", 64000, 80000, 1 },
+                    { "step 0 counts as 1", 7, 0, 7 },
+                    { "negative step counts as 1", -7, -4, -7 } },
+                  [](const Row &row) {
+                      QCOMPARE(calc::wholeSamples(row.counts, row.step), row.expected);
+                  });
     }
 
     void verticalOffsetsStopAt256()

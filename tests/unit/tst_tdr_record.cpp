@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/tdr_record.h"
+#include "each.h"
 #include "tracebuilder.h"
 
 #include <QtTest>
 
+#include <climits>
 #include <cstring>
 #include <iterator>
 #include <limits>
@@ -16,7 +18,7 @@ namespace {
 
 constexpr int recordSize = 37775;
 
-// The stored bits of a field. It is taken by value: fields are packed and must not be referred to.
+// The stored bits of a field. By value: a reference to a packed field may be misaligned.
 template <typename Value> quint64 bits(Value value)
 {
     quint64 result = 0;
@@ -128,7 +130,7 @@ const Field fields[] = {
 
 #undef FIELD
 
-// The record is too large to be at ease on the stack of every test.
+// On the heap: the record has 37775 bytes.
 std::unique_ptr<TDR_FILE_t> recordOf(const QByteArray &bytes)
 {
     auto record = std::make_unique<TDR_FILE_t>();
@@ -148,25 +150,18 @@ class TestTdrRecord : public QObject
     Q_OBJECT
 
 private slots:
-    void everyFieldLiesAtItsOffset_data()
-    {
-        QTest::addColumn<int>("index");
-        for (int i = 0; i < static_cast<int>(std::size(fields)); ++i)
-            QTest::newRow(fields[i].name) << i;
-    }
-
     void everyFieldLiesAtItsOffset()
     {
-        QFETCH(int, index);
-        const Field &field = fields[index];
-        // Every byte of the field differs from its neighbours and from the rest of the file.
-        constexpr quint64 pattern = 0x1807F6E5D4C3B2A1;
-        QByteArray bytes(recordSize, '\0');
-        for (int i = 0; i < field.width; ++i)
-            bytes[field.offset + i] = static_cast<char>((pattern >> (8 * i)) & 0xFF);
-        const quint64 mask
-            = field.width == 8 ? ~quint64{ 0 } : (quint64{ 1 } << (8 * field.width)) - 1;
-        QCOMPARE(field.read(*recordOf(bytes)), pattern & mask);
+        for (const Field &field : fields) {
+            // Every byte of the field differs from its neighbours and from the rest of the file.
+            constexpr quint64 pattern = 0x1807F6E5D4C3B2A1;
+            QByteArray bytes(recordSize, '\0');
+            for (int i = 0; i < field.width; ++i)
+                bytes[field.offset + i] = static_cast<char>((pattern >> (8 * i)) & 0xFF);
+            const quint64 mask
+                = field.width == 8 ? ~quint64{ 0 } : (quint64{ 1 } << (8 * field.width)) - 1;
+            QVERIFY2(field.read(*recordOf(bytes)) == (pattern & mask), field.name);
+        }
     }
 
     void numbersAreLittleEndianAndSigned()
@@ -219,121 +214,112 @@ private slots:
             QCOMPARE(byte, '\0');
     }
 
-    void anEmptyFileChangesNothing_data()
-    {
-        QTest::addColumn<qint64>("size");
-        QTest::newRow("no bytes") << qint64{ 0 };
-        QTest::newRow("a failed read") << qint64{ -1 };
-        QTest::newRow("smallest size") << std::numeric_limits<qint64>::min();
-    }
-
     void anEmptyFileChangesNothing()
     {
-        QFETCH(qint64, size);
         const auto record = recordOf(QByteArray(recordSize, '\x55'));
-        calc::fillRecord(nullptr, size, *record);
+        for (const qint64 size : { qint64{ 0 }, qint64{ -1 }, std::numeric_limits<qint64>::min() })
+            calc::fillRecord(nullptr, size, *record);
         QCOMPARE(imageOf(*record), QByteArray(recordSize, '\x55'));
     }
 
-    void theStepIsTruncatedToWholeCounts_data()
+    void theStepIsTruncatedToWholeCountsAndBoundedWhereItIsUsed()
     {
-        QTest::addColumn<float>("minstep");
-        QTest::addColumn<int>("counts");
-        QTest::newRow("0.3 ns") << 0.3F << 0;
-        QTest::newRow("1 ns is less than a count") << 1.0F << 0;
-        QTest::newRow("just below a count") << 1.2499999F << 0;
-        QTest::newRow("one count") << 1.25F << 1;
-        QTest::newRow("two counts") << 2.5F << 2;
-        QTest::newRow("nearly three counts") << 3.7F << 2;
-        QTest::newRow("four counts") << 5.0F << 4;
-        QTest::newRow("eight counts") << 10.0F << 8;
-        QTest::newRow("256 counts") << 320.0F << 256;
-        QTest::newRow("the whole axis") << 80000.0F << 64000;
-        QTest::newRow("more than the axis") << 80002.5F << 64000;
-        QTest::newRow("absurd") << 1e30F << 64000;
-        QTest::newRow("infinity") << std::numeric_limits<float>::infinity() << 64000;
-        QTest::newRow("zero") << 0.0F << 0;
-        QTest::newRow("negative") << -5.0F << 0;
-        QTest::newRow("minus infinity") << -std::numeric_limits<float>::infinity() << 0;
-        QTest::newRow("not a number") << std::numeric_limits<float>::quiet_NaN() << 0;
-    }
-
-    void theStepIsTruncatedToWholeCounts()
-    {
-        QFETCH(float, minstep);
-        QTEST(calc::countsPerSample(minstep), "counts");
-    }
-
-    void aStepOfZeroIsUsedAsOne()
-    {
-        QCOMPARE(calc::usableStep(0), 1);
-        QCOMPARE(calc::usableStep(-3), 1);
-        QCOMPARE(calc::usableStep(1), 1);
-        QCOMPARE(calc::usableStep(64000), 64000);
-    }
-
-    void theSavedShiftIsReadAsSigned_data()
-    {
-        QTest::addColumn<quint32>("shiftX");
-        QTest::addColumn<int>("step");
-        QTest::addColumn<int>("scroll");
-        QTest::newRow("none") << 0U << 4 << 0;
-        QTest::newRow("to the right") << 3U << 4 << 12;
-        QTest::newRow("one step to the left") << 0xFFFFFFFFU << 4 << -4;
-        QTest::newRow("three steps to the left") << 0xFFFFFFFDU << 2 << -6;
-        QTest::newRow("a step of 0 shifts nothing") << 0xFFFFFFFFU << 0 << 0;
-        QTest::newRow("largest without a wrap") << 0x7FFFFFFFU << 1 << 2147483647;
-        QTest::newRow("smallest int") << 0x80000000U << 1 << std::numeric_limits<int>::min();
-        QTest::newRow("wraps to nothing") << 0x80000000U << 2 << 0;
-        QTest::newRow("wraps round") << 0x40000001U << 4 << 4;
+        constexpr float infinity = std::numeric_limits<float>::infinity();
+        struct Row
+        {
+            const char *name;
+            float minstep;
+            int counts;
+            int usable;
+        };
+        each<Row>({ { "0.3 ns", 0.3F, 0, 1 },
+                    { "1 ns is less than a count", 1.0F, 0, 1 },
+                    { "just below a count", 1.2499999F, 0, 1 },
+                    { "one count", 1.25F, 1, 1 },
+                    { "two counts", 2.5F, 2, 2 },
+                    { "nearly three counts", 3.7F, 2, 2 },
+                    { "four counts", 5.0F, 4, 4 },
+                    { "256 counts", 320.0F, 256, 256 },
+                    { "the whole axis", 80000.0F, 64000, 64000 },
+                    { "more than the axis", 100000.0F, 80000, 64000 },
+                    { "absurd", 1e30F, INT_MAX, 64000 },
+                    { "infinity", infinity, INT_MAX, 64000 },
+                    { "zero", 0.0F, 0, 1 },
+                    { "negative", -5.0F, -4, 1 },
+                    { "minus infinity", -infinity, INT_MIN, 1 },
+                    { "not a number", std::numeric_limits<float>::quiet_NaN(), 0, 1 } },
+                  [](const Row &row) {
+                      QCOMPARE(calc::countsPerSample(row.minstep), row.counts);
+                      QCOMPARE(calc::usableStep(row.counts), row.usable);
+                  });
     }
 
     void theSavedShiftIsReadAsSigned()
     {
-        QFETCH(quint32, shiftX);
-        QFETCH(int, step);
-        QTEST(calc::initialScroll(shiftX, step), "scroll");
-    }
-
-    void datesAreBcdFrom2000On_data()
-    {
-        QTest::addColumn<QByteArray>("monthDayYear");
-        QTest::addColumn<QDate>("expected");
-        QTest::newRow("24 is 2024") << QByteArray::fromHex("030524") << QDate(2024, 3, 5);
-        QTest::newRow("12 is December") << QByteArray::fromHex("123199") << QDate(2099, 12, 31);
-        QTest::newRow("first day") << QByteArray::fromHex("010100") << QDate(2000, 1, 1);
-        QTest::newRow("leap day") << QByteArray::fromHex("022924") << QDate(2024, 2, 29);
-        QTest::newRow("no leap day") << QByteArray::fromHex("022923") << QDate();
-        QTest::newRow("digits are not checked")
-            << QByteArray::fromHex("0a0b1a") << QDate(2020, 10, 11);
-        QTest::newRow("zeros are no date") << QByteArray::fromHex("000000") << QDate();
-        QTest::newRow("ones are no date") << QByteArray::fromHex("ffffff") << QDate();
+        struct Row
+        {
+            const char *name;
+            quint32 shiftX;
+            int step;
+            int scroll;
+        };
+        each<Row>({ { "none", 0, 4, 0 },
+                    { "to the right", 3, 4, 12 },
+                    { "one step to the left", 0xFFFFFFFF, 4, -4 },
+                    { "three steps to the left", 0xFFFFFFFD, 2, -6 },
+                    { "a step of 0 shifts nothing", 0xFFFFFFFF, 0, 0 },
+                    { "a negative step", 3, -4, -12 },
+                    { "a step beyond the axis", 2, 80000, 160000 },
+                    { "largest without a wrap", 0x7FFFFFFF, 1, INT_MAX },
+                    { "smallest int", 0x80000000, 1, INT_MIN },
+                    { "wraps to nothing", 0x80000000, 2, 0 },
+                    { "wraps round", 0x40000001, 4, 4 },
+                    { "wraps with the largest step", 2, INT_MAX, -2 } },
+                  [](const Row &row) {
+                      QCOMPARE(calc::initialScroll(row.shiftX, row.step), row.scroll);
+                  });
     }
 
     void datesAreBcdFrom2000On()
     {
-        QFETCH(QByteArray, monthDayYear);
-        const auto record = recordOf(TraceBuilder().raw(176, monthDayYear).bytes());
-        QTEST(calc::testDate(*record), "expected");
-    }
-
-    void timesAreBcdToTheSecond_data()
-    {
-        QTest::addColumn<QByteArray>("hoursMinutesSeconds");
-        QTest::addColumn<QTime>("expected");
-        QTest::newRow("morning") << QByteArray::fromHex("090507") << QTime(9, 5, 7);
-        QTest::newRow("last second") << QByteArray::fromHex("235959") << QTime(23, 59, 59);
-        QTest::newRow("midnight") << QByteArray::fromHex("000000") << QTime(0, 0, 0, 0);
-        QTest::newRow("24 is no hour") << QByteArray::fromHex("240000") << QTime();
-        QTest::newRow("60 is no second") << QByteArray::fromHex("000060") << QTime();
-        QTest::newRow("ones are no time") << QByteArray::fromHex("ffffff") << QTime();
+        struct Row
+        {
+            const char *name; // month, day, year
+            QDate date;
+        };
+        each<Row>({ { "030524", QDate(2024, 3, 5) },
+                    { "123199", QDate(2099, 12, 31) },
+                    { "010100", QDate(2000, 1, 1) },
+                    { "022924", QDate(2024, 2, 29) },
+                    { "022923", QDate() },
+                    { "0a0b1a", QDate(2020, 10, 11) }, // digits are not checked
+                    { "000000", QDate() },
+                    { "ffffff", QDate() } },
+                  [](const Row &row) {
+                      const QByteArray bytes = QByteArray::fromHex(row.name);
+                      const auto record = recordOf(TraceBuilder().raw(176, bytes).bytes());
+                      QCOMPARE(calc::measurementDate(*record), row.date);
+                  });
     }
 
     void timesAreBcdToTheSecond()
     {
-        QFETCH(QByteArray, hoursMinutesSeconds);
-        const auto record = recordOf(TraceBuilder().raw(171, hoursMinutesSeconds).bytes());
-        QTEST(calc::testTime(*record), "expected");
+        struct Row
+        {
+            const char *name; // hours, minutes, seconds
+            QTime time;
+        };
+        each<Row>({ { "090507", QTime(9, 5, 7) },
+                    { "235959", QTime(23, 59, 59) },
+                    { "000000", QTime(0, 0) },
+                    { "240000", QTime() },
+                    { "000060", QTime() },
+                    { "ffffff", QTime() } },
+                  [](const Row &row) {
+                      const QByteArray bytes = QByteArray::fromHex(row.name);
+                      const auto record = recordOf(TraceBuilder().raw(171, bytes).bytes());
+                      QCOMPARE(calc::measurementTime(*record), row.time);
+                  });
     }
 };
 

@@ -33,8 +33,8 @@ private slots:
         QCOMPARE(quint32{ m_record.ch.params.shiftX }, 0U);
         QCOMPARE(int{ m_record.ch.params.shiftY }, 0);
         QCOMPARE(float{ m_record.ch.params.KU }, 1.49896229F);
-        QCOMPARE(calc::testDate(m_record), QDate(2024, 3, 5));
-        QCOMPARE(calc::testTime(m_record), QTime(9, 5, 7));
+        QCOMPARE(calc::measurementDate(m_record), QDate(2024, 3, 5));
+        QCOMPARE(calc::measurementTime(m_record), QTime(9, 5, 7));
         for (const qint8 sample : m_record.samples)
             QCOMPARE(int{ sample }, 0);
     }
@@ -64,8 +64,8 @@ private slots:
         QCOMPARE(float{ m_record.ch.params.KU }, 2.25F);
         QCOMPARE(quint32{ m_record.ch.params.shiftX }, 0xFFFFFFFEU);
         QCOMPARE(int{ m_record.ch.params.shiftY }, -300);
-        QCOMPARE(calc::testDate(m_record), QDate(2099, 12, 31));
-        QCOMPARE(calc::testTime(m_record), QTime(23, 59, 58));
+        QCOMPARE(calc::measurementDate(m_record), QDate(2099, 12, 31));
+        QCOMPARE(calc::measurementTime(m_record), QTime(23, 59, 58));
     }
 
     void samplesAreSetOneByOneOrAllAtOnce()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 
 #include <QSignalSpy>
 #include <QtMath>
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int side = 200;
 
-/// Where the mouse stands to show at \a turns of a turn; the dial starts at the bottom and goes
+/// Place of the mouse on the rim of the dial after \a turns from its start at the bottom,
 /// clockwise.
 QPoint at(double turns)
 {
@@ -59,16 +60,9 @@ private slots:
         QCOMPARE(dial.minimum(), 0);
         QCOMPARE(dial.maximum(), 100);
         QCOMPARE(dial.singleStep(), 1);
+        QCOMPARE(dial.pageStep(), 10); // 5 after setAccuracy(100)
         QVERIFY(dial.wrapping());
         QVERIFY(dial.notchesVisible());
-    }
-
-    void theFirstPageIsTwiceTheLater()
-    {
-        Cont_dial dial;
-        QCOMPARE(dial.pageStep(), 10);
-        dial.setAccuracy(100);
-        QCOMPARE(dial.pageStep(), 5);
     }
 
     void theSlotsFollowTheSignal()
@@ -83,74 +77,63 @@ private slots:
                                 "setAccuracy(int)"));
     }
 
-    void movementsAreSummed_data()
-    {
-        QTest::addColumn<int>("accuracy");
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("to");
-        QTest::addColumn<int>("way");
-        QTest::addColumn<int>("turns");
-        QTest::newRow("forward") << 100 << 10 << 13 << 3 << 0;
-        QTest::newRow("backward") << 100 << 13 << 10 << -3 << 0;
-        QTest::newRow("nowhere") << 100 << 50 << 50 << 0 << 0;
-        QTest::newRow("forward wrap") << 100 << 98 << 2 << 4 << 1;
-        QTest::newRow("backward wrap") << 100 << 2 << 98 << -4 << -1;
-        QTest::newRow("a fast jump is a movement") << 100 << 50 << 0 << -50 << 0;
-        QTest::newRow("last page to first") << 100 << 95 << 5 << 10 << 1;
-        QTest::newRow("short of the last page") << 100 << 94 << 5 << -89 << 0;
-        QTest::newRow("past the first page") << 100 << 95 << 6 << -89 << 0;
-        QTest::newRow("end to start") << 100 << 100 << 0 << 0 << 1;
-        QTest::newRow("start to end") << 100 << 0 << 100 << 0 << -1;
-        // Up to 99 steps a page is half a turn: passing the middle looks like a wrap as well.
-        QTest::newRow("over the middle of 20") << 20 << 10 << 11 << -19 << -1;
-        QTest::newRow("back over the middle of 20") << 20 << 11 << 10 << 19 << 1;
-        QTest::newRow("both ways cancel out") << 1 << 1 << 0 << -1 << 0;
-        QTest::newRow("eight steps") << 8 << 7 << 1 << 2 << 1;
-        QTest::newRow("a thousand steps") << 1000 << 960 << 40 << 80 << 1;
-    }
-
     void movementsAreSummed()
     {
-        QFETCH(int, accuracy);
-        QFETCH(int, from);
-        QFETCH(int, to);
-        Cont_dial dial;
-        dial.setAccuracy(accuracy);
-        dial.trueMin = -100000;
-        dial.trueMax = 100000;
-        dial.trueValue = 500;
-        dial.oldValue = from;
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        dial.trueValue_slot(to);
-        QTEST(dial.trueValue - 500, "way");
-        QTEST(dial.turn_count, "turns");
-        QCOMPARE(dial.oldValue, to);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).toInt(), dial.trueValue);
+        struct Row
+        {
+            const char *name;
+            int accuracy;
+            int from;
+            int to;
+            int way;
+            int turns;
+        };
+        each<Row>({ { "forward", 100, 10, 13, 3, 0 },
+                    { "backward", 100, 13, 10, -3, 0 },
+                    { "nowhere", 100, 50, 50, 0, 0 },
+                    { "forward wrap", 100, 98, 2, 4, 1 },
+                    { "backward wrap", 100, 2, 98, -4, -1 },
+                    { "a fast jump is a movement", 100, 50, 0, -50, 0 },
+                    { "last page to first", 100, 95, 5, 10, 1 },
+                    { "short of the last page", 100, 94, 5, -89, 0 },
+                    { "past the first page", 100, 95, 6, -89, 0 },
+                    { "end to start", 100, 100, 0, 0, 1 },
+                    { "start to end", 100, 0, 100, 0, -1 },
+                    // Up to 99 steps a page is half a turn: passing the middle looks like a wrap.
+                    { "over the middle of 20", 20, 10, 11, -19, -1 },
+                    { "back over the middle of 20", 20, 11, 10, 19, 1 },
+                    { "both ways cancel out", 1, 1, 0, -1, 0 },
+                    { "eight steps", 8, 7, 1, 2, 1 },
+                    { "a thousand steps", 1000, 960, 40, 80, 1 } },
+                  [](const Row &row) {
+                      Cont_dial dial;
+                      dial.setAccuracy(row.accuracy);
+                      dial.trueMin = -100000;
+                      dial.trueMax = 100000;
+                      dial.trueValue = 500;
+                      dial.oldValue = row.from;
+                      const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+                      dial.trueValue_slot(row.to);
+                      QCOMPARE(dial.trueValue - 500, row.way);
+                      QCOMPARE(dial.turn_count, row.turns);
+                      QCOMPARE(dial.oldValue, row.to);
+                      QCOMPARE(spy.count(), 1);
+                      QCOMPARE(spy.at(0).at(0).toInt(), dial.trueValue);
+                  });
     }
 
-    void theClampIsReportedEachTime()
+    void theClampIsReportedEachTimeAndCorrectsNoTurns()
     {
         Cont_dial dial;
         dial.trueMax = 0;
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        for (const int place : { 3, 7, 40, 2 }) {
-            dial.trueValue_slot(place);
-        }
-        QCOMPARE(spy.count(), 4);
-        for (const QList<QVariant> &arguments : spy) {
-            QCOMPARE(arguments.at(0).toInt(), 0);
-        }
-    }
-
-    void turnsAreNotCorrectedByTheClamp()
-    {
-        Cont_dial dial;
         dial.oldValue = 98;
-        dial.trueMax = 1;
-        dial.trueValue_slot(2);
-        QCOMPARE(dial.trueValue, 1);
+        const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+        for (const int place : { 2, 7, 40, 3 })
+            dial.trueValue_slot(place);
         QCOMPARE(dial.turn_count, 1);
+        QCOMPARE(spy.count(), 4);
+        for (const QList<QVariant> &arguments : spy)
+            QCOMPARE(arguments.at(0).toInt(), 0);
     }
 
     void theUpperClampWins()
@@ -175,138 +158,104 @@ private slots:
         QCOMPARE(dial.trueValue, INT_MIN);
     }
 
-    void stepsFollowTheAccuracy_data()
-    {
-        QTest::addColumn<int>("steps");
-        QTest::addColumn<int>("travel");
-        QTest::addColumn<int>("single");
-        QTest::addColumn<int>("page");
-        const auto row = [](int steps, int single, int page) {
-            QTest::addRow("%d", steps) << steps << qBound(1, steps, 1000000) << single << page;
-        };
-        row(INT_MIN, 1, 1);
-        row(-5, 1, 1);
-        row(0, 1, 1);
-        row(1, 1, 1);
-        row(5, 1, 1);
-        row(8, 1, 1);
-        row(9, 1, 1);
-        row(10, 1, 5);
-        row(20, 2, 10);
-        row(50, 5, 25);
-        row(99, 9, 45);
-        row(100, 1, 5);
-        row(199, 1, 5);
-        row(200, 2, 10);
-        row(250, 2, 10);
-        row(500, 5, 25);
-        row(1000, 10, 50);
-        row(999999, 9999, 49995);
-        row(1000000, 10000, 50000);
-        row(1000001, 10000, 50000);
-        row(INT_MAX, 10000, 50000);
-    }
-
     void stepsFollowTheAccuracy()
     {
-        QFETCH(int, steps);
-        Cont_dial dial;
-        dial.trueValue = 77;
-        dial.setAccuracy(steps);
-        QCOMPARE(dial.minimum(), 0);
-        QTEST(dial.maximum(), "travel");
-        QTEST(dial.singleStep(), "single");
-        QTEST(dial.pageStep(), "page");
-        QCOMPARE(dial.trueValue, 77);
+        struct Row
+        {
+            const char *name;
+            int steps;
+            int single;
+            int page;
+        };
+        each<Row>({ { "smallest int", INT_MIN, 1, 1 },
+                    { "-5", -5, 1, 1 },
+                    { "0", 0, 1, 1 },
+                    { "1", 1, 1, 1 },
+                    { "5", 5, 1, 1 },
+                    { "8", 8, 1, 1 },
+                    { "9", 9, 1, 1 },
+                    { "10", 10, 1, 5 },
+                    { "20", 20, 2, 10 },
+                    { "50", 50, 5, 25 },
+                    { "99", 99, 9, 45 },
+                    { "100", 100, 1, 5 },
+                    { "199", 199, 1, 5 },
+                    { "200", 200, 2, 10 },
+                    { "250", 250, 2, 10 },
+                    { "500", 500, 5, 25 },
+                    { "1000", 1000, 10, 50 },
+                    { "2000000", 2000000, 20000, 100000 },
+                    { "largest int", INT_MAX, 21474836, 107374180 } },
+                  [](const Row &row) {
+                      Cont_dial dial;
+                      dial.trueValue = 77;
+                      dial.setAccuracy(row.steps);
+                      QCOMPARE(dial.minimum(), 0);
+                      QCOMPARE(dial.maximum(), qMax(1, row.steps));
+                      QCOMPARE(dial.singleStep(), row.single);
+                      QCOMPARE(dial.pageStep(), row.page);
+                      QCOMPARE(dial.trueValue, 77);
+                  });
     }
 
-    void anAccuracyOfNothingSurvivesWheelAndKeys_data()
+    void anyAccuracySurvivesWheelKeysAndPaint()
     {
-        QTest::addColumn<int>("steps");
-        QTest::newRow("none") << 0;
-        QTest::newRow("negative") << -100;
-        QTest::newRow("enormous") << INT_MAX;
-    }
-
-    void anAccuracyOfNothingSurvivesWheelAndKeys()
-    {
-        QFETCH(int, steps);
-        Cont_dial dial;
-        show(dial);
-        dial.setAccuracy(steps);
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        wheel(dial, 120);
-        wheel(dial, -240);
-        QTest::keyClick(&dial, Qt::Key_Up);
-        QTest::keyClick(&dial, Qt::Key_Left);
-        QTest::keyClick(&dial, Qt::Key_PageDown);
-        QTest::keyClick(&dial, Qt::Key_End);
-        QCOMPARE(spy.count(), 0);
-        drag(dial, 0.1, 1.3);
-        QVERIFY(dial.trueValue >= 0 && dial.trueValue <= 100);
-        QVERIFY(!dial.grab().isNull());
-    }
-
-    void turningRoundAndRoundCounts_data()
-    {
-        QTest::addColumn<int>("accuracy");
-        QTest::addColumn<double>("turns");
-        QTest::newRow("forward") << 100 << 3.0;
-        QTest::newRow("backward") << 100 << -3.0;
-        QTest::newRow("fine, forward") << 1000 << 2.0;
-        QTest::newRow("fine, backward") << 1000 << -2.0;
-        QTest::newRow("eight, forward") << 8 << 2.0;
-        QTest::newRow("eight, backward") << 8 << -2.0;
+        for (const int steps : { 0, -100, INT_MAX }) {
+            Cont_dial dial;
+            show(dial);
+            dial.setAccuracy(steps);
+            const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+            wheel(dial, 120);
+            wheel(dial, -240);
+            for (const Qt::Key key : { Qt::Key_Up, Qt::Key_Left, Qt::Key_PageDown, Qt::Key_End })
+                QTest::keyClick(&dial, key);
+            QCOMPARE(spy.count(), 0);
+            drag(dial, 0.1, 1.3);
+            QVERIFY(dial.trueValue >= 0 && dial.trueValue <= 100);
+            QVERIFY(!dial.grab().isNull());
+        }
     }
 
     void turningRoundAndRoundCounts()
     {
-        QFETCH(int, accuracy);
-        QFETCH(double, turns);
-        Cont_dial dial;
-        show(dial);
-        dial.setAccuracy(accuracy);
-        dial.trueMin = -100000;
-        dial.trueMax = 100000;
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        // From the top, half a turn away from the seam.
-        drag(dial, 0.5, 0.5 + turns);
-        const int whole = qRound(turns * accuracy);
-        QVERIFY2(qAbs(dial.trueValue - whole) <= accuracy / 50 + 1,
-                 qPrintable(QString::number(dial.trueValue)));
-        QCOMPARE(spy.last().at(0).toInt(), dial.trueValue);
-        QCOMPARE(qAbs(dial.turn_count), qRound(qAbs(turns)));
-        QCOMPARE(dial.turn_count > 0, turns > 0);
-    }
-
-    void theCounterStopsAtItsLimits_data()
-    {
-        QTest::addColumn<double>("turns");
-        QTest::addColumn<int>("end");
-        QTest::newRow("upper") << 3.0 << 130;
-        QTest::newRow("lower") << -3.0 << -40;
+        for (const int accuracy : { 100, 1000, 8 }) {
+            for (const double turns : { 3.0, -3.0 }) {
+                Cont_dial dial;
+                show(dial);
+                dial.setAccuracy(accuracy);
+                dial.trueMin = -100000;
+                dial.trueMax = 100000;
+                const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+                // From the top, half a turn away from the seam.
+                drag(dial, 0.5, 0.5 + turns);
+                const int whole = qRound(turns * accuracy);
+                QVERIFY2(qAbs(dial.trueValue - whole) <= accuracy / 50 + 1,
+                         qPrintable(QString::number(dial.trueValue)));
+                QCOMPARE(spy.last().at(0).toInt(), dial.trueValue);
+                QCOMPARE(dial.turn_count, qRound(turns));
+            }
+        }
     }
 
     void theCounterStopsAtItsLimits()
     {
-        QFETCH(double, turns);
-        QFETCH(int, end);
-        Cont_dial dial;
-        show(dial);
-        dial.setAccuracy(100);
-        dial.trueMin = -40;
-        dial.trueMax = 130;
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        drag(dial, 0.5, 0.5 + turns);
-        QCOMPARE(dial.trueValue, end);
-        const auto reports = spy.count();
-        QVERIFY(reports > 50);
-        for (const QList<QVariant> &arguments : spy) {
-            QVERIFY(arguments.at(0).toInt() >= -40 && arguments.at(0).toInt() <= 130);
+        for (const double turns : { 3.0, -3.0 }) {
+            const int end = turns > 0 ? 130 : -40;
+            Cont_dial dial;
+            show(dial);
+            dial.setAccuracy(100);
+            dial.trueMin = -40;
+            dial.trueMax = 130;
+            const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+            drag(dial, 0.5, 0.5 + turns);
+            QCOMPARE(dial.trueValue, end);
+            QVERIFY(spy.count() > 50);
+            for (const QList<QVariant> &arguments : spy)
+                QVERIFY(arguments.at(0).toInt() >= -40 && arguments.at(0).toInt() <= 130);
+            // On the way back the counter leaves the limit at once.
+            drag(dial, 0.5, 0.5 - turns / 12.0);
+            QVERIFY(qAbs(dial.trueValue - (end - qRound(turns * 100 / 12))) <= 3);
         }
-        // Back: the counter leaves the limit at once, it does not remember the surplus.
-        drag(dial, 0.5, 0.5 - turns / 12.0);
-        QVERIFY(qAbs(dial.trueValue - (end - qRound(turns * 100 / 12))) <= 3);
     }
 
     void aPressThatMovesTheRingDoesNotCount()
@@ -328,16 +277,15 @@ private slots:
     {
         Cont_dial dial;
         show(dial);
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+        const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
         wheel(dial, 120);
         QTest::keyClick(&dial, Qt::Key_Up);
         QVERIFY(dial.value() != 0);
         QCOMPARE(dial.trueValue, 0);
         QCOMPARE(spy.count(), 0);
-        // Nor afterwards: the next press starts from where the ring stands.
-        const int raw = dial.value();
+        // The next press starts from the raw position.
         dial.nullifier_slot();
-        QCOMPARE(dial.oldValue, raw);
+        QCOMPARE(dial.oldValue, dial.value());
     }
 
     void theOwnersWritesAreSilent()

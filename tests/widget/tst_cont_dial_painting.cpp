@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 
 #include <QtTest>
 
@@ -74,26 +75,27 @@ private slots:
         QCOMPARE(dial.grab().toImage(), plain.grab().toImage());
     }
 
-    void theCaptionFollowsTheSize_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QRectF>("rect");
-        QTest::newRow("square") << QSize(200, 200) << QRectF(-1, 49, 200, 100);
-        QTest::newRow("odd") << QSize(101, 75) << QRectF(0, 19, 101, 37);
-        QTest::newRow("flat") << QSize(200, 50) << QRectF(-1, 12, 200, 25);
-    }
-
     void theCaptionFollowsTheSize()
     {
-        QFETCH(QSize, size);
-        Cont_dial dial;
-        dial.resize(size);
-        dial.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dial));
-        QCOMPARE(dial.size(), size);
-        QTEST(dial.textRect, "rect");
-        dial.grab();
-        QCOMPARE(dial.radius, static_cast<int>(size.height() / 2.5));
+        struct Row
+        {
+            const char *name;
+            QSize size;
+            QRectF rect;
+        };
+        each<Row>({ { "square", { 200, 200 }, { -1, 49, 200, 100 } },
+                    { "odd", { 101, 75 }, { 0, 19, 101, 37 } },
+                    { "flat", { 200, 50 }, { -1, 12, 200, 25 } } },
+                  [](const Row &row) {
+                      Cont_dial dial;
+                      dial.resize(row.size);
+                      dial.show();
+                      QVERIFY(QTest::qWaitForWindowExposed(&dial));
+                      QCOMPARE(dial.size(), row.size);
+                      QCOMPARE(dial.textRect, row.rect);
+                      dial.grab();
+                      QCOMPARE(dial.radius, static_cast<int>(row.size.height() / 2.5));
+                  });
     }
 
 private:

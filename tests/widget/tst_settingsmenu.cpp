@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "each.h"
 #include "settingsfixture.h"
 
 #include <QButtonGroup>
@@ -16,7 +17,7 @@
 
 #include <memory>
 
-/// What the dialog shows and edits; its file buttons have tests of their own.
+/// The texts and controls of the dialog. tst_settingsmenu_files tests its file buttons.
 class TestSettingsMenu : public QObject
 {
     Q_OBJECT
@@ -75,7 +76,7 @@ private slots:
         QVERIFY(menu.files_widget->children().isEmpty());
     }
 
-    void theControlsStandFromTopToBottom()
+    void theControlsHaveTheirOrder()
     {
         f->open();
         const SettingsMenu &menu = f->menu;
@@ -107,64 +108,48 @@ private slots:
             QCOMPARE(box->singleStep(), 10);
             QVERIFY(box->isAccelerated());
         }
-        f->menu.cursor_accur->setValue(5);
-        QCOMPARE(f->menu.cursor_accur->value(), 10);
-        f->menu.cursor_accur->setValue(5000);
-        QCOMPARE(f->menu.cursor_accur->value(), 1000);
-    }
-
-    void textsAreInTheInstalledLanguage_data()
-    {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("texts");
-        QTest::newRow("English") << QStringLiteral("en_US")
-                                 << QStringLiteral("Settings|Language|Dials speed|Settings||"
-                                                   "Cursor dial speed|Parameter dial speed|"
-                                                   "Defines step number per dial turn|Load...|"
-                                                   "Save...|Load default|Reload starting|Files|"
-                                                   "Colors|Folders|Language|Window size|Dials|OK|"
-                                                   "Apply|Cancel");
-        QTest::newRow("Russian")
-            << QStringLiteral("ru_RU")
-            << QStringLiteral("Настройки|Язык|Скорость энкодеров|Настройки||"
-                              "Скорость энкодера курсоров|Скорость энкодера параметров|"
-                              "Определяет количество шагов за оборот энкодера|Загрузить...|"
-                              "Сохранить...|По умолчанию|Загрузить стартовые|Файлы|Цвета|Папки|"
-                              "Язык|Размер окна|Энкодеры|ОК|Применить|Отмена");
     }
 
     void textsAreInTheInstalledLanguage()
     {
-        QFETCH(QString, code);
-        f->live.current_language = code;
-        f->live.setTranslation();
-        f->words.setStrings();
-        f->menu.retranslateUI();
-        const SettingsMenu &menu = f->menu;
-        const QStringList texts{
-            menu.windowTitle(),
-            menu.language_box->title(),
-            menu.dial_accur_box->title(),
-            menu.settings_box->title(),
-            menu.settings_check_box->title(),
-            menu.cursor_accur_lbl->text(),
-            menu.param_accur_lbl->text(),
-            menu.accur_lbl->text(),
-            menu.load_settings_button->text(),
-            menu.save_settings_button->text(),
-            menu.load_default_button->text(),
-            menu.load_last_button->text(),
-            menu.files_settings_check->text(),
-            menu.CSS_settings_check->text(),
-            menu.dir_settings_check->text(),
-            menu.lang_settings_check->text(),
-            menu.geometry_settings_check->text(),
-            menu.dial_settings_check->text(),
-            menu.ok_button->text(),
-            menu.apply_button->text(),
-            menu.cancel_button->text(),
+        struct Row
+        {
+            const char *name;
+            QString texts;
         };
-        QTEST(texts.join(QLatin1Char('|')), "texts");
+        each<Row>(
+            { { "en_US",
+                QStringLiteral("Settings|Language|Dials speed|Settings||Cursor dial speed|"
+                               "Parameter dial speed|Defines step number per dial turn|Load...|"
+                               "Save...|Load default|Reload starting|Files|Colors|Folders|Language|"
+                               "Window size|Dials|OK|Apply|Cancel") },
+              { "ru_RU",
+                QStringLiteral("Настройки|Язык|Скорость энкодеров|Настройки||"
+                               "Скорость энкодера курсоров|Скорость энкодера параметров|"
+                               "Определяет количество шагов за оборот энкодера|Загрузить...|"
+                               "Сохранить...|По умолчанию|Загрузить стартовые|Файлы|Цвета|Папки|"
+                               "Язык|Размер окна|Энкодеры|ОК|Применить|Отмена") } },
+            [this](const Row &row) {
+                setLanguage(QLatin1String(row.name));
+                const SettingsMenu &menu = f->menu;
+                QStringList texts{ menu.windowTitle() };
+                for (const QGroupBox *box : { menu.language_box, menu.dial_accur_box,
+                                              menu.settings_box, menu.settings_check_box })
+                    texts << box->title();
+                for (const QLabel *label :
+                     { menu.cursor_accur_lbl, menu.param_accur_lbl, menu.accur_lbl })
+                    texts << label->text();
+                for (const QPushButton *button :
+                     { menu.load_settings_button, menu.save_settings_button,
+                       menu.load_default_button, menu.load_last_button })
+                    texts << button->text();
+                for (const QCheckBox *check : allChecks())
+                    texts << check->text();
+                for (const QPushButton *button :
+                     { menu.ok_button, menu.apply_button, menu.cancel_button })
+                    texts << button->text();
+                QCOMPARE(texts.join(QLatin1Char('|')), row.texts);
+            });
     }
 
     void theConstructorSetsNoTexts()
@@ -175,37 +160,28 @@ private slots:
         QCOMPARE(bare.tabs->tabText(1), QString());
     }
 
-    void noTextIsCut_data()
-    {
-        QTest::addColumn<QString>("code");
-        QTest::newRow("English") << QStringLiteral("en_US");
-        QTest::newRow("Russian") << QStringLiteral("ru_RU");
-    }
-
     void noTextIsCut()
     {
-        QFETCH(QString, code);
         f->live.current_CSS_path = QStringLiteral(":/style/style_2.qss");
         f->live.parse_CSS();
         f->menu.setStyleSheet(f->live.current_CSS);
         // Open already when the language changes: the dialog must grow with its texts.
         f->open();
-        f->live.current_language = code;
-        f->live.setTranslation();
-        f->words.setStrings();
-        f->menu.retranslateUI();
-        QCoreApplication::processEvents();
-        const QList<QWidget *> widgets = f->menu.settings_widget->findChildren<QWidget *>();
-        int checked = 0;
-        for (const QWidget *widget : widgets) {
-            if (qobject_cast<const QAbstractButton *>(widget) != nullptr
-                || qobject_cast<const QLabel *>(widget) != nullptr) {
+        for (const char *code : { "en_US", "ru_RU" }) {
+            setLanguage(QLatin1String(code));
+            QCoreApplication::processEvents();
+            const QList<QWidget *> widgets = f->menu.settings_widget->findChildren<QWidget *>();
+            int checked = 0;
+            for (const QWidget *widget : widgets) {
+                if (qobject_cast<const QAbstractButton *>(widget) == nullptr
+                    && qobject_cast<const QLabel *>(widget) == nullptr)
+                    continue;
                 QVERIFY(widget->width() >= widget->sizeHint().width());
                 QVERIFY(widget->height() >= widget->sizeHint().height());
                 ++checked;
             }
+            QVERIFY(checked >= 13);
         }
-        QVERIFY(checked >= 13);
     }
 
     void openingFillsTheLanguagesOnce()
@@ -290,32 +266,25 @@ private slots:
         QVERIFY(f->menu.isVisible());
     }
 
-    void anEditedSpeedReachesTheStoreWithApply_data()
-    {
-        QTest::addColumn<bool>("cursor");
-        QTest::newRow("cursor dial") << true;
-        QTest::newRow("parameter dial") << false;
-    }
-
     void anEditedSpeedReachesTheStoreWithApply()
     {
-        QFETCH(bool, cursor);
         f->open();
-        QSpinBox *box = cursor ? f->menu.cursor_accur : f->menu.param_accur;
-        QCOMPARE(box->value(), 100);
-        box->setFocus();
-        QTest::keyClick(box, Qt::Key_Up);
-        QCOMPARE(box->value(), 110);
-        QVERIFY(f->menu.apply_button->isEnabled());
-        QCOMPARE(f->menu.update_index, 32);
-        QSignalSpy spy(&f->live, &SettingsData::dial_settings_changed);
-        SettingsFixture::press(f->menu.apply_button);
-        QCOMPARE(f->live.cursor_dial_speed, cursor ? 110 : 100);
-        QCOMPARE(f->live.param_dial_speed, cursor ? 100 : 110);
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(!f->menu.apply_button->isEnabled());
-        // Marked for good: the section goes along with every later apply.
-        QCOMPARE(f->menu.update_index, 32);
+        const QSignalSpy spy(&f->live, &SettingsData::dial_settings_changed);
+        for (QSpinBox *box : { f->menu.cursor_accur, f->menu.param_accur }) {
+            QCOMPARE(box->value(), 100);
+            box->setFocus();
+            QTest::keyClick(box, Qt::Key_Up);
+            QCOMPARE(box->value(), 110);
+            QVERIFY(f->menu.apply_button->isEnabled());
+            QCOMPARE(f->menu.update_index, 32);
+            SettingsFixture::press(f->menu.apply_button);
+            QCOMPARE(f->live.cursor_dial_speed, 110);
+            QCOMPARE(f->live.param_dial_speed, box == f->menu.param_accur ? 110 : 100);
+            QVERIFY(!f->menu.apply_button->isEnabled());
+            // The section stays marked for every later apply.
+            QCOMPARE(f->menu.update_index, 32);
+        }
+        QCOMPARE(spy.count(), 2);
     }
 
     void goingBackToTheLiveSpeedLeavesApplyEnabled()
@@ -333,51 +302,58 @@ private slots:
     {
         f->open();
         f->menu.param_accur->setValue(250);
+        f->menu.language_select->setCurrentIndex(1);
         SettingsFixture::press(f->menu.cancel_button);
         QVERIFY(!f->menu.isVisible());
         QCOMPARE(f->menu.result(), int(QDialog::Rejected));
         QCOMPARE(f->live.param_dial_speed, 100);
+        QCOMPARE(f->live.current_language, QStringLiteral("en_US"));
         QCOMPARE(f->menu.data_in->param_dial_speed, 250);
         f->open();
         QCOMPARE(f->menu.param_accur->value(), 100);
         QCOMPARE(f->menu.data_in->param_dial_speed, 100);
-        QCOMPARE(f->menu.update_index, 32);
+        QCOMPARE(f->menu.update_index, 40);
         QVERIFY(!f->menu.apply_button->isEnabled());
+        // The box keeps the last choice.
+        QCOMPARE(f->menu.language_select->currentIndex(), 1);
     }
 
-    void okAppliesAndCloses()
+    void okAppliesWhatApplyHasNotAndCloses()
     {
-        f->open();
-        f->menu.param_accur->setValue(250);
         QSignalSpy spy(&f->live, &SettingsData::dial_settings_changed);
-        SettingsFixture::press(f->menu.ok_button);
-        QCOMPARE(f->live.param_dial_speed, 250);
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(!f->menu.isVisible());
-        QCOMPARE(f->menu.result(), int(QDialog::Accepted));
+        for (const bool applied : { false, true }) {
+            f->open();
+            f->menu.param_accur->setValue(applied ? 300 : 250);
+            if (applied)
+                SettingsFixture::press(f->menu.apply_button);
+            spy.clear();
+            SettingsFixture::press(f->menu.ok_button);
+            QCOMPARE(f->live.param_dial_speed, applied ? 300 : 250);
+            QCOMPARE(spy.count(), applied ? 0 : 1);
+            QVERIFY(!f->menu.isVisible());
+            QCOMPARE(f->menu.result(), int(QDialog::Accepted));
+        }
     }
 
-    void okAfterApplyAppliesNothingMore()
-    {
-        f->open();
-        f->menu.param_accur->setValue(250);
-        SettingsFixture::press(f->menu.apply_button);
-        QSignalSpy spy(&f->live, &SettingsData::dial_settings_changed);
-        SettingsFixture::press(f->menu.ok_button);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(f->menu.result(), int(QDialog::Accepted));
-    }
-
-    void aSpeedOfFiveIsShownAsTen()
+    void aSpeedOutsideTheRangeIsShownClampedAndKept()
     {
         f->live.cursor_dial_speed = 5;
+        f->live.param_dial_speed = 5000;
         f->menu.interfaceUpdate();
         QCOMPARE(f->menu.cursor_accur->value(), 10);
+        QCOMPARE(f->menu.param_accur->value(), 1000);
         QCOMPARE(f->live.cursor_dial_speed, 5);
-        QVERIFY(!f->menu.apply_button->isEnabled());
+        QCOMPARE(f->live.param_dial_speed, 5000);
     }
 
 private:
+    void setLanguage(const QString &code)
+    {
+        f->live.current_language = code;
+        f->live.setTranslation();
+        f->words.setStrings();
+        f->menu.retranslateUI();
+    }
     QList<QCheckBox *> allChecks() const
     {
         return { f->menu.files_settings_check,    f->menu.CSS_settings_check,

@@ -2,29 +2,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/program_files.h"
 #include "dialoganswer.h"
+#include "each.h"
 #include "settingsfixture.h"
 #include "testfiles.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
-
-namespace {
-
-QFileDialog &fileDialog(QDialog &dialog)
-{
-    return dynamic_cast<QFileDialog &>(dialog);
-}
-
-} // namespace
 
 /// The buttons of the settings dialog that read and write files.
 class TestSettingsMenuFiles : public QObject
@@ -117,9 +109,7 @@ private slots:
     void aChosenFileIsLoadedAtOnce()
     {
         writeFile(path, "[Dials]\ncursorSpeed=640\nparamSpeed=5\n");
-        const auto answer = answerDialog(typeFileName(path));
-        SettingsFixture::press(f->menu.load_settings_button);
-        QVERIFY(answer->served());
+        answerFileDialog(f->menu.load_settings_button, typeFileName(path));
         QCOMPARE(f->live.cursor_dial_speed, 640);
         QCOMPARE(f->live.param_dial_speed, 5);
         QCOMPARE(dials->count(), 1);
@@ -128,79 +118,50 @@ private slots:
         QVERIFY(f->menu.isVisible());
     }
 
-    void theDialogsAskInTheirWords_data()
+    void theDialogsHaveTranslatedTexts()
     {
-        QTest::addColumn<bool>("load");
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("filter");
-        const QString english = QStringLiteral("en_US");
-        const QString russian = QStringLiteral("ru_RU");
+        struct Row
+        {
+            const char *name;
+            QPushButton *button;
+            QString caption;
+            QString filter;
+        };
+        QPushButton *load = f->menu.load_settings_button;
+        QPushButton *save = f->menu.save_settings_button;
         const QString filter = QStringLiteral("settings (*.ini)");
         const QString translated = QStringLiteral("файлы настроек (*.ini)");
-        QTest::newRow("load") << true << english << QStringLiteral("Select settings file to load")
-                              << filter;
-        QTest::newRow("save") << false << english << QStringLiteral("Save as") << filter;
-        QTest::newRow("load, Russian")
-            << true << russian << QStringLiteral("Выбор файла настроек для загрузки") << translated;
-        QTest::newRow("save, Russian")
-            << false << russian << QStringLiteral("Сохранить как") << translated;
+        each<Row>(
+            { { "en_US", load, QStringLiteral("Select settings file to load"), filter },
+              { "en_US", save, QStringLiteral("Save as"), filter },
+              { "ru_RU", load, QStringLiteral("Выбор файла настроек для загрузки"), translated },
+              { "ru_RU", save, QStringLiteral("Сохранить как"), translated } },
+            [this](const Row &row) {
+                f->live.current_language = QLatin1String(row.name);
+                f->live.setTranslation();
+                const auto answer = answerDialog([&](QDialog &dialog) {
+                    const auto closer = qScopeGuard([&dialog] { dialog.reject(); });
+                    const auto &asked = dynamic_cast<QFileDialog &>(dialog);
+                    QCOMPARE(asked.windowTitle(), row.caption);
+                    QCOMPARE(asked.nameFilters(), QStringList(row.filter));
+                    QCOMPARE(asked.directory().absolutePath(),
+                             QCoreApplication::applicationDirPath());
+                    QCOMPARE(asked.parent(), static_cast<QObject *>(&f->menu));
+                });
+                SettingsFixture::press(row.button);
+                QVERIFY(answer->served());
+            });
     }
 
-    void theDialogsAskInTheirWords()
-    {
-        QFETCH(bool, load);
-        QFETCH(QString, code);
-        f->live.current_language = code;
-        f->live.setTranslation();
-        QString caption;
-        QStringList filters;
-        QString start;
-        const QObject *parent = nullptr;
-        const auto answer = answerDialog([&](QDialog &dialog) {
-            caption = dialog.windowTitle();
-            filters = fileDialog(dialog).nameFilters();
-            start = fileDialog(dialog).directory().absolutePath();
-            parent = dialog.parent();
-            dialog.reject();
-        });
-        SettingsFixture::press(load ? f->menu.load_settings_button : f->menu.save_settings_button);
-        QVERIFY(answer->served());
-        QTEST(caption, "caption");
-        QTEST(filters.join(QLatin1Char('|')), "filter");
-        QCOMPARE(start, QCoreApplication::applicationDirPath());
-        QCOMPARE(parent, static_cast<QObject *>(&f->menu));
-    }
-
-    void aCancelledLoadChangesNothing()
-    {
-        const auto answer = answerDialog(cancelDialog);
-        SettingsFixture::press(f->menu.load_settings_button);
-        QVERIFY(answer->served());
-        QCOMPARE(f->live.cursor_dial_speed, 250);
-        QCOMPARE(dials->count() + style->count() + translation->count(), 0);
-    }
-
-    void aSavedFileHoldsTheTickedSections()
+    void aSavedFileHoldsTheTickedSectionsWithoutOpenEdits()
     {
         tickOnly({ f->menu.dial_settings_check, f->menu.CSS_settings_check });
-        const auto answer = answerDialog(typeFileName(path));
-        SettingsFixture::press(f->menu.save_settings_button);
-        QVERIFY(answer->served());
+        f->menu.cursor_accur->setValue(900);
+        answerFileDialog(f->menu.save_settings_button, typeFileName(path));
         QCOMPARE(
             contentOf(path),
             QByteArray("[General]\nCSS=/my.qss\n\n[Dials]\ncursorSpeed=250\nparamSpeed=500\n"));
-    }
-
-    void editsThatWereNotAppliedAreNotSaved()
-    {
-        tickOnly({ f->menu.dial_settings_check });
-        f->menu.cursor_accur->setValue(900);
-        const auto answer = answerDialog(typeFileName(path));
-        SettingsFixture::press(f->menu.save_settings_button);
-        QVERIFY(answer->served());
-        QCOMPARE(contentOf(path), QByteArray("[Dials]\ncursorSpeed=250\nparamSpeed=500\n"));
-        // The edit still waits.
+        // The edit can still be applied.
         QVERIFY(f->menu.apply_button->isEnabled());
         QCOMPARE(f->menu.cursor_accur->value(), 900);
     }
@@ -208,44 +169,34 @@ private slots:
     void nothingTickedSavesAFileWithoutKeys()
     {
         tickOnly({});
-        const auto answer = answerDialog(typeFileName(path));
-        SettingsFixture::press(f->menu.save_settings_button);
-        QVERIFY(answer->served());
+        answerFileDialog(f->menu.save_settings_button, typeFileName(path));
         QVERIFY(QFileInfo(path).isFile());
         QCOMPARE(contentOf(path), QByteArray());
     }
 
-    void aCancelledSaveWritesNothing()
+    void aCancelledFileDialogChangesNothing()
     {
-        const auto answer = answerDialog(cancelDialog);
-        SettingsFixture::press(f->menu.save_settings_button);
-        QVERIFY(answer->served());
+        answerFileDialog(f->menu.save_settings_button, cancelDialog);
         QVERIFY(QDir(folder->path()).isEmpty());
         QVERIFY(!QFileInfo::exists(program_files::settingsFile()));
-    }
-
-    void whatIsSavedIsLoadedAgain()
-    {
-        auto answer = answerDialog(typeFileName(path));
-        SettingsFixture::press(f->menu.save_settings_button);
-        QVERIFY(answer->served());
-        f->live.cursor_dial_speed = 20;
-        f->live.current_CSS_path.clear();
-        answer = answerDialog(typeFileName(path));
-        SettingsFixture::press(f->menu.load_settings_button);
-        QVERIFY(answer->served());
+        answerFileDialog(f->menu.load_settings_button, cancelDialog);
         QCOMPARE(f->live.cursor_dial_speed, 250);
-        QCOMPARE(f->live.current_CSS_path, QStringLiteral("/my.qss"));
+        QCOMPARE(dials->count() + style->count() + translation->count(), 0);
     }
 
 private:
+    void answerFileDialog(QPushButton *button, const std::function<void(QDialog &)> &answer)
+    {
+        const auto server = answerDialog(answer);
+        SettingsFixture::press(button);
+        QVERIFY(server->served());
+    }
     void tickOnly(const QList<QCheckBox *> &wanted)
     {
         const QList<QCheckBox *> all = f->menu.settings_check_box->findChildren<QCheckBox *>();
         QCOMPARE(all.size(), 6);
-        for (QCheckBox *check : all) {
+        for (QCheckBox *check : all)
             check->setChecked(wanted.contains(check));
-        }
     }
 
     std::unique_ptr<QTemporaryDir> folder;

@@ -82,6 +82,8 @@ private slots:
         QTest::addColumn<int>("scroll");
         QTest::addColumn<double>("ku");
         QTest::addColumn<double>("firstX");
+        constexpr int smallest = std::numeric_limits<int>::min();
+        constexpr int largest = std::numeric_limits<int>::max();
         const double usual = double{ 1.49896229F };
         const auto row = [&](const char *name, const TraceBuilder &trace, int step, int scale,
                              int rangeMin, int scroll, double ku, double firstX) {
@@ -92,11 +94,12 @@ private slots:
         };
         stepRow("step 0", 0.0F, 0, 0);
         stepRow("step below one count", 0.3F, 0, 0);
-        stepRow("step negative", -5.0F, 0, 0);
-        stepRow("step negative and huge", -1e30F, 0, 0);
-        stepRow("step huge", 1e30F, 64000, 8);
-        stepRow("step infinite", infinite, 64000, 8);
-        stepRow("step minus infinite", -infinite, 0, 0);
+        stepRow("step negative", -5.0F, -4, 0);
+        stepRow("step negative and huge", -1e30F, smallest, 0);
+        stepRow("step beyond the axis", 100000.0F, 80000, 8);
+        stepRow("step huge", 1e30F, largest, 8);
+        stepRow("step infinite", infinite, largest, 8);
+        stepRow("step minus infinite", -infinite, smallest, 0);
         stepRow("step not a number", notANumber, 0, 0);
         stepRow("step subnormal", 1e-44F, 0, 0);
 
@@ -104,12 +107,12 @@ private slots:
             2147483648.0);
         row("delay 2^32 - 1", TraceBuilder().delay(0xFFFFFFFFU), 1, 0, latestStart, 0, usual,
             4294967295.0);
-        row("delay and step at their most", TraceBuilder().delay(0xFFFFFFFFU).minstep(1e30F), 64000,
-            8, latestStart, 0, usual, 4294967295.0 * 64000.0);
+        row("delay and step at their most", TraceBuilder().delay(0xFFFFFFFFU).minstep(1e30F),
+            largest, 8, latestStart, 0, usual, 4294967295.0 * 64000.0);
         row("shift 2^32 - 1", TraceBuilder().shiftX(0xFFFFFFFFU).minstep(5.0F), 4, 2, 0, -4, usual,
             -4.0);
-        row("shift 2^31", TraceBuilder().shiftX(0x80000000U), 1, 0, 0,
-            std::numeric_limits<int>::min(), usual, -2147483648.0);
+        row("shift 2^31", TraceBuilder().shiftX(0x80000000U), 1, 0, 0, smallest, usual,
+            -2147483648.0);
         row("shift and step wrap", TraceBuilder().shiftX(0x80000000U).minstep(5.0F), 4, 2, 0, 0,
             usual, 0.0);
 
@@ -146,8 +149,7 @@ private slots:
         const auto *series = probe.rfg_series()[0];
         QCOMPARE(series->count(), 499);
         QCOMPARE(series->at(0).x(), firstX);
-        // A step below one count is drawn one count wide.
-        QCOMPARE(series->at(1).x(), firstX + qMax(1, step));
+        QCOMPARE(series->at(1).x(), firstX + qBound(1, step, 64000));
 
         exercise(fixture);
         const QString fault = faultOf(probe);

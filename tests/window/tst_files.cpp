@@ -3,32 +3,23 @@
 #include "dialoganswer.h"
 #include "legendbutton.h"
 #include "settingsdata.h"
+#include "testfiles.h"
 #include "windowactions.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QButtonGroup>
 #include <QFileDialog>
 #include <QtTest>
 
-#include <cstring>
-
 namespace {
 
-/// A trace that is told from others by its level.
 TraceBuilder level(int value)
 {
     return TraceBuilder().samples(value);
 }
 
-QVector<TraceBuilder> levels(int count)
-{
-    QVector<TraceBuilder> traces;
-    for (int i = 0; i < count; ++i)
-        traces.append(level(10 * (i + 1)));
-    return traces;
-}
-
-/// What the dialog said of itself before it was cancelled.
+/// Properties of a file dialog, read before it was cancelled.
 struct Asked
 {
     QString title;
@@ -54,118 +45,111 @@ QByteArray image(const rfg_SHOWN &trace)
 
 } // namespace
 
-class TestFiles : public QObject
+class TestFiles : public WindowTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase()
+private:
+    double firstLevel(int slot) const
     {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        return probe().rfg_series()[slot]->at(0).y();
     }
 
+private slots:
     void threeChosenFilesFillTheFirstSlotsAndEmptyTheOthers()
     {
-        WindowFixture fixture;
-        openWith(fixture, levels(6));
-        const MainWindowProbe &probe = fixture.probe();
-        QCOMPARE(probe.rfg_read_index(), 63);
+        openOn(levelTraces(6));
+        QCOMPARE(probe().rfg_read_index(), 63);
 
-        const QStringList chosen{ fixture.trace(QStringLiteral("x.tdr"), level(1)),
-                                  fixture.trace(QStringLiteral("y.tdr"), level(2)),
-                                  fixture.trace(QStringLiteral("z.tdr"), level(3)) };
-        QVERIFY(chooseFiles(fixture, chosen));
-        QCOMPARE(probe.rfg_read_index(), 7);
-        QCOMPARE(probe.settingsData()->read_index, 7);
-        QCOMPARE(probe.settingsData()->last_folder, QFileInfo(chosen[0]).path());
+        const QStringList chosen{ fixture->trace(QStringLiteral("x.tdr"), level(11)),
+                                  fixture->trace(QStringLiteral("y.tdr"), level(12)),
+                                  fixture->trace(QStringLiteral("z.tdr"), level(13)) };
+        QVERIFY(chooseFiles(*fixture, chosen));
+        QCOMPARE(probe().rfg_read_index(), 7);
+        QCOMPARE(probe().settingsData()->read_index, 7);
+        QCOMPARE(probe().settingsData()->last_folder, QFileInfo(chosen[0]).path());
         for (int slot = 0; slot < 6; ++slot) {
             const bool loaded = slot < 3;
-            QCOMPARE(probe.rfg_series()[slot]->isVisible(), loaded);
-            QCOMPARE(probe.selected_rfg()[slot]->clear_action->isEnabled(), loaded);
-            QVERIFY(loaded ? showsVisible(fixture, slot, slot == 0) : showsHidden(fixture, slot));
-            QCOMPARE(probe.rfg_DATA()[slot].coef_from_min, 1);
+            QCOMPARE(probe().rfg_series()[slot]->isVisible(), loaded);
+            QCOMPARE(probe().selected_rfg()[slot]->clear_action->isEnabled(), loaded);
+            QVERIFY(loaded ? showsVisible(*fixture, slot, slot == 0) : showsHidden(*fixture, slot));
+            QCOMPARE(probe().rfg_DATA()[slot].coef_from_min, 1);
             if (loaded) {
-                QCOMPARE(probe.settingsData()->current_files[slot], chosen[slot]);
-                QCOMPARE(probe.rfg_series()[slot]->at(0).y(), slot + 1.0);
+                QCOMPARE(probe().settingsData()->current_files[slot], chosen[slot]);
+                QCOMPARE(firstLevel(slot), slot + 11.0);
             }
         }
     }
 
     void cancellingKeepsAllSixSlots()
     {
-        WindowFixture fixture;
-        openWith(fixture, levels(6), 4);
-        const MainWindowProbe &probe = fixture.probe();
-        QVERIFY(chooseFiles(fixture, {}));
-        QCOMPARE(probe.rfg_read_index(), 63);
-        QCOMPARE(probe.rfg_master_ID(), 4);
+        openOn(levelTraces(6), 4);
+        QVERIFY(chooseFiles(*fixture, {}));
+        QCOMPARE(probe().rfg_read_index(), 63);
+        QCOMPARE(probe().rfg_master_ID(), 4);
         for (int slot = 0; slot < 6; ++slot)
-            QCOMPARE(probe.rfg_series()[slot]->at(0).y(), 10.0 * (slot + 1));
+            QCOMPARE(firstLevel(slot), slot + 1.0);
     }
 
     void ofMoreThanSixFilesTheFirstSixAreTaken()
     {
-        WindowFixture fixture;
-        fixture.open();
-        const MainWindowProbe &probe = fixture.probe();
-        QVERIFY(QDir(fixture.path({})).mkdir(QStringLiteral("far")));
+        fixture->open();
+        QVERIFY(QDir(fixture->path({})).mkdir(QStringLiteral("far")));
         QStringList chosen;
         for (int i = 0; i < 6; ++i)
-            chosen.append(fixture.trace(QStringLiteral("n%1.tdr").arg(i), level(i)));
+            chosen.append(fixture->trace(QStringLiteral("n%1.tdr").arg(i), level(i)));
         for (int i = 6; i < 9; ++i)
-            chosen.append(fixture.trace(QStringLiteral("far/n%1.tdr").arg(i), level(i)));
-        QVERIFY(chooseFiles(fixture, chosen));
-        QCOMPARE(probe.rfg_read_index(), 63);
+            chosen.append(fixture->trace(QStringLiteral("far/n%1.tdr").arg(i), level(i)));
+        QVERIFY(chooseFiles(*fixture, chosen));
+        QCOMPARE(probe().rfg_read_index(), 63);
         for (int slot = 0; slot < 6; ++slot) {
-            QCOMPARE(probe.settingsData()->current_files[slot], chosen[slot]);
-            QCOMPARE(probe.rfg_series()[slot]->at(0).y(), double(slot));
+            QCOMPARE(probe().settingsData()->current_files[slot], chosen[slot]);
+            QCOMPARE(firstLevel(slot), double(slot));
         }
-        QCOMPARE(probe.settingsData()->last_folder, QFileInfo(chosen[5]).path());
+        QCOMPARE(probe().settingsData()->last_folder, QFileInfo(chosen[5]).path());
     }
 
     void bothDialogsStartInTheLastFolderAndShowTraces()
     {
-        WindowFixture fixture;
-        fixture.open();
-        const MainWindowProbe &probe = fixture.probe();
-        probe.settingsData()->last_folder = fixture.path({});
+        fixture->open();
+        probe().settingsData()->last_folder = fixture->path({});
         Asked several;
         const auto files = noteAndCancel(several);
-        QTest::mouseClick(probe.legend_button(), Qt::LeftButton);
+        QTest::mouseClick(probe().legend_button(), Qt::LeftButton);
         QVERIFY(files->served());
         QCOMPARE(several.title, QStringLiteral("Select RFG files to open"));
         QCOMPARE(several.filters, QStringList(QStringLiteral("rfg (*.tdr)")));
-        QCOMPARE(QDir(several.folder), QDir(fixture.path({})));
+        QCOMPARE(QDir(several.folder), QDir(fixture->path({})));
 
         Asked one;
         const auto file = noteAndCancel(one);
-        probe.selected_rfg()[2]->load_action->trigger();
+        probe().selected_rfg()[2]->load_action->trigger();
         QVERIFY(file->served());
         QCOMPARE(one.title, QStringLiteral("Select RFG file to open"));
         QCOMPARE(one.filters, QStringList(QStringLiteral("rfg (*.tdr)")));
-        QCOMPARE(QDir(one.folder), QDir(fixture.path({})));
-        QCOMPARE(probe.rfg_read_index(), 0);
+        QCOMPARE(QDir(one.folder), QDir(fixture->path({})));
+        QCOMPARE(probe().rfg_read_index(), 0);
     }
 
     void readingFillsTheSlotFromTheRecord()
     {
-        WindowFixture fixture;
-        MainWindow &window = fixture.open();
+        MainWindow &window = fixture->open();
         const TraceBuilder builder = TraceBuilder()
-                                         .minstep(5.0F)
+                                         .minstep(-5.0F)
                                          .shiftX(3)
                                          .shiftY(-20)
                                          .date(2024, 12, 31)
                                          .time(23, 59, 8)
                                          .samples([](int i) { return i % 256 - 128; })
                                          .raw(37774, QByteArray(1, '\x5A'));
-        QVERIFY(QDir(fixture.path({})).mkdir(QStringLiteral("cable 7")));
-        const QString path = fixture.trace(QStringLiteral("cable 7/a.b.tdr"), builder);
+        QVERIFY(QDir(fixture->path({})).mkdir(QStringLiteral("cable 7")));
+        const QString path = fixture->trace(QStringLiteral("cable 7/a.b.tdr"), builder);
         QVERIFY(window.read_rfg_DATA(path, 2));
-        const rfg_SHOWN &trace = fixture.probe().rfg_DATA()[2];
+        const rfg_SHOWN &trace = probe().rfg_DATA()[2];
         QCOMPARE(image(trace), builder.bytes());
-        QCOMPARE(trace.coef_from_min, 4);
-        QCOMPARE(trace.scroll, 12);
+        // Both as the file gives them; drawing bounds the step.
+        QCOMPARE(trace.coef_from_min, -4);
+        QCOMPARE(trace.scroll, -12);
         QCOMPARE(trace.offset, -20);
         QCOMPARE(trace.date, QDate(2024, 12, 31));
         QCOMPARE(trace.time, QTime(23, 59, 8, 0));
@@ -177,77 +161,47 @@ private slots:
         QVERIFY(trace.location.isEmpty());
         QVERIFY(trace.meta_data.isEmpty());
         // Reading alone loads nothing.
-        QCOMPARE(fixture.probe().rfg_read_index(), 0);
+        QCOMPARE(probe().rfg_read_index(), 0);
     }
 
     void aFileThatCannotBeOpenedLeavesTheSlotUntouched()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { level(7).minstep(5.0F) });
-        const QByteArray before = image(fixture.probe().rfg_DATA()[0]);
-        QVERIFY(!window.read_rfg_DATA(fixture.path(QStringLiteral("none.tdr")), 0));
-        const rfg_SHOWN &trace = fixture.probe().rfg_DATA()[0];
+        MainWindow &window = openOn({ level(7).minstep(5.0F) });
+        const QByteArray before = image(probe().rfg_DATA()[0]);
+        QVERIFY(!window.read_rfg_DATA(fixture->path(QStringLiteral("none.tdr")), 0));
+        const rfg_SHOWN &trace = probe().rfg_DATA()[0];
         QCOMPARE(image(trace), before);
         QCOMPARE(trace.coef_from_min, 4);
-        QCOMPARE(trace.full_path, fixture.path(QStringLiteral("t1.tdr")));
-        for (const int id : { -1, 6, 1000 })
+        QCOMPARE(trace.full_path, fixture->path(QStringLiteral("t1.tdr")));
+        for (const int id : { -1, 6 })
             QVERIFY(!window.read_rfg_DATA(trace.full_path, id));
     }
 
     void aShortFileKeepsTheFormerBytesBeyondItsEnd()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { level(7).gain(11) });
+        MainWindow &window = openOn({ level(7).gain(11) });
         const QByteArray former = level(7).gain(11).bytes();
         const QByteArray shorter = level(99).gain(22).bytes().left(100);
-        QFile file(fixture.path(QStringLiteral("short.tdr")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(shorter), qint64{ 100 });
-        file.close();
-        window.add_Selected_RFG(file.fileName(), 0);
-        const rfg_SHOWN &trace = fixture.probe().rfg_DATA()[0];
+        const QString path = fixture->path(QStringLiteral("short.tdr"));
+        writeFile(path, shorter);
+        window.add_Selected_RFG(path, 0);
+        const rfg_SHOWN &trace = probe().rfg_DATA()[0];
         QCOMPARE(image(trace), shorter + former.mid(100));
-        QCOMPARE(int{ trace.f_p_840.ch.params.gain }, 22);
-        QCOMPARE(fixture.probe().rfg_series()[0]->at(0).y(), 7.0);
+        QCOMPARE(firstLevel(0), 7.0);
         QCOMPARE(trace.file_name, QStringLiteral("short"));
     }
 
-    void theTailOfALongFileIsIgnored()
+    void neitherMagicNorLengthNorCheckByteIsLookedAt()
     {
-        WindowFixture fixture;
-        MainWindow &window = fixture.open();
-        QFile file(fixture.path(QStringLiteral("long.tdr")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(level(5).bytes() + 'x'), qint64{ 37776 });
-        file.close();
-        window.add_Selected_RFG(file.fileName(), 1);
-        QCOMPARE(image(fixture.probe().rfg_DATA()[1]), level(5).bytes());
-        QCOMPARE(fixture.probe().rfg_series()[1]->count(), 499);
-    }
-
-    void neitherMagicNorLengthNorCheckByteIsAskedFor()
-    {
-        WindowFixture fixture;
-        // 3 samples of 2 bytes, it says; the viewer draws its 250 signed bytes all the same.
-        openWith(fixture,
-                 { level(-9)
-                       .raw(0, QByteArray::fromHex("DEAD030002FFFFFFFF"))
-                       .raw(37774, QByteArray(1, '\xEE')) });
-        const auto *series = fixture.probe().rfg_series()[0];
-        QCOMPARE(series->count(), 499);
-        QCOMPARE(series->at(498), QPointF(249.0, -9.0));
-    }
-
-    void theFirst250BytesAreDrawnWhateverTheRecordSaysOfItsSamples()
-    {
-        WindowFixture fixture;
         const auto wave = [](int i) { return i % 256 - 128; };
-        // None at all of 2 bytes, and 32000 of 4.
-        openWith(fixture,
-                 { TraceBuilder().samples(wave).raw(2, QByteArray::fromHex("000002")),
-                   TraceBuilder().samples(wave).raw(2, QByteArray::fromHex("007D04")) });
+        // The header names no samples of 2 bytes, and 32000 of 4; the check byte is wrong.
+        openOn({ TraceBuilder().samples(wave).raw(0, QByteArray::fromHex("DEAD000002FFFFFFFF")),
+                 TraceBuilder()
+                     .samples(wave)
+                     .raw(2, QByteArray::fromHex("007D04"))
+                     .raw(37774, QByteArray(1, '\xEE')) });
         for (int slot = 0; slot < 2; ++slot) {
-            const auto *series = fixture.probe().rfg_series()[slot];
+            const auto *series = probe().rfg_series()[slot];
             QCOMPARE(series->count(), 499);
             for (int i = 0; i < 250; ++i)
                 QCOMPARE(series->at(2 * i), QPointF(i, i - 128.0));
@@ -256,50 +210,45 @@ private slots:
 
     void aSingleLoadFillsItsSlotAndNoOther()
     {
-        WindowFixture fixture;
-        openWith(fixture, levels(2));
-        const MainWindowProbe &probe = fixture.probe();
-        const QString path = fixture.trace(QStringLiteral("one.tdr"), level(77).minstep(5.0F));
-        QVERIFY(loadInto(fixture, 3, path));
-        QCOMPARE(probe.rfg_read_index(), 0b1011);
-        QCOMPARE(probe.settingsData()->read_index, 0b1011);
-        QCOMPARE(probe.settingsData()->current_files[3], path);
-        QCOMPARE(probe.settingsData()->last_folder, QFileInfo(path).path());
-        QCOMPARE(probe.rfg_series()[3]->at(0).y(), 77.0);
-        QCOMPARE(probe.rfg_series()[0]->at(0).y(), 10.0);
-        QVERIFY(probe.rfg_series()[3]->isVisible());
-        QVERIFY(probe.selected_rfg()[3]->reset_action->isEnabled());
+        openOn(levelTraces(2));
+        const QString path = fixture->trace(QStringLiteral("one.tdr"), level(77).minstep(5.0F));
+        QVERIFY(loadInto(*fixture, 3, path));
+        QCOMPARE(probe().rfg_read_index(), 0b1011);
+        QCOMPARE(probe().settingsData()->read_index, 0b1011);
+        QCOMPARE(probe().settingsData()->current_files[3], path);
+        QCOMPARE(probe().settingsData()->last_folder, QFileInfo(path).path());
+        QCOMPARE(firstLevel(3), 77.0);
+        QCOMPARE(firstLevel(0), 1.0);
+        QVERIFY(probe().rfg_series()[3]->isVisible());
+        QVERIFY(probe().selected_rfg()[3]->reset_action->isEnabled());
         // Neither the selection nor the master moves to it.
-        QCOMPARE(probe.rfg_ID(), 0);
-        QCOMPARE(probe.rfg_master_ID(), 0);
-        QCOMPARE(probe.master_scale(), 0);
-        QVERIFY(showsVisible(fixture, 3, false));
+        QCOMPARE(probe().rfg_ID(), 0);
+        QCOMPARE(probe().rfg_master_ID(), 0);
+        QCOMPARE(probe().master_scale(), 0);
+        QVERIFY(showsVisible(*fixture, 3, false));
     }
 
     void cancellingASingleLoadChangesNothing()
     {
-        WindowFixture fixture;
-        openWith(fixture, levels(2));
-        const QString folder = fixture.probe().settingsData()->last_folder;
-        QVERIFY(loadInto(fixture, 1, {}));
-        QCOMPARE(fixture.probe().rfg_read_index(), 3);
-        QCOMPARE(fixture.probe().settingsData()->last_folder, folder);
-        QCOMPARE(fixture.probe().rfg_series()[1]->at(0).y(), 20.0);
+        openOn(levelTraces(2));
+        const QString folder = probe().settingsData()->last_folder;
+        QVERIFY(loadInto(*fixture, 1, {}));
+        QCOMPARE(probe().rfg_read_index(), 3);
+        QCOMPARE(probe().settingsData()->last_folder, folder);
+        QCOMPARE(firstLevel(1), 2.0);
     }
 
     void theFirstSingleLoadBecomesTheMaster()
     {
-        WindowFixture fixture;
-        fixture.open();
-        const MainWindowProbe &probe = fixture.probe();
-        const QString path = fixture.trace(QStringLiteral("one.tdr"), level(7).minstep(5.0F));
-        QVERIFY(loadInto(fixture, 4, path));
-        QCOMPARE(probe.rfg_master_ID(), 4);
-        QVERIFY(probe.master_is_set());
-        QCOMPARE(probe.master_scale(), 2);
-        QVERIFY(showsVisible(fixture, 4, true));
+        fixture->open();
+        const QString path = fixture->trace(QStringLiteral("one.tdr"), level(7).minstep(5.0F));
+        QVERIFY(loadInto(*fixture, 4, path));
+        QCOMPARE(probe().rfg_master_ID(), 4);
+        QVERIFY(probe().master_is_set());
+        QCOMPARE(probe().master_scale(), 2);
+        QVERIFY(showsVisible(*fixture, 4, true));
         // The selected slot is still the empty first one.
-        QCOMPARE(probe.rfg_ID(), 0);
+        QCOMPARE(probe().rfg_ID(), 0);
     }
 };
 

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "legendbutton.h"
+#include "each.h"
 #include "oddplaces.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowactions.h"
 #include "windowstate.h"
+#include "windowtest.h"
 
 #include <QtTest>
 
@@ -37,42 +38,36 @@ bool leadsRound(QFileInfo link)
     return link.isSymLink();
 }
 
-/// A window that shows two good traces, slot 1 selected and master.
-MainWindow &openGood(WindowFixture &fixture)
-{
-    MainWindow &window = openWith(fixture,
-                                  { TraceBuilder().samples([](int i) { return i % 50; }),
-                                    TraceBuilder().samples(9).shiftY(4).minstep(2.5F) });
-    window.cursorSetup_slot(30);
-    return window;
-}
-
 } // namespace
 
-class TestOddFiles : public QObject
+class TestOddFiles : public WindowTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase()
+private:
+    /// A window that shows two good traces, slot 1 selected and master.
+    MainWindow &openGood()
     {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        MainWindow &window = openOn({ TraceBuilder().samples([](int i) { return i % 50; }),
+                                      TraceBuilder().samples(9).shiftY(4).minstep(2.5F) });
+        window.cursorSetup_slot(30);
+        return window;
     }
 
+private slots:
     // ---- Traces ----
 
     void nothingOnScreenChangesWhateverIsLoadedInstead()
     {
         const OddPlaces places;
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
+        MainWindow &window = openGood();
         const QStringList before = stateOf(window);
         for (const OddPlace &place : places.all()) {
             const qint64 took
                 = fastest([&] { asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 1); }); });
             QVERIFY2(took < answerTime, place.kind);
             QVERIFY2(stateOf(window) == before, place.kind);
-            QVERIFY2(fixture.probe().rfg_DATA()[1].file_name == QLatin1String("t2"), place.kind);
+            QVERIFY2(probe().rfg_DATA()[1].file_name == QLatin1String("t2"), place.kind);
             QVERIFY2(QApplication::activeModalWidget() == nullptr, place.kind);
         }
     }
@@ -81,15 +76,13 @@ private slots:
     {
         const OddPlaces places;
         for (const OddPlace &place : places.all()) {
-            WindowFixture fixture;
-            MainWindow &window = openGood(fixture);
+            MainWindow &window = openGood();
             const QStringList before = tracesOf(window).filter(QStringLiteral("[0]"))
                 + tracesOf(window).filter(QStringLiteral("[1]"));
             asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 4); });
-            const MainWindowProbe &probe = fixture.probe();
-            QVERIFY2(probe.rfg_read_index() == 19, place.kind);
-            QVERIFY2(probe.rfg_DATA()[4].full_path.isEmpty(), place.kind);
-            QVERIFY2(probe.rfg_series()[4]->at(498) == QPointF(249.0, 0.0), place.kind);
+            QVERIFY2(probe().rfg_read_index() == 19, place.kind);
+            QVERIFY2(probe().rfg_DATA()[4].full_path.isEmpty(), place.kind);
+            QVERIFY2(probe().rfg_series()[4]->at(498) == QPointF(249.0, 0.0), place.kind);
             QVERIFY2(tracesOf(window).filter(QStringLiteral("[0]"))
                              + tracesOf(window).filter(QStringLiteral("[1]"))
                          == before,
@@ -97,26 +90,11 @@ private slots:
         }
     }
 
-    void aResetKeepsTracesWhoseFilesHaveGone()
-    {
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
-        const QStringList before = tracesOf(window);
-        QVERIFY(QFile::remove(fixture.path(QStringLiteral("t1.tdr"))));
-        QVERIFY(QFile::remove(fixture.path(QStringLiteral("t2.tdr"))));
-        QVERIFY(QDir().mkdir(fixture.path(QStringLiteral("t2.tdr"))));
-        window.resetCurrent_slot(1);
-        QCOMPARE(tracesOf(window), before);
-        window.reset_slot();
-        QCOMPARE(tracesOf(window), before);
-    }
-
 #ifdef Q_OS_LINUX
     // The kernel's messages are such a file; whoever may read them waits for the next one.
     void aFileThatSaysItIsEmptyIsTakenAtItsWord()
     {
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
+        MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
         for (const char *path : { "/proc/self/status", "/proc/uptime", "/proc/kmsg" }) {
             const QString file = QString::fromLatin1(path);
@@ -134,47 +112,37 @@ private slots:
     }
 #endif
 
-    void aTraceWithTheLongestNameIsRead()
-    {
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
-        const QString name = QString(251, QLatin1Char('n')) + QStringLiteral(".tdr");
-        const QString path = fixture.trace(name, TraceBuilder().samples(-7));
-        window.add_Selected_RFG(path, 1);
-        QCOMPARE(fixture.probe().rfg_DATA()[1].file_name.size(), 251);
-        QCOMPARE(fixture.probe().rfg_series()[1]->at(0), QPointF(0.0, -7.0));
-    }
-
-    void aTraceWithAStrangeNameIsRead_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("Cyrillic") << QStringLiteral("кабель 7.tdr") << QStringLiteral("кабель 7");
-        QTest::newRow("beyond 16 bits")
-            << QString::fromUtf8("\xf0\x9f\x94\x8c.tdr") << QString::fromUtf8("\xf0\x9f\x94\x8c");
-        QTest::newRow("dots") << QStringLiteral("a.b.tdr") << QStringLiteral("a");
-        QTest::newRow("hidden") << QStringLiteral(".tdr") << QString();
-        QTest::newRow("percent") << QStringLiteral("%1%2.tdr") << QStringLiteral("%1%2");
-#ifdef Q_OS_UNIX
-        QTest::newRow("line break") << QStringLiteral("a\nb.tdr") << QStringLiteral("a\nb");
-        QTest::newRow("markup") << QStringLiteral("<b>&amp;.tdr") << QStringLiteral("<b>&amp;");
-#endif
-    }
-
     void aTraceWithAStrangeNameIsRead()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, shown);
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
-        const QString path = fixture.trace(name, TraceBuilder().samples(-7));
-        window.add_Selected_RFG(path, 0);
-        QCOMPARE(fixture.probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
-        QVERIFY(fixture.probe().chart_title().text().startsWith(shown + QStringLiteral(", /")));
-        // And once more from the settings of this run.
-        fixture.open();
-        QCOMPARE(fixture.probe().rfg_DATA()[0].full_path, path);
-        QCOMPARE(fixture.probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
+        struct Row
+        {
+            const char *name;
+            QString shown;
+        };
+        const QByteArray longest(251, 'n');
+        std::vector<Row> rows{ { "кабель 7.tdr", QStringLiteral("кабель 7") },
+                               { "\xf0\x9f\x94\x8c.tdr", QString::fromUtf8("\xf0\x9f\x94\x8c") },
+                               { "a.b.tdr", QStringLiteral("a") },
+                               { ".tdr", QString() },
+                               { "%1%2.tdr", QStringLiteral("%1%2") } };
+#ifdef Q_OS_UNIX
+        rows.push_back({ "a\nb.tdr", QStringLiteral("a\nb") });
+        rows.push_back({ "<b>&amp;.tdr", QStringLiteral("<b>&amp;") });
+        const QByteArray longestName = longest + ".tdr";
+        rows.push_back({ longestName.constData(), QString::fromLatin1(longest) });
+#endif
+        each<Row>(rows, [this](const Row &row) {
+            MainWindow &window = openGood();
+            const QString path
+                = fixture->trace(QString::fromUtf8(row.name), TraceBuilder().samples(-7));
+            window.add_Selected_RFG(path, 0);
+            QCOMPARE(probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
+            QVERIFY(probe().chart_title().text().startsWith(row.shown + QStringLiteral(", /")));
+            // And again from the settings of this run.
+            fixture->open();
+            QCOMPARE(probe().rfg_DATA()[0].full_path, path);
+            QCOMPARE(probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
+        });
     }
 
     // ---- Settings ----
@@ -183,8 +151,7 @@ private slots:
     {
         constexpr state_index allButTracesAndFolders = 58;
         const OddPlaces places;
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
+        MainWindow &window = openGood();
         const QStringList before = stateOf(window);
         for (const OddPlace &place : places.all()) {
             SettingsData *settings = window.settings();
@@ -231,9 +198,8 @@ private slots:
     // name that is longer still, which is how the toolkit goes about a save.
     void settingsWithTheLongestNameAreReadAndNeverTorn()
     {
-        WindowFixture fixture;
-        SettingsData *settings = fixture.open().settings();
-        const QString path = fixture.path(QString(251, QLatin1Char('n')) + QStringLiteral(".ini"));
+        SettingsData *settings = fixture->open().settings();
+        const QString path = fixture->path(QString(251, QLatin1Char('n')) + QStringLiteral(".ini"));
         const QByteArray old("[Dials]\ncursorSpeed=37\nparamSpeed=38\n");
         writeFile(path, old);
         settings->loadSettings(path, 32);
@@ -242,7 +208,7 @@ private slots:
         settings->saveSettings(path, 32);
         const QByteArray content = contentOf(path);
         QVERIFY(content == old || content == QByteArray(old).replace("37", "39"));
-        QCOMPARE(QDir(fixture.path(QString())).entryList(QDir::Files).size(), 1);
+        QCOMPARE(QDir(fixture->path(QString())).entryList(QDir::Files).size(), 1);
     }
 
     // ---- Style sheets ----
@@ -250,8 +216,7 @@ private slots:
     void aSheetFromAnywhereIsEmptyAndLeavesTheTraces()
     {
         const OddPlaces places;
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
+        MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
         for (const OddPlace &place : places.all()) {
             SettingsData *settings = window.settings();
@@ -268,8 +233,7 @@ private slots:
     void aSheetThatNamesSuchAPlaceIsApplied()
     {
         const OddPlaces places;
-        WindowFixture fixture;
-        const QString sheet = fixture.path(QStringLiteral("a.qss"));
+        const QString sheet = fixture->path(QStringLiteral("a.qss"));
         for (const OddPlace &place : places.all()) {
             // To the toolkit a sheet ends there.
             if (place.path.contains(QChar(0)))
@@ -282,19 +246,17 @@ private slots:
             QSettings settings(WindowFixture::settingsFile(), QSettings::IniFormat);
             settings.setValue(QStringLiteral("CSS"), sheet);
             settings.sync();
-            MainWindow &window = fixture.open();
+            MainWindow &window = fixture->open();
             QVERIFY2(window.styleSheet().contains(QStringLiteral("url(\"")), place.kind);
-            QCOMPARE(fixture.probe().delta_lbl()->palette().color(QPalette::WindowText),
-                     QColor(1, 2, 3));
+            QCOMPARE(probe().delta_lbl()->palette().color(QPalette::WindowText), QColor(1, 2, 3));
         }
     }
 
     void aSheetOfAMegabyteOfRulesIsAnEmptyOne()
     {
-        WindowFixture fixture;
-        MainWindow &window = openGood(fixture);
+        MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
-        const QString sheet = fixture.path(QStringLiteral("a.qss"));
+        const QString sheet = fixture->path(QStringLiteral("a.qss"));
         window.settings()->current_CSS_path = sheet;
         for (const char *part : { "QWidget{color:red}", "QWidget,", "*{", "\\41 ", "url(x)" }) {
             writeFile(sheet, QByteArray(part).repeated(1000000 / int(qstrlen(part))));
@@ -307,14 +269,12 @@ private slots:
 
     void aLargeSheetOfAnHonestUserIsApplied()
     {
-        WindowFixture fixture;
-        MainWindow &window = fixture.open();
-        const QString sheet = fixture.path(QStringLiteral("a.qss"));
+        MainWindow &window = fixture->open();
+        const QString sheet = fixture->path(QStringLiteral("a.qss"));
         writeFile(sheet, QByteArray("QLabel { color: rgb(4, 5, 6); }\n").repeated(2000));
         window.settings()->current_CSS_path = sheet;
         window.settings()->parse_CSS();
-        QCOMPARE(fixture.probe().delta_lbl()->palette().color(QPalette::WindowText),
-                 QColor(4, 5, 6));
+        QCOMPARE(probe().delta_lbl()->palette().color(QPalette::WindowText), QColor(4, 5, 6));
     }
 };
 

@@ -4,6 +4,7 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "windowactions.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -19,172 +20,139 @@ QString shortDate(int year, int month, int day)
     return QLocale::system().toString(QDate(year, month, day), QLocale::ShortFormat);
 }
 
-QString stepText(const WindowFixture &fixture)
-{
-    return fixture.probe().cursor_step_lbl().text();
-}
-
 } // namespace
 
-class TestSelection : public QObject
+class TestSelection : public WindowTest
 {
     Q_OBJECT
+
+private:
+    QString stepText() const
+    {
+        return probe().cursor_step_lbl().text();
+    }
 
 private slots:
     // ---- Texts ----
 
     void aLoadedSlotWritesItsParameters()
     {
-        WindowFixture fixture;
-        openWith(fixture,
-                 { TraceBuilder(),
-                   TraceBuilder()
-                       .gain(41)
-                       .average(32)
-                       .pulseWidth(4000000000U)
-                       .pulseAmplitude(60000)
-                       .impedance(120)
-                       .shiftX(8)
-                       .shiftY(-20)
-                       .date(2023, 11, 30)
-                       .time(17, 4, 59) });
-        const MainWindowProbe &probe = fixture.probe();
-        QTest::mouseClick(probe.rfg_buttons()->button(1), Qt::LeftButton);
-        QCOMPARE(probe.rfg_ID(), 1);
-        QCOMPARE(probe.gain_button()->text(), QStringLiteral("Gain\n41"));
-        QCOMPARE(probe.KU_button()->text(), QStringLiteral("KU\n1.499"));
-        QCOMPARE(probe.average_button()->text(), QStringLiteral("Average\n32"));
-        QCOMPARE(probe.V_offset_button()->text(), QStringLiteral("Y Shift\n-20"));
-        QCOMPARE(probe.pulse_width_button()->text(), QStringLiteral("Pulse Width\n4000000000ns"));
-        QCOMPARE(probe.pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp\n60000V"));
-        QCOMPARE(probe.impedance_button()->text(), QStringLiteral("Impedance\n120"));
-        QCOMPARE(probe.H_offset_button()->text(), QStringLiteral("X Shift\n1.00 m"));
-        QCOMPARE(probe.scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
-        const QString folder = QFileInfo(fixture.path(QStringLiteral("x"))).dir().dirName();
-        QCOMPARE(probe.chart_title().text(),
+        openOn({ TraceBuilder(),
+                 TraceBuilder()
+                     .gain(41)
+                     .average(32)
+                     .pulseWidth(4000000000U)
+                     .pulseAmplitude(60000)
+                     .impedance(120)
+                     .ku(3.0F)
+                     .shiftX(8)
+                     .shiftY(-20)
+                     .date(2023, 11, 30)
+                     .time(17, 4, 59) });
+        QTest::mouseClick(probe().rfg_buttons()->button(1), Qt::LeftButton);
+        QCOMPARE(probe().rfg_ID(), 1);
+        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n41"));
+        // The factor of the view, not that of the trace.
+        QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.499"));
+        QCOMPARE(probe().average_button()->text(), QStringLiteral("Average\n32"));
+        QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift\n-20"));
+        QCOMPARE(probe().pulse_width_button()->text(), QStringLiteral("Pulse Width\n4000000000ns"));
+        QCOMPARE(probe().pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp\n60000V"));
+        QCOMPARE(probe().impedance_button()->text(), QStringLiteral("Impedance\n120"));
+        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n1.00 m"));
+        QCOMPARE(probe().scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
+        const QString folder = QFileInfo(fixture->path(QStringLiteral("x"))).dir().dirName();
+        QCOMPARE(probe().chart_title().text(),
                  QStringLiteral("t2, /") + folder + QStringLiteral(", ") + shortDate(2023, 11, 30)
                      + QStringLiteral(" 17:04:59"));
     }
 
     void anEmptySlotBlanksTheParametersAndTitlesTheChartWithItsName()
     {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder() });
-        const MainWindowProbe &probe = fixture.probe();
-        QTest::mouseClick(probe.rfg_buttons()->button(4), Qt::LeftButton);
-        QCOMPARE(probe.rfg_ID(), 4);
-        QCOMPARE(probe.chart_title().text(), QStringLiteral("RFG 5"));
-        QCOMPARE(probe.gain_button()->text(), QStringLiteral("Gain"));
-        QCOMPARE(probe.average_button()->text(), QStringLiteral("Average"));
-        QCOMPARE(probe.V_offset_button()->text(), QStringLiteral("Y Shift"));
-        QCOMPARE(probe.pulse_width_button()->text(), QStringLiteral("Pulse Width"));
-        QCOMPARE(probe.pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp"));
-        QCOMPARE(probe.impedance_button()->text(), QStringLiteral("Impedance"));
-        QCOMPARE(probe.H_offset_button()->text(), QStringLiteral("X Shift"));
+        openOn({ TraceBuilder() });
+        QTest::mouseClick(probe().rfg_buttons()->button(4), Qt::LeftButton);
+        QCOMPARE(probe().rfg_ID(), 4);
+        QCOMPARE(probe().chart_title().text(), QStringLiteral("RFG 5"));
+        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain"));
+        QCOMPARE(probe().average_button()->text(), QStringLiteral("Average"));
+        QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift"));
+        QCOMPARE(probe().pulse_width_button()->text(), QStringLiteral("Pulse Width"));
+        QCOMPARE(probe().pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp"));
+        QCOMPARE(probe().impedance_button()->text(), QStringLiteral("Impedance"));
+        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift"));
         // Velocity factor and scale belong to the view.
-        QCOMPARE(probe.KU_button()->text(), QStringLiteral("KU\n1.499"));
-        QCOMPARE(probe.scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
+        QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.499"));
+        QCOMPARE(probe().scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
     }
 
-    void theVelocityFactorShownIsTheViewsAndNotTheTraces()
+    void aTraceButtonShowsTheDateOrThatItsSlotIsEmpty()
     {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder().ku(2.0F), TraceBuilder().ku(3.0F) });
-        fixture.probe().rfg_buttons()->button(1)->click();
-        QCOMPARE(fixture.probe().KU_button()->text(), QStringLiteral("KU\n2.000"));
-    }
-
-    void aLoadedSlotsButtonSaysWhenAndAnEmptyOnesThatItIs()
-    {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder() });
-        const MainWindowProbe &probe = fixture.probe();
+        openOn({ TraceBuilder() });
         const QString date = shortDate(2024, 3, 5);
-        QCOMPARE(probe.rfg_buttons()->button(0)->text(), QStringLiteral("RFG 1\n") + date);
-        QCOMPARE(probe.selected_rfg()[0]->date, date);
+        QCOMPARE(probe().rfg_buttons()->button(0)->text(), QStringLiteral("RFG 1\n") + date);
+        QCOMPARE(probe().selected_rfg()[0]->date, date);
         for (int slot = 1; slot < 6; ++slot) {
-            QCOMPARE(probe.rfg_buttons()->button(slot)->text(),
+            QCOMPARE(probe().rfg_buttons()->button(slot)->text(),
                      QStringLiteral("RFG %1\n(not loaded)").arg(slot + 1));
-            QVERIFY(probe.selected_rfg()[slot]->date.isEmpty());
+            QVERIFY(probe().selected_rfg()[slot]->date.isEmpty());
         }
         for (int slot = 0; slot < 6; ++slot) {
             const QString name = QStringLiteral("RFG %1").arg(slot + 1);
-            QCOMPARE(probe.selected_rfg()[slot]->name, name);
-            QCOMPARE(probe.selected_rfg()[slot]->contextMenu->title(), name);
+            QCOMPARE(probe().selected_rfg()[slot]->name, name);
+            QCOMPARE(probe().selected_rfg()[slot]->contextMenu->title(), name);
         }
     }
 
-    // ---- The step label ----
-
-    void withoutAMasterTheStepIsOneCount()
+    void theStepLabelShowsTheStepThatCounts()
     {
-        WindowFixture fixture;
-        fixture.open();
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 0.13 m"));
-    }
-
-    void theStepIsTheSelectedTraces()
-    {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder().minstep(5.0F), TraceBuilder().minstep(10.0F) });
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 0.50 m"));
-        fixture.probe().rfg_buttons()->button(1)->click();
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 1.00 m"));
-    }
-
-    void theStepIsTheMastersForAnEmptySlotAndInDifferenceMode()
-    {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder().minstep(5.0F), TraceBuilder().minstep(10.0F) });
-        const MainWindowProbe &probe = fixture.probe();
-        probe.rfg_buttons()->button(3)->click();
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 0.50 m"));
-        probe.rfg_buttons()->button(1)->click();
-        QTest::mouseClick(probe.difference_button(), Qt::LeftButton);
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 0.50 m"));
-        QTest::mouseClick(probe.difference_button(), Qt::LeftButton);
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 1.00 m"));
-    }
-
-    void aStepBelowOneCountIsShownAsOne()
-    {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder().minstep(1.0F) });
-        QCOMPARE(fixture.probe().rfg_DATA()[0].coef_from_min, 0);
-        QCOMPARE(stepText(fixture), QStringLiteral("cursor step = 0.13 m"));
+        fixture->open();
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.13 m"));
+        openOn({ TraceBuilder().minstep(5.0F), TraceBuilder().minstep(10.0F) });
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
+        probe().rfg_buttons()->button(1)->click();
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 1.00 m"));
+        // The master's.
+        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
+        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 1.00 m"));
+        probe().rfg_buttons()->button(3)->click();
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
+        // Bounded to one count and to the axis.
+        openOn({ TraceBuilder().minstep(1.0F), TraceBuilder().minstep(100000.0F) });
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.13 m"));
+        probe().rfg_buttons()->button(1)->click();
+        QCOMPARE(stepText(), QStringLiteral("cursor step = 8000.00 m"));
     }
 
     // ---- Series ----
 
     void theSelectedTraceIsOnTopAndThick()
     {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder(), TraceBuilder(), TraceBuilder() });
-        const MainWindowProbe &probe = fixture.probe();
+        openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
         for (const int selected : { 1, 0, 2 }) {
-            const QColor colour = probe.rfg_series()[selected]->pen().color();
-            probe.rfg_buttons()->button(selected)->click();
-            const auto order = probe.Plot_Chart()->series();
+            const QColor colour = probe().rfg_series()[selected]->pen().color();
+            probe().rfg_buttons()->button(selected)->click();
+            const auto order = probe().Plot_Chart()->series();
             for (int slot = 0; slot < 6; ++slot) {
                 const double width = slot == selected ? 2.0 : 1.0;
-                QCOMPARE(probe.rfg_series()[slot]->pen().widthF(), width);
-                QCOMPARE(probe.rfg_series_sp()[slot]->pen().widthF(), width);
+                QCOMPARE(probe().rfg_series()[slot]->pen().widthF(), width);
+                QCOMPARE(probe().rfg_series_sp()[slot]->pen().widthF(), width);
                 if (slot == selected)
                     continue;
-                for (const auto at : { order.indexOf(probe.rfg_series()[slot]),
-                                       order.indexOf(probe.rfg_series_sp()[slot]) }) {
-                    QVERIFY(at < order.indexOf(probe.rfg_series()[selected]));
-                    QVERIFY(at < order.indexOf(probe.rfg_series_sp()[selected]));
+                for (const auto at : { order.indexOf(probe().rfg_series()[slot]),
+                                       order.indexOf(probe().rfg_series_sp()[slot]) }) {
+                    QVERIFY(at < order.indexOf(probe().rfg_series()[selected]));
+                    QVERIFY(at < order.indexOf(probe().rfg_series_sp()[selected]));
                 }
             }
-            QCOMPARE(probe.rfg_series()[selected]->pen().color(), colour);
+            QCOMPARE(probe().rfg_series()[selected]->pen().color(), colour);
         }
     }
 
-    void aSlotNumberThatIsNoneSelectsNothing()
+    void aNumberOutsideTheSlotsIsIgnored()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder(), TraceBuilder() }, 1);
+        MainWindow &window = openOn({ TraceBuilder(), TraceBuilder() }, 1);
         for (const int id : { -1, 6, 1 << 30 }) {
             window.rfgSelect_slot(id);
             window.setRfgButtonText(id);
@@ -195,9 +163,9 @@ private slots:
             window.resetCurrent_slot(id);
             window.remove_Selected_RFG(id);
             window.parse_T_Name(id);
-            window.add_Selected_RFG(fixture.path(QStringLiteral("t1.tdr")), id);
-            QCOMPARE(fixture.probe().rfg_ID(), 1);
-            QCOMPARE(fixture.probe().rfg_read_index(), 3);
+            window.add_Selected_RFG(fixture->path(QStringLiteral("t1.tdr")), id);
+            QCOMPARE(probe().rfg_ID(), 1);
+            QCOMPARE(probe().rfg_read_index(), 3);
         }
     }
 
@@ -205,69 +173,61 @@ private slots:
 
     void aTraceIsHiddenAndShownByItsMenu()
     {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder(), TraceBuilder() });
-        const MainWindowProbe &probe = fixture.probe();
-        QAction *action = probe.selected_rfg()[1]->visible_action;
+        openOn({ TraceBuilder(), TraceBuilder() });
+        QAction *action = probe().selected_rfg()[1]->visible_action;
         QVERIFY(action->isChecked());
         action->trigger();
-        QVERIFY(!probe.selected_rfg()[1]->vis());
-        QVERIFY(!probe.rfg_series()[1]->isVisible());
+        QVERIFY(!probe().selected_rfg()[1]->vis());
+        QVERIFY(!probe().rfg_series()[1]->isVisible());
         QVERIFY(!action->isChecked());
-        QVERIFY(showsHidden(fixture, 1));
+        QVERIFY(showsHidden(*fixture, 1));
         action->trigger();
-        QVERIFY(probe.selected_rfg()[1]->vis());
-        QVERIFY(probe.rfg_series()[1]->isVisible());
+        QVERIFY(probe().selected_rfg()[1]->vis());
+        QVERIFY(probe().rfg_series()[1]->isVisible());
         QVERIFY(action->isChecked());
-        QVERIFY(showsVisible(fixture, 1, false));
+        QVERIFY(showsVisible(*fixture, 1, false));
     }
 
     void aHiddenMasterComesBackWithItsMark()
     {
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder(), TraceBuilder() }, 1);
-        QAction *action = fixture.probe().selected_rfg()[1]->visible_action;
-        QVERIFY(showsVisible(fixture, 1, true));
+        openOn({ TraceBuilder(), TraceBuilder() }, 1);
+        QAction *action = probe().selected_rfg()[1]->visible_action;
+        QVERIFY(showsVisible(*fixture, 1, true));
         action->trigger();
-        QVERIFY(showsHidden(fixture, 1));
+        QVERIFY(showsHidden(*fixture, 1));
         action->trigger();
-        QVERIFY(showsVisible(fixture, 1, true));
-        QVERIFY(fixture.probe().selected_rfg()[1]->mast());
+        QVERIFY(showsVisible(*fixture, 1, true));
+        QVERIFY(probe().selected_rfg()[1]->mast());
     }
 
     void withSmoothingOnTheSplineIsWhatIsHidden()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder() });
-        const MainWindowProbe &probe = fixture.probe();
-        QTest::mouseClick(probe.smooth_button(), Qt::LeftButton);
-        QVERIFY(probe.rfg_series_sp()[0]->isVisible());
+        MainWindow &window = openOn({ TraceBuilder() });
+        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+        QVERIFY(probe().rfg_series_sp()[0]->isVisible());
         window.RFG_visibleToggle(0, false);
-        QVERIFY(!probe.rfg_series_sp()[0]->isVisible());
-        QVERIFY(!probe.rfg_series()[0]->isVisible());
+        QVERIFY(!probe().rfg_series_sp()[0]->isVisible());
+        QVERIFY(!probe().rfg_series()[0]->isVisible());
         window.RFG_visibleToggle(0, true);
-        QVERIFY(probe.rfg_series_sp()[0]->isVisible());
-        QVERIFY(!probe.rfg_series()[0]->isVisible());
+        QVERIFY(probe().rfg_series_sp()[0]->isVisible());
+        QVERIFY(!probe().rfg_series()[0]->isVisible());
     }
 
     void showingASlotInOneStepRepairsTheMaster()
     {
-        WindowFixture fixture;
-        MainWindow &window
-            = openWith(fixture, { TraceBuilder(), TraceBuilder(), TraceBuilder() }, 2);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() }, 2);
         window.addremove_aux(1, false);
-        QVERIFY(!probe.rfg_series()[1]->isVisible());
+        QVERIFY(!probe().rfg_series()[1]->isVisible());
         QCOMPARE(window.getMasterID(), 2);
         window.addremove_aux(2, false);
-        QVERIFY(showsHidden(fixture, 2));
+        QVERIFY(showsHidden(*fixture, 2));
         QCOMPARE(window.getMasterID(), 0);
-        QVERIFY(showsVisible(fixture, 0, true));
+        QVERIFY(showsVisible(*fixture, 0, true));
         window.addremove_aux(2, true);
-        QVERIFY(showsVisible(fixture, 2, false));
+        QVERIFY(showsVisible(*fixture, 2, false));
         QCOMPARE(window.getMasterID(), 0);
         window.addremove_aux(0, true);
-        QVERIFY(showsVisible(fixture, 0, true));
+        QVERIFY(showsVisible(*fixture, 0, true));
         QCOMPARE(window.getMasterID(), 0);
     }
 
@@ -275,9 +235,8 @@ private slots:
 
     void theMenuOpensAtTheCornerOfItsButtonInTheWindowsFont()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder() });
-        LegendButton *button = fixture.probe().selected_rfg()[0];
+        MainWindow &window = openOn({ TraceBuilder() });
+        LegendButton *button = probe().selected_rfg()[0];
         QPoint corner;
         QFont font;
         const auto answer = answerMenu([&](const QMenu &menu) {
@@ -292,10 +251,7 @@ private slots:
 
     void theLegendTextIsReservedAndEmpty()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder() });
-        for (const int id : { -1, 0, 6 })
-            QVERIFY(window.rfgLegend(id).isEmpty());
+        QVERIFY(openOn({ TraceBuilder() }).rfgLegend(0).isEmpty());
     }
 };
 
