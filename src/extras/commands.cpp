@@ -3,8 +3,6 @@
 #include "extras/commands.h"
 
 #include "calc/numeric.h"
-#include "calc/tdr_record.h"
-#include "cont_dial.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
@@ -20,20 +18,13 @@ namespace extras {
 
 namespace {
 
-int stepOf(const MainWindow &window, int slot)
+/// Scrolls to the active cursor when it is out of view. The wheel over the plot needs no such help:
+/// its pointer is where the user looks.
+void followCursor(MainWindow &window)
 {
-    return calc::usableStep(window.state().rfg_DATA[slot].coef_from_min);
-}
-
-/// Of the wheel over the cursor dial.
-int countsOfNotch(const MainWindow &window)
-{
-    const MainWindowState &state = window.state();
-    const int step = stepOf(window, state.rfg_ID);
-    const bool hasMaster = state.rfg_master_ID >= 0 && state.rfg_master_ID < constants::slotCount;
-    if (state.diff_flag == MainWindow::NORMAL || !hasMaster)
-        return step;
-    return std::max(step, stepOf(window, state.rfg_master_ID));
+    const int cursor = window.state().Cur_flag;
+    if (cursor != MainWindow::DELTA && !window.isCursor_visible(cursor))
+        window.gotoCursor(cursor);
 }
 
 LegendButton *selectedSlot(const MainWindow &window)
@@ -61,33 +52,28 @@ void pressRight(QWidget *button)
 
 void placeCursor(MainWindow &window, qint64 column)
 {
-    const int cursor = window.state().Cur_flag;
-    if (cursor == MainWindow::DELTA)
-        return;
     window.cursorSetup_slot(calc::saturated(column));
-    // A wheel has a pointer on the plot that shows where it works; a key has nothing but the view.
-    if (!window.isCursor_visible(cursor))
-        window.gotoCursor(cursor);
+    followCursor(window);
 }
 
 void moveCursor(MainWindow &window, int samples)
 {
-    const int column = window.parts().cursor_dial->trueValue;
-    placeCursor(window, column + qint64{ samples } * countsOfNotch(window));
+    window.cursorWheel(samples);
+    followCursor(window);
 }
 
 void moveCursorToEnd(MainWindow &window, bool last)
 {
     const MainWindowState &state = window.state();
     const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
-    if (!checkbit(state.rfg_read_index, state.rfg_ID)) {
+    if (!window.isLoaded(state.rfg_ID)) {
         const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
         placeCursor(window, calc::truncated(last ? axis->max() : axis->min()));
         return;
     }
     const qint64 delay = quint32{ trace.f_p_840.ch.params.delay };
     const qint64 sample = delay + (last ? constants::lastSample : 0);
-    placeCursor(window, trace.scroll + sample * stepOf(window, state.rfg_ID));
+    placeCursor(window, trace.scroll + sample * window.stepOf(state.rfg_ID));
 }
 
 void scroll(MainWindow &window, int steps)
@@ -133,18 +119,6 @@ void clearSelected(MainWindow &window)
 void selectParameter(MainWindow &window, int parameter)
 {
     window.parts().down_buttons->button(parameter)->click();
-}
-
-void turnParameter(MainWindow &window, int notches)
-{
-    const MainWindowParts &parts = window.parts();
-    Cont_dial *dial = parts.param_dial;
-    const bool isHorizontal = parts.down_buttons->checkedId() == MainWindow::H_OFFSET;
-    const int step = isHorizontal ? stepOf(window, window.state().rfg_ID) : 1;
-    const qint64 value = dial->trueValue + qint64{ notches } * step;
-    dial->trueValue = calc::saturated(
-        std::max(std::min(value, qint64{ dial->trueMax }), qint64{ dial->trueMin }));
-    window.paramSetup_slot(dial->trueValue);
 }
 
 void enterParameter(MainWindow &window)

@@ -43,9 +43,6 @@ void clearSelected(MainWindow &window);
 /// Chooses the parameter of the number \a parameter, as its button has it.
 void selectParameter(MainWindow &window, int parameter);
 
-/// Turns the chosen parameter by \a notches of the wheel over its dial.
-void turnParameter(MainWindow &window, int notches);
-
 /// Opens the dialog in which the chosen parameter, or the active cursor's place, is typed in.
 void enterParameter(MainWindow &window);
 void enterCursor(MainWindow &window);

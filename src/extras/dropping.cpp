@@ -49,19 +49,6 @@ QStringList traceFiles(const QMimeData &data)
     return files;
 }
 
-void openFiles(MainWindow &window, const QStringList &files)
-{
-    SettingsData &settings = *window.settings();
-    state_index loaded = 0;
-    for (int slot = 0; slot < files.size(); ++slot) {
-        loaded = setbit(loaded, slot);
-        settings.current_files[slot] = files.at(slot);
-    }
-    settings.last_folder = QFileInfo(files.last()).path();
-    settings.read_index = loaded;
-    window.show_AllSelected_RFGs(loaded);
-}
-
 void openInSlot(MainWindow &window, const QString &file, int slot)
 {
     window.settings()->last_folder = QFileInfo(file).path();
@@ -100,7 +87,7 @@ void Dropping::drop(QDropEvent &event)
         return;
     const int slot = slotAt(qtcompat::placeOf(event));
     if (slot == noSlot)
-        openFiles(m_window, m_files);
+        m_window.openFiles(m_files);
     else
         openInSlot(m_window, m_files.first(), slot);
 }

@@ -42,9 +42,6 @@ private:
 /// machines, no files at all.
 QStringList traceFiles(const QMimeData &data);
 
-/// Replaces the set of \a window by \a files, one to six, as the files button does.
-void openFiles(MainWindow &window, const QStringList &files);
-
 /// Loads \a file into the slot \a slot, 0 to 5, as the slot's menu does.
 void openInSlot(MainWindow &window, const QString &file, int slot);
 

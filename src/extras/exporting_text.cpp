@@ -41,15 +41,6 @@ bool isShown(const MainWindow &window, int slot)
     return isLoaded(window, slot) && seriesOf(window, slot).isVisible();
 }
 
-/// True when \a slot is drawn as its difference from the master.
-bool isDifference(const MainWindow &window, int slot)
-{
-    const MainWindowState &state = window.state();
-    const int master = state.rfg_master_ID;
-    return state.diff_flag == MainWindow::DIFF && slot != master && master >= 0
-        && master < constants::slotCount && isLoaded(window, master);
-}
-
 double metresOf(const MainWindow &window, int column)
 {
     return calc::countsToMetres(column, window.state().dist_coef);
@@ -193,7 +184,7 @@ void addTrace(Head &head, const MainWindow &window, int slot)
 /// What the levels of \a slot are levels of. No title needs quotes, nor looks like a date or a sum.
 QString titleOf(const MainWindow &window, int slot)
 {
-    if (!isDifference(window, slot))
+    if (!window.isDrawnAsDifference(slot))
         return slotName(slot);
     return slotName(window.state().rfg_master_ID) + QStringLiteral(" - ") + slotName(slot);
 }

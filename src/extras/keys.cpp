@@ -90,10 +90,10 @@ const Key keys[] = {
     { { Qt::Key_Y, {} }, Once, [](Window &w) { selectParameter(w, Window::V_OFFSET); } },
     { { Qt::Key_K, {} }, Once, [](Window &w) { selectParameter(w, Window::KU); } },
     { { Qt::Key_Z, {} }, Once, [](Window &w) { selectParameter(w, Window::SCALE); } },
-    { { Qt::Key_Plus, {} }, Repeated, [](Window &w) { turnParameter(w, 1); } },
-    { { Qt::Key_Minus, {} }, Repeated, [](Window &w) { turnParameter(w, -1); } },
-    { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { turnParameter(w, several); } },
-    { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { turnParameter(w, -several); } },
+    { { Qt::Key_Plus, {} }, Repeated, [](Window &w) { w.paramWheel(1); } },
+    { { Qt::Key_Minus, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
+    { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { w.paramWheel(several); } },
+    { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { w.paramWheel(-several); } },
     { { Qt::Key_F2, {} }, Once, enterParameter },
 
     { { Qt::Key_C, control }, Once, copyShown },
@@ -108,8 +108,8 @@ const Key keysOnPlot[] = {
     { { Qt::Key_Right, {} }, Repeated, [](Window &w) { moveCursor(w, 1); } },
     { { Qt::Key_Left, shift }, Repeated, [](Window &w) { moveCursor(w, -several); } },
     { { Qt::Key_Right, shift }, Repeated, [](Window &w) { moveCursor(w, several); } },
-    { { Qt::Key_Up, {} }, Repeated, [](Window &w) { turnParameter(w, 1); } },
-    { { Qt::Key_Down, {} }, Repeated, [](Window &w) { turnParameter(w, -1); } },
+    { { Qt::Key_Up, {} }, Repeated, [](Window &w) { w.paramWheel(1); } },
+    { { Qt::Key_Down, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
 };
 
 /// What is typed by a key on which an English keyboard has something else. Marks stand where each

@@ -71,7 +71,6 @@ private:
     QString distance(int counts) const;
     QString stepsPerTurn(int steps) const;
     QString now(const QString &value) const;
-    bool isLoaded(int slot) const;
 
     static QString lines(const QStringList &facts)
     {
@@ -82,11 +81,6 @@ private:
     const MainWindowState &m_state;
     Catalogue m_texts;
 };
-
-bool Facts::isLoaded(int slot) const
-{
-    return checkbit(m_state.rfg_read_index, slot);
-}
 
 QString Facts::distance(int counts) const
 {
@@ -108,7 +102,7 @@ QString Facts::now(const QString &value) const
 
 QString Facts::ofSlot(int slot) const
 {
-    if (!isLoaded(slot))
+    if (!m_window.isLoaded(slot))
         return m_texts.text(QT_TRANSLATE_NOOP("Extras", "No trace in this slot"));
     const rfg_SHOWN &trace = m_state.rfg_DATA[slot];
     const QString &path = trace.full_path;
@@ -133,7 +127,7 @@ QString Facts::ofSlot(int slot) const
 QString Facts::ofParameter(int parameter) const
 {
     const bool needsTrace = parameter == MainWindow::V_OFFSET || parameter == MainWindow::H_OFFSET;
-    if (needsTrace && !isLoaded(m_state.rfg_ID))
+    if (needsTrace && !m_window.isLoaded(m_state.rfg_ID))
         return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Nothing to shift: no trace in this slot"));
     switch (parameter) {
     case MainWindow::KU:
@@ -214,7 +208,7 @@ QString Facts::ofCursor(int cursor) const
 {
     const bool isA = cursor == MainWindow::CURSOR_A;
     const int level = isA ? m_state.cursor_A_pos_Y : m_state.cursor_B_pos_Y;
-    const QString height = level == constants::noLevel || !isLoaded(m_state.rfg_ID)
+    const QString height = level == constants::noLevel || !m_window.isLoaded(m_state.rfg_ID)
         ? m_texts.text(QT_TRANSLATE_NOOP("Extras", "No level here"))
         : m_texts.text(QT_TRANSLATE_NOOP("Extras", "Level: %1")).arg(level);
     return lines({ distance(isA ? m_state.cursor_A_pos : m_state.cursor_B_pos), height });

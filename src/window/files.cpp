@@ -91,9 +91,13 @@ void MainWindow::files_slot()
 {
     const QStringList chosen = QFileDialog::getOpenFileNames(
         this, tr("Select RFG files to open"), settingsData->last_folder, tr("rfg (*.tdr)"));
-    if (chosen.isEmpty())
-        return;
-    const QStringList taken = chosen.mid(0, constants::slotCount);
+    if (!chosen.isEmpty())
+        openFiles(chosen);
+}
+
+void MainWindow::openFiles(const QStringList &files)
+{
+    const QStringList taken = files.mid(0, constants::slotCount);
     rfg_read_index = 0;
     for (int slot = 0; slot < taken.size(); ++slot) {
         rfg_read_index = setbit(rfg_read_index, slot);

@@ -224,20 +224,20 @@ void MainWindow::plotWheel(const QWheelEvent *event)
     zoomAtCursor(master_scale + notch);
 }
 
-void MainWindow::cursorWheel(int notch)
+void MainWindow::cursorWheel(int notches)
 {
     int step = stepOf(rfg_ID);
     if (diff_flag == DIFF && isSlot(rfg_master_ID))
         step = std::max(step, stepOf(rfg_master_ID));
     cursor_dial->trueValue
-        = calc::saturated(qint64{ cursor_dial->trueValue } + qint64{ notch } * step);
+        = calc::saturated(qint64{ cursor_dial->trueValue } + qint64{ notches } * step);
     cursorSetup_slot(cursor_dial->trueValue);
 }
 
-void MainWindow::paramWheel(int notch)
+void MainWindow::paramWheel(int notches)
 {
     const int step = checkedParameter() == H_OFFSET ? stepOf(rfg_ID) : 1;
-    const qint64 value = qint64{ param_dial->trueValue } + qint64{ notch } * step;
+    const qint64 value = qint64{ param_dial->trueValue } + qint64{ notches } * step;
     // Upper end first: with the ends the wrong way round, the lower one decides.
     const qint64 clamped = value > param_dial->trueMax ? param_dial->trueMax
         : value < param_dial->trueMin                  ? param_dial->trueMin
