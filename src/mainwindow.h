@@ -397,6 +397,7 @@ private:
     void setDialogTexts(const QString &word, const QString &from, const QString &to);
     struct NumberQuestion;
     bool askForNumber(const NumberQuestion &question);
+    bool isDialogAccepted();
     void enterVelocityFactor();
     void enterHorizontalOffset();
     void enterVerticalOffset();
