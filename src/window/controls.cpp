@@ -65,8 +65,8 @@ void MainWindow::createTraceAndMiscButtons()
     smooth_button = new QPushButton(centralWidget);
     reset_all_button = new QPushButton(centralWidget);
     legend_button = new QPushButton(centralWidget);
-    settings_button = new QPushButton(centralWidget);
-    difference_button = new QPushButton(centralWidget);
+    settings_button = new PictureButton(centralWidget);
+    difference_button = new PictureButton(centralWidget);
 }
 
 void MainWindow::createNavigation()
