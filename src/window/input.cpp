@@ -24,6 +24,24 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr QRgb linkOnDark = 0xFF5ADCFF;
+
+/// Rich text takes the colour of links from the palette of the application. Its blue cannot be read
+/// on a dark \a ground.
+void adaptLinks(const QColor &ground)
+{
+    QPalette palette = QApplication::palette();
+    const QColor readable = ground.lightness() < 128 ? QColor::fromRgb(linkOnDark) : Qt::blue;
+    if (palette.color(QPalette::Link) == readable)
+        return;
+    palette.setColor(QPalette::Link, readable);
+    QApplication::setPalette(palette);
+}
+
+} // namespace
+
 // Only looks and passes on: every event also reaches the object it was meant for.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
@@ -88,9 +106,10 @@ void MainWindow::filterControls(QObject *watched, QEvent *event)
         break;
     }
     case QEvent::MouseButtonPress:
-        if (watched == logo_lbl)
+        if (watched == logo_lbl) {
+            adaptLinks(palette().color(QPalette::Window));
             QMessageBox::aboutQt(this, QLatin1String(""));
-        else if (static_cast<QMouseEvent *>(event)->buttons() == Qt::RightButton)
+        } else if (static_cast<QMouseEvent *>(event)->buttons() == Qt::RightButton)
             openEntryDialog(watched);
         break;
     default:
