@@ -315,9 +315,9 @@ void SettingsMenu::loadIntoLiveStore(const QString &file)
 
 void SettingsMenu::loadFile_slot()
 {
-    const QString file
-        = QFileDialog::getOpenFileName(this, tr("Select settings file to load"),
-                                       program_files::programFolder(), tr("settings (*.ini)"));
+    const QString file = QFileDialog::getOpenFileName(
+        this, tr("Select settings file to load"), program_files::programFolder(),
+        tr("settings (*.ini)"), nullptr, QFileDialog::ReadOnly);
     if (!file.isEmpty()) {
         loadIntoLiveStore(file);
     }

@@ -90,7 +90,8 @@ bool MainWindow::read_rfg_DATA(const QString &path, int id)
 void MainWindow::files_slot()
 {
     const QStringList chosen = QFileDialog::getOpenFileNames(
-        this, tr("Select RFG files to open"), settingsData->last_folder, tr("rfg (*.tdr)"));
+        this, tr("Select RFG files to open"), settingsData->last_folder, tr("rfg (*.tdr)"), nullptr,
+        QFileDialog::ReadOnly);
     if (!chosen.isEmpty())
         openFiles(chosen);
 }
@@ -151,7 +152,8 @@ void MainWindow::loadAllTraces()
 void MainWindow::loadSingle_slot(int id)
 {
     const QString file = QFileDialog::getOpenFileName(this, tr("Select RFG file to open"),
-                                                      settingsData->last_folder, tr("rfg (*.tdr)"));
+                                                      settingsData->last_folder, tr("rfg (*.tdr)"),
+                                                      nullptr, QFileDialog::ReadOnly);
     if (file.isEmpty())
         return;
     settingsData->last_folder = QFileInfo(file).path();
