@@ -43,10 +43,11 @@ private:
     {
         switch (event->type()) {
         case QEvent::DragEnter:
-            m_dropping.enter(*static_cast<QDragEnterEvent *>(event));
-            return true;
         case QEvent::DragMove:
-            m_dropping.move(*static_cast<QDragMoveEvent *>(event));
+            m_dropping.drag(*static_cast<QDropEvent *>(event));
+            return true;
+        case QEvent::DragLeave:
+            m_dropping.leave();
             return true;
         case QEvent::Drop:
             m_dropping.drop(*static_cast<QDropEvent *>(event));
