@@ -36,12 +36,13 @@ void InterfaceButton::paintEvent(QPaintEvent *event)
     QStyleOptionButton option;
     initStyleOption(&option);
     if (!takeGround(option)) {
-        QPushButton::paintEvent(event);
+        PictureButton::paintEvent(event);
         return;
     }
-    // What the toolkit makes of a push button, its ground, label and focus, in that order.
+    // The parts of QStyle::CE_PushButton in its order: ground, label, focus.
     QStylePainter painter(this);
     painter.drawPixmap(0, 0, m_ground);
+    prepareLabel(option, painter);
     QStyleOptionButton label(option);
     label.rect = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
     painter.drawControl(QStyle::CE_PushButtonLabel, label);
@@ -57,7 +58,7 @@ void InterfaceButton::changeEvent(QEvent *event)
 {
     m_ground = QPixmap();
     m_groundSize = QSize();
-    QPushButton::changeEvent(event);
+    PictureButton::changeEvent(event);
 }
 
 bool InterfaceButton::takeGround(const QStyleOptionButton &option)

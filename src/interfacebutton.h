@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "picturebutton.h"
+
 #include <QIcon>
 #include <QImage>
 #include <QPixmap>
-#include <QPushButton>
 #include <QRectF>
 #include <QString>
 #include <QStyle>
@@ -13,13 +14,13 @@
 class Dictionary;
 class QStyleOptionButton;
 
-/// A push button with a picture that is grey while the button is unchecked and coloured while it
+/// A button with a picture that is grey while the button is unchecked and coloured while it
 /// is checked. Only the coloured picture exists; the grey one is made from it.
 ///
 /// A button that is painted anew as it was, but for its words, takes its ground from a picture. A
 /// style sheet has the style draw that ground each time, which is a tenth of a cursor step, and the
 /// toolkit remember each under a new name.
-class InterfaceButton : public QPushButton
+class InterfaceButton : public PictureButton
 {
     Q_OBJECT
 

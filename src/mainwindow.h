@@ -179,6 +179,8 @@ public:
     bool read_rfg_DATA(const QString &path, int id);
     /// Puts the file \a path into slot \a id, whether it can be read or not.
     void add_Selected_RFG(const QString &path, int id);
+    /// Replaces the traces of all slots by the first six of \a files, at least one, from slot 1 on.
+    void openFiles(const QStringList &files);
     /// Hook for add-on data of slot \a id: forms the file's name and opens nothing.
     void write_rfg_DATA(int id);
 
@@ -325,11 +327,12 @@ public:
     void setCursorDialText(const QString &text);
     /// Puts the step label into the top right corner of the plot.
     void set_cur_step_lbl();
+    /// Column of cursor \a which in counts; 0 for any other number.
+    int cursorPosition(int which) const;
 
 private:
     calc::CursorPoint pointUnder(int column) const;
     void showCursor(const calc::CursorPoint &point);
-    int cursorPosition(int which) const;
     void colourCursors();
 
     // ---- User actions (window/action.cpp) ----
@@ -356,6 +359,12 @@ private:
 public:
     /// Looks at the events of the chart and of some controls, and consumes none.
     bool eventFilter(QObject *watched, QEvent *event) override;
+    /// Moves the active cursor by \a notches samples of the selected trace, in difference mode of
+    /// the coarser of that trace and the master.
+    void cursorWheel(int notches);
+    /// Changes the checked parameter by \a notches steps of the dial, the horizontal shift by
+    /// samples of the selected trace.
+    void paramWheel(int notches);
 
 private:
     void filterViewport(QEvent *event);
@@ -369,8 +378,6 @@ private:
     void plotMouseMove(const QMouseEvent *event);
     void plotMousePress(const QMouseEvent *event);
     void plotWheel(const QWheelEvent *event);
-    void cursorWheel(int notch);
-    void paramWheel(int notch);
     void setPointerShape(Qt::CursorShape shape);
     void resizeSpacers();
 
@@ -379,6 +386,7 @@ private:
     void setDialogTexts(const QString &word, const QString &from, const QString &to);
     struct NumberQuestion;
     bool askForNumber(const NumberQuestion &question);
+    bool isDialogAccepted();
     void enterVelocityFactor();
     void enterHorizontalOffset();
     void enterVerticalOffset();

@@ -12,6 +12,11 @@ ParamButton::ParamButton(Dictionary *words, char parameter)
     installEventFilter(this);
 }
 
+QSize ParamButton::sizeHint() const
+{
+    return { 2 * iconSize().width(), InterfaceButton::sizeHint().height() };
+}
+
 bool ParamButton::eventFilter(QObject *watched, QEvent *event)
 {
     // The push button's own filter is passed by: nothing may be held back here.

@@ -16,6 +16,9 @@ public:
 
     char id = 0; ///< the parameter
 
+    /// The same width for every parameter, so that their columns are equal in every language.
+    QSize sizeHint() const override;
+
     /// The button filters its own events and lets all of them pass.
     bool eventFilter(QObject *watched, QEvent *event) override;
 };

@@ -40,6 +40,12 @@ constexpr QLatin1String tabGround
 /// Where no sheet speaks of tabs their captions would be as light as all other texts.
 constexpr QRgb tabCaption = 0xFF404142;
 
+/// Styles draw the outline of a box in a shade of the ground. This grey has a contrast of 3:1 to
+/// the built-in sheet's ground and to white.
+constexpr QLatin1String boxSelector = constants::latin1("QCheckBox::indicator");
+constexpr QLatin1String boxOutline
+    = constants::latin1("QCheckBox::indicator:unchecked { border: 1px solid rgb(141, 142, 143); }");
+
 void limitSpeed(QSpinBox *box)
 {
     // The limits move the value to 10, which is not an edit.
@@ -237,6 +243,9 @@ void SettingsMenu::interfaceUpdate()
     }
     cursor_accur->setValue(data_ex->cursor_dial_speed);
     param_accur->setValue(data_ex->param_dial_speed);
+    // A sheet of the user's that draws the boxes is left alone.
+    settings_check_box->setStyleSheet(data_ex->current_CSS.contains(boxSelector) ? QString()
+                                                                                 : boxOutline);
     // The box holds names, the store a code: this finds nothing and the box keeps its choice.
     language_select->setCurrentText(data_ex->current_language);
     apply_button->setEnabled(false);
@@ -306,9 +315,9 @@ void SettingsMenu::loadIntoLiveStore(const QString &file)
 
 void SettingsMenu::loadFile_slot()
 {
-    const QString file
-        = QFileDialog::getOpenFileName(this, tr("Select settings file to load"),
-                                       program_files::programFolder(), tr("settings (*.ini)"));
+    const QString file = QFileDialog::getOpenFileName(
+        this, tr("Select settings file to load"), program_files::programFolder(),
+        tr("settings (*.ini)"), nullptr, QFileDialog::ReadOnly);
     if (!file.isEmpty()) {
         loadIntoLiveStore(file);
     }

@@ -5,6 +5,7 @@
 #include "accessibility/focusframe.h"
 #include "accessibility/interfaces.h"
 #include "accessibility/spokentext.h"
+#include "base/catalogue.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "dictionary.h"
@@ -71,14 +72,14 @@ QVector<Named> readings(const MainWindowParts &parts)
     };
 }
 
-void speakOf(QWidget *control, const SpokenLanguage *language, const char *name,
+void speakOf(QWidget *control, const Catalogue *language, const char *name,
              const SpokenText::Reader &value = {})
 {
     new SpokenText(
         control, [language, name] { return language->text(name); }, value);
 }
 
-void speakOfButtons(const MainWindowParts &parts, const SpokenLanguage *language)
+void speakOfButtons(const MainWindowParts &parts, const Catalogue *language)
 {
     const QVector<Named> plain = plainButtons(parts);
     for (const Named &one : plain)
@@ -91,7 +92,7 @@ void speakOfButtons(const MainWindowParts &parts, const SpokenLanguage *language
     }
 }
 
-void speakOfTraces(const MainWindowParts &parts, const SpokenLanguage *language)
+void speakOfTraces(const MainWindowParts &parts, const Catalogue *language)
 {
     for (LegendButton *button : parts.selected_rfg) {
         const auto name = [button, language] {
@@ -112,7 +113,7 @@ void speakOfTraces(const MainWindowParts &parts, const SpokenLanguage *language)
     }
 }
 
-void speakOfDials(const MainWindowParts &parts, const SpokenLanguage *language)
+void speakOfDials(const MainWindowParts &parts, const Catalogue *language)
 {
     const auto caption
         = [](const Cont_dial *dial) { return [dial] { return spokenLines(dial->titleText, 0); }; };
@@ -128,7 +129,7 @@ void speakOfDials(const MainWindowParts &parts, const SpokenLanguage *language)
         });
 }
 
-void speakOfReadouts(const MainWindowParts &parts, const SpokenLanguage *language)
+void speakOfReadouts(const MainWindowParts &parts, const Catalogue *language)
 {
     const QLabel *distance = parts.delta_lbl;
     speakOf(parts.delta_lbl, language,
@@ -254,7 +255,8 @@ void accessibility::attach(MainWindow &window)
 {
     const MainWindowParts &parts = window.parts();
     QAccessible::installFactory(spokenInterface);
-    const auto *language = new SpokenLanguage(parts.settingsData, &window);
+    const auto *language
+        = new Catalogue(parts.settingsData, QLatin1String("Accessibility"), &window);
     speakOfButtons(parts, language);
     speakOfTraces(parts, language);
     speakOfDials(parts, language);

@@ -31,6 +31,7 @@ FocusFrame::FocusFrame(QWidget *window)
 {
     setAttribute(Qt::WA_NoSystemBackground);
     hide();
+    window->installEventFilter(this);
 }
 
 void FocusFrame::watch(QWidget *control)
@@ -41,13 +42,24 @@ void FocusFrame::watch(QWidget *control)
 bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::ShortcutOverride: // comes before a shortcut, which has no KeyPress
+    case QEvent::KeyPress:
+        m_isKeyDown = true;
+        break;
+    case QEvent::KeyRelease:
+        m_isKeyDown = false;
+        break;
     case QEvent::FocusIn: {
+        if (watched == parent())
+            break;
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         auto *control = static_cast<QWidget *>(watched);
         // A dialog that comes up tells its first control of a focus which that has not got yet.
         if (!control->hasFocus())
             break;
-        if (isByKeyboard(reason))
+        // A control that is disabled while it has the focus hands it on with the reason of Tab,
+        // also when the mouse disabled it.
+        if (isByKeyboard(reason) && m_isKeyDown)
             surround(control);
         else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             leave();
@@ -61,6 +73,7 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     case QEvent::MouseButtonPress:
+        m_isKeyDown = false;
         // A press of the program's own stands for a key: the keyboard stays where it is.
         if (watched == m_control && event->spontaneous())
             leave();

@@ -29,5 +29,6 @@ private:
     void follow();
     void leave();
 
+    bool m_isKeyDown = false;
     QPointer<QWidget> m_control; ///< the framed one; null while none is
 };

@@ -12,7 +12,7 @@
 #include <QPointF>
 #include <QString>
 #include <QVector>
-#include <QWindow>
+#include <QWidget>
 #include <QtGlobal>
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -92,13 +92,14 @@ constexpr bool linesTellWhereTheyWere = true;
 constexpr bool linesTellWhereTheyWere = false;
 #endif
 
-/// What \a icon shows in \a window in \a size units, in the pixels that are there for it.
-inline QPixmap pixmapOf(const QIcon &icon, QWindow *window, QSize size)
+/// The picture of \a icon in \a widget for \a size units, in device pixels.
+inline QPixmap pixmapOf(const QIcon &icon, const QWidget &widget, QSize size,
+                        QIcon::State state = QIcon::Off)
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    return icon.pixmap(window, size);
+    return icon.pixmap(widget.window()->windowHandle(), size, QIcon::Normal, state);
 #else
-    return icon.pixmap(size, window->devicePixelRatio());
+    return icon.pixmap(size, widget.devicePixelRatioF(), QIcon::Normal, state);
 #endif
 }
 

@@ -13,28 +13,34 @@
 
 namespace {
 
-/// No desktop offers a smaller step than 6.25 %, and servers that have no size to tell say 100 dots
-/// to the inch, which is 4.2 % off.
+constexpr auto factorVariable = "QT_SCALE_FACTOR";
+/// Below, the window is a few pixels wide; above, Qt fails to allocate its picture and crashes.
+constexpr double minFactor = 0.1;
+constexpr double maxFactor = 10.0;
+/// Desktops offer steps of 6.25 % and more. X servers that do not know the size of the screen
+/// report 100 dpi, 4.2 % off.
 constexpr double accidentalShare = 0.05;
-/// The scale comes out of a division.
+/// Rounding error of the division that gives the scale.
 constexpr double exactShare = 1e-6;
 
-/// The factor by which the user has everything enlarged, whatever the screen says; 1 for none.
+/// The user's factor in QT_SCALE_FACTOR. One that is not in 0.1 to 10 is unset, which means 1.
 double wantedFactor()
 {
     bool isNumber = false;
-    const double factor = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble(&isNumber);
-    return isNumber && factor > 0.0 ? factor : 1.0;
+    const double factor = qEnvironmentVariable(factorVariable).toDouble(&isNumber);
+    if (isNumber && factor >= minFactor && factor <= maxFactor)
+        return factor;
+    qunsetenv(factorVariable);
+    return 1.0;
 }
 
-/// Whether all screens are so near to the wanted factor that they mean it, and not all are exact.
-bool isAccident()
+/// True when the scale of every screen is within 5 % of the wanted factor and not all are exact.
+bool isAccident(double wanted)
 {
     for (const char *variable : { "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_USE_PHYSICAL_DPI",
                                   "QT_ENABLE_HIGHDPI_SCALING" })
         if (qEnvironmentVariableIsSet(variable))
             return false;
-    const double wanted = wantedFactor();
     const auto screens = QGuiApplication::screens();
     const auto allWithin = [&](double share) {
         return std::all_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
@@ -49,13 +55,14 @@ bool isAccident()
 std::unique_ptr<QApplication> screen_scale::makeApplication(int &argc, char **argv)
 {
     qtcompat::followScaleOfScreen();
+    const double wanted = wantedFactor();
     if (!qEnvironmentVariableIsSet("QT_SCALE_FACTOR_ROUNDING_POLICY"))
         QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
             Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    // A copy: the application takes out of them what it understands.
+    // A copy, because QApplication removes the arguments that it understands.
     const std::vector<char *> arguments(argv, argv + argc);
     auto application = std::make_unique<QApplication>(argc, argv);
-    if (!isAccident())
+    if (!isAccident(wanted))
         return application;
     application.reset();
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");

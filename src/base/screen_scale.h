@@ -7,17 +7,18 @@
 class QApplication;
 
 /// \file
-/// How large the window is on a screen of many pixels. The desktop's scale is followed as it is,
-/// fractions included; what the user's environment says of it comes first.
+/// The scale of the window on a screen with many pixels.
 namespace screen_scale {
 
-/// The application, following the desktop's scale; \a argc and \a argv have to outlive it. To be
-/// called once, before anything else of the toolkit is in use.
+/// Creates the application so that it follows the scale of the desktop, fractions included. Qt's
+/// environment variables come first; a QT_SCALE_FACTOR that is no number from 0.1 to 10 counts as
+/// unset. \a argc and \a argv must outlive the application. Call it once, before any other use of
+/// Qt's windows.
 ///
-/// A scale that is no wish but a rounding is left at 1: without a scale of its own, an X server is
-/// asked for the size of its screen in whole millimetres, and 96 dots to the inch come out as 96.1.
-/// All lines would be blurred for a window one pixel wider. That is only seen once the application
-/// is there, so in that case another one is made, which takes some milliseconds.
+/// An X server without a scale of its own reports the size of the screen in whole millimetres, so
+/// 96 dpi may arrive as 96.1 and blur every line for a window one pixel wider. Such a scale is
+/// taken for 1. It is known only after the application exists, which is then created again; this
+/// takes some milliseconds.
 std::unique_ptr<QApplication> makeApplication(int &argc, char **argv);
 
 } // namespace screen_scale

@@ -3,6 +3,7 @@
 #include "extras/commands.h"
 
 #include "calc/numeric.h"
+#include "calc/view_range.h"
 #include "cont_dial.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
@@ -19,14 +20,13 @@ namespace extras {
 
 namespace {
 
-/// Of the wheel over the cursor dial.
-int countsOfNotch(const MainWindow &window)
+/// Scrolls to the active cursor when it is out of view. The wheel over the plot needs no such help:
+/// its pointer is where the user looks.
+void followCursor(MainWindow &window)
 {
-    const MainWindowState &state = window.state();
-    const int step = state.stepOf(state.rfg_ID);
-    if (state.diff_flag == MainWindow::NORMAL || !state.masterExists())
-        return step;
-    return std::max(step, state.stepOf(state.rfg_master_ID));
+    const int cursor = window.state().Cur_flag;
+    if (cursor != MainWindow::DELTA && !window.isCursor_visible(cursor))
+        window.gotoCursor(cursor);
 }
 
 LegendButton *selectedSlot(const MainWindow &window)
@@ -52,35 +52,45 @@ void pressRight(QWidget *button)
 
 } // namespace
 
+QVector<QPointF> selectedSamples(const MainWindow &window)
+{
+    const MainWindowState &state = window.state();
+    if (!window.state().isLoaded(state.rfg_ID))
+        return {};
+    if (state.smooth_rfg_flag)
+        return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);
+    // Each tread of the step form begins with its sample.
+    const QVector<QPointF> treads = qtcompat::pointsOf(*window.parts().rfg_series[state.rfg_ID]);
+    QVector<QPointF> samples;
+    for (int i = 0; i < treads.size(); i += 2)
+        samples.append(treads[i]);
+    return samples;
+}
+
 void placeCursor(MainWindow &window, qint64 column)
 {
-    const int cursor = window.state().Cur_flag;
-    if (cursor == MainWindow::DELTA)
-        return;
     window.cursorSetup_slot(calc::saturated(column));
-    // A wheel has a pointer on the plot that shows where it works; a key has nothing but the view.
-    if (!window.isCursor_visible(cursor))
-        window.gotoCursor(cursor);
+    followCursor(window);
 }
 
 void moveCursor(MainWindow &window, int samples)
 {
-    const int column = window.parts().cursor_dial->trueValue;
-    placeCursor(window, column + qint64{ samples } * countsOfNotch(window));
+    window.cursorWheel(samples);
+    followCursor(window);
 }
 
 void moveCursorToEnd(MainWindow &window, bool last)
 {
     const MainWindowState &state = window.state();
     const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
-    if (!state.isLoaded(state.rfg_ID)) {
+    if (!window.state().isLoaded(state.rfg_ID)) {
         const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
         placeCursor(window, calc::truncated(last ? axis->max() : axis->min()));
         return;
     }
     const qint64 delay = quint32{ trace.f_p_840.ch.params.delay };
     const qint64 sample = delay + (last ? constants::lastSample : 0);
-    placeCursor(window, trace.scroll + sample * state.stepOf(state.rfg_ID));
+    placeCursor(window, trace.scroll + sample * window.state().stepOf(state.rfg_ID));
 }
 
 void scroll(MainWindow &window, int steps)
@@ -91,6 +101,32 @@ void scroll(MainWindow &window, int steps)
     const int toLeft = -std::max(0, calc::truncated(axis->min()));
     const int toRight = std::max(0, constants::xLength - calc::truncated(axis->max()));
     window.plotScroll(std::clamp(step, toLeft, toRight));
+}
+
+void fitTrace(MainWindow &window)
+{
+    const QVector<QPointF> samples = selectedSamples(window);
+    if (samples.isEmpty() || samples.last().x() < 0.0 || samples.first().x() > constants::xLength)
+        return;
+    const int first = std::max(0, calc::truncated(samples.first().x()));
+    const int last = std::min(constants::xLength, calc::truncated(samples.last().x()));
+    int scale = constants::minScale;
+    while (scale < constants::maxScale && calc::visibleCounts(scale) < last - first)
+        ++scale;
+    window.scale_change(scale);
+    const int width = calc::visibleCounts(scale);
+    const int left = std::min(first, constants::xLength - width);
+    window.setPlotRange(left, left + width);
+    const MainWindowParts &parts = window.parts();
+    if (parts.down_buttons->checkedId() == MainWindow::SCALE)
+        parts.param_dial->trueValue = scale;
+}
+
+void showCursor(MainWindow &window)
+{
+    const int cursor = window.state().Cur_flag;
+    if (cursor != MainWindow::DELTA)
+        window.gotoCursor(cursor);
 }
 
 void selectSlot(MainWindow &window, int slot)
@@ -126,18 +162,6 @@ void clearSelected(MainWindow &window)
 void selectParameter(MainWindow &window, int parameter)
 {
     window.parts().down_buttons->button(parameter)->click();
-}
-
-void turnParameter(MainWindow &window, int notches)
-{
-    const MainWindowParts &parts = window.parts();
-    Cont_dial *dial = parts.param_dial;
-    const bool isHorizontal = parts.down_buttons->checkedId() == MainWindow::H_OFFSET;
-    const int step = isHorizontal ? window.state().stepOf(window.state().rfg_ID) : 1;
-    const qint64 value = dial->trueValue + qint64{ notches } * step;
-    dial->trueValue = calc::saturated(
-        std::max(std::min(value, qint64{ dial->trueMax }), qint64{ dial->trueMin }));
-    window.paramSetup_slot(dial->trueValue);
 }
 
 void enterParameter(MainWindow &window)

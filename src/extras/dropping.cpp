@@ -10,7 +10,7 @@
 #include "settingsdata.h"
 
 #include <QApplication>
-#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
@@ -19,29 +19,20 @@ namespace extras {
 
 namespace {
 
-constexpr QLatin1String suffix = constants::latin1("tdr"); ///< what the dialogs for files show
-constexpr int noSlot = -1;
+constexpr QLatin1String traceSuffix = constants::latin1("tdr");
+constexpr QLatin1String litStyle
+    = constants::latin1("LegendButton { background: rgb(50, 95, 120); }");
 
-/// What becomes of a file that is only read. Never a move: the other program would delete it.
-Qt::DropAction harmlessAction(Qt::DropActions possible)
-{
-    for (const Qt::DropAction action : { Qt::CopyAction, Qt::LinkAction })
-        if (possible.testFlag(action))
-            return action;
-    return Qt::IgnoreAction;
-}
-
-} // namespace
-
+/// The paths of the trace files in \a data; empty when it holds anything else: other files,
+/// folders, devices, missing files, addresses of other machines.
 QStringList traceFiles(const QMimeData &data)
 {
-    const QList<QUrl> urls = data.urls();
-    if (urls.size() > constants::slotCount)
-        return {};
     QStringList files;
+    const QList<QUrl> urls = data.urls();
     for (const QUrl &url : urls) {
         const QString path = url.toLocalFile();
-        const bool isTrace = QFileInfo(path).suffix().compare(suffix, Qt::CaseInsensitive) == 0;
+        const bool isTrace
+            = QFileInfo(path).suffix().compare(traceSuffix, Qt::CaseInsensitive) == 0;
         if (!url.isLocalFile() || !isTrace || !program_files::isRegularFile(path))
             return {};
         files.append(path);
@@ -49,85 +40,90 @@ QStringList traceFiles(const QMimeData &data)
     return files;
 }
 
-void openFiles(MainWindow &window, const QStringList &files)
-{
-    SettingsData &settings = *window.settings();
-    state_index loaded = 0;
-    for (int slot = 0; slot < files.size(); ++slot) {
-        loaded = setbit(loaded, slot);
-        settings.current_files[slot] = files.at(slot);
-    }
-    settings.last_folder = QFileInfo(files.last()).path();
-    settings.read_index = loaded;
-    window.show_AllSelected_RFGs(loaded);
-}
-
-void openInSlot(MainWindow &window, const QString &file, int slot)
-{
-    window.settings()->last_folder = QFileInfo(file).path();
-    window.add_Selected_RFG(file, slot);
-}
+} // namespace
 
 Dropping::Dropping(MainWindow &window)
     : m_window(window)
 {
     window.setAcceptDrops(true);
-    // A view takes every drag for the items in its scene, none of which wants one.
+    // A graphics view accepts every drag for the items in its scene; none of them takes drops.
     QGraphicsView *plot = window.parts().Plot_View;
     plot->setAcceptDrops(false);
     plot->viewport()->setAcceptDrops(false);
 }
 
-void Dropping::enter(QDragEnterEvent &event)
+void Dropping::drag(QDropEvent &event)
 {
-    m_files = traceFiles(*event.mimeData());
-    answer(event);
-    // Where files do not fit here but would elsewhere, the moves that follow say no or yes; none
-    // would come after a no to this one.
-    event.setAccepted(!m_files.isEmpty() && event.dropAction() != Qt::IgnoreAction);
+    light(accept(event) ? slotAt(qtcompat::placeOf(event)) : nullptr);
 }
 
-void Dropping::move(QDragMoveEvent &event)
+void Dropping::leave()
 {
-    answer(event);
+    light(nullptr);
 }
 
 void Dropping::drop(QDropEvent &event)
 {
-    // Asked anew: a while has passed.
-    m_files = traceFiles(*event.mimeData());
-    if (!answer(event))
+    light(nullptr);
+    if (!accept(event))
         return;
-    const int slot = slotAt(qtcompat::placeOf(event));
-    if (slot == noSlot)
-        openFiles(m_window, m_files);
-    else
-        openInSlot(m_window, m_files.first(), slot);
+    const QStringList files = traceFiles(*event.mimeData());
+    event.setAccepted(!files.isEmpty());
+    if (files.isEmpty())
+        return;
+    const LegendButton *slot = slotAt(qtcompat::placeOf(event));
+    if (slot == nullptr || files.size() > 1) {
+        open(files);
+        return;
+    }
+    m_window.settings()->last_folder = QFileInfo(files.first()).path();
+    m_window.add_Selected_RFG(files.first(), slot->id);
 }
 
-bool Dropping::answer(QDropEvent &event)
+bool Dropping::accept(QDropEvent &event) const
 {
-    const Qt::DropAction action = harmlessAction(event.possibleActions());
-    const bool good = action != Qt::IgnoreAction && fits(qtcompat::placeOf(event));
+    // Never a move: the other program would delete the file.
+    const Qt::DropActions possible = event.possibleActions();
+    const Qt::DropAction action = possible.testFlag(Qt::CopyAction) ? Qt::CopyAction
+        : possible.testFlag(Qt::LinkAction)                         ? Qt::LinkAction
+                                                                    : Qt::IgnoreAction;
     event.setDropAction(action);
-    event.setAccepted(good);
-    return good;
+    event.setAccepted(action != Qt::IgnoreAction && event.mimeData()->hasUrls()
+                      && QApplication::activeModalWidget() == nullptr);
+    return event.isAccepted();
 }
 
-bool Dropping::fits(QPoint position) const
+LegendButton *Dropping::slotAt(QPoint position) const
 {
-    if (m_files.isEmpty() || QApplication::activeModalWidget())
-        return false;
-    return m_files.size() == 1 || slotAt(position) == noSlot;
+    return qobject_cast<LegendButton *>(m_window.childAt(position));
 }
 
-int Dropping::slotAt(QPoint position) const
+void Dropping::light(LegendButton *slot)
 {
-    const QWidget *under = m_window.childAt(position);
-    for (const LegendButton *button : m_window.parts().selected_rfg)
-        if (button == under)
-            return button->id;
-    return noSlot;
+    if (m_lit == slot)
+        return;
+    if (m_lit)
+        m_lit->setStyleSheet(QString());
+    m_lit = slot;
+    if (slot)
+        slot->setStyleSheet(litStyle);
+}
+
+void Dropping::open(const QStringList &files)
+{
+    QVector<LegendButton *> empty;
+    for (LegendButton *slot : m_window.parts().selected_rfg)
+        if (!m_window.state().isLoaded(slot->id))
+            empty.append(slot);
+    if (files.size() > empty.size()) {
+        m_window.openFiles(files);
+        return;
+    }
+    m_window.settings()->last_folder = QFileInfo(files.last()).path();
+    for (int i = 0; i < files.size(); ++i)
+        m_window.add_Selected_RFG(files.at(i), empty.at(i)->id);
+    if (!m_window.state().isLoaded(m_window.state().rfg_ID))
+        empty.first()->click();
 }
 
 } // namespace extras

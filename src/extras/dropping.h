@@ -2,50 +2,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QPoint>
-#include <QStringList>
-#include <Qt>
+#include <QPointer>
 
+class LegendButton;
 class MainWindow;
-class QDragEnterEvent;
-class QDragMoveEvent;
 class QDropEvent;
-class QMimeData;
+class QPoint;
+class QStringList;
 
 namespace extras {
 
-/// Trace files that are dragged over the window and dropped on it. Up to six replace the set, as
-/// those of the files button do; one on a slot's button goes into that slot. Whatever else is
-/// dragged is refused where it is, so that the pointer says so before it is dropped.
+/// Trace files that are dragged over the window and dropped on it. One file on a slot's button goes
+/// into that slot. Otherwise the files fill the empty slots from the first on; more files than
+/// empty slots replace all traces, as those of the files button do.
+///
+/// A drag is asked for its formats only: the files are known when the program that offers them
+/// sends them, which may take as long as it likes.
 class Dropping
 {
 public:
-    /// Makes \a window accept drops, all over.
+    /// Makes \a window accept drops everywhere.
     explicit Dropping(MainWindow &window);
 
-    /// What the window is told while something is dragged over it and in the end dropped.
-    void enter(QDragEnterEvent &event);
-    void move(QDragMoveEvent &event);
+    /// Handles a QDragEnterEvent or QDragMoveEvent: accepts files while no dialog is open and
+    /// lights up the slot under them.
+    void drag(QDropEvent &event);
+    void leave();
+    /// Opens the files of \a event. Refused when there is anything but trace files among them.
     void drop(QDropEvent &event);
 
 private:
-    bool fits(QPoint position) const;
-    int slotAt(QPoint position) const;
-    bool answer(QDropEvent &event);
+    bool accept(QDropEvent &event) const;
+    LegendButton *slotAt(QPoint position) const;
+    void light(LegendButton *slot);
+    void open(const QStringList &files);
 
     MainWindow &m_window;
-    QStringList m_files; ///< being dragged; empty when there is anything else among them
+    QPointer<LegendButton> m_lit;
 };
-
-/// The paths of the one to six trace files in \a data, in its order; empty when it holds anything
-/// else: more of them, other files, folders, devices, files that are not there, addresses of other
-/// machines, no files at all.
-QStringList traceFiles(const QMimeData &data);
-
-/// Replaces the set of \a window by \a files, one to six, as the files button does.
-void openFiles(MainWindow &window, const QStringList &files);
-
-/// Loads \a file into the slot \a slot, 0 to 5, as the slot's menu does.
-void openInSlot(MainWindow &window, const QString &file, int slot);
 
 } // namespace extras

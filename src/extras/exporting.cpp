@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/exporting.h"
 
+#include "base/catalogue.h"
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
-#include "extras/texts.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
 
@@ -63,11 +63,12 @@ const Format *formatOf(const QString &path)
 }
 
 /// The filter lines of the dialog, in the order of the formats.
-QStringList filters(const Texts &texts)
+QStringList filters(const Catalogue &texts)
 {
     QStringList lines;
     for (const Format &format : formats)
-        lines.append(QStringLiteral("%1 (*.%2)").arg(texts(format.description), format.ending));
+        lines.append(
+            QStringLiteral("%1 (*.%2)").arg(texts.text(format.description), format.ending));
     return lines;
 }
 
@@ -97,11 +98,11 @@ void copyShown(MainWindow &window)
 
 void askAndSaveShown(MainWindow &window)
 {
-    const Texts texts(window);
+    const Catalogue texts(window.settings(), QLatin1String("Extras"));
     const QStringList lines = filters(texts);
     // Guarded, because the window may be gone when the dialog returns, and the dialog with it.
     const QPointer<QFileDialog> dialog
-        = new QFileDialog(&window, texts(QT_TRANSLATE_NOOP("Extras", "Save what is shown")));
+        = new QFileDialog(&window, texts.text(QT_TRANSLATE_NOOP("Extras", "Save what is shown")));
     const auto chosenEnding = [&lines, dialog] {
         const auto line = qMax(0, lines.indexOf(dialog->selectedNameFilter()));
         return QString(formats[line].ending);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/help.h"
 
+#include "base/catalogue.h"
 #include "cont_dial.h"
-#include "extras/texts.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
@@ -245,10 +245,10 @@ void showHelp(MainWindow &window)
         if (help == nullptr)
             help = qobject_cast<HelpWindow *>(widget);
     if (help == nullptr) {
-        const Texts text(window);
+        const Catalogue texts(window.settings(), QLatin1String("Extras"));
         help = new HelpWindow(window.settings()->current_language,
-                              text(QT_TRANSLATE_NOOP("Extras", "Back")),
-                              text(QT_TRANSLATE_NOOP("Extras", "Forward")));
+                              texts.text(QT_TRANSLATE_NOOP("Extras", "Back")),
+                              texts.text(QT_TRANSLATE_NOOP("Extras", "Forward")));
         QObject::connect(&window, &QObject::destroyed, help, [help] { delete help; });
     }
     help->show();

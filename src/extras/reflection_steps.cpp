@@ -12,34 +12,6 @@
 
 namespace extras {
 
-namespace {
-
-/// One point for each sample of the selected trace as it is drawn; none for an empty slot.
-QVector<QPointF> selectedSamples(const MainWindow &window)
-{
-    const MainWindowState &state = window.state();
-    if (!state.isLoaded(state.rfg_ID))
-        return {};
-    if (state.smooth_rfg_flag)
-        return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);
-    // Each tread of the step form begins with its sample.
-    const QVector<QPointF> treads = qtcompat::pointsOf(*window.parts().rfg_series[state.rfg_ID]);
-    QVector<QPointF> samples;
-    for (int i = 0; i < treads.size(); i += 2)
-        samples.append(treads[i]);
-    return samples;
-}
-
-/// Column of the active cursor; -1 in delta mode.
-int activeColumn(const MainWindowState &state)
-{
-    if (state.Cur_flag == MainWindow::CURSOR_A)
-        return state.cursor_A_pos;
-    return state.Cur_flag == MainWindow::CURSOR_B ? state.cursor_B_pos : -1;
-}
-
-} // namespace
-
 QVector<int> reflectionColumns(const MainWindow &window)
 {
     const QVector<QPointF> samples = selectedSamples(window);
@@ -58,11 +30,12 @@ QVector<int> reflectionColumns(const MainWindow &window)
 
 void toNextReflection(MainWindow &window)
 {
-    const int column = activeColumn(window.state());
-    if (column < 0)
+    const int cursor = window.state().Cur_flag;
+    if (cursor == MainWindow::DELTA)
         return;
     // A cursor that snapping put left of the place asked for has been there all the same.
-    const int reached = std::max(column, window.parts().cursor_dial->trueValue);
+    const int reached
+        = std::max(window.cursorPosition(cursor), window.parts().cursor_dial->trueValue);
     const int next = calc::nextColumn(reflectionColumns(window), reached);
     if (next >= 0)
         placeCursor(window, next);
@@ -70,10 +43,11 @@ void toNextReflection(MainWindow &window)
 
 void toPreviousReflection(MainWindow &window)
 {
-    const int column = activeColumn(window.state());
-    if (column < 0)
+    const int cursor = window.state().Cur_flag;
+    if (cursor == MainWindow::DELTA)
         return;
-    const int previous = calc::previousColumn(reflectionColumns(window), column);
+    const int previous
+        = calc::previousColumn(reflectionColumns(window), window.cursorPosition(cursor));
     if (previous >= 0)
         placeCursor(window, previous);
 }

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/tooltips.h"
 
+#include "base/catalogue.h"
 #include "base/program_files.h"
 #include "calc/readout.h"
 #include "calc/view_range.h"
 #include "cont_dial.h"
 #include "dictionary.h"
-#include "extras/texts.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
@@ -54,7 +54,7 @@ public:
     explicit Facts(const MainWindow &window)
         : m_window(window)
         , m_state(window.state())
-        , m_texts(window)
+        , m_texts(window.settings(), QLatin1String("Extras"))
     {
     }
 
@@ -79,7 +79,7 @@ private:
 
     const MainWindow &m_window;
     const MainWindowState &m_state;
-    Texts m_texts;
+    Catalogue m_texts;
 };
 
 QString Facts::distance(int counts) const
@@ -92,35 +92,35 @@ QString Facts::distance(int counts) const
 
 QString Facts::stepsPerTurn(int steps) const
 {
-    return m_texts(QT_TRANSLATE_NOOP("Extras", "Steps in a turn of the dial: %1")).arg(steps);
+    return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Steps in a turn of the dial: %1")).arg(steps);
 }
 
 QString Facts::now(const QString &value) const
 {
-    return m_texts(QT_TRANSLATE_NOOP("Extras", "Now: %1")).arg(value);
+    return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Now: %1")).arg(value);
 }
 
 QString Facts::ofSlot(int slot) const
 {
     if (!m_state.isLoaded(slot))
-        return m_texts(QT_TRANSLATE_NOOP("Extras", "No trace in this slot"));
+        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "No trace in this slot"));
     const rfg_SHOWN &trace = m_state.rfg_DATA[slot];
     const QString &path = trace.full_path;
     QStringList facts;
     if (path.isEmpty())
-        return m_texts(QT_TRANSLATE_NOOP("Extras", "The file could not be read"));
+        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file could not be read"));
     facts.append(folded(QDir::toNativeSeparators(path)));
     if (program_files::isRegularFile(path))
-        facts.append(
-            m_texts(QT_TRANSLATE_NOOP("Extras", "Size: %1 bytes")).arg(QFileInfo(path).size()));
+        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "Size: %1 bytes"))
+                         .arg(QFileInfo(path).size()));
     else
-        facts.append(m_texts(QT_TRANSLATE_NOOP("Extras", "The file is not there any more")));
+        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file is not there any more")));
     if (trace.date.isValid())
-        facts.append(m_texts(QT_TRANSLATE_NOOP("Extras", "Date of test: %1"))
+        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "Date of test: %1"))
                          .arg(QLocale::system().toString(trace.date, QLocale::ShortFormat)
                               + QLatin1Char(' ') + trace.time.toString(Qt::TextDate)));
     else
-        facts.append(m_texts(QT_TRANSLATE_NOOP("Extras", "No date of test in the file")));
+        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "No date of test in the file")));
     return lines(facts);
 }
 
@@ -128,7 +128,7 @@ QString Facts::ofParameter(int parameter) const
 {
     const bool needsTrace = parameter == MainWindow::V_OFFSET || parameter == MainWindow::H_OFFSET;
     if (needsTrace && !m_state.isLoaded(m_state.rfg_ID))
-        return m_texts(QT_TRANSLATE_NOOP("Extras", "Nothing to shift: no trace in this slot"));
+        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Nothing to shift: no trace in this slot"));
     switch (parameter) {
     case MainWindow::KU:
         return ofVelocityFactor();
@@ -143,7 +143,7 @@ QString Facts::ofParameter(int parameter) const
     case MainWindow::PULSE_WIDTH:
     case MainWindow::PULSE_AMPLITUDE:
     case MainWindow::IMPEDANCE:
-        return m_texts(
+        return m_texts.text(
             QT_TRANSLATE_NOOP("Extras", "Recorded with the trace; the dial leaves it as it is"));
     default:
         return {};
@@ -154,9 +154,10 @@ QString Facts::ofVelocityFactor() const
 {
     const auto factor = [](int position) { return precisely(calc::kuOfDial(position)); };
     const QString range
-        = m_texts(QT_TRANSLATE_NOOP("Extras",
-                                    "The dial sets the velocity factor from %1 to %2,\n"
-                                    "by %3 a step, for all traces"))
+        = m_texts
+              .text(QT_TRANSLATE_NOOP("Extras",
+                                      "The dial sets the velocity factor from %1 to %2,\n"
+                                      "by %3 a step, for all traces"))
               .arg(precisely(double{ m_state.KU_min }), factor(calc::dialOfKU(m_state.KU_max)),
                    precisely(1 / double{ constants::kuDialUnits }));
     const double factorNow = double{ m_state.master_params.KU };
@@ -167,9 +168,10 @@ QString Facts::ofVelocityFactor() const
 QString Facts::ofVerticalShift() const
 {
     const QString range
-        = m_texts(QT_TRANSLATE_NOOP("Extras",
-                                    "The dial shifts the selected trace up or down,\n"
-                                    "from %1 to %2 levels, one a step"))
+        = m_texts
+              .text(QT_TRANSLATE_NOOP("Extras",
+                                      "The dial shifts the selected trace up or down,\n"
+                                      "from %1 to %2 levels, one a step"))
               .arg(-constants::verticalOffsetLimit)
               .arg(constants::verticalOffsetLimit);
     return lines({ range, stepsPerTurn(m_window.settings()->param_dial_speed),
@@ -178,10 +180,10 @@ QString Facts::ofVerticalShift() const
 
 QString Facts::ofHorizontalShift() const
 {
-    const QString range
-        = m_texts(QT_TRANSLATE_NOOP("Extras",
-                                    "The dial shifts the selected trace along the cable,\n"
-                                    "in whole samples; the wheel over it by one sample a notch"));
+    const QString range = m_texts.text(
+        QT_TRANSLATE_NOOP("Extras",
+                          "The dial shifts the selected trace along the cable,\n"
+                          "in whole samples; the wheel over it by one sample a notch"));
     return lines({ range, stepsPerTurn(m_window.settings()->param_dial_speed),
                    now(distance(m_state.rfg_DATA[m_state.rfg_ID].scroll)) });
 }
@@ -190,13 +192,15 @@ QString Facts::ofScale() const
 {
     const auto caption
         = [](int exponent) { return calc::scaleText(calc::scaleDistance(exponent)); };
-    const QString range = m_texts(QT_TRANSLATE_NOOP("Extras",
-                                                    "The dial sets the scale from %1 to %2;\n"
-                                                    "each step shows twice as much or half of it"))
-                              .arg(caption(constants::minScale), caption(constants::maxScale));
+    const QString range
+        = m_texts
+              .text(QT_TRANSLATE_NOOP("Extras",
+                                      "The dial sets the scale from %1 to %2;\n"
+                                      "each step shows twice as much or half of it"))
+              .arg(caption(constants::minScale), caption(constants::maxScale));
     const int visible = calc::visibleCounts(m_state.master_scale);
     return lines({ range, stepsPerTurn(constants::scaleDialSpeed),
-                   m_texts(QT_TRANSLATE_NOOP("Extras", "In view at this velocity factor: %1"))
+                   m_texts.text(QT_TRANSLATE_NOOP("Extras", "In view at this velocity factor: %1"))
                        .arg(distance(visible)) });
 }
 
@@ -205,8 +209,8 @@ QString Facts::ofCursor(int cursor) const
     const bool isA = cursor == MainWindow::CURSOR_A;
     const int level = isA ? m_state.cursor_A_pos_Y : m_state.cursor_B_pos_Y;
     const QString height = level == constants::noLevel || !m_state.isLoaded(m_state.rfg_ID)
-        ? m_texts(QT_TRANSLATE_NOOP("Extras", "No level here"))
-        : m_texts(QT_TRANSLATE_NOOP("Extras", "Level: %1")).arg(level);
+        ? m_texts.text(QT_TRANSLATE_NOOP("Extras", "No level here"))
+        : m_texts.text(QT_TRANSLATE_NOOP("Extras", "Level: %1")).arg(level);
     return lines({ distance(isA ? m_state.cursor_A_pos : m_state.cursor_B_pos), height });
 }
 

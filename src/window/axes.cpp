@@ -111,6 +111,7 @@ void MainWindow::setXAxis()
     Plot_View->invalidate();
     const calc::GridPlan plan = calc::planGrid({ axisMin(), axisMax() }, dist_coef, trueWidth);
     const int labelShift = axis_lbl[0].font().pixelSize() / 2;
+    const double viewRight = Plot_View->viewport()->width();
     const auto apply = [&](const calc::GridPlan::Line &planned, QGraphicsLineItem &line,
                            QGraphicsSimpleTextItem &label) {
         if (!planned.visible) {
@@ -120,6 +121,9 @@ void MainWindow::setXAxis()
         line.setX(planned.offset);
         label.setText(planned.text);
         label.setX(planned.offset + double{ plotLeft } - labelShift);
+        // Drawn left of its place as far as the view would cut it.
+        const double cut = label.x() + label.boundingRect().right() - viewRight;
+        label.setTransform(QTransform::fromTranslate(-std::max(0.0, cut), 0.0));
         line.show();
         label.show();
     };

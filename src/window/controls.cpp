@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -64,8 +65,8 @@ void MainWindow::createTraceAndMiscButtons()
     smooth_button = new QPushButton(centralWidget);
     reset_all_button = new QPushButton(centralWidget);
     legend_button = new QPushButton(centralWidget);
-    settings_button = new QPushButton(centralWidget);
-    difference_button = new QPushButton(centralWidget);
+    settings_button = new PictureButton(centralWidget);
+    difference_button = new PictureButton(centralWidget);
 }
 
 void MainWindow::createNavigation()
@@ -106,6 +107,8 @@ void MainWindow::createDialsAndDialogs()
     cur_wheel_action = new QAction(chartMenu);
     scale_wheel_action = new QAction(chartMenu);
     input_dialog = new QInputDialog(this);
+    // Numbers with a point and Latin digits, as everywhere in the window.
+    input_dialog->setLocale(QLocale::c());
     info_dialog = new QMessageBox(this);
 }
 

@@ -91,10 +91,15 @@ bool MainWindow::read_rfg_DATA(const QString &path, int id)
 void MainWindow::files_slot()
 {
     const QStringList chosen = QFileDialog::getOpenFileNames(
-        this, tr("Select RFG files to open"), settingsData->last_folder, tr("rfg (*.tdr)"));
-    if (chosen.isEmpty())
-        return;
-    const QStringList taken = chosen.mid(0, constants::slotCount);
+        this, tr("Select RFG files to open"), settingsData->last_folder, tr("rfg (*.tdr)"), nullptr,
+        QFileDialog::ReadOnly);
+    if (!chosen.isEmpty())
+        openFiles(chosen);
+}
+
+void MainWindow::openFiles(const QStringList &files)
+{
+    const QStringList taken = files.mid(0, constants::slotCount);
     rfg_read_index = 0;
     for (int slot = 0; slot < taken.size(); ++slot) {
         rfg_read_index = setbit(rfg_read_index, slot);
@@ -147,7 +152,8 @@ void MainWindow::loadAllTraces()
 void MainWindow::loadSingle_slot(int id)
 {
     const QString file = QFileDialog::getOpenFileName(this, tr("Select RFG file to open"),
-                                                      settingsData->last_folder, tr("rfg (*.tdr)"));
+                                                      settingsData->last_folder, tr("rfg (*.tdr)"),
+                                                      nullptr, QFileDialog::ReadOnly);
     if (file.isEmpty())
         return;
     settingsData->last_folder = QFileInfo(file).path();

@@ -24,6 +24,24 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr QRgb linkOnDark = 0xFF5ADCFF;
+
+/// Rich text takes the colour of links from the palette of the application. Its blue cannot be read
+/// on a dark \a ground.
+void adaptLinks(const QColor &ground)
+{
+    QPalette palette = QApplication::palette();
+    const QColor readable = ground.lightness() < 128 ? QColor::fromRgb(linkOnDark) : Qt::blue;
+    if (palette.color(QPalette::Link) == readable)
+        return;
+    palette.setColor(QPalette::Link, readable);
+    QApplication::setPalette(palette);
+}
+
+} // namespace
+
 // Only looks and passes on: every event also reaches the object it was meant for.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
@@ -88,9 +106,10 @@ void MainWindow::filterControls(QObject *watched, QEvent *event)
         break;
     }
     case QEvent::MouseButtonPress:
-        if (watched == logo_lbl)
+        if (watched == logo_lbl) {
+            adaptLinks(palette().color(QPalette::Window));
             QMessageBox::aboutQt(this, QLatin1String(""));
-        else if (static_cast<QMouseEvent *>(event)->buttons() == Qt::RightButton)
+        } else if (static_cast<QMouseEvent *>(event)->buttons() == Qt::RightButton)
             openEntryDialog(watched);
         break;
     default:
@@ -224,20 +243,20 @@ void MainWindow::plotWheel(const QWheelEvent *event)
     zoomAtCursor(master_scale + notch);
 }
 
-void MainWindow::cursorWheel(int notch)
+void MainWindow::cursorWheel(int notches)
 {
     int step = stepOf(rfg_ID);
     if (diff_flag == DIFF && masterExists())
         step = std::max(step, stepOf(rfg_master_ID));
     cursor_dial->trueValue
-        = calc::saturated(qint64{ cursor_dial->trueValue } + qint64{ notch } * step);
+        = calc::saturated(qint64{ cursor_dial->trueValue } + qint64{ notches } * step);
     cursorSetup_slot(cursor_dial->trueValue);
 }
 
-void MainWindow::paramWheel(int notch)
+void MainWindow::paramWheel(int notches)
 {
     const int step = checkedParameter() == H_OFFSET ? stepOf(rfg_ID) : 1;
-    const qint64 value = qint64{ param_dial->trueValue } + qint64{ notch } * step;
+    const qint64 value = qint64{ param_dial->trueValue } + qint64{ notches } * step;
     // Upper end first: with the ends the wrong way round, the lower one decides.
     const qint64 clamped = value > param_dial->trueMax ? param_dial->trueMax
         : value < param_dial->trueMin                  ? param_dial->trueMin

@@ -162,6 +162,8 @@ QGridLayout *MainWindow::parameterGrid()
     for (int row = 0; row < 2; ++row)
         for (int column = 0; column < 5; ++column)
             grid->addWidget(rows[row][column], row, column);
+    for (int column = 0; column < 5; ++column)
+        grid->setColumnStretch(column, 1);
     return grid;
 }
 

@@ -3,6 +3,7 @@
 #include "accessibility/accessibility.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
+#include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsmenu.h"
@@ -166,6 +167,33 @@ private slots:
         QVERIFY(frame()->isVisible());
         QTest::mousePress(QApplication::focusWidget(), Qt::LeftButton);
         QVERIFY(!frame()->isVisible());
+    }
+
+    void zoomingToTheLimitByMouseShowsNoFrame()
+    {
+        openAndAttach();
+        window().scale_change(1);
+        QTest::mouseClick(probe().scale_down_button(), Qt::LeftButton);
+        QVERIFY(!probe().scale_down_button()->isEnabled());
+        QVERIFY(!frame()->isVisible());
+        // By the wheel, after the keyboard went to the button.
+        window().scale_change(7);
+        probe().scale_down_button()->setFocus();
+        press(Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(probe().scale_up_button()));
+        QVERIFY(frame()->isVisible());
+        probe().scale_wheel_action()->trigger();
+        input::wheel(viewport(), 120);
+        QVERIFY(!probe().scale_up_button()->isEnabled());
+        QVERIFY(!frame()->isVisible());
+        // By the keyboard, the frame goes on with it.
+        window().scale_change(7);
+        probe().scale_down_button()->setFocus();
+        press(Qt::Key_Backtab);
+        press(Qt::Key_Space);
+        QVERIFY(!probe().scale_up_button()->isEnabled());
+        QVERIFY(frame()->isVisible());
+        QCOMPARE(frame()->geometry(), placeOf(QApplication::focusWidget()));
     }
 
     void aPressOfTheProgramsOwnLeavesTheFrame()

@@ -18,38 +18,50 @@
 
 namespace {
 
-/// A drag from another program. What it reports goes the toolkit's own way: through the native
-/// window, which finds the widget under the pointer that takes drops.
+/// A drag from another program. Its events go to the native window, which finds the widget under
+/// the pointer that takes drops.
 class Drag
 {
 public:
-    Drag(MainWindow &window, const QList<QUrl> &urls, Qt::DropActions actions = Qt::CopyAction)
+    Drag(const MainWindow &window, const QList<QUrl> &urls,
+         Qt::DropActions actions = Qt::CopyAction)
         : m_window(window.windowHandle())
+        , m_data(&m_urls)
         , m_actions(actions)
     {
-        m_data.setUrls(urls);
+        m_urls.setUrls(urls);
     }
 
-    /// What the pointer says after \a event, which happened at a place: a drop is possible or not.
+    Drag(const MainWindow &window, QMimeData &data)
+        : m_window(window.windowHandle())
+        , m_data(&data)
+        , m_actions(Qt::CopyAction)
+    {
+    }
+
+    /// True when a drop is possible at \a at, as the pointer shows it.
     bool enter(QPoint at)
     {
-        QDragEnterEvent event(at, m_actions, &m_data, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent event(at, m_actions, m_data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
-        // The system asks once more at the same place and shows what it hears then.
+        // The window system sends a move to the same place and shows the answer to that.
         return event.isAccepted() && move(at);
     }
 
     bool move(QPoint at)
     {
-        QDragMoveEvent event(at, m_actions, &m_data, Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent event(at, m_actions, m_data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
         m_action = event.dropAction();
         return event.isAccepted();
     }
 
+    /// Drops where a drop is possible; true when the files are taken.
     bool drop(QPoint at)
     {
-        QDropEvent event(at, m_actions, &m_data, Qt::LeftButton, Qt::NoModifier);
+        if (!enter(at))
+            return false;
+        QDropEvent event(at, m_actions, m_data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
         WindowFixture::settle();
         return event.isAccepted();
@@ -61,7 +73,7 @@ public:
         QCoreApplication::sendEvent(m_window, &event);
     }
 
-    /// What the other program was told last would be done with its files.
+    /// The action of the last move, as reported to the other program.
     Qt::DropAction action() const
     {
         return m_action;
@@ -69,7 +81,8 @@ public:
 
 private:
     QWindow *m_window;
-    QMimeData m_data;
+    QMimeData m_urls;
+    QMimeData *m_data;
     Qt::DropActions m_actions;
     Qt::DropAction m_action = Qt::IgnoreAction;
 };
@@ -97,7 +110,7 @@ QStringList makeTraces(const WindowFixture &fixture, int count)
     return paths;
 }
 
-/// What the window and its settings say of the files that are open.
+/// The state of the window and of the settings that name the open files.
 QStringList everythingOf(const WindowFixture &fixture)
 {
     QStringList lines = stateOf(fixture.window());
@@ -112,266 +125,274 @@ QStringList everythingOf(const WindowFixture &fixture)
 
 } // namespace
 
+/// Files that another program offers, counting the times that it is asked for them.
+class OfferedFiles : public QMimeData
+{
+public:
+    int asked = 0;
+
+    QStringList formats() const override
+    {
+        return { QStringLiteral("text/uri-list") };
+    }
+
+protected:
+    QVariant retrieveData(const QString &format, QVariant::Type type) const override
+    {
+        ++const_cast<OfferedFiles *>(this)->asked;
+        return QMimeData::retrieveData(format, type);
+    }
+};
+
 class TestExtrasDropping : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void filesReplaceTheSetAsTheFilesButtonDoes_data();
-    void filesReplaceTheSetAsTheFilesButtonDoes();
-    void oneFileOnASlotGoesThereAsByItsMenu_data();
-    void oneFileOnASlotGoesThereAsByItsMenu();
-    void everyPlaceOfTheWindowTakesFiles();
-    void severalFilesAreRefusedOnASlotAndTakenBesideIt();
-    void anythingElseIsRefusedWhileItIsDragged_data();
-    void anythingElseIsRefusedWhileItIsDragged();
-    void namesMayBeAnyhowWritten_data();
-    void namesMayBeAnyhowWritten();
-    void theOtherProgramIsNeverToldToDeleteItsFiles_data();
-    void theOtherProgramIsNeverToldToDeleteItsFiles();
-    void aFileThatGoesBeforeItIsDroppedIsRefused();
-    void nothingIsTakenWhileADialogIsOpen();
-    void withoutExtrasTheWindowTakesNothing();
+    void initTestCase()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
+
+    void filesFillTheEmptySlotsFromTheFirstOn()
+    {
+        WindowFixture fixture;
+        const QStringList files = makeTraces(fixture, 2);
+        MainWindow &window = openThree(fixture);
+        const MainWindowProbe &probe = fixture.probe();
+        window.remove_Selected_RFG(0);
+        QStringList open;
+        for (const int slot : { 1, 2 })
+            open.append(probe.rfg_DATA()[slot].full_path);
+        Drag drag(window, urlsOf(files));
+        QVERIFY(drag.drop(middleOf(probe.Plot_View())));
+        QCOMPARE(probe.rfg_read_index(), 15);
+        for (int slot = 0; slot < 4; ++slot)
+            QCOMPARE(probe.rfg_DATA()[slot].full_path,
+                     (QStringList{ files[0], open[0], open[1], files[1] })[slot]);
+        // Nothing else changes.
+        QCOMPARE(probe.rfg_ID(), 1);
+        QCOMPARE(probe.rfg_master_ID(), 1);
+        QCOMPARE(window.settings()->last_folder, QFileInfo(files.last()).path());
+    }
+
+    void theFirstFilesOfAnEmptyWindowAreSelected()
+    {
+        WindowFixture fixture;
+        const QStringList files = makeTraces(fixture, 2);
+        MainWindow &window = openThree(fixture);
+        for (const int slot : { 0, 1, 2 })
+            window.remove_Selected_RFG(slot);
+        QTest::mouseClick(fixture.probe().selected_rfg()[4], Qt::LeftButton);
+        Drag drag(window, urlsOf(files));
+        QVERIFY(drag.drop(middleOf(fixture.probe().Plot_View())));
+        QCOMPARE(fixture.probe().rfg_read_index(), 3);
+        QCOMPARE(fixture.probe().rfg_ID(), 0);
+        QCOMPARE(fixture.probe().rfg_master_ID(), 0);
+        QVERIFY(fixture.probe().selected_rfg()[0]->isChecked());
+    }
+
+    void moreFilesThanEmptySlotsReplaceTheSetAsTheFilesButtonDoes()
+    {
+        for (const int count : { 4, 6, 7 }) {
+            WindowFixture fixture;
+            const QStringList files = makeTraces(fixture, count);
+            openThree(fixture);
+            QVERIFY(chooseFiles(fixture, files));
+            const QStringList expected = everythingOf(fixture);
+            Drag drag(openThree(fixture), urlsOf(files));
+            QVERIFY(drag.drop(middleOf(fixture.probe().Plot_View())));
+            QCOMPARE(everythingOf(fixture), expected);
+            QCOMPARE(fixture.probe().rfg_DATA()[0].full_path, files.first());
+        }
+    }
+
+    void oneFileOnASlotGoesThereAsByItsMenu()
+    {
+        // A loaded one, the master's, an empty one.
+        for (const int slot : { 0, 1, 5 }) {
+            WindowFixture fixture;
+            const QStringList files = makeTraces(fixture, 1);
+            openThree(fixture);
+            QVERIFY(loadInto(fixture, slot, files.first()));
+            const QStringList expected = everythingOf(fixture);
+            Drag drag(openThree(fixture), urlsOf(files));
+            const QPoint button = middleOf(fixture.probe().selected_rfg()[slot]);
+            QVERIFY(drag.drop(button));
+            QCOMPARE(everythingOf(fixture), expected);
+            QCOMPARE(fixture.probe().rfg_DATA()[slot].full_path, files.first());
+        }
+    }
+
+    void severalFilesOnASlotCountAsDroppedOnTheWindow()
+    {
+        WindowFixture fixture;
+        const QStringList files = makeTraces(fixture, 2);
+        Drag drag(openThree(fixture), urlsOf(files));
+        QVERIFY(drag.drop(middleOf(fixture.probe().selected_rfg()[0])));
+        QCOMPARE(fixture.probe().rfg_read_index(), 31);
+        QCOMPARE(fixture.probe().rfg_DATA()[3].full_path, files.first());
+    }
+
+    void theSlotUnderTheFilesLightsUp()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const MainWindowProbe &probe = fixture.probe();
+        const QList<QUrl> files = urlsOf(makeTraces(fixture, 1));
+        for (LegendButton *slot : { probe.selected_rfg()[0], probe.selected_rfg()[5] }) {
+            const QPoint place = middleOf(slot);
+            const QImage dark = slot->grab().toImage();
+            const auto isLit = [&] { return slot->grab().toImage() != dark; };
+            Drag drag(window, files);
+            QVERIFY(drag.enter(place));
+            QVERIFY(isLit());
+            QVERIFY(drag.move(middleOf(probe.Plot_View())));
+            QVERIFY(!isLit());
+            QVERIFY(drag.move(place));
+            QVERIFY(isLit());
+            drag.leave();
+            QVERIFY(!isLit());
+            QVERIFY(drag.drop(place));
+            QCOMPARE(slot->styleSheet(), QString());
+            // What cannot be taken lights nothing up.
+            Drag refused(window, files, Qt::MoveAction);
+            QVERIFY(!refused.enter(place));
+            QCOMPARE(slot->styleSheet(), QString());
+        }
+    }
+
+    void everyPlaceOfTheWindowTakesFiles()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const MainWindowProbe &probe = fixture.probe();
+        const QWidget *const places[]
+            = { probe.logo_lbl(),        probe.curA_button(), probe.delta_lbl(),
+                probe.legend_button(),   probe.Plot_View(),   probe.settings_button(),
+                probe.scale_up_button(), probe.param_dial(),  probe.gain_button() };
+        Drag drag(window, urlsOf(makeTraces(fixture, 1)));
+        QVERIFY(drag.enter(QPoint(1, 1)));
+        for (const QWidget *place : places)
+            QVERIFY(drag.move(middleOf(place)));
+        QVERIFY(drag.drop(middleOf(places[8])));
+        QCOMPARE(probe.rfg_read_index(), 15);
+    }
+
+    void theFilesAreAskedForWhenTheyAreDropped()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        OfferedFiles files;
+        files.setUrls(urlsOf(makeTraces(fixture, 1)));
+        Drag drag(window, files);
+        const QPoint place = middleOf(fixture.probe().selected_rfg()[4]);
+        QVERIFY(drag.enter(place));
+        QVERIFY(drag.move(middleOf(fixture.probe().Plot_View())));
+        QCOMPARE(files.asked, 0);
+        QVERIFY(drag.drop(place));
+        QVERIFY(files.asked > 0);
+        QCOMPARE(fixture.probe().rfg_read_index(), 23);
+    }
+
+    void anythingButTraceFilesIsRefused()
+    {
+        WindowFixture fixture;
+        makeTraces(fixture, 1);
+        writeFile(fixture.path(QStringLiteral("notes.txt")), "notes");
+        writeFile(fixture.path(QStringLiteral("atdr")), "notes");
+        QVERIFY(QDir().mkdir(fixture.path(QStringLiteral("folder.tdr"))));
+        MainWindow &window = openThree(fixture);
+        const QStringList before = everythingOf(fixture);
+        const QPoint places[] = { middleOf(fixture.probe().Plot_View()),
+                                  middleOf(fixture.probe().selected_rfg()[2]) };
+        for (const QStringList &names :
+             { QStringList{ QStringLiteral("notes.txt") },
+               QStringList{ QStringLiteral("dropped0.tdr"), QStringLiteral("notes.txt") },
+               QStringList{ QStringLiteral("atdr") }, QStringList{ QStringLiteral("folder.tdr") },
+               QStringList{ QStringLiteral("gone.tdr") } }) {
+            QStringList paths;
+            for (const QString &name : names)
+                paths.append(fixture.path(name));
+            for (const QPoint place : places) {
+                Drag drag(window, urlsOf(paths));
+                QVERIFY(drag.enter(place));
+                QVERIFY2(!drag.drop(place), qPrintable(names.last()));
+            }
+        }
+        Drag elsewhere(window, { QUrl(QStringLiteral("https://example.org/a.tdr")) });
+        QVERIFY(!elsewhere.drop(places[0]));
+        QMimeData text;
+        text.setText(QStringLiteral("a.tdr"));
+        Drag noFiles(window, text);
+        QVERIFY(!noFiles.enter(places[0]));
+        QCOMPARE(everythingOf(fixture), before);
+    }
+
+    void fileNamesMayHoldAnyLetters()
+    {
+        for (const char *name : { "TRACE.TDR", "кабель №7.tdr", "a b%20.c.tdr" }) {
+            WindowFixture fixture;
+            const QString path = fixture.trace(QString::fromUtf8(name), TraceBuilder());
+            Drag drag(openThree(fixture), urlsOf({ path }));
+            QVERIFY(drag.drop(middleOf(fixture.probe().Plot_View())));
+            QCOMPARE(fixture.probe().rfg_DATA()[3].full_path, path);
+        }
+    }
+
+    void theOtherProgramIsNeverToldToDeleteItsFiles()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const QList<QUrl> files = urlsOf(makeTraces(fixture, 1));
+        const QPoint place = middleOf(fixture.probe().Plot_View());
+        const QPair<Qt::DropActions, Qt::DropAction> rows[]
+            = { { Qt::CopyAction, Qt::CopyAction },
+                { Qt::MoveAction | Qt::CopyAction, Qt::CopyAction },
+                { Qt::MoveAction | Qt::LinkAction, Qt::LinkAction },
+                { Qt::MoveAction, Qt::IgnoreAction } };
+        for (const auto &row : rows) {
+            Drag drag(window, files, row.first);
+            const bool isTaken = drag.enter(place);
+            QCOMPARE(isTaken, row.second != Qt::IgnoreAction);
+            QCOMPARE(isTaken ? drag.action() : Qt::IgnoreAction, row.second);
+            drag.leave();
+        }
+    }
+
+    void nothingIsTakenWhileADialogIsOpen()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const QPoint plot = middleOf(fixture.probe().Plot_View());
+        Drag drag(window, urlsOf(makeTraces(fixture, 1)));
+        bool taken = true;
+        const auto answer = answerDialog([&](QDialog &dialog) {
+            taken = drag.enter(plot);
+            cancelDialog(dialog);
+        });
+        QTest::mouseClick(fixture.probe().settings_button(), Qt::LeftButton);
+        QVERIFY(answer->served());
+        QVERIFY(!taken);
+        QCOMPARE(fixture.probe().rfg_read_index(), 7);
+        QVERIFY(drag.enter(plot));
+    }
+
+    void withoutExtrasTheWindowTakesNothing()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture, false);
+        QVERIFY(!window.acceptDrops());
+        Drag drag(window, urlsOf(makeTraces(fixture, 1)));
+        for (const QWidget *place : { static_cast<const QWidget *>(fixture.probe().Plot_View()),
+                                      static_cast<const QWidget *>(fixture.probe().delta_lbl()) }) {
+            QVERIFY(!drag.enter(middleOf(place)));
+            QVERIFY(!drag.move(middleOf(place)));
+            drag.leave();
+        }
+        QCOMPARE(fixture.probe().rfg_read_index(), 7);
+    }
 };
-
-void TestExtrasDropping::initTestCase()
-{
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-}
-
-void TestExtrasDropping::filesReplaceTheSetAsTheFilesButtonDoes_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::newRow("one") << 1;
-    QTest::newRow("two, fewer than before") << 2;
-    QTest::newRow("six") << 6;
-}
-
-void TestExtrasDropping::filesReplaceTheSetAsTheFilesButtonDoes()
-{
-    QFETCH(int, count);
-    WindowFixture fixture;
-    const QStringList files = makeTraces(fixture, count);
-    openThree(fixture);
-    QVERIFY(chooseFiles(fixture, files));
-    const QStringList expected = everythingOf(fixture);
-
-    MainWindow &window = openThree(fixture);
-    const QPoint plot = middleOf(fixture.probe().Plot_View());
-    Drag drag(window, urlsOf(files));
-    QVERIFY(drag.enter(plot));
-    QVERIFY(drag.drop(plot));
-    QCOMPARE(everythingOf(fixture), expected);
-    QCOMPARE(fixture.probe().rfg_read_index(), (1 << count) - 1);
-    QCOMPARE(fixture.probe().rfg_DATA()[count - 1].full_path, files.last());
-}
-
-void TestExtrasDropping::oneFileOnASlotGoesThereAsByItsMenu_data()
-{
-    QTest::addColumn<int>("slot");
-    QTest::newRow("a loaded one") << 0;
-    QTest::newRow("the master's") << 1;
-    QTest::newRow("an empty one") << 5;
-}
-
-void TestExtrasDropping::oneFileOnASlotGoesThereAsByItsMenu()
-{
-    QFETCH(int, slot);
-    WindowFixture fixture;
-    const QStringList files = makeTraces(fixture, 1);
-    openThree(fixture);
-    QVERIFY(loadInto(fixture, slot, files.first()));
-    const QStringList expected = everythingOf(fixture);
-
-    MainWindow &window = openThree(fixture);
-    const QPoint button = middleOf(fixture.probe().selected_rfg()[slot]);
-    Drag drag(window, urlsOf(files));
-    QVERIFY(drag.enter(QPoint(3, 3)));
-    QVERIFY(drag.move(button));
-    QVERIFY(drag.drop(button));
-    QCOMPARE(everythingOf(fixture), expected);
-    QCOMPARE(fixture.probe().rfg_DATA()[slot].full_path, files.first());
-    QCOMPARE(fixture.probe().rfg_read_index(), 7 | 1 << slot);
-}
-
-void TestExtrasDropping::everyPlaceOfTheWindowTakesFiles()
-{
-    WindowFixture fixture;
-    const QList<QUrl> files = urlsOf(makeTraces(fixture, 2));
-    MainWindow &window = openThree(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    const QWidget *const places[]
-        = { probe.logo_lbl(),        probe.curA_button(), probe.delta_lbl(),
-            probe.legend_button(),   probe.Plot_View(),   probe.settings_button(),
-            probe.scale_up_button(), probe.param_dial(),  probe.gain_button() };
-    Drag drag(window, files);
-    QVERIFY(drag.enter(QPoint(1, 1)));
-    for (const QWidget *place : places)
-        QVERIFY(drag.move(middleOf(place)));
-    drag.leave();
-    QCOMPARE(probe.rfg_read_index(), 7);
-    QVERIFY(drag.enter(middleOf(probe.gain_button())));
-    QVERIFY(drag.drop(middleOf(probe.gain_button())));
-    QCOMPARE(probe.rfg_read_index(), 3);
-}
-
-void TestExtrasDropping::severalFilesAreRefusedOnASlotAndTakenBesideIt()
-{
-    WindowFixture fixture;
-    const QList<QUrl> files = urlsOf(makeTraces(fixture, 2));
-    MainWindow &window = openThree(fixture);
-    const QPoint button = middleOf(fixture.probe().selected_rfg()[4]);
-    const QPoint plot = middleOf(fixture.probe().Plot_View());
-    const QStringList before = everythingOf(fixture);
-    Drag drag(window, files);
-    QVERIFY(!drag.enter(button));
-    QVERIFY(drag.move(plot));
-    QVERIFY(!drag.move(button));
-    QVERIFY(!drag.drop(button));
-    QCOMPARE(everythingOf(fixture), before);
-    QVERIFY(drag.enter(plot));
-    QVERIFY(drag.drop(plot));
-    QCOMPARE(fixture.probe().rfg_read_index(), 3);
-}
-
-void TestExtrasDropping::anythingElseIsRefusedWhileItIsDragged_data()
-{
-    QTest::addColumn<QStringList>("names");
-    const auto t = [](int count) {
-        QStringList names;
-        for (int i = 0; i < count; ++i)
-            names.append(QStringLiteral("dropped%1.tdr").arg(i));
-        return names;
-    };
-    QTest::newRow("nothing") << QStringList();
-    QTest::newRow("seven traces") << t(7);
-    QTest::newRow("a text") << QStringList{ QStringLiteral("notes.txt") };
-    QTest::newRow("a trace and a text") << t(1) + QStringList{ QStringLiteral("notes.txt") };
-    QTest::newRow("a name that only ends alike") << QStringList{ QStringLiteral("atdr") };
-    QTest::newRow("a folder") << QStringList{ QStringLiteral("folder.tdr") };
-    QTest::newRow("a file that is not there") << QStringList{ QStringLiteral("gone.tdr") };
-    QTest::newRow("a trace elsewhere")
-        << QStringList{ QStringLiteral("https://example.org/a.tdr") };
-}
-
-void TestExtrasDropping::anythingElseIsRefusedWhileItIsDragged()
-{
-    QFETCH(QStringList, names);
-    WindowFixture fixture;
-    makeTraces(fixture, 7);
-    writeFile(fixture.path(QStringLiteral("notes.txt")), "notes");
-    writeFile(fixture.path(QStringLiteral("atdr")), "notes");
-    QVERIFY(QDir().mkdir(fixture.path(QStringLiteral("folder.tdr"))));
-    MainWindow &window = openThree(fixture);
-    QList<QUrl> urls;
-    for (const QString &name : names)
-        urls.append(name.contains(QLatin1String("://")) ? QUrl(name)
-                                                        : QUrl::fromLocalFile(fixture.path(name)));
-    const QStringList before = everythingOf(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    Drag drag(window, urls);
-    for (const QWidget *place : { static_cast<const QWidget *>(probe.Plot_View()),
-                                  static_cast<const QWidget *>(probe.selected_rfg()[2]),
-                                  static_cast<const QWidget *>(probe.delta_lbl()) }) {
-        QVERIFY(!drag.enter(middleOf(place)));
-        QVERIFY(!drag.move(middleOf(place)));
-        QVERIFY(!drag.drop(middleOf(place)));
-        drag.leave();
-    }
-    QCOMPARE(everythingOf(fixture), before);
-}
-
-void TestExtrasDropping::namesMayBeAnyhowWritten_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("upper case") << QStringLiteral("TRACE.TDR");
-    QTest::newRow("Russian") << QString::fromUtf8("кабель №7.tdr");
-    QTest::newRow("blanks, dots and per cent") << QStringLiteral("a b%20.c.tdr");
-}
-
-void TestExtrasDropping::namesMayBeAnyhowWritten()
-{
-    QFETCH(QString, name);
-    WindowFixture fixture;
-    const QString path = fixture.trace(name, TraceBuilder().samples(33));
-    MainWindow &window = openThree(fixture);
-    const QPoint plot = middleOf(fixture.probe().Plot_View());
-    Drag drag(window, urlsOf({ path }));
-    QVERIFY(drag.enter(plot));
-    QVERIFY(drag.drop(plot));
-    QCOMPARE(fixture.probe().rfg_DATA()[0].full_path, path);
-    QCOMPARE(fixture.probe().rfg_read_index(), 1);
-}
-
-void TestExtrasDropping::theOtherProgramIsNeverToldToDeleteItsFiles_data()
-{
-    QTest::addColumn<int>("offered");
-    QTest::addColumn<int>("taken");
-    QTest::newRow("copy") << int(Qt::CopyAction) << int(Qt::CopyAction);
-    QTest::newRow("move or copy") << int(Qt::MoveAction | Qt::CopyAction) << int(Qt::CopyAction);
-    QTest::newRow("move or link") << int(Qt::MoveAction | Qt::LinkAction) << int(Qt::LinkAction);
-    QTest::newRow("move alone") << int(Qt::MoveAction) << int(Qt::IgnoreAction);
-}
-
-void TestExtrasDropping::theOtherProgramIsNeverToldToDeleteItsFiles()
-{
-    QFETCH(int, offered);
-    QFETCH(int, taken);
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    Drag drag(window, urlsOf(makeTraces(fixture, 1)), Qt::DropActions(offered));
-    const bool good = drag.enter(middleOf(fixture.probe().Plot_View()));
-    QCOMPARE(good, taken != Qt::IgnoreAction);
-    QCOMPARE(int(good ? drag.action() : Qt::IgnoreAction), taken);
-}
-
-void TestExtrasDropping::aFileThatGoesBeforeItIsDroppedIsRefused()
-{
-    WindowFixture fixture;
-    const QStringList files = makeTraces(fixture, 1);
-    MainWindow &window = openThree(fixture);
-    const QStringList before = everythingOf(fixture);
-    const QPoint plot = middleOf(fixture.probe().Plot_View());
-    Drag drag(window, urlsOf(files));
-    QVERIFY(drag.enter(plot));
-    QVERIFY(QFile::remove(files.first()));
-    QVERIFY(!drag.drop(plot));
-    QCOMPARE(everythingOf(fixture), before);
-}
-
-void TestExtrasDropping::nothingIsTakenWhileADialogIsOpen()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    const QPoint plot = middleOf(fixture.probe().Plot_View());
-    Drag drag(window, urlsOf(makeTraces(fixture, 1)));
-    bool taken = true;
-    const auto answer = answerDialog([&](QDialog &dialog) {
-        taken = drag.enter(plot) || drag.drop(plot);
-        cancelDialog(dialog);
-    });
-    QTest::mouseClick(fixture.probe().settings_button(), Qt::LeftButton);
-    QVERIFY(answer->served());
-    QVERIFY(!taken);
-    QCOMPARE(fixture.probe().rfg_read_index(), 7);
-    QVERIFY(drag.enter(plot));
-}
-
-void TestExtrasDropping::withoutExtrasTheWindowTakesNothing()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture, false);
-    QVERIFY(!window.acceptDrops());
-    Drag drag(window, urlsOf(makeTraces(fixture, 1)));
-    for (const QWidget *place : { static_cast<const QWidget *>(fixture.probe().Plot_View()),
-                                  static_cast<const QWidget *>(fixture.probe().delta_lbl()) }) {
-        QVERIFY(!drag.enter(middleOf(place)));
-        QVERIFY(!drag.move(middleOf(place)));
-        drag.leave();
-    }
-    QCOMPARE(fixture.probe().rfg_read_index(), 7);
-}
 
 QTEST_MAIN(TestExtrasDropping)
 #include "tst_extras_dropping.moc"

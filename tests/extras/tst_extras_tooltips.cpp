@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/catalogue.h"
 #include "cont_dial.h"
-#include "extras/texts.h"
 #include "extras/tooltips.h"
 #include "legendbutton.h"
 #include "parambutton.h"
@@ -291,9 +291,9 @@ void TestExtrasTooltips::factsSpeakTheLanguageOfTheWindow()
     settings.current_language = QStringLiteral("ru_RU");
     settings.setTranslation();
     QCOMPARE(ofEmptySlot(), line("В этой ячейке нет рефлектограммы"));
-    const extras::Texts russian(window);
+    const Catalogue russian(window.settings(), QLatin1String("Extras"));
     for (const char *source : sources) {
-        const QString text = russian(source);
+        const QString text = russian.text(source);
         QVERIFY2(text != QString::fromUtf8(source), source);
         QCOMPARE(text.count(QLatin1Char('%')), QString::fromUtf8(source).count(QLatin1Char('%')));
         QCOMPARE(text.count(QLatin1Char('\n')), QString::fromUtf8(source).count(QLatin1Char('\n')));
@@ -303,9 +303,9 @@ void TestExtrasTooltips::factsSpeakTheLanguageOfTheWindow()
     settings.current_language = QStringLiteral("en_US");
     settings.setTranslation();
     QCOMPARE(ofEmptySlot(), line("No trace in this slot"));
-    const extras::Texts english(window);
+    const Catalogue english(window.settings(), QLatin1String("Extras"));
     for (const char *source : sources)
-        QCOMPARE(english(source), QString::fromUtf8(source));
+        QCOMPARE(english.text(source), QString::fromUtf8(source));
     settings.current_language = QString(1000000, QLatin1Char('_'));
     QCOMPARE(ofEmptySlot(), line("No trace in this slot"));
     settings.current_language = QStringLiteral("en_US");

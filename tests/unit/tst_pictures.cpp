@@ -203,6 +203,33 @@ private slots:
         QVERIFY2(readable >= 15, qPrintable(QString::number(readable)));
     }
 
+    // The pixels of the window between two strokes, in a row that crosses the drawing.
+    void averageAndGainDoNotBlurWhenSmall()
+    {
+        struct Row
+        {
+            const char *name;
+            int y;
+            int gap;
+        };
+        for (const Row &row :
+             { Row{ "icons/rest_64/average", 3, 4 }, Row{ "icons/rest_64/gain", 8, 5 } }) {
+            const QImage seen = onWindow(picture(row.name));
+            int widest = 0;
+            int gap = -1; // none before the first stroke
+            for (int x = 0; x < smallestIcon; ++x) {
+                const double ink = contrast(seen.pixel(x, row.y), windowGrey);
+                if (ink >= shapeContrast) {
+                    widest = qMax(widest, gap);
+                    gap = 0;
+                } else if (gap >= 0 && ink < 1.25) {
+                    ++gap;
+                }
+            }
+            QVERIFY2(widest >= row.gap, row.name);
+        }
+    }
+
     void aDisabledLookIsTheSameDrawingWithoutColour_data()
     {
         QTest::addColumn<QByteArray>("enabled");

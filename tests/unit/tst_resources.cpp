@@ -62,8 +62,8 @@ private slots:
         QTest::newRow("data files") << "^:/data/data0[0-4]\\.bin$" << 5;
         QTest::newRow("pictures") << "^:/(icons|pix)/([^/]+_64/)?[^/]+\\.(png|ico)$" << 45;
         QTest::newRow("finer pictures") << "^:/sharp/(icons|pix)/([^/]+_64/)?[^/]+@2x\\.png$" << 35;
-        QTest::newRow("what is spoken") << "^:/spoken/[^/]+\\.qm$" << 2;
-        QTest::newRow("nothing else") << "^:/(?!sharp/|spoken/|extras/)" << 57;
+        QTest::newRow("what is spoken") << "^:/catalogues/Accessibility_[^/]+\\.qm$" << 2;
+        QTest::newRow("nothing else") << "^:/(?!sharp/|catalogues/)" << 57;
     }
 
     void theBundleHoldsEachKindInItsNumber()

@@ -63,7 +63,7 @@ QByteArray builtInSheet()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A button that can also be painted as the toolkit paints it.
+/// A button that can also be painted without the picture of its ground.
 class Button : public InterfaceButton
 {
 public:
@@ -72,8 +72,8 @@ public:
     {
     }
 
-    /// Whether it looks as the toolkit paints it, with new words each time: as soon as it has a
-    /// picture of its ground, too.
+    /// Whether it looks the same with and without the picture of its ground, with new words each
+    /// time.
     bool looksRight()
     {
         for (const char *words :
@@ -93,7 +93,7 @@ protected:
     void paintEvent(QPaintEvent *event) override
     {
         if (m_plain)
-            QPushButton::paintEvent(event);
+            PictureButton::paintEvent(event);
         else
             InterfaceButton::paintEvent(event);
     }
@@ -194,7 +194,7 @@ private slots:
             average.convertToFormat(QImage::Format_ARGB32));
     }
 
-    void itLooksAsTheToolkitPaintsIt_data()
+    void itLooksTheSameWithThePictureOfItsGround_data()
     {
         QTest::addColumn<QByteArray>("sheet");
         QTest::newRow("no sheet") << QByteArray();
@@ -210,7 +210,7 @@ private slots:
                                              "margin: 3px; color: blue; font: bold 14px; }");
     }
 
-    void itLooksAsTheToolkitPaintsIt()
+    void itLooksTheSameWithThePictureOfItsGround()
     {
         QFETCH(QByteArray, sheet);
         QWidget window;

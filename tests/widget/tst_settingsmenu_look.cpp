@@ -3,7 +3,9 @@
 #include "contrast.h"
 #include "settingsfixture.h"
 
+#include <QCheckBox>
 #include <QHash>
+#include <QStyleOption>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QtTest>
@@ -63,6 +65,41 @@ private slots:
                 QVERIFY(captionContrast(picture.copy(inside.translated(bar->pos()))) > 4.5);
             }
         }
+    }
+
+    void untickedBoxesStandOutFromTheirGround()
+    {
+        for (const char *sheet : { ":/style/style_2.qss", ":/style/style_1.qss" }) {
+            SettingsFixture f;
+            f.live.current_CSS_path = QLatin1String(sheet);
+            f.live.parse_CSS();
+            f.menu.setStyleSheet(f.live.current_CSS);
+            f.open();
+            const QCheckBox *box = f.menu.files_settings_check;
+            QVERIFY(!box->isChecked());
+            QStyleOptionButton option;
+            option.initFrom(box);
+            const QRect indicator
+                = box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box);
+            const QImage picture = f.menu.files_settings_check->grab().toImage();
+            const QRgb ground = picture.pixel(picture.width() - 1, 0);
+            for (const QPoint side : { QPoint(indicator.left(), indicator.center().y()),
+                                       QPoint(indicator.right(), indicator.center().y()),
+                                       QPoint(indicator.center().x(), indicator.top()),
+                                       QPoint(indicator.center().x(), indicator.bottom()) })
+                QVERIFY(contrast(picture.pixel(side), ground) >= 3.0);
+        }
+    }
+
+    void aSheetThatDrawsTheBoxesKeepsThem()
+    {
+        SettingsFixture f;
+        f.live.current_CSS = QStringLiteral(
+            "QCheckBox::indicator { width: 20px; height: 20px; background: rgb(1, 2, 3); }");
+        f.menu.setStyleSheet(f.live.current_CSS);
+        f.open();
+        const QImage picture = f.menu.files_settings_check->grab().toImage();
+        QCOMPARE(picture.pixel(0, picture.height() / 2), qRgb(1, 2, 3));
     }
 };
 

@@ -10,9 +10,15 @@
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QtTest>
+
+#include <functional>
 
 namespace {
 
@@ -45,6 +51,32 @@ private:
         });
         open();
         return texts;
+    }
+
+    /// Selects \a file in the list of \a dialog and presses F2 and Delete.
+    static QString problemAfterDeleting(QFileDialog &dialog, const QString &file)
+    {
+        dialog.setNameFilter(QStringLiteral("all (*)"));
+        dialog.setDirectory(QFileInfo(file).path());
+        const QString name = QFileInfo(file).fileName();
+        auto *list = dialog.findChild<QListView *>(QStringLiteral("listView"));
+        const auto isListed = [&] {
+            const QModelIndex folder = list->rootIndex();
+            for (int row = 0; row < list->model()->rowCount(folder); ++row)
+                if (list->model()->index(row, 0, folder).data().toString() == name)
+                    list->setCurrentIndex(list->model()->index(row, 0, folder));
+            return list->currentIndex().data().toString() == name;
+        };
+        if (!QTest::qWaitFor(isListed))
+            return QStringLiteral("not listed");
+        const auto confirm = answerDialog([](QDialog &question) {
+            static_cast<QMessageBox &>(question).button(QMessageBox::Yes)->click();
+        });
+        QTest::keyClick(list, Qt::Key_F2);
+        if (list->findChild<QLineEdit *>() != nullptr)
+            return QStringLiteral("can be renamed");
+        QTest::keyClick(list, Qt::Key_Delete);
+        return confirm->served() ? QStringLiteral("can be deleted") : QString();
     }
 
 private slots:
@@ -81,6 +113,30 @@ private slots:
         QVERIFY(answer->served());
         words.replaceInStrings(QStringLiteral("&"), QString());
         QCOMPARE(words, (QStringList{ QStringLiteral("Open"), QStringLiteral("Cancel") }));
+    }
+
+    /// F2 and Delete in Qt's own dialog would rename and delete the files that it lists.
+    void noOpeningDialogChangesAFile()
+    {
+        fixture->open();
+        const QString trace = fixture->trace(QStringLiteral("a.tdr"), TraceBuilder());
+        probe().settingsData()->last_folder = QFileInfo(trace).path();
+        const MainWindowProbe &p = probe();
+        const std::function<void()> openers[] = {
+            [&] { p.legend_button()->pressed(); },
+            [&] { p.selected_rfg()[0]->load_action->trigger(); },
+            [&] { p.settingsMenu()->load_settings_button->pressed(); },
+        };
+        for (const auto &open : openers) {
+            QString problem = QStringLiteral("no dialog");
+            const auto answer = answerDialog([&](QDialog &dialog) {
+                problem = problemAfterDeleting(static_cast<QFileDialog &>(dialog), trace);
+                dialog.reject();
+            });
+            open();
+            QCOMPARE(problem, QString());
+            QVERIFY(QFileInfo::exists(trace));
+        }
     }
 
     void anEntryDialogSpeaksTheLanguage()

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "contrast.h"
 #include "dialoganswer.h"
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
+#include "settingsdata.h"
 #include "windowtest.h"
 
 #include <QButtonGroup>
@@ -224,6 +226,32 @@ private slots:
         QTest::mousePress(probe().logo_lbl(), static_cast<Qt::MouseButton>(button));
         QVERIFY(answer->served());
         QVERIFY(isAbout);
+    }
+
+    void linksInTheAboutBoxCanBeReadOnEveryGround()
+    {
+        fixture->open();
+        for (const char *sheet : { "QWidget { background: rgb(64, 65, 66); color: white; }",
+                                   "QWidget { background: white; color: black; }" }) {
+            probe().settingsData()->current_CSS = QLatin1String(sheet);
+            window().set_CSS();
+            double best = 0.0;
+            int points = 0;
+            const auto answer = answerDialog([&](QDialog &dialog) {
+                const QColor link = QApplication::palette().color(QPalette::Link);
+                const QImage picture = dialog.grab().toImage();
+                for (int y = 0; y < picture.height(); ++y)
+                    for (int x = 0; x < picture.width(); ++x)
+                        points += picture.pixelColor(x, y) == link ? 1 : 0;
+                best = contrast(link.rgb(), picture.pixel(2, 2));
+                dialog.reject();
+            });
+            QTest::mousePress(probe().logo_lbl(), Qt::LeftButton);
+            QVERIFY(answer->served());
+            // The lines under the links.
+            QVERIFY(points > 20);
+            QVERIFY(best >= 4.5);
+        }
     }
 
     void everyEventReachesItsTarget()

@@ -4,6 +4,7 @@
 #include "datetime_lbl.h"
 #include "legendbutton.h"
 #include "parambutton.h"
+#include "settingsdata.h"
 #include "windowfixture.h"
 
 #include <QActionGroup>
@@ -193,6 +194,25 @@ private slots:
               { probe().V_offset_button(), probe().scale_button(), probe().pulse_amplitude_button(),
                 probe().gain_button(), probe().reserve_button() } });
         QCOMPARE(grid->spacing(), 0);
+    }
+
+    void theParameterColumnsAreEqualAtEverySizeInBothLanguages()
+    {
+        const auto *grid = static_cast<QGridLayout *>(inWindow(2)->itemAt(1)->layout());
+        for (const char *language : { "ru_RU", "en_US" }) {
+            probe().settingsData()->current_language = QLatin1String(language);
+            probe().settingsData()->setTranslation();
+            for (const QSize size : { QSize(2560, 1440), QSize(1280, 800), QSize(1000, 1000),
+                                      QSize(1200, 500), QSize(800, 500) }) {
+                fixture->window().resize(size);
+                WindowFixture::settle();
+                const int first = grid->cellRect(0, 0).width();
+                for (int column = 1; column < 5; ++column)
+                    QVERIFY(qAbs(grid->cellRect(0, column).width() - first) <= 1);
+                // The dials keep their share: 14 of 80.
+                QVERIFY(probe().param_dial()->width() > size.width() / 7);
+            }
+        }
     }
 
     void nineSunkenLinesSeparateTheColumns()

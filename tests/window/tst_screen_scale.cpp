@@ -166,7 +166,7 @@ private slots:
         QCOMPARE(buttons.size(), 23);
         for (const QAbstractButton *button : buttons) {
             const QPixmap icon
-                = qtcompat::pixmapOf(button->icon(), window().windowHandle(), button->iconSize());
+                = qtcompat::pixmapOf(button->icon(), *button, button->iconSize());
             QCOMPARE(icon.devicePixelRatioF(), wantedFactor());
             QCOMPARE(icon.size(), button->iconSize() * wantedFactor());
         }
