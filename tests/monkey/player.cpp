@@ -13,6 +13,7 @@
 #include "settingsdata.h"
 
 #include <QApplication>
+#include <QButtonGroup>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGraphicsView>
@@ -92,17 +93,24 @@ void Player::play(const Event &event)
 void Player::reset()
 {
     const Popups popups(m_choices, 0);
-    for (int slot = 0; slot < constants::slotCount; ++slot)
-        probe().selected_rfg()[slot]->clear_action->trigger();
+    // The master last: each time it is cleared, another trace becomes the master.
+    const int master = probe().rfg_master_ID();
+    for (int i = 1; i <= constants::slotCount; ++i)
+        probe().selected_rfg()[(master + i) % constants::slotCount]->clear_action->trigger();
     if (probe().smooth_button()->isChecked())
         input::click(probe().smooth_button());
     input::click(probe().reset_all_button());
+    input::click(probe().rfg_buttons()->button(0));
+    input::click(probe().H_offset_button());
+    input::click(probe().curA_button());
+    probe().cur_wheel_action()->trigger();
     SettingsData &settings = *probe().settingsData();
-    settings.current_language = constants::defaultLanguage;
-    settings.setTranslation();
+    if (settings.current_language != QLatin1String(constants::defaultLanguage)) {
+        settings.current_language = constants::defaultLanguage;
+        settings.setTranslation();
+    }
     window().showNormal();
     window().resize(constants::minWindowWidth, constants::minWindowHeight);
-    WindowFixture::settle();
 }
 
 QWidget *Player::plot() const

@@ -82,6 +82,7 @@ QStringList brokenInRounds(unsigned seed, int wanted)
         }
         watchdog.rest();
         player.reset();
+        WindowFixture::settle();
         const Footprint now = Footprint::taken();
         if (round < warmUpRounds)
             warmUp.append(now);
