@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
+#include <QRandomGenerator>
 
 #include <cstdio>
 #include <cstring>
@@ -15,6 +16,7 @@
 namespace {
 
 const QString seedsOption = QStringLiteral("seeds");
+const QString newSeedsOption = QStringLiteral("new-seeds");
 const QString eventsOption = QStringLiteral("events");
 const QString scriptOption = QStringLiteral("script");
 const QString roundsOption = QStringLiteral("rounds");
@@ -29,6 +31,7 @@ void parse(QCommandLineParser &parser, const QStringList &arguments)
     parser.addOptions({
         { seedsOption, QStringLiteral("Seeds to play."), QStringLiteral("A..B"),
           QStringLiteral("1..3") },
+        { newSeedsOption, QStringLiteral("Plays N new seeds instead."), QStringLiteral("N") },
         { eventsOption, QStringLiteral("Events per seed."), QStringLiteral("N"),
           QStringLiteral("1000") },
         { scriptOption, QStringLiteral("Plays this script instead."), QStringLiteral("FILE") },
@@ -59,7 +62,10 @@ int supervise(const QCommandLineParser &parser)
 {
     int first = 0;
     int last = 0;
-    if (!readRange(parser.value(seedsOption), first, last)) {
+    if (parser.isSet(newSeedsOption)) {
+        first = QRandomGenerator::global()->bounded(1 << 30);
+        last = first + parser.value(newSeedsOption).toInt() - 1;
+    } else if (!readRange(parser.value(seedsOption), first, last)) {
         std::fprintf(stderr, "the seeds are a number or two: 7 or 1..100\n");
         return 2;
     }
