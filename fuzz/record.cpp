@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
+#include "bytereader.h"
 #include "calc/axis_grid.h"
 #include "calc/cursor_level.h"
 #include "calc/readout.h"
@@ -8,7 +9,6 @@
 #include "calc/trace_points.h"
 #include "calc/view_range.h"
 #include "fuzzer.h"
-#include "input.h"
 #include "record_input.h"
 
 #include <cmath>
@@ -32,7 +32,7 @@ constexpr std::size_t recordCount = 2;
 /// What is done with the records, from the preamble.
 struct Gestures
 {
-    explicit Gestures(Input &input)
+    explicit Gestures(ByteReader &input)
         : way(input.byte())
         , exponent(input.number<qint8>())
         , dial(input.number<qint16>())
@@ -69,21 +69,22 @@ struct Gestures
 };
 
 // As a file is read: over what the slot held before.
-void readRecord(Input &input, bool longer, TDR_FILE_t &record)
+void readRecord(ByteReader &input, bool longer, TDR_FILE_t &record)
 {
     static const char tail[sizeof(TDR_FILE_t) + 1 - headBytes] = {};
     std::memcpy(&record, fuzz::goodHead(), headBytes);
-    std::size_t size = 0;
-    const char *head = input.take(headBytes, size);
+    const QByteArray head = input.take(headBytes);
+    const auto size = static_cast<std::size_t>(head.size());
     if (longer && size == headBytes) {
         static char file[sizeof(TDR_FILE_t) + 1];
-        std::memcpy(file, head, size);
+        std::memcpy(file, head.constData(), size);
         std::memcpy(file + size, tail, sizeof tail);
         calc::fillRecord(file, sizeof file, record);
     } else {
-        calc::fillRecord(head, static_cast<qint64>(size), record);
+        calc::fillRecord(head.constData(), head.size(), record);
     }
-    expect(std::memcmp(&record, head, size) == 0, "a record holds the bytes of its file");
+    expect(std::memcmp(&record, head.constData(), size) == 0,
+           "a record holds the bytes of its file");
 }
 
 calc::TraceRef traceOf(const TDR_FILE_t &record)
@@ -292,9 +293,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     static TDR_FILE_t record;
     static TDR_FILE_t masterRecord;
-    Input input(data, qMin(size, preambleBytes));
+    ByteReader input(data, qMin(size, preambleBytes));
     const Gestures gestures(input);
-    Input records(data + qMin(size, preambleBytes), size - qMin(size, preambleBytes));
+    ByteReader records(data + qMin(size, preambleBytes), size - qMin(size, preambleBytes));
     readRecord(records, gestures.longer(), record);
     readRecord(records, gestures.longer(), masterRecord);
 

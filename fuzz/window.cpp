@@ -1,306 +1,138 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "bytereader.h"
 #include "calc/tdr_record.h"
-#include "cont_dial.h"
 #include "fuzzer.h"
-#include "hand.h"
-#include "legendbutton.h"
-#include "mainwindowprobe.h"
-#include "parambutton.h"
+#include "invariants.h"
+#include "player.h"
 #include "record_input.h"
 #include "settingsdata.h"
-#include "window_checks.h"
-#include "window_input.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QButtonGroup>
-#include <QGraphicsView>
-#include <QPushButton>
+#include <QTemporaryDir>
 
-#include <iterator>
 #include <memory>
 
 /// \file
-/// One to six records into a whole window without a screen, through what its user does with them.
-/// After each thing the window is asked whether it is in order.
+/// One to six records, loaded into an offscreen window as from the settings of a previous run, and
+/// some events of the simulated user. The invariants must hold after each.
 
 namespace {
+
+using fuzz::headBytes;
+using Protocol_VX840::TDR_FILE_t;
+
+constexpr int eventCount = 6;
+constexpr std::size_t bytesPerEvent = 6;
+constexpr std::size_t preambleBytes = 3 + eventCount * bytesPerEvent;
+constexpr int slotCount = constants::slotCount;
+
+/// The kinds of events that take no longer than a repaint. The monkey plays the others.
+constexpr Event::Kind kinds[]
+    = { Event::Button,     Event::SlotAction,  Event::Drag,      Event::Button,
+        Event::SlotAction, Event::WheelOnPlot, Event::TurnDial,  Event::Drop,
+        Event::Button,     Event::DialKey,     Event::ChartMenu, Event::Language };
+
+/// The bytes of an input.
+struct WindowInput
+{
+    WindowInput(const std::uint8_t *data, std::size_t size)
+    {
+        ByteReader reader(data, size);
+        shortFiles = (reader.byte() & 1) != 0;
+        emptySlots = reader.byte();
+        master = reader.number<qint8>();
+        for (int i = 0; i < eventCount; ++i) {
+            // Half of the kinds do nothing: few events find more in an hour than many.
+            const std::uint8_t kind = reader.byte();
+            Event event;
+            event.kind = kind < 128 ? pick(kinds, kind) : Event::KindCount;
+            for (int &number : event.numbers)
+                number = reader.byte() * Event::bound / 256;
+            event.answer = reader.byte();
+            if (event.kind != Event::KindCount)
+                script.append(event);
+        }
+        do {
+            heads.append(reader.take(headBytes));
+        } while (reader.left() > 0 && heads.size() < slotCount);
+    }
+
+    bool shortFiles = false; ///< the files end with the last byte that is interpreted
+    int emptySlots = 0; ///< slots that stay empty although there is a file
+    qint8 master = 0; ///< as in the settings, -128..127
+    Script script;
+    QVector<QByteArray> heads;
+};
 
 class Subject
 {
 public:
-    Subject()
-        : m_window(std::make_unique<MainWindow>())
-        , m_probe(*m_window)
+    void run(const WindowInput &input)
     {
-        m_window->show();
-        m_window->resize(constants::minWindowWidth, constants::minWindowHeight);
-        fuzz::settle();
+        begin();
+        load(input);
+        check();
+        WindowFixture::settle();
+        for (const Event &event : input.script) {
+            m_player.play(event);
+            check();
+        }
+        WindowFixture::settle();
     }
-
-    void run(const fuzz::WindowInput &input);
 
 private:
-    struct Deed
+    void begin();
+    void load(const WindowInput &input);
+
+    void check() const
     {
-        void (Subject::*act)(int with);
-    };
-    static const Deed deeds[];
-
-    void begin(const fuzz::WindowInput &input);
-    void load(const fuzz::WindowInput &input);
-    void speak(bool russian);
-    void check() const;
-    void paint();
-
-    void selectTrace(int with);
-    void makeMaster(int with);
-    void toggleVisibility(int with);
-    void clearTrace(int with);
-    void resetTrace(int with);
-    void loadOne(int with);
-    void difference(int with);
-    void smooth(int with);
-    void zoom(int with);
-    void zoomTo(int with);
-    void scroll(int with);
-    void chooseCursor(int with);
-    void dragCursor(int with);
-    void pan(int with);
-    void wheel(int with);
-    void chooseParameter(int with);
-    void turnParameter(int with);
-    void turnCursor(int with);
-    void switchLanguage(int with);
-    void resetAll(int with);
-
-    std::unique_ptr<MainWindow> m_window;
-    MainWindowProbe m_probe;
-    fuzz::TraceFolder m_folder;
-    bool m_sweeps = false;
-};
-
-const Subject::Deed Subject::deeds[] = {
-    { &Subject::selectTrace },     { &Subject::makeMaster },    { &Subject::toggleVisibility },
-    { &Subject::clearTrace },      { &Subject::resetTrace },    { &Subject::loadOne },
-    { &Subject::difference },      { &Subject::smooth },        { &Subject::zoom },
-    { &Subject::zoomTo },          { &Subject::scroll },        { &Subject::chooseCursor },
-    { &Subject::dragCursor },      { &Subject::pan },           { &Subject::wheel },
-    { &Subject::chooseParameter }, { &Subject::turnParameter }, { &Subject::turnCursor },
-    { &Subject::switchLanguage },  { &Subject::resetAll },
-};
-
-// As the menu would, which offers no more than it may.
-void choose(QAction *action)
-{
-    if (action->isEnabled())
-        action->trigger();
-}
-
-void Subject::check() const
-{
-    fuzz::checkWindow(m_probe);
-}
-
-void Subject::paint()
-{
-    m_probe.Plot_View()->viewport()->repaint();
-}
-
-void Subject::run(const fuzz::WindowInput &input)
-{
-    m_sweeps = input.sweeps;
-    begin(input);
-    load(input);
-    check();
-    paint();
-    for (const fuzz::Step &step : input.steps) {
-        // Half of the kinds do nothing: few steps well mixed find more in an hour than many.
-        if (step.kind >= 128)
-            continue;
-        (this->*deeds[step.kind % std::size(deeds)].act)(step.with);
-        check();
+        const QStringList broken = brokenInvariants(m_player.window());
+        if (!broken.isEmpty())
+            fuzz::fail(qPrintable(broken.first()));
     }
-    fuzz::settle();
-}
 
-// The window as it was, so that an input does the same whatever came before it. Six good records
-// lie in the slots, put there by hand: loaded, they would take as long as those of the input.
-void Subject::begin(const fuzz::WindowInput &input)
+    Player m_player;
+    QTemporaryDir m_folder{ fuzz::folderTemplate() };
+};
+
+// Sets the window back, so that an input does the same alone as after others. The slots get good
+// records directly: to load them would take as long as the input itself.
+void Subject::begin()
 {
-    m_probe.rfg_read_index() = 0;
-    for (rfg_SHOWN &trace : m_probe.rfg_DATA()) {
-        calc::fillRecord(reinterpret_cast<const char *>(fuzz::goodHead()), fuzz::headBytes,
+    m_player.reset();
+    m_player.window().KU_change(double{ constants::startKU });
+    const MainWindowProbe &probe = m_player.probe();
+    probe.cursor_A_pos() = 0;
+    probe.cursor_B_pos() = 0;
+    for (rfg_SHOWN &trace : probe.rfg_DATA()) {
+        calc::fillRecord(reinterpret_cast<const char *>(fuzz::goodHead()), headBytes,
                          trace.f_p_840);
         trace.scroll = 0;
         trace.offset = 0;
     }
-    m_probe.master_params() = {};
-    m_probe.zoom_wheel_flag() = false;
-    m_probe.cursor_A_pos() = 0;
-    m_probe.cursor_B_pos() = 0;
-    // No slot is loaded, so that neither draws.
-    m_probe.difference_button()->setChecked(false);
-    m_probe.smooth_button()->setChecked(false);
-    m_probe.H_offset_button()->setChecked(true);
-    m_probe.curA_button()->setChecked(true);
-    m_probe.scale_up_button()->setEnabled(true);
-    m_probe.scale_down_button()->setEnabled(true);
-    speak(input.russian);
 }
 
-void Subject::load(const fuzz::WindowInput &input)
+void Subject::load(const WindowInput &input)
 {
-    m_folder.fill(input.heads, input.shortFiles);
-    SettingsData &settings = *m_window->settings();
+    SettingsData &settings = *m_player.window().settings();
     settings.read_index = 0;
+    QStringList paths;
     for (int slot = 0; slot < input.heads.size(); ++slot) {
-        settings.current_files[slot] = m_folder.file(slot);
-        if (!checkbit(input.sparse, slot))
+        QByteArray bytes = input.heads[slot];
+        // A truncated head stays truncated.
+        if (!input.shortFiles && bytes.size() == static_cast<int>(headBytes))
+            bytes.append(QByteArray(static_cast<int>(sizeof(TDR_FILE_t) - headBytes), 0));
+        paths.append(m_folder.filePath(QStringLiteral("%1.tdr").arg(slot)));
+        fuzz::writeFile(paths[slot], bytes);
+        settings.current_files[slot] = paths[slot];
+        if (!checkbit(input.emptySlots, slot))
             settings.read_index = setbit(settings.read_index, slot);
     }
-    settings.master_ID = static_cast<signed char>(input.master);
+    settings.master_ID = input.master;
     settings.updateSettings(1); // the open files alone
+    m_player.chooseFrom(paths);
 }
-
-void Subject::speak(bool russian)
-{
-    SettingsData &settings = *m_window->settings();
-    const QString code = russian ? QStringLiteral("ru_RU") : QStringLiteral("en_US");
-    if (settings.current_language == code)
-        return;
-    settings.current_language = code;
-    settings.setTranslation();
-}
-
-void Subject::selectTrace(int with)
-{
-    hand::click(m_probe.rfg_buttons()->button(with % constants::slotCount));
-}
-
-void Subject::makeMaster(int with)
-{
-    choose(m_probe.selected_rfg()[with % constants::slotCount]->master_action);
-}
-
-void Subject::toggleVisibility(int with)
-{
-    choose(m_probe.selected_rfg()[with % constants::slotCount]->visible_action);
-}
-
-void Subject::clearTrace(int with)
-{
-    choose(m_probe.selected_rfg()[with % constants::slotCount]->clear_action);
-}
-
-void Subject::resetTrace(int with)
-{
-    choose(m_probe.selected_rfg()[with % constants::slotCount]->reset_action);
-}
-
-void Subject::loadOne(int with)
-{
-    m_window->add_Selected_RFG(m_folder.file(with / constants::slotCount),
-                               with % constants::slotCount);
-    paint();
-}
-
-void Subject::difference(int)
-{
-    hand::click(m_probe.difference_button());
-    paint();
-}
-
-void Subject::smooth(int)
-{
-    hand::click(m_probe.smooth_button());
-    paint();
-}
-
-void Subject::zoom(int with)
-{
-    hand::click(with % 2 == 0 ? m_probe.scale_up_button() : m_probe.scale_down_button());
-}
-
-void Subject::zoomTo(int with)
-{
-    m_window->scale_change(with % 9);
-    paint();
-    // Through all nine takes as long as three loads, so few of those that want it get it.
-    if (with < 240 || !m_sweeps)
-        return;
-    for (int exponent = constants::minScale; exponent <= constants::maxScale; ++exponent) {
-        m_window->scale_change(exponent);
-        check();
-    }
-}
-
-void Subject::scroll(int with)
-{
-    QPushButton *button
-        = with % 2 == 0 ? m_probe.scroll_right_button() : m_probe.scroll_left_button();
-    for (int i = 0; i <= with / 64; ++i)
-        hand::click(button);
-}
-
-void Subject::chooseCursor(int with)
-{
-    hand::click(with % 2 == 0 ? m_probe.curA_button() : m_probe.curB_button());
-}
-
-void Subject::dragCursor(int with)
-{
-    QWidget *plot = m_probe.Plot_View()->viewport();
-    const QPoint from(plot->width() * (with % 16) / 15, plot->height() / 2);
-    const QPoint to(plot->width() * (with / 16) / 15, plot->height() / 3);
-    hand::drag(plot, from, to, Qt::LeftButton, 5);
-    paint();
-}
-
-void Subject::pan(int with)
-{
-    QWidget *plot = m_probe.Plot_View()->viewport();
-    const QPoint middle = plot->rect().center();
-    hand::drag(plot, middle, middle + QPoint(with - 128, 0), Qt::MiddleButton, 2);
-    paint();
-}
-
-void Subject::wheel(int with)
-{
-    m_probe.zoom_wheel_flag() = with >= 128;
-    hand::turnWheel(m_probe.Plot_View()->viewport(), with % 16 - 8);
-}
-
-void Subject::chooseParameter(int with)
-{
-    QAbstractButton *const buttons[] = { m_probe.KU_button(), m_probe.V_offset_button(),
-                                         m_probe.H_offset_button(), m_probe.scale_button() };
-    hand::click(buttons[with % 4]);
-}
-
-void Subject::turnParameter(int with)
-{
-    hand::turnDial(m_probe.param_dial(), 90, 3.0 * (with - 128), 3);
-}
-
-void Subject::turnCursor(int with)
-{
-    hand::turnDial(m_probe.cursor_dial(), 90, 3.0 * (with - 128), 3);
-    hand::turnWheel(m_probe.cursor_dial(), with % 16 - 8);
-}
-
-void Subject::switchLanguage(int)
-{
-    speak(m_window->settings()->current_language == QLatin1String("en_US"));
-}
-
-void Subject::resetAll(int)
-{
-    hand::click(m_probe.reset_all_button());
-}
-
-Subject *subject = nullptr;
 
 } // namespace
 
@@ -308,7 +140,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     fuzz::silenceLog();
     fuzz::runOffscreen();
-    // Neither is ever deleted: a fuzzer ends wherever it is, and the toolkit is gone by then.
+    // Never deleted: a fuzzer ends anywhere, and Qt's globals are gone by then.
     new QApplication(*argc, *argv);
     return 0;
 }
@@ -316,19 +148,19 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size,
                                                std::size_t limit, unsigned seed)
 {
-    return fuzz::mutateRecords(data, size, limit, fuzz::windowPreamble, fuzz::windowRecords, seed);
+    return fuzz::mutateRecords(data, size, limit, preambleBytes, slotCount, seed);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    // A window lasts for fifty inputs: making one takes as long as two of them. Each begins with
-    // the window set back, so that it does the same alone as after others.
+    // A new window takes as long as two inputs, so each serves fifty.
     constexpr int inputsPerWindow = 50;
+    static std::unique_ptr<Subject> *subject = new std::unique_ptr<Subject>;
     static int inputs = 0;
     if (inputs++ % inputsPerWindow == 0) {
-        delete subject;
-        subject = new Subject;
+        subject->reset();
+        *subject = std::make_unique<Subject>();
     }
-    subject->run(fuzz::WindowInput(data, size));
+    (*subject)->run(WindowInput(data, size));
     return 0;
 }

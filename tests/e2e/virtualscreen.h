@@ -13,9 +13,8 @@
 
 #include <functional>
 
-/// A screen in memory with a window manager on it, and the hand that moves mouse and keys there:
-/// the programs under test see nothing of this process. Ends the test program when a screen cannot
-/// be had, because nothing could be tested then.
+/// An X server in memory with a window manager, and mouse and keys for it. Ends the test program if
+/// either does not start.
 class VirtualScreen
 {
 public:
@@ -25,16 +24,16 @@ public:
     ~VirtualScreen();
     Q_DISABLE_COPY(VirtualScreen)
 
-    /// Leaves word of the scale that the user chose, where desktops do.
+    /// Sets the scale of the screen in the resource that desktops use for it.
     void setScale(double factor) const;
 
     /// Environment for programs that are to open on this screen.
     QProcessEnvironment environment() const;
 
     /// Waits for a visible window whose name matches the regular expression \a name; its inside on
-    /// the screen, or an empty rectangle after ten seconds.
+    /// the screen, or an empty rectangle after a minute.
     QRect waitForWindow(const QString &name) const;
-    /// Waits until no visible window matches \a name; false after ten seconds.
+    /// Waits until no visible window matches \a name; false after a minute.
     bool waitUntilGone(const QString &name) const;
     /// Asks the window manager to close the window, as a click on its cross does.
     void closeWindow(const QString &name) const;
@@ -51,7 +50,7 @@ public:
 
     /// What the screen shows now.
     QImage picture() const;
-    /// Looks at the screen until \a looksRight says so; false after ten seconds.
+    /// Looks at the screen until \a looksRight says so; false after a minute.
     bool waitUntil(const std::function<bool(const QImage &)> &looksRight) const;
 
 private:

@@ -4,8 +4,8 @@
 
 #include "base/constants.h"
 #include "base/program_files.h"
-#include "dice.h"
 #include "mainwindow.h"
+#include "randomsource.h"
 #include "room.h"
 #include "settingsdata.h"
 
@@ -61,7 +61,7 @@ class SavingWindow
 {
 public:
     explicit SavingWindow(unsigned seed)
-        : m_dice(seed)
+        : m_random(seed)
     {
         m_window.show();
         QCoreApplication::processEvents();
@@ -81,7 +81,7 @@ public:
         const QByteArray former = contentOf(m_file);
         const QByteArray wanted = newSettings();
         const pid_t copy = closingCopy();
-        std::this_thread::sleep_for(std::chrono::microseconds(m_dice.below(m_longest)));
+        std::this_thread::sleep_for(std::chrono::microseconds(m_random.below(m_longest)));
         ::kill(copy, SIGKILL);
         int status = 0;
         waitpid(copy, &status, 0);
@@ -133,7 +133,7 @@ private:
         return contentOf(elsewhere);
     }
 
-    Dice m_dice;
+    RandomSource m_random;
     QTemporaryDir m_folder;
     const QString m_file = program_files::settingsFile();
     MainWindow m_window;
@@ -201,7 +201,7 @@ bool killClosingPrograms(int kills, unsigned seed)
     first.waitForFinished();
     int longest = 2 * micros(clock);
     const QByteArray wanted = room.settings();
-    Dice dice(seed);
+    RandomSource random(seed);
     int old = 0;
     int finished = 0;
     bool well = true;
@@ -209,7 +209,7 @@ bool killClosingPrograms(int kills, unsigned seed)
         room.tidy();
         QProcess viewer;
         const bool closing = startUntilItCloses(room, viewer);
-        std::this_thread::sleep_for(std::chrono::microseconds(dice.below(longest)));
+        std::this_thread::sleep_for(std::chrono::microseconds(random.below(longest)));
         ::kill(static_cast<pid_t>(viewer.processId()), SIGKILL);
         viewer.waitForFinished();
         const bool done = viewer.exitStatus() == QProcess::NormalExit;

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QRandomGenerator>
 
 #include <cstdio>
 
@@ -34,13 +35,17 @@ int main(int argc, char **argv)
                                    QStringLiteral("Lets every N-th call of a run fail, each in a "
                                                   "run of its own."),
                                    QStringLiteral("N"));
-    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Of the moments."),
+    const QCommandLineOption seed(QStringLiteral("seed"),
+                                  QStringLiteral("Of the moments; 0 for a new one."),
                                   QStringLiteral("N"), QStringLiteral("1"));
     parser.addOptions({ kills, programKills, every, seed });
     parser.process(application);
     const auto number
         = [&parser](const QCommandLineOption &option) { return parser.value(option).toInt(); };
-    const auto moments = static_cast<unsigned>(number(seed));
+    const auto moments = parser.value(seed) == QLatin1String("0")
+        ? QRandomGenerator::global()->generate()
+        : static_cast<unsigned>(number(seed));
+    std::printf("seed %u\n", moments);
     bool well = true;
     if (parser.isSet(kills))
         well = killSavingWindows(number(kills), moments) && well;

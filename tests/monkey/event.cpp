@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "event.h"
 
-#include "dice.h"
+#include "randomsource.h"
 
 #include <QList>
 
@@ -10,12 +10,10 @@
 
 namespace {
 
-constexpr int numberBound = 1000;
-
 struct KindInfo
 {
     const char *name;
-    int weight; ///< how often, of a thousand; what takes long comes seldom
+    int weight; ///< thousandths; slow events are rare
 };
 
 // In the order of the enumeration.
@@ -39,9 +37,9 @@ constexpr int sumOfWeights()
 }
 static_assert(sumOfWeights() == 1000, "weights are thousandths");
 
-Event::Kind dealtKind(Dice &dice)
+Event::Kind randomKind(RandomSource &random)
 {
-    int rest = dice.below(sumOfWeights());
+    int rest = random.below(sumOfWeights());
     int kind = 0;
     while (rest >= kinds[kind].weight)
         rest -= kinds[kind++].weight;
@@ -61,7 +59,7 @@ bool readEvent(const QByteArray &line, Event &event)
     for (int i = 0; known && i < static_cast<int>(event.numbers.size()); ++i) {
         int &number = event.numbers[static_cast<std::size_t>(i)];
         number = words.at(i + 1).toInt(&known);
-        known = known && number >= 0 && number < numberBound;
+        known = known && number >= 0 && number < Event::bound;
     }
     if (known)
         event.answer = words.last().toUInt(&known);
@@ -83,17 +81,17 @@ QByteArray lineOf(const Event &event)
     return line + ' ' + QByteArray::number(event.answer);
 }
 
-Script dealtScript(unsigned seed, int length)
+Script randomScript(unsigned seed, int length)
 {
-    Dice dice(seed);
+    RandomSource random(seed);
     Script script;
     script.reserve(length);
     for (int i = 0; i < length; ++i) {
         Event event;
-        event.kind = dealtKind(dice);
+        event.kind = randomKind(random);
         for (int &number : event.numbers)
-            number = dice.below(numberBound);
-        event.answer = static_cast<unsigned>(dice.below(1 << 30));
+            number = random.below(Event::bound);
+        event.answer = static_cast<unsigned>(random.below(1 << 30));
         script.append(event);
     }
     return script;

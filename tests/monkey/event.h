@@ -7,10 +7,11 @@
 #include <QVector>
 
 #include <array>
+#include <iterator>
 
-/// One thing that a monkey does at the window. It says the same whatever happened before it, so
-/// that a script stays playable when events are taken out of it: numbers are shares of what is
-/// there when it is played.
+/// One thing that a user does at the window. Its numbers select from what exists when it is
+/// played, so it can be played whatever came before it, and a script stays playable when events are
+/// removed from it.
 struct Event
 {
     enum Kind {
@@ -24,29 +25,37 @@ struct Event
         WheelAnywhere, ///< x, y, turn
         TurnDial, ///< which, start, degrees, moves
         DialKey, ///< which, key
-        Key, ///< to the focus: key, modifier, for a control or for what is attached to the window
+        Key, ///< to the focus: key, modifier, for a control or for the extras
         Focus, ///< which of the widgets that take it
-        Button, ///< which of the buttons that can be pressed
+        Button, ///< which of the enabled buttons
         ChartMenu, ///< x, y; the answer chooses
         SlotMenu, ///< slot; the answer chooses
         SlotAction, ///< slot, action
         Entry, ///< which of the six numbers; the answer types
         Files, ///< the answer chooses
-        Settings, ///< the answer does what it likes in the dialog
+        Settings, ///< the answer operates the dialog
         Resize, ///< width, height
-        WindowState, ///< normal, maximised, minimised, full screen, hidden
+        WindowState, ///< normal, maximised, minimised, full screen
         Drop, ///< x, y, first file, how many
         Language, ///< which
         Style, ///< which sheet
         Pointer, ///< enters or leaves: x, y
-        Settle, ///< all that waits happens now, repaints included
+        Settle, ///< runs pending events, repaints included
         Reopen, ///< closes the window and opens it again
         KindCount
     };
 
+    /// Numbers are 0 to \c bound - 1.
+    static constexpr int bound = 1000;
+
     Kind kind = Settle;
-    std::array<int, 4> numbers = {}; ///< 0 to 999 each
-    unsigned answer = 0; ///< seed of what is done to dialogs and menus that come up
+    std::array<int, 4> numbers = {};
+    unsigned answer = 0; ///< seed of what is done to dialogs and menus that open
+
+    int operator[](std::size_t place) const
+    {
+        return numbers[place];
+    }
 
     bool operator==(const Event &other) const
     {
@@ -56,25 +65,36 @@ struct Event
 
 using Script = QVector<Event>;
 
-/// How many events \a script has, in the plain numbers that events are counted in.
+/// The number of events as int, which Qt 6 would need a cast for.
 inline int lengthOf(const Script &script)
 {
     return static_cast<int>(script.size());
 }
 
-/// The name of \a kind as it stands in a script.
+/// The one of \a choices that the number of an event selects.
+template <typename List> auto pick(const List &choices, int number)
+{
+    return choices[number % static_cast<int>(std::size(choices))];
+}
+
+/// \a number of an event, scaled to 0 .. \a count - 1.
+inline int scaled(int number, int count)
+{
+    return number * count / Event::bound;
+}
+
+/// The name of \a kind in a script.
 QByteArray nameOf(Event::Kind kind);
 
 /// "drag 12 500 900 500 4711"
 QByteArray lineOf(const Event &event);
 
-/// The script of \a seed: \a length events, the same on every machine. A longer script of the same
+/// \a length random events from \a seed, the same on every machine. A longer script of the same
 /// seed begins with the shorter one.
-Script dealtScript(unsigned seed, int length);
+Script randomScript(unsigned seed, int length);
 
 /// Reads a script from \a text, one event a line; empty lines and those that begin with # are
-/// left out. \a error takes what is wrong with the first line that cannot be read, and the result
-/// is empty then.
+/// skipped. On a line that is no event, \a error says which, and the result is empty.
 Script parsedScript(const QByteArray &text, QString *error);
 
 /// \a script as text, after \a comment, which may have several lines.

@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QButtonGroup>
+#include <QDebug>
 #include <QLabel>
 #include <QPushButton>
 
@@ -22,7 +23,7 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-// Numbers of their own: a wrong constant of the window must not confirm itself.
+// Not those of constants.h: a wrong constant there is to be found.
 constexpr int slotTotal = 6;
 constexpr int lastCount = 64000;
 constexpr int narrowestView = 250;
@@ -59,36 +60,31 @@ public:
     }
 
 private:
-    /// What was found is put into words only where a sentence is not true: this runs after every
-    /// event.
+    /// Formats \a found only for a condition that does not hold: this runs after every event.
     template <typename... Found>
-    void expect(bool holds, const char *sentence, const Found &...found)
+    void expect(bool holds, const char *condition, const Found &...found)
     {
         if (!holds)
-            m_broken.append(QLatin1String(sentence) + QLatin1Char(':')
-                            + (QString() + ... + (QLatin1Char(' ') + worded(found))));
+            m_broken.append(QLatin1String(condition) + QLatin1Char(':')
+                            + (QString() + ... + (QLatin1Char(' ') + text(found))));
     }
 
-    static QString worded(double number)
+    static QString text(double number)
     {
         return QString::number(number, 'g', 12);
     }
 
-    static QString worded(const QString &text)
+    static QString text(const QString &value)
     {
-        return QLatin1Char('\'') + QString(text).replace(QLatin1Char('\n'), QLatin1Char('|'))
+        return QLatin1Char('\'') + QString(value).replace(QLatin1Char('\n'), QLatin1Char('|'))
             + QLatin1Char('\'');
     }
 
-    static QString worded(const QWidget *widget)
+    static QString text(const QWidget *widget)
     {
-        const QRect place = widget->geometry();
-        return QStringLiteral("%1 %2 at %3,%4 %5x%6")
-            .arg(QLatin1String(widget->metaObject()->className()), widget->objectName())
-            .arg(place.x())
-            .arg(place.y())
-            .arg(place.width())
-            .arg(place.height());
+        QString found;
+        QDebug(&found) << widget;
+        return found;
     }
 
     bool loaded(int slot) const
@@ -160,12 +156,13 @@ void Checker::checkRange()
 
 void Checker::checkButtons()
 {
-    const auto oneOf = [this](QButtonGroup *group, int id, const char *sentence) {
+    const auto oneOf = [this](QButtonGroup *group, int id, const char *condition) {
         int checked = 0;
         const auto buttons = group->buttons();
         for (const QAbstractButton *button : buttons)
             checked += button->isChecked() ? 1 : 0;
-        expect(checked == 1 && group->checkedId() == id, sentence, checked, group->checkedId(), id);
+        expect(checked == 1 && group->checkedId() == id, condition, checked, group->checkedId(),
+               id);
     };
     oneOf(m_probe.rfg_buttons(), m_probe.rfg_ID(), "one trace button is checked");
     oneOf(m_probe.up_buttons(), m_probe.Cur_flag(), "one cursor button is checked");
@@ -188,7 +185,8 @@ void Checker::checkSlot(int slot)
     for (const QAction *action :
          { button.reset_action, button.clear_action, button.visible_action })
         expect(action->isEnabled() == full, "the menu of a slot follows its bit", slot);
-    expect(button.visible_action->isChecked() == button.vis(), "the check mark says: shown", slot);
+    expect(button.visible_action->isChecked() == button.vis(),
+           "the check mark shows the visibility", slot);
     const QString second = button.text().section(QLatin1Char('\n'), 1);
     expect((second == m_probe.d()->EMPTY_STR) == !full, "a button says what its bit says", slot,
            second);
@@ -201,6 +199,9 @@ void Checker::checkSlot(int slot)
     const QXYSeries *other = m_probe.rfg_series_sp()[slot];
     if (smooth)
         std::swap(form, other);
+    expect(m_probe.rfg_series()[slot]->count() < 2 * drawn, "a trace has at most 499 points", slot);
+    expect(m_probe.rfg_series_sp()[slot]->count() <= drawn, "a spline has at most 250 points",
+           slot);
     expect(form->isVisible() == button.vis(), "a trace is on the chart as its button says", slot);
     expect(!full || !other->isVisible(), "a trace is drawn in one form", slot);
 }
@@ -227,7 +228,7 @@ void Checker::checkDials()
     const Cont_dial &dial = *m_probe.param_dial();
     const int parameter = m_probe.down_buttons()->checkedId();
     const rfg_SHOWN &trace = m_probe.rfg_DATA()[m_probe.rfg_ID()];
-    // A file may bring any shift; the dial shows it until it is turned.
+    // A file may hold any shift; the dial keeps it until it is turned.
     const bool asRead = (parameter == MainWindow::H_OFFSET && dial.trueValue == trace.scroll)
         || (parameter == MainWindow::V_OFFSET && dial.trueValue == trace.offset);
     expect(asRead || (dial.trueValue >= dial.trueMin && dial.trueValue <= dial.trueMax),
@@ -248,7 +249,7 @@ void Checker::checkCursors()
                            int column, int value) {
         const bool seen = column >= min && column <= max;
         expect(marker->cur_arrow1.isVisible() == seen && marker->cur_arrow2.isVisible() == seen,
-               "a marker shows where its cursor is in sight", column);
+               "a marker is visible if its cursor is in range", column);
         expect(line->count() == 2 && line->at(0).x() == column && line->at(1).x() == column,
                "a cursor's line stands on its column", column);
         expect(level->count() == 2 && level->at(0).y() == value && level->at(1).y() == value,
@@ -287,7 +288,6 @@ void Checker::checkReadouts()
                                         level == noLevel ? QString() : QString::number(level));
         expect(button->text() == wanted, "a readout says where its cursor is", button->text(),
                wanted);
-        // In difference mode the master itself is still drawn as it is.
         if (m_probe.diff_flag() == MainWindow::NORMAL)
             expect(level == levelAt(column), "a level is the record's", level, levelAt(column));
     };
@@ -316,7 +316,7 @@ void Checker::checkReadouts()
 void Checker::checkPlaces()
 {
     const QSize window = m_window.size();
-    // Maximised on a screen that is too small for it, the window cannot help it.
+    // A screen smaller than the minimum size clips a maximised window.
     const QSize least = m_window.minimumSize();
     if (window.width() < least.width() || window.height() < least.height())
         return;

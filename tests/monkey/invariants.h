@@ -6,7 +6,7 @@
 
 class MainWindow;
 
-/// What holds of a window at every moment between two events, whatever the user did: each sentence
-/// that is not true of \a window, with what was found; none when all is well. Readouts are worked
-/// out anew from the raw bytes of the records.
+/// Checks what must hold of \a window between any two events. Returns one line for each condition
+/// that does not, with the values found; an empty list if all hold. Readouts are compared with the
+/// bytes of the records.
 QStringList brokenInvariants(MainWindow &window);

@@ -13,27 +13,37 @@ class QAbstractButton;
 class QDial;
 class QWidget;
 
-/// Plays events at a real window, each through what the toolkit would deliver. Brings its own
-/// files: a folder with good, odd and missing traces and settings, the same each time.
+/// The simulated user: plays events at a real window, each as the input that Qt would deliver, and
+/// answers the dialogs and menus that open. Has files of its own: good, damaged and missing traces
+/// and settings, the same in each run.
 class Player
 {
 public:
-    /// Opens a window without settings of a former run. The dialogs must be the toolkit's own: set
-    /// Qt::AA_DontUseNativeDialogs before.
+    /// Opens a window with default settings and, where they are built, the extras.
     Player();
 
-    /// Does what \a event says and answers what comes up. Repaints wait for a Settle.
+    /// Does what \a event says and answers what opens. Repaints wait for a Settle.
     void play(const Event &event);
 
-    const WindowFixture &fixture() const;
+    MainWindow &window() const;
+    const MainWindowProbe &probe() const;
 
-    /// Empties every slot, leaves all modes, speaks English, at 800 x 500: what two moments of a
-    /// long run are compared in.
-    void comeToRest();
+    /// The files that dialogs and drops choose from; without a call those of the player.
+    void chooseFrom(const QStringList &traces);
+
+    /// Clears every slot and all modes, sets English and 800 x 500: a state in which two moments of
+    /// a long run can be compared.
+    void reset();
 
 private:
-    struct Act;
-    static const Act acts[];
+    /// The widget at a place in the window, and that place in the widget.
+    struct Target
+    {
+        QWidget *widget;
+        QPoint position;
+    };
+    using Action = void (Player::*)(const Event &event);
+    static const Action actions[Event::KindCount];
 
     void press(const Event &event);
     void move(const Event &event);
@@ -63,14 +73,13 @@ private:
     void settle(const Event &event);
     void reopen(const Event &event);
 
-    /// Opens the window, as the program does, after closing the one that was open.
+    /// Opens the window as main does, after closing the one that was open.
     void open();
     void makeTraces();
     void makeSettings();
     QWidget *plot() const;
     QPoint onPlot(int x, int y) const;
-    QPoint inWindow(int x, int y) const;
-    QWidget *widgetAt(QPoint position) const;
+    Target targetAt(int x, int y) const;
     QDial *dial(int which) const;
     QList<QAbstractButton *> openButtons() const;
 

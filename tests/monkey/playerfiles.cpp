@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files that the monkey finds: most of them good, some that no instrument would write.
-#include "dice.h"
+// The files of the simulated user: most of them good, some that no instrument writes.
 #include "player.h"
+#include "randomsource.h"
 #include "testfiles.h"
 
 #include <QDir>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr unsigned noiseSeed = 840;
 
-/// A cable with two faults: something to see at any offset.
+/// A cable with reflections: something to see at any offset.
 int fault(int sample)
 {
     return static_cast<int>(100.0 * std::sin(sample / 9.0)) - (sample % 50 == 0 ? 20 : 0);
@@ -23,11 +23,11 @@ int fault(int sample)
 
 QByteArray noise(int size)
 {
-    Dice dice(noiseSeed);
+    RandomSource random(noiseSeed);
     QByteArray bytes;
     bytes.reserve(size);
     while (bytes.size() < size)
-        bytes.append(static_cast<char>(dice.below(256)));
+        bytes.append(static_cast<char>(random.below(256)));
     return bytes;
 }
 

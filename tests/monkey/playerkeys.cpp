@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "player.h"
-#include "shares.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -22,8 +21,8 @@ const Qt::KeyboardModifiers modifiers[]
     = { Qt::NoModifier,    Qt::NoModifier,      Qt::NoModifier,
         Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier };
 
-/// For what is attached to the window; the controls know none of them. The same key comes up more
-/// than once where it is of more use after itself.
+/// Keys of the extras. Those listed more than once are pressed more often: they do more when
+/// repeated.
 constexpr Qt::Key extraKeys[]
     = { Qt::Key_A,     Qt::Key_B,      Qt::Key_C,        Qt::Key_D,           Qt::Key_E,
         Qt::Key_H,     Qt::Key_K,      Qt::Key_L,        Qt::Key_M,           Qt::Key_N,
@@ -39,26 +38,26 @@ constexpr Qt::Key extraKeys[]
 
 void Player::dialKey(const Event &event)
 {
-    QTest::keyClick(dial(number(event, 0)), pick(dialKeys, number(event, 1)));
+    QTest::keyClick(dial(event[0]), pick(dialKeys, event[1]));
 }
 
 void Player::key(const Event &event)
 {
     QWidget *focused = QApplication::focusWidget();
     if (focused == nullptr)
-        focused = &m_fixture.window();
-    const bool extra = number(event, 2) >= thousand / 2;
-    const Qt::Key key = extra ? pick(extraKeys, number(event, 0)) : pick(keys, number(event, 0));
-    QTest::keyClick(focused, key, pick(modifiers, number(event, 1)));
+        focused = &window();
+    const bool extra = event[2] >= Event::bound / 2;
+    const Qt::Key key = extra ? pick(extraKeys, event[0]) : pick(keys, event[0]);
+    QTest::keyClick(focused, key, pick(modifiers, event[1]));
 }
 
 void Player::focus(const Event &event)
 {
     QList<QWidget *> takers;
-    const auto widgets = m_fixture.probe().centralWidget()->findChildren<QWidget *>();
+    const auto widgets = probe().centralWidget()->findChildren<QWidget *>();
     for (QWidget *widget : widgets)
         if (widget->isVisible() && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus)
             takers.append(widget);
     if (!takers.isEmpty())
-        pick(takers, number(event, 0))->setFocus(Qt::TabFocusReason);
+        pick(takers, event[0])->setFocus(Qt::TabFocusReason);
 }

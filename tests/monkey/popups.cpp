@@ -3,7 +3,7 @@
 #include "popups.h"
 
 #include "dialoganswer.h"
-#include "hand.h"
+#include "inputevents.h"
 #include "settingsmenu.h"
 
 #include <QApplication>
@@ -34,7 +34,7 @@ const char *const typedNumbers[] = {
 
 Popups::Popups(const Choices &choices, unsigned seed)
     : m_choices(choices)
-    , m_dice(seed)
+    , m_random(seed)
 {
     wait();
 }
@@ -87,17 +87,17 @@ void Popups::answerMenu(QMenu &menu)
     for (QAction *action : actions)
         if (action->isEnabled() && !action->isSeparator())
             open.append(action);
-    if (open.isEmpty() || m_dice.percent(20)) {
+    if (open.isEmpty() || m_random.percent(20)) {
         menu.close();
         return;
     }
-    menu.setActiveAction(m_dice.oneOf(open));
+    menu.setActiveAction(m_random.oneOf(open));
     QTest::keyClick(&menu, Qt::Key_Return);
 }
 
 void Popups::answerDialog(QDialog &dialog)
 {
-    if (m_dice.percent(10)) {
+    if (m_random.percent(10)) {
         QTest::keyClick(&dialog, Qt::Key_Escape);
         return;
     }
@@ -112,13 +112,13 @@ void Popups::answerDialog(QDialog &dialog)
         if (buttons.isEmpty())
             dialog.reject();
         else
-            hand::click(m_dice.oneOf(buttons));
+            input::click(m_random.oneOf(buttons));
     }
 }
 
 QString Popups::anyOf(const QStringList &paths)
 {
-    return m_dice.oneOf(paths);
+    return m_random.oneOf(paths);
 }
 
 void Popups::answerFileDialog(QDialog &dialog)
@@ -127,12 +127,12 @@ void Popups::answerFileDialog(QDialog &dialog)
     if (files.acceptMode() == QFileDialog::AcceptSave) {
         const bool wantsSettings = files.nameFilters().join(QChar()).contains(QLatin1String("ini"));
         const QString name = QStringLiteral("saved%1.%2")
-                                 .arg(m_dice.below(3))
+                                 .arg(m_random.below(3))
                                  .arg(QLatin1String(wantsSettings ? "ini" : "csv"));
         typeFileName(m_choices.folder + QLatin1Char('/') + name)(dialog);
     } else if (files.fileMode() == QFileDialog::ExistingFiles) {
         QStringList paths;
-        for (int i = m_dice.between(1, 8); i > 0; --i)
+        for (int i = m_random.between(1, 8); i > 0; --i)
             paths.append(anyOf(m_choices.traces));
         typeFileNames(paths)(dialog);
     } else {
@@ -147,26 +147,26 @@ void Popups::answerQuestion(QInputDialog &dialog)
         const QStringList items = dialog.comboBoxItems();
         if (!items.isEmpty())
             dialog.setTextValue(anyOf(items));
-    } else if (m_dice.percent(50)) {
+    } else if (m_random.percent(50)) {
         if (auto *edit = dialog.findChild<QLineEdit *>()) {
             const auto count = static_cast<int>(std::size(typedNumbers));
             edit->selectAll();
             // The edit takes only what its validator lets through, as from the keyboard.
-            edit->insert(QLatin1String(typedNumbers[m_dice.below(count)]));
+            edit->insert(QLatin1String(typedNumbers[m_random.below(count)]));
         }
     } else if (dialog.inputMode() == QInputDialog::IntInput) {
-        dialog.setIntValue(m_dice.between(-300, 300));
+        dialog.setIntValue(m_random.between(-300, 300));
     } else {
         const double range = dialog.doubleMaximum() - dialog.doubleMinimum();
-        dialog.setDoubleValue(dialog.doubleMinimum() + range * m_dice.below(1001) / 1000.0);
+        dialog.setDoubleValue(dialog.doubleMinimum() + range * m_random.below(1001) / 1000.0);
     }
-    QTest::keyClick(&dialog, m_dice.percent(90) ? Qt::Key_Return : Qt::Key_Escape);
+    QTest::keyClick(&dialog, m_random.percent(90) ? Qt::Key_Return : Qt::Key_Escape);
 }
 
 void Popups::answerSettings(SettingsMenu &dialog)
 {
     // Some changes, some file buttons, and out by one of the three ways.
-    for (int i = m_dice.below(4); i > 0; --i)
+    for (int i = m_random.below(4); i > 0; --i)
         changeSettings(dialog);
     QPushButton *const buttons[] = { dialog.ok_button,
                                      dialog.ok_button,
@@ -176,25 +176,25 @@ void Popups::answerSettings(SettingsMenu &dialog)
                                      dialog.load_default_button,
                                      dialog.load_settings_button,
                                      dialog.save_settings_button };
-    hand::click(buttons[m_dice.below(static_cast<int>(std::size(buttons)))]);
+    input::click(buttons[m_random.below(static_cast<int>(std::size(buttons)))]);
 }
 
 void Popups::changeSettings(SettingsMenu &dialog)
 {
-    switch (m_dice.below(4)) {
+    switch (m_random.below(4)) {
     case 0:
-        dialog.language_select->setCurrentIndex(m_dice.below(dialog.language_select->count()));
+        dialog.language_select->setCurrentIndex(m_random.below(dialog.language_select->count()));
         break;
     case 1: {
         const auto checks = dialog.findChildren<QCheckBox *>();
-        hand::click(m_dice.oneOf(checks));
+        input::click(m_random.oneOf(checks));
         break;
     }
     case 2:
-        dialog.cursor_accur->setValue(m_dice.between(0, 1100));
+        dialog.cursor_accur->setValue(m_random.between(0, 1100));
         break;
     default:
-        dialog.param_accur->setValue(m_dice.between(0, 1100));
+        dialog.param_accur->setValue(m_random.between(0, 1100));
         break;
     }
 }

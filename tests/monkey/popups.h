@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "dice.h"
+#include "randomsource.h"
 
 #include <QObject>
 #include <QPointer>
@@ -49,7 +49,7 @@ private:
     QString anyOf(const QStringList &paths);
 
     const Choices &m_choices;
-    Dice m_dice;
+    RandomSource m_random;
     QPointer<QWidget> m_last; ///< what was answered last
     int m_again = 0; ///< how often in a row
     int m_answers = 0;

@@ -19,7 +19,7 @@ Script shrunk(Script script, const std::function<bool(const Script &)> &fails, i
     const auto stillFails
         = [&](const Script &candidate) { return tries-- > 0 && fails(candidate); };
 
-    // What went wrong was mostly prepared a short while ago.
+    // Most failures need the last events only.
     for (int length = 1; length < script.size(); length *= 4) {
         const Script end = script.mid(script.size() - length);
         if (stillFails(end)) {
@@ -31,7 +31,7 @@ Script shrunk(Script script, const std::function<bool(const Script &)> &fails, i
     int piece = qMax(1, lengthOf(script) / 2);
     while (tries > 0) {
         bool smaller = false;
-        // From the end: the last events need the earlier ones, seldom the other way round.
+        // From the end, because later events depend on earlier ones.
         for (int first = (lengthOf(script) - 1) / piece * piece; first >= 0; first -= piece) {
             const Script rest = without(script, first, piece);
             if (rest.size() < script.size() && stillFails(rest)) {

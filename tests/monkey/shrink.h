@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// Takes events out of \a script as long as \a fails holds of the rest: first large pieces, then
-/// smaller ones, then single events; at last numbers become 0 where they do not matter. Each single
-/// event of the result is needed, unless \a tries ran out before: so often \a fails is asked at
-/// most. \a script must fail.
+/// Removes events from \a script as long as \a fails is true of the rest: first large pieces, then
+/// smaller ones, then single events. At last numbers become 0 where they do not matter. \a fails is
+/// called at most \a tries times; if that was enough, each event of the result is needed. \a script
+/// must fail.
 Script shrunk(Script script, const std::function<bool(const Script &)> &fails, int tries);

@@ -13,11 +13,11 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <system_error>
 
 namespace {
 
 constexpr int longestTail = 6000;
+constexpr int tries = 400; ///< runs that shorten one script
 
 QProcessEnvironment workerEnvironment(const QString &folder)
 {
@@ -30,9 +30,9 @@ QProcessEnvironment workerEnvironment(const QString &folder)
     preset("LSAN_OPTIONS",
            QStringLiteral("suppressions=" VELKOR_LSAN_SUPPRESSIONS ":print_suppressions=0"));
     preset("UBSAN_OPTIONS", QStringLiteral("print_stacktrace=1"));
-    // The stack of every allocation is a third of the work; a failure can be played again with it.
+    // Stacks of allocations take a third of the time; a saved script can be played again with them.
     preset("ASAN_OPTIONS", QStringLiteral("handle_abort=1:malloc_context_size=2"));
-    // A run must not depend on where it runs, nor on what the run before left to the toolkit.
+    // A run must not depend on where it runs, nor on what Qt saved in the run before.
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("TZ"), QStringLiteral("UTC"));
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder + QStringLiteral("/config"));
@@ -40,8 +40,8 @@ QProcessEnvironment workerEnvironment(const QString &folder)
     return environment;
 }
 
-/// The first line of \a output that says what is wrong, without its numbers: two runs that fail
-/// alike have the same.
+/// The first line of \a output that says what failed, without its numbers: equal for two runs that
+/// fail in the same way.
 QByteArray verdictIn(const QByteArray &output)
 {
     const QList<QByteArray> lines = output.split('\n');
@@ -50,8 +50,7 @@ QByteArray verdictIn(const QByteArray &output)
             return line.left(line.indexOf(':', 8));
         if (line.startsWith("stall: "))
             return "stall";
-        const auto error = line.indexOf("runtime error: ");
-        if (error >= 0)
+        if (line.contains("runtime error: "))
             return line.left(line.indexOf(':'));
         if (line.contains("ERROR: AddressSanitizer: ") || line.contains("ERROR: LeakSanitizer: "))
             return line.mid(line.indexOf("ERROR: ")).split(' ').mid(0, 3).join(' ');
@@ -59,15 +58,22 @@ QByteArray verdictIn(const QByteArray &output)
     return {};
 }
 
+void print(const QByteArray &output)
+{
+    if (output.size() > longestTail)
+        std::printf("...\n");
+    std::printf("%s\n", output.right(longestTail).constData());
+    std::fflush(stdout);
+}
+
 } // namespace
 
-Supervisor::Supervisor(const QString &keep, int tries)
+Supervisor::Supervisor(const QString &keep)
     : m_keep(keep)
-    , m_tries(tries)
 {
-    // The settings lie beside the program, and several monkeys may be about.
-    std::error_code failed;
+    // The settings lie beside the program, and several monkeys may run at a time.
     const auto from = QCoreApplication::applicationFilePath().toStdString();
+    std::error_code failed;
     std::filesystem::create_hard_link(from, program().toStdString(), failed);
     if (failed)
         std::filesystem::copy_file(from, program().toStdString());
@@ -91,7 +97,7 @@ Supervisor::Outcome Supervisor::run(const QStringList &arguments) const
     worker.start(program(),
                  QStringList{ QStringLiteral("--worker"), QStringLiteral("--progress"), progress }
                      + arguments);
-    // The worker's own watchdog sees to it that it ends.
+    // The worker's watchdog ends it.
     worker.waitForFinished(-1);
 
     Outcome outcome;
@@ -114,27 +120,20 @@ Supervisor::Outcome Supervisor::runScript(const Script &script) const
 {
     const QString path = m_folder.filePath(QStringLiteral("script"));
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(textOf(script, "being shrunk")) < 0)
+    if (!file.open(QIODevice::WriteOnly) || file.write(textOf(script, "being played")) < 0)
         qFatal("cannot write a script");
     file.close();
-    return run({ QStringLiteral("--script"), path });
-}
-
-void Supervisor::tell(const Outcome &outcome) const
-{
-    if (outcome.output.size() > longestTail)
-        std::printf("...\n");
-    std::printf("%s\n", outcome.output.right(longestTail).constData());
-    std::fflush(stdout);
-}
-
-bool Supervisor::playSeed(int seed, int events)
-{
-    Outcome outcome = run({ QStringLiteral("--seed"), QString::number(seed),
-                            QStringLiteral("--events"), QString::number(events) });
-    // A worker that leaves early with a smile has not played them.
-    if (outcome.verdict.isEmpty() && outcome.event != events - 1)
+    Outcome outcome = run({ QStringLiteral("--script"), path });
+    // A worker that exits early with code 0 has failed as well.
+    if (outcome.verdict.isEmpty() && outcome.event != lengthOf(script) - 1)
         outcome.verdict = "ended before the last event";
+    return outcome;
+}
+
+bool Supervisor::playSeed(int seed, int events) const
+{
+    const Script script = randomScript(static_cast<unsigned>(seed), events);
+    const Outcome outcome = runScript(script);
     if (outcome.verdict.isEmpty()) {
         std::printf("seed %d: %d events in %.1f s\n%s", seed, events, outcome.seconds,
                     outcome.output.constData());
@@ -143,42 +142,42 @@ bool Supervisor::playSeed(int seed, int events)
     }
     std::printf("seed %d FAILED at event %d of %d: %s\n", seed, outcome.event, events,
                 outcome.verdict.constData());
-    tell(outcome);
-
-    const Script played = dealtScript(static_cast<unsigned>(seed), outcome.event + 1);
-    const Outcome again = runScript(played);
-    Script script = played;
-    if (again.verdict == outcome.verdict)
-        script = shrunk(
-            played,
-            [&](const Script &shorter) { return runScript(shorter).verdict == outcome.verdict; },
-            m_tries);
-    else
-        std::printf("it does not fail again: '%s'\n", again.verdict.constData());
-    const QString path = QDir(m_keep).filePath(QStringLiteral("seed-%1.monkey").arg(seed));
-    QFile file(path);
-    const QByteArray comment
-        = "Seed " + QByteArray::number(seed) + ". It failed with: " + outcome.verdict;
-    if (file.open(QIODevice::WriteOnly) && file.write(textOf(script, comment)) > 0)
-        std::printf("seed %d: %d events lie in %s\n", seed, lengthOf(script), qUtf8Printable(path));
-    std::fflush(stdout);
+    print(outcome.output);
+    const auto failsAlike
+        = [&](const Script &shorter) { return runScript(shorter).verdict == outcome.verdict; };
+    const Script played = script.mid(0, outcome.event + 1);
+    if (failsAlike(played)) {
+        save(shrunk(played, failsAlike, tries), seed, outcome.verdict);
+    } else {
+        std::printf("it does not fail again\n");
+        save(played, seed, outcome.verdict);
+    }
     return false;
 }
 
-bool Supervisor::playScript(const QString &file)
+void Supervisor::save(const Script &script, int seed, const QByteArray &verdict) const
 {
-    const Outcome outcome = run({ QStringLiteral("--script"), QDir().absoluteFilePath(file) });
-    const bool well = outcome.verdict.isEmpty();
-    std::printf("%s: %s\n", qUtf8Printable(file),
-                well ? "all is well" : outcome.verdict.constData());
-    tell(outcome);
-    return well;
+    const QString path = QDir(m_keep).filePath(QStringLiteral("seed-%1.monkey").arg(seed));
+    const QByteArray comment = "Seed " + QByteArray::number(seed) + ". It failed with: " + verdict;
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(textOf(script, comment)) > 0)
+        std::printf("seed %d: %d events are in %s\n", seed, lengthOf(script), qUtf8Printable(path));
+    std::fflush(stdout);
 }
 
-bool Supervisor::watchLaps(int seed, int laps)
+bool Supervisor::playScript(const QString &file) const
 {
-    const Outcome outcome = run({ QStringLiteral("--seed"), QString::number(seed),
-                                  QStringLiteral("--laps"), QString::number(laps) });
-    tell(outcome);
+    const Outcome outcome = run({ QStringLiteral("--script"), QDir().absoluteFilePath(file) });
+    const bool passed = outcome.verdict.isEmpty();
+    std::printf("%s: %s\n", qUtf8Printable(file), passed ? "passed" : outcome.verdict.constData());
+    print(outcome.output);
+    return passed;
+}
+
+bool Supervisor::playRounds(int seed, int rounds) const
+{
+    const Outcome outcome = run({ QStringLiteral("--seeds"), QString::number(seed),
+                                  QStringLiteral("--rounds"), QString::number(rounds) });
+    print(outcome.output);
     return outcome.verdict.isEmpty();
 }

@@ -7,25 +7,25 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// Runs the monkey's worker, each time in a new process with a program folder of its own, and
-/// makes the script of a run that failed as short as it can.
+/// Runs the worker, each time in a new process with a program folder of its own, and shortens the
+/// script of a run that failed.
 class Supervisor
 {
 public:
-    /// Scripts of failures are put into \a keep; each is tried shorter at most \a tries times.
-    Supervisor(const QString &keep, int tries);
+    /// Scripts of failures are saved in \a keep.
+    explicit Supervisor(const QString &keep);
 
-    /// True when all was well, which is said in a line on standard output. So is a failure, with
-    /// its seed, what the worker said and where the script lies.
-    bool playSeed(int seed, int events);
-    bool playScript(const QString &file);
-    /// Plays \a laps of events in one process, with what it holds of the machine watched.
-    bool watchLaps(int seed, int laps);
+    /// Plays \a events random events. True when all invariants held. Prints a line, or the failure
+    /// with the seed, the worker's output and the path of the shortened script.
+    bool playSeed(int seed, int events) const;
+    bool playScript(const QString &file) const;
+    /// Plays \a rounds of events in one process and checks its growth.
+    bool playRounds(int seed, int rounds) const;
 
 private:
     struct Outcome
     {
-        QByteArray verdict; ///< what went wrong, without numbers; empty when nothing did
+        QByteArray verdict; ///< what failed, without numbers; empty for success
         QByteArray output;
         int event = 0; ///< the one that was being played
         double seconds = 0;
@@ -33,10 +33,9 @@ private:
 
     Outcome run(const QStringList &arguments) const;
     Outcome runScript(const Script &script) const;
+    void save(const Script &script, int seed, const QByteArray &verdict) const;
     QString program() const;
-    void tell(const Outcome &outcome) const;
 
     QTemporaryDir m_folder;
     QString m_keep;
-    int m_tries;
 };

@@ -5,6 +5,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <sys/time.h>
+#include <unistd.h>
 
 #ifndef __has_feature
 #define __has_feature(feature) 0
@@ -14,20 +17,36 @@ using std::chrono::milliseconds;
 
 namespace {
 
-constexpr milliseconds lookAgain{ 50 };
-/// For the thread that stalls to say where, after it was told to end.
-constexpr milliseconds lastWords{ 20000 };
+// Written before the timers start: a signal handler may not allocate.
+char worked[200];
+char waited[200];
 
-milliseconds read(clockid_t clock)
+void abortOn(int signal)
 {
-    timespec now{};
-    clock_gettime(clock, &now);
-    return milliseconds(now.tv_sec * 1000 + now.tv_nsec / 1000000);
+    const char *message = signal == SIGPROF ? worked : waited;
+    const auto length = write(STDERR_FILENO, message, std::strlen(message));
+    static_cast<void>(length);
+    // In the thread that stalls, so a sanitizer prints its stack.
+    std::abort();
+}
+
+void start(int timer, milliseconds limit)
+{
+    itimerval value{};
+    value.it_value.tv_sec = limit.count() / 1000;
+    value.it_value.tv_usec = limit.count() % 1000 * 1000;
+    setitimer(timer, &value, nullptr);
+}
+
+void describe(char (&message)[200], const char *what, const QByteArray &event, int number)
+{
+    std::snprintf(message, sizeof message, "stall: %s too long on event %d: %s\n", what, number,
+                  event.constData());
 }
 
 } // namespace
 
-milliseconds Watchdog::usualLimit()
+milliseconds Watchdog::usualWork()
 {
 #if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
     return milliseconds(3000);
@@ -36,90 +55,31 @@ milliseconds Watchdog::usualLimit()
 #endif
 }
 
-Watchdog::Watchdog(milliseconds limit, milliseconds patience)
-    : m_limit(limit)
-    , m_patience(patience)
+Watchdog::Watchdog(milliseconds work, milliseconds wait)
+    : m_work(work)
+    , m_wait(wait)
 {
-    if (pthread_getcpuclockid(m_watched, &m_clock) != 0)
-        std::abort();
-    m_thread = std::thread(&Watchdog::watch, this);
+    std::signal(SIGPROF, abortOn);
+    std::signal(SIGALRM, abortOn);
 }
 
 Watchdog::~Watchdog()
 {
-    m_over = true;
-    m_thread.join();
-}
-
-milliseconds Watchdog::worked() const
-{
-    return read(m_clock);
+    rest();
 }
 
 void Watchdog::begin(const Event &event, int number)
 {
     rest();
-    m_number = number;
-    m_begun = worked().count();
-    m_event = &event;
+    const QByteArray line = lineOf(event);
+    describe(worked, "worked", line, number);
+    describe(waited, "waited", line, number);
+    start(ITIMER_PROF, m_work);
+    start(ITIMER_REAL, m_wait);
 }
 
 void Watchdog::rest()
 {
-    const Event *event = m_event.exchange(nullptr);
-    if (event == nullptr)
-        return;
-    const milliseconds taken = worked() - milliseconds(m_begun);
-    if (taken > m_longest) {
-        m_longest = taken;
-        m_slowest = *event;
-    }
-}
-
-milliseconds Watchdog::longest() const
-{
-    return m_longest;
-}
-
-QByteArray Watchdog::slowest() const
-{
-    return lineOf(m_slowest);
-}
-
-void Watchdog::watch()
-{
-    milliseconds lastWork{ 0 };
-    milliseconds lastWorkAt = read(CLOCK_MONOTONIC);
-    while (!m_over) {
-        std::this_thread::sleep_for(lookAgain);
-        const milliseconds work = worked();
-        const milliseconds now = read(CLOCK_MONOTONIC);
-        if (m_event == nullptr || work != lastWork) {
-            lastWork = work;
-            lastWorkAt = now;
-        }
-        if (m_event == nullptr)
-            continue;
-        const int number = m_number;
-        const milliseconds taken = work - milliseconds(m_begun);
-        // The next event may have begun in the meantime: then nothing of this is true.
-        if (m_event == nullptr || number != m_number)
-            continue;
-        if (taken > m_limit)
-            bark("worked", taken);
-        if (now - lastWorkAt > m_patience)
-            bark("waited", now - lastWorkAt);
-    }
-}
-
-void Watchdog::bark(const char *why, milliseconds after)
-{
-    const Event *event = m_event;
-    std::fprintf(stderr, "stall: %s for %lld ms on event %d: %s\n", why,
-                 static_cast<long long>(after.count()), m_number.load(),
-                 event == nullptr ? "none" : lineOf(*event).constData());
-    // In the thread that stalls, so that a sanitizer shows where.
-    pthread_kill(m_watched, SIGABRT);
-    std::this_thread::sleep_for(lastWords);
-    std::_Exit(3);
+    start(ITIMER_PROF, milliseconds(0));
+    start(ITIMER_REAL, milliseconds(0));
 }

@@ -10,6 +10,21 @@
 #include <QWheelEvent>
 #include <QtMath>
 
+namespace {
+
+constexpr int eighthsPerNotch = 120;
+constexpr double leftEdge = 270; ///< degrees clockwise from the top
+
+QPoint onRim(const QDial *dial, double degrees)
+{
+    const double radius = qMin(dial->width(), dial->height()) * 0.4;
+    const double radians = qDegreesToRadians(degrees);
+    return (QPointF(dial->rect().center()) + radius * QPointF(qSin(radians), -qCos(radians)))
+        .toPoint();
+}
+
+} // namespace
+
 namespace input {
 
 bool mouse(QWidget *widget, QEvent::Type type, QPoint position, Qt::MouseButton button,
@@ -36,6 +51,25 @@ void release(QWidget *widget, QPoint position, Qt::MouseButton button)
     mouse(widget, QEvent::MouseButtonRelease, position, button, Qt::NoButton);
 }
 
+void click(QWidget *widget, Qt::MouseButton button)
+{
+    clickAt(widget, widget->rect().center(), button);
+}
+
+void clickAt(QWidget *widget, QPoint position, Qt::MouseButton button)
+{
+    press(widget, position, button);
+    release(widget, position, button);
+}
+
+void drag(QWidget *widget, QPoint from, QPoint to, Qt::MouseButton button, int moves)
+{
+    press(widget, from, button);
+    for (int i = 1; i <= moves; ++i)
+        move(widget, from + (to - from) * i / moves, button);
+    release(widget, to, button);
+}
+
 void wheel(QWidget *widget, int delta)
 {
     const QPoint middle = widget->rect().center();
@@ -44,19 +78,24 @@ void wheel(QWidget *widget, int delta)
     QApplication::sendEvent(widget, &event);
 }
 
+void turnWheel(QWidget *widget, int notches)
+{
+    for (int i = 0; i < qAbs(notches); ++i)
+        wheel(widget, notches > 0 ? eighthsPerNotch : -eighthsPerNotch);
+}
+
+void turnDial(QDial *dial, double start, double degrees, int moves)
+{
+    press(dial, onRim(dial, start));
+    for (int i = 1; i <= moves; ++i)
+        move(dial, onRim(dial, start + degrees * i / moves), Qt::LeftButton);
+    release(dial, onRim(dial, start + degrees));
+}
+
 void turn(QDial *dial, int degrees)
 {
-    const auto pointAt = [dial](int angle) {
-        const double radius = qMin(dial->width(), dial->height()) * 0.4;
-        const double radians = qDegreesToRadians(180.0 + angle);
-        return (QPointF(dial->rect().center()) + radius * QPointF(qCos(radians), qSin(radians)))
-            .toPoint();
-    };
-    press(dial, pointAt(0), Qt::LeftButton);
-    const int stride = degrees < 0 ? -3 : 3;
-    for (int angle = stride; qAbs(angle) <= qAbs(degrees); angle += stride)
-        move(dial, pointAt(angle), Qt::LeftButton);
-    release(dial, pointAt(degrees), Qt::LeftButton);
+    constexpr int degreesPerMove = 3;
+    turnDial(dial, leftEdge, degrees, qMax(1, qAbs(degrees) / degreesPerMove));
 }
 
 QPoint pixelOf(const MainWindowProbe &probe, int count)

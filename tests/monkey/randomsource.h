@@ -4,20 +4,20 @@
 
 #include <random>
 
-/// Dice that fall alike on every machine: the generator is prescribed by the language, and the
-/// numbers are taken from it here and not by the library, whose ways are its own.
-class Dice
+/// Random numbers from a seed, the same on every machine: std::mt19937 is specified by the
+/// standard, its distributions are not, so the numbers are taken from the generator here.
+class RandomSource
 {
 public:
-    explicit Dice(unsigned seed)
-        : m_source(seed)
+    explicit RandomSource(unsigned seed)
+        : m_generator(seed)
     {
     }
 
-    /// 0 to \a bound - 1; 0 for a bound below 2. The bias of the remainder is of no matter here.
+    /// 0 to \a bound - 1; 0 for a bound below 2. The bias of the remainder does not matter here.
     int below(int bound)
     {
-        return bound < 2 ? 0 : static_cast<int>(m_source() % static_cast<unsigned>(bound));
+        return bound < 2 ? 0 : static_cast<int>(m_generator() % static_cast<unsigned>(bound));
     }
 
     /// \a low to \a high, both included.
@@ -32,12 +32,12 @@ public:
         return choices.at(below(static_cast<int>(choices.size())));
     }
 
-    /// True \a percent times in a hundred.
+    /// True with a probability of \a percent.
     bool percent(int percent)
     {
         return below(100) < percent;
     }
 
 private:
-    std::mt19937 m_source;
+    std::mt19937 m_generator;
 };

@@ -1,0 +1,290 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialoganswer.h"
+#include "extras/extras.h"
+#include "inputevents.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
+#include "parambutton.h"
+#include "settingsdata.h"
+#include "windowfixture.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QDir>
+#include <QGraphicsView>
+#include <QHash>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QTest>
+
+#include <algorithm>
+#include <cstdio>
+
+/// \file
+/// Makes the pictures of docs/screenshots and docs/manual/pictures from the window on the sample
+/// traces, without a display:
+///
+///     velkor-screenshots SAMPLES DOCS
+
+namespace {
+
+constexpr QSize screenshotSize(1280, 800);
+constexpr QSize manualSize(1100, 700);
+
+void save(const QString &path, const QImage &picture)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    constexpr int smallest = 0; // the quality of a PNG is how little it is compressed
+    if (!picture.save(path, "PNG", smallest))
+        qFatal("cannot write %s", qPrintable(path));
+    std::printf("%s\n", qPrintable(path));
+}
+
+/// \a picture in its 256 most frequent colours: a third of the size, and the eye sees no
+/// difference.
+QImage reduced(const QImage &picture)
+{
+    constexpr std::size_t mostColours = 256;
+    const QImage image = picture.convertToFormat(QImage::Format_RGB32);
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    std::vector<QRgb> colours(counts.keyBegin(), counts.keyEnd());
+    std::sort(colours.begin(), colours.end(), [&counts](QRgb a, QRgb b) {
+        return counts[a] != counts[b] ? counts[a] > counts[b] : a < b;
+    });
+    colours.resize(std::min(colours.size(), mostColours));
+    return image.convertToFormat(QImage::Format_Indexed8,
+                                 QVector<QRgb>(colours.begin(), colours.end()),
+                                 Qt::ThresholdDither | Qt::AvoidDither);
+}
+
+/// The viewer in one language and size on some traces.
+class Pictures
+{
+public:
+    Pictures(const QString &language, const QString &docs, QSize size, const QStringList &traces)
+        : m_folder(docs + QStringLiteral("/manual/pictures/") + language.left(2) + QLatin1Char('/'))
+    {
+        WindowFixture::writePreviousRun(traces);
+        MainWindow &window = m_fixture.open();
+        extras::attach(window);
+        window.settings()->last_folder = QFileInfo(traces.first()).path();
+        window.settings()->current_language = language;
+        window.settings()->setTranslation();
+        window.resize(size);
+        WindowFixture::settle();
+    }
+
+    QImage whole() const
+    {
+        return m_fixture.window().grab().toImage();
+    }
+
+    /// A part of the window.
+    void part(const char *name, QRect place) const
+    {
+        keep(name, m_fixture.window().grab(place).toImage());
+    }
+
+    void keep(const char *name, const QImage &picture) const
+    {
+        save(m_folder + QLatin1String(name) + QStringLiteral(".png"), reduced(picture));
+    }
+
+    /// A part of the window with the menu that \a open opens over it.
+    template <typename Open> void menu(const char *name, QRect place, const Open &open) const
+    {
+        MainWindow &window = m_fixture.window();
+        QImage picture = window.grab(place).toImage();
+        const auto answer = answerMenu([&](QMenu &opened) {
+            const QPoint at = window.mapFromGlobal(opened.pos()) - place.topLeft();
+            QPainter(&picture).drawPixmap(at, opened.grab());
+        });
+        open();
+        expectServed(*answer, name);
+        keep(name, picture);
+    }
+
+    /// The dialog that a click on \a button opens.
+    void dialog(const char *name, QWidget *button, Qt::MouseButton mouseButton) const
+    {
+        const auto answer = answerDialog([&](QDialog &opened) {
+            // The file dialog lists its folder in a thread.
+            QTest::qWait(500);
+            keep(name, opened.grab().toImage());
+            opened.reject();
+        });
+        input::click(button, mouseButton);
+        expectServed(*answer, name);
+    }
+
+    /// Moves the cursor of \a button to \a metres.
+    void placeCursor(QWidget *button, double metres) const
+    {
+        input::click(button);
+        // A little beyond: it snaps back to a whole sample.
+        constexpr double margin = 0.1;
+        m_fixture.window().cursorSetup_slot(
+            static_cast<int>((metres + margin) / probe().dist_coef()));
+    }
+
+    /// Cursors at \a a and \a b metres; A is the active one.
+    void placeCursors(double a, double b) const
+    {
+        placeCursor(probe().curB_button(), b);
+        placeCursor(probe().curA_button(), a);
+        WindowFixture::settle();
+    }
+
+    const MainWindowProbe &probe() const
+    {
+        return m_fixture.probe();
+    }
+
+private:
+    static void expectServed(const DialogAnswer &answer, const char *name)
+    {
+        if (!answer.served())
+            qFatal("nothing opened for %s", name);
+    }
+
+    WindowFixture m_fixture;
+    QString m_folder;
+};
+
+/// \a window with the numbers of the tour of it.
+QImage numbered(QImage window)
+{
+    constexpr QPoint places[]
+        = { { 213, 20 },  { 550, 66 },  { 741, 20 },  { 1075, 20 }, { 24, 98 },   { 181, 172 },
+            { 880, 150 }, { 909, 88 },  { 909, 152 }, { 909, 215 }, { 909, 277 }, { 909, 342 },
+            { 909, 405 }, { 909, 468 }, { 216, 545 }, { 28, 548 },  { 1072, 548 } };
+    constexpr int radius = 12;
+    QPainter painter(&window);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QFont font = painter.font();
+    font.setPixelSize(15);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(QPen(Qt::white, 2));
+    painter.setBrush(QColor(0xc6, 0x28, 0x28));
+    int number = 0;
+    for (const QPoint place : places) {
+        painter.drawEllipse(place, radius, radius);
+        const QRect circle(place - QPoint(radius, radius), QSize(2 * radius, 2 * radius));
+        painter.drawText(circle, Qt::AlignCenter, QString::number(++number));
+    }
+    return window;
+}
+
+void makeControls(const QString &language, const QString &docs, const QStringList &traces)
+{
+    const Pictures pictures(language, docs, manualSize, traces);
+    const MainWindowProbe &probe = pictures.probe();
+    input::click(probe.rfg_buttons()->button(1));
+    pictures.placeCursors(71.5, 38.0);
+    pictures.keep("window", numbered(pictures.whole()));
+    pictures.part("readings", { 196, 0, 902, 80 });
+    pictures.part("slots", { 0, 78, 200, 445 });
+    pictures.part("right-column", { 900, 78, 200, 445 });
+    pictures.part("navigation", { 900, 334, 200, 190 });
+    pictures.part("parameters", { 200, 526, 702, 170 });
+    pictures.part("parameter-dial", { 0, 528, 200, 170 });
+    pictures.part("cursor-dial", { 900, 528, 200, 170 });
+    pictures.part("chart", { 200, 80, 700, 444 });
+
+    pictures.menu("slot-menu", { 0, 216, 400, 170 }, [&probe] {
+        LegendButton *button = probe.selected_rfg()[1];
+        QContextMenuEvent event(QContextMenuEvent::Mouse, button->rect().center());
+        QApplication::sendEvent(button, &event);
+    });
+    pictures.menu("chart-menu", { 380, 220, 420, 200 }, [&probe] {
+        QWidget *plot = probe.Plot_View()->viewport();
+        const QPoint place(250, 170);
+        QCursor::setPos(plot->mapToGlobal(place));
+        input::clickAt(plot, place, Qt::RightButton);
+    });
+    pictures.dialog("entry", probe.KU_button(), Qt::RightButton);
+    pictures.dialog("scales", probe.scale_button(), Qt::RightButton);
+    pictures.dialog("files", probe.legend_button(), Qt::LeftButton);
+    pictures.dialog("settings", probe.settings_button(), Qt::LeftButton);
+
+    input::click(probe.smooth_button());
+    WindowFixture::settle();
+    pictures.part("smooth", { 200, 80, 702, 444 });
+}
+
+/// What a fault changed: the healthy pair and the shorted one.
+void makeDifference(const QString &language, const QString &docs, const QStringList &traces)
+{
+    const Pictures pictures(language, docs, manualSize, traces.mid(0, 2));
+    input::click(pictures.probe().rfg_buttons()->button(1));
+    pictures.placeCursor(pictures.probe().curA_button(), 71.5);
+    input::click(pictures.probe().difference_button());
+    WindowFixture::settle();
+    pictures.part("difference", { 200, 0, 902, 524 });
+}
+
+/// Each trace alone, with both cursors on what it shows.
+void makeSamples(const QString &language, const QString &docs, const QStringList &traces)
+{
+    struct Sample
+    {
+        const char *name;
+        double a; ///< metres
+        double b;
+    };
+    constexpr Sample samples[]
+        = { { "sample-1", 38.0, 104.0 }, { "sample-2", 71.5, 38.0 },  { "sample-3", 52.0, 68.0 },
+            { "sample-4", 26.0, 40.0 },  { "sample-5", 88.0, 203.0 }, { "sample-6", 52.0, 68.0 } };
+    int slot = 0;
+    for (const Sample &sample : samples) {
+        const Pictures pictures(language, docs, manualSize, { traces[slot++] });
+        pictures.placeCursors(sample.a, sample.b);
+        pictures.part(sample.name, { 198, 0, 704, 524 });
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // The file dialog shows whole paths and the user's name: not those of the machine it runs on.
+    const QString folder = QDir::tempPath() + QStringLiteral("/samples");
+    const QTemporaryDir home;
+    qputenv("HOME", home.filePath(QStringLiteral("reader")).toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 3 || !QDir().mkdir(folder)) {
+        std::fprintf(stderr, "usage: %s SAMPLES DOCS; %s must not exist\n", argv[0],
+                     qPrintable(folder));
+        return EXIT_FAILURE;
+    }
+    QDir().mkpath(home.filePath(QStringLiteral("reader")));
+    QStringList traces;
+    const auto samples = QDir(arguments[1]).entryInfoList({ QStringLiteral("*.tdr") });
+    for (const QFileInfo &sample : samples) {
+        traces.append(folder + QLatin1Char('/') + sample.fileName());
+        QFile::copy(sample.filePath(), traces.last());
+    }
+    const QString &docs = arguments[2];
+    for (const QString &language : { QStringLiteral("en_US"), QStringLiteral("ru_RU") }) {
+        const bool english = language.startsWith(QLatin1String("en"));
+        save(
+            docs
+                + QLatin1String(english ? "/screenshots/window.png" : "/screenshots/window-ru.png"),
+            Pictures(language, docs, screenshotSize, traces).whole());
+        makeControls(language, docs, traces);
+        makeDifference(language, docs, traces);
+        makeSamples(language, docs, traces);
+    }
+    QDir(folder).removeRecursively();
+    return EXIT_SUCCESS;
+}
