@@ -4,8 +4,6 @@
 
 #include "interfacebutton.h"
 
-#include <memory>
-
 class QAction;
 class QMenu;
 
@@ -67,14 +65,8 @@ signals:
     void mastChanged(bool on);
 
 private:
-    struct MenuIcons;
-
     void buildMenu();
-    /// One set of pictures for all buttons: reading them for each was a fifth of the start.
-    std::shared_ptr<const MenuIcons> sharedIcons() const;
     void connectActions();
     /// Lets the style sheets look at the properties again.
     void restyle();
-
-    std::shared_ptr<const MenuIcons> m_icons;
 };
