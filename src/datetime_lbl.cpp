@@ -14,7 +14,7 @@ DateTime_lbl::DateTime_lbl(QWidget *parent)
     connect(timer, &QTimer::timeout, this, &DateTime_lbl::showTime);
     timer->start(constants::clockPeriod);
     setAlignment(Qt::AlignCenter);
-    // The first tick is a second away; the label is never empty.
+    // The first timeout comes only after a period.
     showTime();
 }
 

@@ -18,20 +18,20 @@ class InterfaceButton : public QPushButton
     Q_OBJECT
 
 public:
-    /// \a words is shared, not owned. Without parent: the layout that takes the button sets one.
+    /// \a words is not owned. The button has no parent; the layout that takes it sets one.
     explicit InterfaceButton(Dictionary *words);
 
     /// Shows the picture at \a path, a resource path with or without its extension. A picture that
     /// cannot be read adds nothing.
     void set_icon(const QString &path);
 
-    /// \a source in the toolkit's own greys, transparent wherever its mask is.
+    /// \a source in Qt's greyscale format, transparent where its mask is.
     QPixmap grayPixmap(const QPixmap &source);
 
-    Dictionary *dict = nullptr; ///< the words of the interface; null in a ParamButton
+    Dictionary *dict = nullptr; ///< interface words; null in a ParamButton
     QIcon icon; ///< what \c set_icon made; hides QAbstractButton::icon()
-    QImage image; ///< nothing uses it
-    QRectF textRect; ///< nothing uses it
-    QRectF iconRect; ///< nothing uses it
-    QString tempText; ///< nothing uses it
+    QImage image; ///< unused
+    QRectF textRect; ///< unused
+    QRectF iconRect; ///< unused
+    QString tempText; ///< unused
 };

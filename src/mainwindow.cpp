@@ -40,7 +40,7 @@ MainWindow::MainWindow(QWidget *parent)
 
     connectControls();
     decorateControls();
-    // From here on every member exists, so events may be looked at and slots may run.
+    // All members exist from here on, so the event filter and the slots may run.
     installEventFilters();
 
     interface_init();
@@ -49,8 +49,8 @@ MainWindow::MainWindow(QWidget *parent)
 
 MainWindow::~MainWindow()
 {
-    // Before the scene goes: it would delete the markers' groups, and those the markers' items,
-    // which are values.
+    // Before the scene, which would delete the groups of the markers and, with them, items that are
+    // members.
     delete cur_arrowA;
     delete cur_arrowB;
     delete blank_1;
@@ -97,7 +97,7 @@ void MainWindow::interface_init()
     selectTrace(rfg_ID);
     up_buttons->button(CURSOR_A)->setChecked(true);
 
-    // The other parameters are facts from the file: shown, never set.
+    // The other parameters are read-only.
     const auto parameterButtons = down_buttons->buttons();
     for (QAbstractButton *button : parameterButtons) {
         const int id = down_buttons->id(button);
@@ -107,7 +107,7 @@ void MainWindow::interface_init()
 
 void MainWindow::primeInputDialog()
 {
-    // Opened and rejected once per mode, the dialog settles its layout before anybody sees it.
+    // Opened and rejected once per mode, so that the layout is settled before the first use.
     for (const auto mode :
          { QInputDialog::DoubleInput, QInputDialog::IntInput, QInputDialog::TextInput }) {
         if (mode == QInputDialog::TextInput)
@@ -123,10 +123,10 @@ void MainWindow::primeInputDialog()
 void MainWindow::setWindowGeometry()
 {
     const QRect desktop = QGuiApplication::primaryScreen()->virtualGeometry();
-    // One wrong byte in the record can ask for a window that takes all memory, at every start.
+    // A corrupt geometry record can make the window so large that memory runs out at every start.
     if (calc::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
         restoreGeometry(settingsData->window_geometry);
-    // Likewise one wrong byte in the state: the toolkit would count its tool bars until tomorrow.
+    // A corrupt state record can make restoreState loop over 2^31 tool bars.
     if (calc::isPlausibleState(settingsData->window_state))
         restoreState(settingsData->window_state);
 }
@@ -148,8 +148,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     storeWindowGeometry();
     const QString file = program_files::settingsFile();
-    // Never overwrites: the backup keeps the state before the first close, on purpose, so that
-    // there is a way back however often the program was closed since.
+    // QFile::copy does not overwrite: the backup keeps the settings from before the first close, on
+    // purpose.
     if (program_files::isRegularFile(file))
         QFile::copy(file, program_files::settingsBackupFile());
     settingsData->saveSettings(file, constants::allSections);

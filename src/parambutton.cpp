@@ -14,6 +14,6 @@ ParamButton::ParamButton(Dictionary *words, char parameter)
 
 bool ParamButton::eventFilter(QObject *watched, QEvent *event)
 {
-    // The push button's own filter is passed by: nothing may be held back here.
+    // Skips QPushButton's filter, so that no event is consumed.
     return QObject::eventFilter(watched, event);
 }

@@ -19,15 +19,15 @@ QString labelText(double metres, bool integral)
     return QString::number(metres, 'f', integral ? 0 : 1);
 }
 
-// Large distances stay blank at the edges, where a long number would run into its neighbour; so do
-// negative ones. The line is drawn all the same.
+// Large distances stay blank at the edges, where a long number would overlap its neighbour, and so
+// do negative ones. The line is still drawn.
 QString edgeText(double metres, bool integral)
 {
     if (metres < 0.0)
         return QString();
     const double digits
         = integral ? constants::integralEdgeDigits : constants::fractionalEdgeDigits;
-    // log10(0) is minus infinity, so that 0 is always labelled.
+    // log10(0) is minus infinity, so 0 is always labelled.
     if (std::log10(metres) > digits)
         return QString();
     return labelText(metres, integral);
@@ -60,7 +60,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     if (!(step > 0.0))
         return plan;
 
-    // Pixels per metre rather than metres per pixel: a plot without a width divides by nothing.
+    // Pixels per metre, so that a plot without a width causes no division by 0.
     const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
     const double width = hasWidth ? static_cast<double>(plotWidth) : 0.0;
     const double stepPixels = step * (width / span);
@@ -73,8 +73,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     if (first - gridStart < constants::leftEdgeShare * step)
         plan.edges[0] = { true, 0.0, edgeText(first, integral) };
 
-    // No range that a plot can show needs more lines than there are, but the bound is not left to
-    // the arithmetic.
+    // No visible range needs more lines than there are; the bound holds if rounding says otherwise.
     int &count = plan.interiorCount;
     while (count < constants::gridLines && count < (last - gridStart) / step - 1.0) {
         const int line = count + 1;
@@ -83,7 +82,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
         count = line;
     }
 
-    // Unless the last interior line is too close, the right edge gets one of its own.
+    // The right edge has a line of its own unless the last interior line is too close.
     if (last - (count * step + gridStart) > constants::rightEdgeShare * step)
         plan.edges[1] = { true, width, edgeText(last, integral) };
     return plan;

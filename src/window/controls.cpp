@@ -90,7 +90,7 @@ void MainWindow::createStatusAndBoxes()
     blank_3 = new QSpacerItem(0, 0);
     legend_group = new QGroupBox(centralWidget);
     misc_group = new QGroupBox(centralWidget);
-    // None of the three has a place in the layout; unhidden they would lie in the corner.
+    // They are in no layout; shown, they would lie in the corner of the window.
     bat_bar->hide();
     legend_group->hide();
     misc_group->hide();

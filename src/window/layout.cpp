@@ -23,7 +23,7 @@
 
 namespace {
 
-// Stretch factors: the shares of the window that its regions take.
+// Stretch factors of the regions of the window.
 constexpr int sideShare = 14;
 constexpr int middleShare = 52;
 constexpr int cursorButtonShare = 13;
@@ -48,13 +48,13 @@ QFrame *sunkenLine()
     return line;
 }
 
-/// Icon of a control that has one picture, whatever its state.
+/// Icon with one picture for all states.
 QIcon plainIcon(QLatin1String name)
 {
     return QIcon(bundledPicture(QLatin1String("://icons/rest_64/") + name));
 }
 
-/// Icon of a navigation button, with the look it has while disabled.
+/// Sets the icon of a navigation button, with a second picture for the disabled state.
 void setNavigationIcon(QPushButton *button, const QString &name)
 {
     QIcon icon;
@@ -173,14 +173,14 @@ void MainWindow::setUpPlotView()
     Plot_View->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Plot_View->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     Plot_View->setRenderHint(QPainter::Antialiasing);
-    // Half a pixel off, so that view and scene coordinates are the same numbers.
+    // Offset by half a pixel, so that view and scene coordinates are equal.
     Plot_View->setSceneRect(-0.5, -0.5, 400.0, 250.0);
-    // One clip rectangle instead of a ragged region, against which every antialiased span would be
-    // cut: a fifth of a repaint. And what lies under an opaque plot need not be painted.
+    // One clip rectangle instead of a region of several, with which every antialiased span would be
+    // intersected: saves 20 % of a repaint. The opaque viewport saves painting what is below it.
     Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);
     Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    // Some seventy items, most of which change at a time: to keep an index of them costs more than
-    // to look at all, a tenth of a selection.
+    // With about seventy items, most of which change together, updating an index costs more than
+    // searching all items: 10 % of selecting a trace.
     Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
 }
 
@@ -265,8 +265,8 @@ void MainWindow::decorateControls()
 
 void MainWindow::setNamesAndPolicies()
 {
-    // Style sheets address these three by name. "ScaleDown" lowers the zoom exponent, which shows
-    // fewer metres and so magnifies: that is why it carries the picture for zooming in.
+    // Style sheets select these three by name. "ScaleDown" lowers the zoom exponent, which
+    // magnifies; therefore it has the picture for zooming in.
     delta_lbl->setObjectName(QStringLiteral("delta"));
     scale_up_button->setObjectName(QStringLiteral("ScaleUp"));
     scale_down_button->setObjectName(QStringLiteral("ScaleDown"));
@@ -288,7 +288,7 @@ void MainWindow::setIcons()
 {
     setWindowTitle(QStringLiteral("Velkor"));
     setWindowIcon(QIcon(constants::windowIcon));
-    // In the pixels that the screen has for that many units.
+    // The size is in device-independent pixels.
     const qreal ratio = qApp->devicePixelRatio();
     QPixmap logo = bundledPicture(constants::logoPicture)
                        .scaled(QSize(constants::logoWidth, constants::logoHeight) * ratio,
@@ -296,7 +296,7 @@ void MainWindow::setIcons()
     logo.setDevicePixelRatio(ratio);
     logo_lbl->setPixmap(logo);
 
-    // The bundle spells two of the pictures "impendance" and "diifference".
+    // The bundle spells two picture names "impendance" and "diifference".
     const std::pair<InterfaceButton *, const char *> pictures[] = {
         { gain_button, "gain" },
         { KU_button, "velocity" },

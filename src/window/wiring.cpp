@@ -17,8 +17,8 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-// Connections stand in the order of the window, top to bottom, left to right. The settings that
-// must reach these slots are loaded after all of them are made.
+// Connections are in the order of the window, top to bottom, left to right. The settings are loaded
+// after all connections exist, because their signals must reach these slots.
 void MainWindow::connectControls()
 {
     connectMenuAndButtons();
@@ -56,7 +56,7 @@ void MainWindow::connectGroups()
 
     connect(legend_button, &QPushButton::pressed, this, &MainWindow::files_slot);
 
-    // The two pairs of cursor buttons set each other and come to rest by themselves.
+    // The two pairs of cursor buttons set each other; the second change is none, which ends it.
     connect(cur_nav_group, &QButtonGroup::idToggled, this,
             [this](int id, bool checked) { up_buttons->button(id)->setChecked(checked); });
     connect(scale_nav_group, &QButtonGroup::idPressed, this,
