@@ -35,7 +35,7 @@ public:
         , m_probe(*m_window)
     {
         m_window->show();
-        m_window->resize(constants::minWindowWidth, constants::minWindowHeight);
+        m_window->resize(800, 500);
         fuzz::settle();
     }
 

@@ -40,6 +40,16 @@ constexpr int minNavigationHeight = 10;
 constexpr int scrollRepeatMs = 10;
 constexpr int minMenuSize = 100;
 
+constexpr int minWindowWidth = 800;
+constexpr int minWindowHeight = 500;
+constexpr int minPlotViewWidth = 500;
+constexpr int minPlotViewHeight = 310;
+constexpr int logoWidth = 140;
+constexpr int logoHeight = 50;
+constexpr int navigationIconSize = 30;
+constexpr QLatin1String windowPicture = constants::latin1("://icons/tdr_btr_64.png");
+constexpr QLatin1String logoPicture = constants::latin1("://pix/logo.png");
+
 QFrame *sunkenLine()
 {
     auto *line = new QFrame;
@@ -62,7 +72,7 @@ void setNavigationIcon(QPushButton *button, const QString &name)
     icon.addPixmap(bundledPicture(QStringLiteral("://icons/%1_dis.png").arg(name)),
                    QIcon::Disabled);
     button->setIcon(icon);
-    button->setIconSize({ constants::navigationIconSize, constants::navigationIconSize });
+    button->setIconSize({ navigationIconSize, navigationIconSize });
 }
 
 } // namespace
@@ -70,9 +80,9 @@ void setNavigationIcon(QPushButton *button, const QString &name)
 void MainWindow::setWindowSizes()
 {
     setCentralWidget(centralWidget);
-    centralWidget->setMinimumSize(constants::minWindowWidth, constants::minWindowHeight);
-    Plot_View->setMinimumSize(constants::minPlotViewWidth, constants::minPlotViewHeight);
-    resize(constants::minWindowWidth, constants::minWindowHeight);
+    centralWidget->setMinimumSize(minWindowWidth, minWindowHeight);
+    Plot_View->setMinimumSize(minPlotViewWidth, minPlotViewHeight);
+    resize(minWindowWidth, minWindowHeight);
     chartMenu->setMinimumSize(minMenuSize, minMenuSize);
 }
 
@@ -287,12 +297,12 @@ void MainWindow::setNamesAndPolicies()
 void MainWindow::setIcons()
 {
     setWindowTitle(QStringLiteral("Velkor"));
-    setWindowIcon(QIcon(constants::windowIcon));
+    setWindowIcon(QIcon(windowPicture));
     // The size is in device-independent pixels.
     const qreal ratio = qApp->devicePixelRatio();
-    QPixmap logo = bundledPicture(constants::logoPicture)
-                       .scaled(QSize(constants::logoWidth, constants::logoHeight) * ratio,
-                               Qt::KeepAspectRatio, Qt::FastTransformation);
+    QPixmap logo = bundledPicture(logoPicture)
+                       .scaled(QSize(logoWidth, logoHeight) * ratio, Qt::KeepAspectRatio,
+                               Qt::FastTransformation);
     logo.setDevicePixelRatio(ratio);
     logo_lbl->setPixmap(logo);
 

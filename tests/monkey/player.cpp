@@ -101,7 +101,7 @@ void Player::comeToRest()
     settings.current_language = constants::defaultLanguage;
     settings.setTranslation();
     m_fixture.window().showNormal();
-    m_fixture.window().resize(constants::minWindowWidth, constants::minWindowHeight);
+    m_fixture.window().resize(800, 500);
     WindowFixture::settle();
 }
 
