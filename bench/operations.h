@@ -6,22 +6,22 @@
 
 /// User operations that are measured.
 enum class Operation {
-    CursorStep, ///< one sample, by the wheel
-    CursorDrag, ///< one move of a drag, a few samples
-    Pan, ///< three counts, by the middle button
-    ZoomStep, ///< one level, by its button
-    VerticalShift, ///< one step of the selected trace
-    HorizontalShift, ///< one sample of the selected trace
-    VelocityFactor, ///< a thousandth
-    SelectTrace, ///< the next of six
-    LoadSix, ///< six files
+    CursorStep,
+    CursorDrag,
+    Pan,
+    ZoomStep,
+    VerticalShift,
+    HorizontalShift,
+    VelocityFactor,
+    SelectTrace,
+    LoadSix,
     DifferenceOn,
     SmoothingOn,
     CursorStepSmoothed,
     PanSmoothed,
-    Resize, ///< by four pixels
-    Language, ///< from one to the other; the viewer alone
-    StyleSheet, ///< applied again; the viewer alone
+    Resize,
+    Language,
+    StyleSheet
 };
 
 struct OperationGoal
@@ -33,22 +33,22 @@ struct OperationGoal
 };
 
 constexpr OperationGoal operations[] = {
-    { Operation::CursorStep, "cursor step", 0.60, true },
-    { Operation::CursorDrag, "cursor drag", 0.60, true },
-    { Operation::Pan, "pan", 1.7 },
-    { Operation::ZoomStep, "zoom step", 1.8 },
-    { Operation::VerticalShift, "vertical shift", 1.1 },
-    { Operation::HorizontalShift, "horizontal shift", 1.1 },
-    { Operation::VelocityFactor, "velocity factor", 1.1 },
-    { Operation::SelectTrace, "select a trace", 1.7 },
+    { Operation::CursorStep, "cursor step", 0.60, true }, // one sample, by the wheel
+    { Operation::CursorDrag, "cursor drag", 0.60, true }, // one mouse move
+    { Operation::Pan, "pan", 1.7 }, // three counts, by the middle button
+    { Operation::ZoomStep, "zoom step", 1.8 }, // one level, by its button
+    { Operation::VerticalShift, "vertical shift", 1.1 }, // one level, by the dial
+    { Operation::HorizontalShift, "horizontal shift", 1.1 }, // one sample, by the dial
+    { Operation::VelocityFactor, "velocity factor", 1.1 }, // a thousandth, by the dial
+    { Operation::SelectTrace, "select a trace", 1.7 }, // the next of six
     { Operation::LoadSix, "load six", 1.5 },
     { Operation::DifferenceOn, "difference on", 1.2 },
     { Operation::SmoothingOn, "smoothing on", 1.6 },
     { Operation::CursorStepSmoothed, "cursor step, smoothed", 0.60, true },
     { Operation::PanSmoothed, "pan, smoothed", 1.8 },
     { Operation::Resize, "resize by 4 px", 1.7 },
-    { Operation::Language, "language switch", 0.0 },
-    { Operation::StyleSheet, "apply the style sheet", 0.0 },
+    { Operation::Language, "language switch", 0.0 }, // the viewer alone
+    { Operation::StyleSheet, "apply the style sheet", 0.0 }, // the viewer alone
 };
 
 /// The curves are shown while \a operation is repeated.
