@@ -29,7 +29,6 @@ MainWindow::MainWindow(QWidget *parent)
     settingsMenu = new SettingsMenu(d, settingsData, this);
 
     createControls();
-    createLegendButtons();
     setWindowSizes();
 
     buildLayouts();
