@@ -4,8 +4,6 @@
 /// \file
 /// The least that a program with a window can be: what the viewer's start is compared with.
 
-#include "base/constants.h"
-
 #include <QApplication>
 #include <QWidget>
 
@@ -13,7 +11,7 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     QWidget window;
-    window.resize(constants::minWindowWidth, constants::minWindowHeight);
+    window.resize(800, 500);
     window.show();
     return QApplication::exec();
 }

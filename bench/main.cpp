@@ -2,25 +2,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 /// \file
-/// Measures the viewer's window against peers of the same look and work, all in one process and
-/// round by round, so that whatever else the machine does hits all of them. The tables go to the
-/// standard output.
+/// Measures the viewer's plot against peers that draw the same. All run in one process and by
+/// turns, so that the load of the machine affects all of them alike. The tables go to standard
+/// output.
 
-#include "measurements.h"
-#include "painter_plot.h"
 #include "peer_subject.h"
-#include "plot_on_qcustomplot.h"
-#include "plot_on_qwt.h"
 #include "report.h"
 #include "stopwatch.h"
-#include "traces.h"
+#include "tracebuilder.h"
 #include "viewer_subject.h"
-#include "workload.h"
 
 #include <QCommandLineParser>
-#include <QFile>
 #include <QTemporaryDir>
 
+#include <cmath>
 #include <cstdio>
 #include <memory>
 #include <sys/resource.h>
@@ -30,54 +25,62 @@ namespace {
 constexpr int warmUps = 4; ///< operations before each block, not counted
 constexpr int settledSteps = 600; ///< cursor steps after which all caches are filled
 
-/// One run as the command line asks for it.
 struct Run
 {
-    QSize size = { 1280, 800 };
-    int rounds = 10;
-    int perBlock = 20; ///< operations that count, of each kind in each round
-    double limitMs = 8.0;
+    QSize size;
+    int rounds = 0;
+    int perBlock = 0; ///< counted operations of each kind in each round
+    double limitMs = 0.0;
     QString only; ///< name of the one operation to measure; empty for all
     QStringList files;
 };
 
-/// A window to measure, made anew in each round.
+/// Echoes on a falling line.
+int sampleOf(int slot, int index)
+{
+    const double fall = 40.0 * std::exp(-index / 60.0);
+    const double phase = 0.11 * (slot + 2) * index;
+    const double echo = 35.0 * std::sin(phase) * std::exp(-(index % 83) / 25.0);
+    return static_cast<int>(fall + echo) + 12 * slot - 30;
+}
+
+/// Writes six traces, one count a sample, into \a folder and returns their paths.
+QStringList writeTraces(const QString &folder)
+{
+    QStringList paths;
+    for (int slot = 0; slot < constants::slotCount; ++slot)
+        paths << TraceBuilder()
+                     .samples([slot](int index) { return sampleOf(slot, index); })
+                     .write(QStringLiteral("%1/trace%2.tdr").arg(folder).arg(slot + 1));
+    return paths;
+}
+
+/// A window to measure, created again in each round.
 struct Candidate
 {
     QString name;
-    std::unique_ptr<Subject> (*make)(const Run &run);
+    PeerPlot *(*makePlot)(); ///< null for the viewer
+
+    std::unique_ptr<ViewerSubject> make(const Run &run) const
+    {
+        if (makePlot == nullptr)
+            return std::make_unique<ViewerSubject>(run.size, run.files);
+        return std::make_unique<PeerSubject>(makePlot(), run.size, run.files);
+    }
+    bool can(Operation operation) const
+    {
+        return makePlot == nullptr
+            || (operation != Operation::Language && operation != Operation::StyleSheet);
+    }
 };
 
-PeerPlot *plotByPainter()
+const Candidate &viewer()
 {
-    return new PainterPlot;
+    static const Candidate candidate{ report::viewer, nullptr };
+    return candidate;
 }
 
-PeerPlot *plotOnQwt()
-{
-    return new PlotOnQwt;
-}
-
-template <PeerPlot *(*makePlot)()> std::unique_ptr<Subject> makePeer(const Run &run)
-{
-    return std::make_unique<PeerSubject>(makePlot(), run.size, run.files);
-}
-
-std::unique_ptr<Subject> makeViewer(const Run &run)
-{
-    return std::make_unique<ViewerSubject>(run.size, run.files);
-}
-
-QVector<Candidate> candidates()
-{
-    QVector<Candidate> all{ { report::viewer, makeViewer } };
-    all.append({ report::painter, makePeer<plotByPainter> });
-    all.append({ report::qwt, makePeer<plotOnQwt> });
-    all.append({ report::qCustomPlot, makePeer<plotOnQCustomPlot> });
-    return all;
-}
-
-void measureBlock(Stopwatch &watch, Subject &subject, Operation operation, int count,
+void measureBlock(Stopwatch &watch, ViewerSubject &subject, Operation operation, int count,
                   Sample &sample)
 {
     subject.begin(operation);
@@ -88,6 +91,8 @@ void measureBlock(Stopwatch &watch, Subject &subject, Operation operation, int c
         if (subject.state() == before && operation != Operation::LoadSix
             && operation != Operation::StyleSheet)
             qFatal("operation %d was refused", static_cast<int>(operation));
+        if (cost.plotPaints == 0)
+            qFatal("operation %d painted nothing", static_cast<int>(operation));
         if (number >= warmUps)
             sample.add(cost);
         subject.takeBack(operation);
@@ -101,19 +106,19 @@ Measurements measure(Stopwatch &watch, const Run &run, const QVector<Candidate> 
                      const QVector<Operation> &wanted)
 {
     Measurements measured;
-    for (int round = 0; round < run.rounds; ++round) {
+    for (int round = 0; round < run.rounds; ++round)
         for (const Candidate &candidate : subjects) {
-            const std::unique_ptr<Subject> subject = candidate.make(run);
+            const std::unique_ptr<ViewerSubject> subject = candidate.make(run);
             watch.settle();
             if (round == 0)
                 std::fprintf(stderr, "%s: plot of %d x %d in %d x %d\n", qPrintable(candidate.name),
                              subject->plot().width(), subject->plot().height(),
                              subject->window().width(), subject->window().height());
             for (const Operation operation : wanted)
-                measureBlock(watch, *subject, operation, run.perBlock,
-                             measured[candidate.name][operation]);
+                if (candidate.can(operation))
+                    measureBlock(watch, *subject, operation, run.perBlock,
+                                 measured[candidate.name][operation]);
         }
-    }
     return measured;
 }
 
@@ -128,46 +133,37 @@ QVector<Operation> operationsCalled(const QString &name)
     return found;
 }
 
-void print(const QStringList &lines)
+void print(const QString &title, const QStringList &lines)
 {
+    std::printf("### %s\n\n", qPrintable(title));
     for (const QString &line : lines)
         std::printf("%s\n", qPrintable(line));
     std::printf("\n");
 }
 
-int compare(Stopwatch &watch, const Run &run, bool viewerAlone)
+void compare(Stopwatch &watch, const Run &run)
 {
-    QVector<Candidate> subjects = candidates();
-    if (viewerAlone)
-        subjects.resize(1);
+    const QVector<Candidate> subjects{ viewer(),
+                                       { report::painter, makePainterPlot },
+                                       { report::qwt, makeQwtPlot },
+                                       { report::qCustomPlot, makeQCustomPlot } };
     const Measurements measured = measure(watch, run, subjects, operationsCalled(run.only));
-    const QString where = QStringLiteral("%1, %2 x %3, six traces, %4 operations of each kind")
-                              .arg(QGuiApplication::platformName())
-                              .arg(run.size.width())
-                              .arg(run.size.height())
-                              .arg(run.rounds * run.perBlock);
-    if (!viewerAlone) {
-        print({ QStringLiteral("### Plot's part: ") + where });
-        print(report::plotTable(measured));
-    }
-    print({ QStringLiteral("### Whole window: ") + where });
-    print(report::wholeTable(measured, run.limitMs));
-    const QStringList broken = report::broken(measured);
-    if (!broken.isEmpty())
-        print(broken);
-    return broken.isEmpty() ? 0 : 1;
+    print(QStringLiteral("%1, %2 x %3, six traces, %4 operations of each kind")
+              .arg(QGuiApplication::platformName())
+              .arg(run.size.width())
+              .arg(run.size.height())
+              .arg(run.rounds * run.perBlock),
+          report::table(measured, run.limitMs));
 }
 
-int grow(Stopwatch &watch, Run run)
+void grow(Stopwatch &watch, Run run)
 {
-    const QVector<Candidate> viewer = { candidates().constFirst() };
     const QVector<Operation> wanted = { Operation::CursorStep, Operation::Pan };
-    const Measurements six = measure(watch, run, viewer, wanted);
+    const Measurements six = measure(watch, run, { viewer() }, wanted);
     run.files = run.files.mid(0, 1);
-    const Measurements one = measure(watch, run, viewer, wanted);
-    print({ QStringLiteral("### From one trace to six: ") + QGuiApplication::platformName() });
-    print(report::growthTable(one, six));
-    return 0;
+    const Measurements one = measure(watch, run, { viewer() }, wanted);
+    print(QStringLiteral("From one trace to six: ") + QGuiApplication::platformName(),
+          report::growthTable(one, six));
 }
 
 double peakMegabytes()
@@ -177,45 +173,38 @@ double peakMegabytes()
     return double(usage.ru_maxrss) / 1024.0;
 }
 
-int endure(Stopwatch &watch, const Run &run, int steps)
+void endure(Stopwatch &watch, const Run &run)
 {
-    ViewerSubject viewer(run.size, run.files);
+    const int steps = run.rounds * run.perBlock;
+    ViewerSubject subject(run.size, run.files);
     watch.settle();
     double settled = 0.0;
     for (int step = 0; step < steps; ++step) {
-        if (watch.measure(viewer, [&] { viewer.act(Operation::CursorStep, step); }).plotPaints == 0)
-            qFatal("a cursor step painted nothing");
+        watch.measure(subject, [&] { subject.act(Operation::CursorStep, step); });
         if (step + 1 == settledSteps)
             settled = peakMegabytes();
     }
     const double last = peakMegabytes();
-    print({ QStringLiteral("### Endurance: peak memory over %1 cursor steps").arg(steps), QString(),
-            QStringLiteral("%1 MB after %2, %3 MB after %4: %5 (goal 1.03)")
+    print(QStringLiteral("Endurance: peak memory over %1 cursor steps").arg(steps),
+          { QStringLiteral("%1 MB after %2, %3 MB after %4: %5 (goal 1.03)")
                 .arg(settled, 0, 'f', 1)
                 .arg(settledSteps)
                 .arg(last, 0, 'f', 1)
                 .arg(steps)
                 .arg(last / settled, 0, 'f', 3) });
-    return 0;
-}
-
-/// How alike the subjects look, for the eye.
-int takePictures(Stopwatch &watch, const Run &run)
-{
-    for (const Candidate &candidate : candidates()) {
-        const std::unique_ptr<Subject> subject = candidate.make(run);
-        watch.settle();
-        const QString name = candidate.name + QStringLiteral(".png");
-        if (!subject->window().grab().save(name))
-            qFatal("cannot write %s", qPrintable(name));
-    }
-    return 0;
 }
 
 QSize sizeOf(const QString &text)
 {
     const QStringList sides = text.split(QLatin1Char('x'));
     return { sides.value(0).toInt(), sides.value(1).toInt() };
+}
+
+QCommandLineOption option(const char *name, const char *meaning, const char *value = nullptr,
+                          const char *preset = nullptr)
+{
+    return { QString::fromLatin1(name), QString::fromLatin1(meaning), QString::fromLatin1(value),
+             QString::fromLatin1(preset) };
 }
 
 } // namespace
@@ -225,51 +214,37 @@ int main(int argc, char **argv)
     // As the viewer does for itself.
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
-    // Three debug lines at each resize of the viewer would be measured with it.
+    // Otherwise the viewer's debug lines at each resize are measured as well.
     qputenv("QT_LOGGING_RULES", "default.debug=false");
     Stopwatch watch(argc, argv);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Measures the viewer's window and its peers."));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("what"),
-                                 QStringLiteral("compare, viewer, growth, endurance or pictures"));
-    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("of the window"),
-                                  QStringLiteral("WxH"), QStringLiteral("1280x800"));
-    const QCommandLineOption rounds(QStringLiteral("rounds"), QStringLiteral("of all subjects"),
-                                    QStringLiteral("n"), QStringLiteral("10"));
-    const QCommandLineOption count(QStringLiteral("operations"),
-                                   QStringLiteral("of each kind in each round"),
-                                   QStringLiteral("n"), QStringLiteral("20"));
-    const QCommandLineOption limit(QStringLiteral("limit"), QStringLiteral("for p99"),
-                                   QStringLiteral("ms"), QStringLiteral("8"));
-    const QCommandLineOption computing(
-        QStringLiteral("computing"),
-        QStringLiteral("count the time of computing, not all that passes; for a busy machine"));
-    const QCommandLineOption only(QStringLiteral("only"),
-                                  QStringLiteral("the operation of this name"),
-                                  QStringLiteral("name"));
-    parser.addOptions({ size, rounds, count, limit, computing, only });
+                                 QStringLiteral("compare, growth or endurance"));
+    const QCommandLineOption size = option("size", "of the window", "WxH", "1280x800");
+    const QCommandLineOption rounds = option("rounds", "of all subjects", "n", "10");
+    const QCommandLineOption count = option("operations", "of each kind in each round", "n", "20");
+    const QCommandLineOption limit = option("limit", "for p99", "ms", "8");
+    const QCommandLineOption only = option("only", "the operation of this name", "name");
+    const QCommandLineOption computing
+        = option("computing", "count CPU time instead of elapsed time; for a busy machine");
+    parser.addOptions({ size, rounds, count, limit, only, computing });
     parser.process(watch);
     watch.setTime(parser.isSet(computing) ? Stopwatch::Computing : Stopwatch::Passing);
 
     const QTemporaryDir folder;
-    Run run;
-    run.size = sizeOf(parser.value(size));
-    run.rounds = parser.value(rounds).toInt();
-    run.perBlock = parser.value(count).toInt();
-    run.limitMs = parser.value(limit).toDouble();
-    run.only = parser.value(only);
-    run.files = traces::write(folder.path());
-
+    const Run run{ sizeOf(parser.value(size)),  parser.value(rounds).toInt(),
+                   parser.value(count).toInt(), parser.value(limit).toDouble(),
+                   parser.value(only),          writeTraces(folder.path()) };
     const QString what = parser.positionalArguments().value(0);
-    if (what == QLatin1String("compare") || what == QLatin1String("viewer"))
-        return compare(watch, run, what == QLatin1String("viewer"));
-    if (what == QLatin1String("growth"))
-        return grow(watch, run);
-    if (what == QLatin1String("pictures"))
-        return takePictures(watch, run);
-    if (what == QLatin1String("endurance"))
-        return endure(watch, run, run.rounds * run.perBlock);
-    parser.showHelp(2);
+    if (what == QLatin1String("compare"))
+        compare(watch, run);
+    else if (what == QLatin1String("growth"))
+        grow(watch, run);
+    else if (what == QLatin1String("endurance"))
+        endure(watch, run);
+    else
+        parser.showHelp(2);
+    return 0;
 }

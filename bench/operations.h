@@ -2,49 +2,85 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// What is measured: the things that a user does and waits for.
+#include <QSize>
+
+/// User operations that are measured.
 enum class Operation {
-    CursorStep, ///< one sample, by the wheel
-    CursorDrag, ///< one move of a drag, a few samples
-    Pan, ///< three counts, by the middle button
-    ZoomStep, ///< one level, by its button
-    VerticalShift, ///< one step of the selected trace
-    HorizontalShift, ///< one sample of the selected trace
-    VelocityFactor, ///< a thousandth
-    SelectTrace, ///< the next of six
-    LoadSix, ///< six files
+    CursorStep,
+    CursorDrag,
+    Pan,
+    ZoomStep,
+    VerticalShift,
+    HorizontalShift,
+    VelocityFactor,
+    SelectTrace,
+    LoadSix,
     DifferenceOn,
     SmoothingOn,
     CursorStepSmoothed,
     PanSmoothed,
-    Resize, ///< by four pixels
-    Language, ///< from one to the other
-    StyleSheet, ///< applied again
+    Resize,
+    Language,
+    StyleSheet
 };
 
-/// An operation's name, and how many bare repaints its part on the plot may take. 0 is no goal.
 struct OperationGoal
 {
     Operation operation;
     const char *name;
-    double goal;
+    double goal; ///< largest ratio of the plot's part to the bare painter's; 0: none
+    bool ahead = false; ///< must also take less than Qwt and QCustomPlot
 };
 
 constexpr OperationGoal operations[] = {
-    { Operation::CursorStep, "cursor step", 0.60 },
-    { Operation::CursorDrag, "cursor drag", 0.60 },
-    { Operation::Pan, "pan", 3.4 },
-    { Operation::ZoomStep, "zoom step", 2.5 },
-    { Operation::VerticalShift, "vertical shift", 1.35 },
-    { Operation::HorizontalShift, "horizontal shift", 1.35 },
-    { Operation::VelocityFactor, "velocity factor", 1.2 },
-    { Operation::SelectTrace, "select a trace", 2.1 },
-    { Operation::LoadSix, "load six", 2.15 },
-    { Operation::DifferenceOn, "difference on", 2.05 },
-    { Operation::SmoothingOn, "smoothing on", 2.25 },
-    { Operation::CursorStepSmoothed, "cursor step, smoothed", 0.30 },
-    { Operation::PanSmoothed, "pan, smoothed", 4.0 },
-    { Operation::Resize, "resize by 4 px", 3.2 },
-    { Operation::Language, "language switch", 0.0 },
-    { Operation::StyleSheet, "apply the style sheet", 0.0 },
+    { Operation::CursorStep, "cursor step", 0.60, true }, // one sample, by the wheel
+    { Operation::CursorDrag, "cursor drag", 0.60, true }, // one mouse move
+    { Operation::Pan, "pan", 1.7 }, // three counts, by the middle button
+    { Operation::ZoomStep, "zoom step", 1.8 }, // one level, by its button
+    { Operation::VerticalShift, "vertical shift", 1.1 }, // one level, by the dial
+    { Operation::HorizontalShift, "horizontal shift", 1.1 }, // one sample, by the dial
+    { Operation::VelocityFactor, "velocity factor", 1.1 }, // a thousandth, by the dial
+    { Operation::SelectTrace, "select a trace", 1.7 }, // the next of six
+    { Operation::LoadSix, "load six", 1.5 },
+    { Operation::DifferenceOn, "difference on", 1.2 },
+    { Operation::SmoothingOn, "smoothing on", 1.6 },
+    { Operation::CursorStepSmoothed, "cursor step, smoothed", 0.60, true },
+    { Operation::PanSmoothed, "pan, smoothed", 1.8 },
+    { Operation::Resize, "resize by 4 px", 1.7 },
+    { Operation::Language, "language switch", 0.0 }, // the viewer alone
+    { Operation::StyleSheet, "apply the style sheet", 0.0 }, // the viewer alone
 };
+
+/// The curves are shown while \a operation is repeated.
+constexpr bool isSmoothed(Operation operation)
+{
+    return operation == Operation::CursorStepSmoothed || operation == Operation::PanSmoothed;
+}
+
+/// What all subjects do alike; positions and widths in counts.
+namespace workload {
+
+constexpr int cursorA = 150; ///< right of the middle, so that zooming in has to scroll to it
+constexpr int cursorB = 200;
+constexpr int turn = 40; ///< operations in one direction, before as many back
+constexpr int panTurn = 20; ///< the same for pans
+constexpr int panCounts = 3; ///< of one pan
+constexpr int dragCounts = 2; ///< of one move of a drag
+constexpr int resizePixels = 4; ///< wider and higher
+/// Added while resizing, so that the plot is above its minimum size and follows.
+constexpr int resizeRoom = 60;
+
+/// +1 for \a length operations, then -1 for as many, and so on.
+constexpr int direction(int number, int length)
+{
+    return (number / length) % 2 == 0 ? 1 : -1;
+}
+
+/// Size for resize number \a number of a window of \a size: larger, and back.
+constexpr QSize resized(QSize size, int number)
+{
+    const int more = resizeRoom + (number % 2 == 0 ? resizePixels : 0);
+    return { size.width() + more, size.height() + more };
+}
+
+} // namespace workload

@@ -1,25 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "peer_model.h"
-
-#include "base/constants.h"
 #include "calc/cursor_level.h"
+#include "calc/readout.h"
 #include "calc/tdr_record.h"
+#include "peer_plot.h"
 
 #include <QFile>
+#include <QPolygonF>
 
 namespace {
 
-constexpr int linesPerSpan = 4; ///< that stand for a curved span
-
-/// Control points of the span from \a i to \a i + 1.
-QPair<QPointF, QPointF> controls(const QVector<QPointF> &points, int i)
-{
-    const QPointF before = points[qMax(0, i - 1)];
-    const QPointF after = points[qMin(points.size() - 1, i + 2)];
-    return { points[i] + (points[i + 1] - before) / 6.0,
-             points[i + 1] - (after - points[i]) / 6.0 };
-}
+constexpr double metresPerCountInAir = 0.18737028625;
+constexpr double selectedPen = 2.0;
+constexpr double otherPen = 1.0;
 
 } // namespace
 
@@ -29,19 +22,14 @@ void PeerModel::load(const QStringList &files)
     for (int slot = 0; slot < files.size(); ++slot) {
         QFile file(files[slot]);
         if (!file.open(QIODevice::ReadOnly))
-            qFatal("a trace of the benchmark has gone");
+            qFatal("cannot read %s", qPrintable(files[slot]));
         const QByteArray bytes = file.readAll();
         Trace &trace = traces[slot];
         calc::fillRecord(bytes.constData(), bytes.size(), trace.record);
         trace.offset = trace.record.ch.params.shiftY;
         trace.scroll = 0;
     }
-    selected = master = 0;
-}
-
-double PeerModel::metresPerCount() const
-{
-    return constants::distCoef0 / ku;
+    selected = 0;
 }
 
 calc::TraceRef PeerModel::ref(int slot) const
@@ -53,13 +41,13 @@ calc::TraceRef PeerModel::ref(int slot) const
 QVector<QPointF> PeerModel::points(int slot) const
 {
     QVector<QPointF> result;
-    const bool isDifference = difference && slot != master;
+    const bool isDifference = difference && slot != 0;
     if (smooth && isDifference)
-        calc::splineDifference(ref(master), ref(slot), result);
+        calc::splineDifference(ref(0), ref(slot), result);
     else if (smooth)
         calc::splinePoints(ref(slot), result);
     else if (isDifference)
-        calc::stepDifference(ref(master), ref(slot), result);
+        calc::stepDifference(ref(0), ref(slot), result);
     else
         calc::stepPoints(ref(slot), result);
     return result;
@@ -67,22 +55,7 @@ QVector<QPointF> PeerModel::points(int slot) const
 
 QVector<QPointF> PeerModel::polyline(int slot) const
 {
-    const QVector<QPointF> source = points(slot);
-    if (!smooth || source.size() < 2)
-        return source;
-    QVector<QPointF> result;
-    result.reserve(source.size() * linesPerSpan);
-    for (int i = 0; i + 1 < source.size(); ++i) {
-        const auto control = controls(source, i);
-        for (int part = 0; part < linesPerSpan; ++part) {
-            const double t = double(part) / linesPerSpan;
-            const double u = 1.0 - t;
-            result << source[i] * (u * u * u) + control.first * (3 * u * u * t)
-                    + control.second * (3 * u * t * t) + source[i + 1] * (t * t * t);
-        }
-    }
-    result << source.constLast();
-    return result;
+    return smooth ? curve(points(slot)).toSubpathPolygons().value(0) : points(slot);
 }
 
 QPainterPath PeerModel::curve(const QVector<QPointF> &points)
@@ -92,8 +65,10 @@ QPainterPath PeerModel::curve(const QVector<QPointF> &points)
         return path;
     path.moveTo(points[0]);
     for (int i = 0; i + 1 < points.size(); ++i) {
-        const auto control = controls(points, i);
-        path.cubicTo(control.first, control.second, points[i + 1]);
+        const QPointF before = points[qMax(0, i - 1)];
+        const QPointF after = points[qMin(points.size() - 1, i + 2)];
+        path.cubicTo(points[i] + (points[i + 1] - before) / 6.0,
+                     points[i + 1] - (after - points[i]) / 6.0, points[i + 1]);
     }
     return path;
 }
@@ -103,23 +78,34 @@ int PeerModel::level(int cursor) const
     return calc::levelUnder(cursors[cursor], ref(selected));
 }
 
-calc::GridPlan PeerModel::grid(double plotWidth) const
+QPen PeerModel::tracePen(int slot) const
 {
-    return calc::planGrid(range, metresPerCount(), static_cast<float>(plotWidth));
+    return { QColor::fromHsv(slot * 60, 255, 255).toRgb(),
+             slot == selected ? selectedPen : otherPen };
 }
 
 QColor PeerModel::cursorColour(int cursor) const
 {
-    return cursor == active ? Qt::yellow : Qt::gray;
-}
-
-double PeerModel::penWidth(int slot) const
-{
-    return slot == selected ? double{ constants::tracePen } : constants::thinTracePen;
+    return cursor == 0 ? Qt::yellow : Qt::gray;
 }
 
 QColor PeerModel::background() const
 {
-    return QColor::fromRgba(difference ? constants::differenceBackground
-                                       : constants::normalBackground);
+    return difference ? QColor(0x28, 0x28, 0x3C) : QColor(0x0B, 0x0C, 0x0D);
+}
+
+double PeerModel::metresPerCount() const
+{
+    return metresPerCountInAir / ku;
+}
+
+QString PeerModel::title() const
+{
+    return QStringLiteral("trace%1, /traces, 5 Mar 2024 09:05:07").arg(selected + 1);
+}
+
+QString PeerModel::stepText() const
+{
+    return QStringLiteral("cursor step = ")
+        + calc::distanceText(1, metresPerCount(), QStringLiteral("m"));
 }

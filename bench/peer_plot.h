@@ -2,40 +2,89 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "peer_model.h"
+#include "base/constants.h"
+#include "calc/trace_points.h"
+#include "calc/view_range.h"
+#include "protocol_vx840.h"
 
-#include <QMargins>
-#include <QWidget>
+#include <QColor>
+#include <QPainterPath>
+#include <QPen>
+#include <QStringList>
+#include <QVector>
 
-/// A way of drawing the plot. Each is a widget and paints itself once for every \c showModel.
+class QWidget;
+
+/// What the viewer's plot shows, as plain data.
+struct PeerModel
+{
+    struct Trace
+    {
+        Protocol_VX840::TDR_FILE_t record = {};
+        int offset = 0; ///< sample steps
+        int scroll = 0; ///< counts
+    };
+
+    QVector<Trace> traces; ///< one for each slot; the first is the master
+    int selected = 0;
+    bool difference = false;
+    bool smooth = false;
+    calc::Range range = { 0, constants::drawnSamples }; ///< counts
+    double ku = 1.5;
+    int cursors[2] = {}; ///< A, which is active, and B; counts
+    int textPoints = 9; ///< size of title and step text
+
+    /// Reads the six \a files again; no trace is shifted then.
+    void load(const QStringList &files);
+
+    /// Points of a trace: corners of its steps, or those that the smooth curve passes through.
+    QVector<QPointF> points(int slot) const;
+    /// The same for a library that draws straight lines only.
+    QVector<QPointF> polyline(int slot) const;
+    /// Smooth curve through \a points.
+    static QPainterPath curve(const QVector<QPointF> &points);
+
+    /// Sample steps under a cursor, or 129.
+    int level(int cursor) const;
+    double metresPerCount() const;
+    QPen tracePen(int slot) const;
+    QColor cursorColour(int cursor) const;
+    QColor background() const;
+    QString title() const;
+    QString stepText() const;
+
+private:
+    calc::TraceRef ref(int slot) const;
+};
+
+/// A way to draw the plot.
 class PeerPlot
 {
 public:
-    /// What of the model changed; a library hands over to its plot no more than that.
-    enum Change {
-        Cursors = 1,
-        Range = 2,
-        Traces = 4,
-        Selection = 8,
-        Units = 16,
-        Texts = 32,
-        Everything = 63,
-    };
-
     virtual ~PeerPlot() = default;
 
-    /// The plot as a widget, owned by the window that takes it into its layout.
-    virtual QWidget *widget() = 0;
-    /// The part on which the traces are painted.
-    virtual QWidget *canvas() = 0;
-    /// Takes over the changes, a set of Change, and asks for one repaint. \a slot is the only trace
-    /// that changed, or -1 for all of them.
-    virtual void showModel(const PeerModel &model, int changes, int slot) = 0;
+    /// Shows \a model, which stays valid, in one repaint. The points are as before unless
+    /// \a pointsChanged.
+    virtual void show(const PeerModel &model, bool pointsChanged) = 0;
 
-    /// Around the plot area, as the viewer's chart leaves them.
-    static constexpr QMargins margins = { 57, 26, 23, 27 };
-    static constexpr int levelStep = 32; ///< between two lines of the vertical axis
-    static constexpr int labelPixels = 10; ///< of its labels
-    static constexpr double markerSize = 8.0;
-    static constexpr int markerInset = 4; ///< sample steps from the edge to a triangle's middle
+    QWidget *const widget; ///< owned by the window that takes it into its layout
+    QWidget *const canvas; ///< the part on which the traces are painted
+
+protected:
+    PeerPlot(QWidget *plotWidget, QWidget *plotCanvas)
+        : widget(plotWidget)
+        , canvas(plotCanvas)
+    {
+    }
+
+    static constexpr QRgb gridColour = 0xFF323232;
+    static constexpr int cursorPen = 2;
 };
+
+/// The reference: repaints everything with QPainter, antialiased, a line per segment as the chart
+/// module does, which is also faster than one polyline.
+PeerPlot *makePainterPlot();
+/// The libraries in their plain use: a replot for every change. Axes in counts, no letters at the
+/// cursors.
+PeerPlot *makeQwtPlot();
+PeerPlot *makeQCustomPlot();

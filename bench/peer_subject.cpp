@@ -4,258 +4,160 @@
 
 #include "calc/readout.h"
 #include "cont_dial.h"
-#include "dictionary.h"
-#include "mainwindow.h"
+#include "interfacebutton.h"
+#include "legendbutton.h"
 #include "parambutton.h"
-#include "peer_plot.h"
-#include "workload.h"
 
-#include <QCoreApplication>
+#include <QButtonGroup>
 #include <QLabel>
+#include <QLayout>
+
+namespace {
+
+const QString metres = QStringLiteral("m");
+
+} // namespace
 
 PeerSubject::PeerSubject(PeerPlot *plot, QSize size, const QStringList &files)
-    : m_window(plot)
-    , m_files(files)
-    , m_size(size)
+    : ViewerSubject(size, files)
+    , m_plot(*plot)
 {
+    m_model.load(files);
     m_model.cursors[0] = workload::cursorA;
     m_model.cursors[1] = workload::cursorB;
-    m_window.resize(size);
-    m_window.setWindowFlag(Qt::X11BypassWindowManagerHint);
-    m_window.show();
-    // Distances are planned for the width that the layout gave the plot.
-    QCoreApplication::processEvents();
-    m_model.textPoints = m_window.points();
-    load();
-}
-
-PeerSubject::~PeerSubject() = default;
-
-QWidget &PeerSubject::window()
-{
-    return m_window;
+    m_model.textPoints = m_probe.KU_button()->font().pointSize();
+    m_plot.widget->setMinimumSize(m_probe.Plot_View()->minimumSize());
+    m_probe.Plot_View()->hide();
+    m_probe.centralWidget()->layout()->replaceWidget(m_probe.Plot_View(), m_plot.widget);
+    m_plot.widget->show();
+    show(true);
 }
 
 QWidget &PeerSubject::plot()
 {
-    return *m_window.plot->widget();
+    return *m_plot.widget;
 }
 
 QWidget &PeerSubject::canvas()
 {
-    return *m_window.plot->canvas();
+    return *m_plot.canvas;
 }
 
 QVector<double> PeerSubject::state() const
 {
     const PeerModel::Trace &trace = m_model.traces[m_model.selected];
-    return { double(m_model.range.min),
-             double(m_model.range.max),
-             double(m_model.cursors[m_model.active]),
-             double(trace.offset),
-             double(trace.scroll),
-             m_model.ku,
-             double(m_model.selected),
-             double(m_model.difference),
-             double(m_model.smooth),
-             double(m_window.plot->widget()->width()),
-             double(qHash(m_window.words->SETTINGS_STR)) };
+    return { double(m_model.range.min),     double(m_model.range.max),  double(m_model.cursors[0]),
+             double(trace.offset),          double(trace.scroll),       m_model.ku,
+             double(m_model.selected),      double(m_model.difference), double(m_model.smooth),
+             double(m_plot.widget->width()) };
 }
 
-QString PeerSubject::distance(int counts) const
+void PeerSubject::show(bool pointsChanged)
 {
-    return calc::distanceText(counts, m_model.metresPerCount(), m_window.words->DIST_SUFFIX_STR);
+    m_plot.show(m_model, pointsChanged);
+    const auto distance = [this](int counts) {
+        return calc::distanceText(counts, m_model.metresPerCount(), metres);
+    };
+    InterfaceButton *const buttons[] = { m_probe.curA_button(), m_probe.curB_button() };
+    for (int i = 0; i < 2; ++i)
+        buttons[i]->setText(
+            QStringLiteral("Cursor\n x = %1\n y = %2")
+                .arg(distance(m_model.cursors[i]), calc::levelText(m_model.level(i))));
+    m_probe.delta_lbl()->setText(QStringLiteral("Δ = ")
+                                 + distance(m_model.cursors[1] - m_model.cursors[0]));
+    // Last: it repaints at once everything that waits for it.
+    m_probe.cursor_dial()->setText(distance(m_model.cursors[0]));
 }
 
-QString PeerSubject::stepText() const
+void PeerSubject::showParameter(QAbstractButton *button, double value)
 {
-    return m_window.words->CUR_STEP_STR + QStringLiteral(" = ") + distance(1);
+    const QString text = QStringLiteral("X\n%1").arg(value);
+    button->setText(text);
+    m_probe.param_dial()->titleText = text;
+    m_probe.param_dial()->update();
 }
 
-void PeerSubject::showReadouts()
+void PeerSubject::set(bool PeerModel::*mode, bool on)
 {
-    const QString names[] = { m_window.words->CURSOR_A_STR, m_window.words->CURSOR_B_STR };
-    for (int cursor = 0; cursor < PeerModel::cursorCount; ++cursor)
-        m_window.cursorButtons[cursor]->setText(QStringLiteral("%1\n x = %2\n y = %3")
-                                                    .arg(names[cursor],
-                                                         distance(m_model.cursors[cursor]),
-                                                         calc::levelText(m_model.level(cursor))));
-    m_window.delta->setText(m_window.words->DELTA_STR + QStringLiteral(" = ")
-                            + distance(qAbs(m_model.cursors[0] - m_model.cursors[1])));
-    // Last: it paints at once, together with all that waits.
-    m_window.cursorDial->setText(names[m_model.active] + QLatin1Char('\n')
-                                 + distance(m_model.cursors[m_model.active]));
-}
-
-void PeerSubject::showParameter(int parameter, const QString &value)
-{
-    m_window.parameterButtons[parameter]->setText(QStringLiteral("X\n") + value);
-    m_window.parameterDial->titleText = QStringLiteral("X\n") + value;
-    m_window.parameterDial->update();
-}
-
-void PeerSubject::moveCursor(int counts)
-{
-    m_model.cursors[m_model.active] += counts;
-    m_window.plot->showModel(m_model, PeerPlot::Cursors, -1);
-    showReadouts();
-}
-
-void PeerSubject::pan(int counts)
-{
-    m_model.range.min += counts;
-    m_model.range.max += counts;
-    m_window.plot->showModel(m_model, PeerPlot::Range, -1);
-}
-
-void PeerSubject::zoom(int level)
-{
-    m_model.range = { 0, constants::drawnSamples << level };
-    m_model.range = calc::centredOn(m_model.cursors[m_model.active], m_model.range);
-    m_window.plot->showModel(m_model, PeerPlot::Range, -1);
-    showParameter(MainWindow::SCALE, calc::scaleText(calc::scaleDistance(level)));
-}
-
-void PeerSubject::shift(int samples, int counts)
-{
-    PeerModel::Trace &trace = m_model.traces[m_model.selected];
-    trace.offset += samples;
-    trace.scroll += counts;
-    m_window.plot->showModel(m_model, PeerPlot::Traces | PeerPlot::Cursors, m_model.selected);
-    showParameter(MainWindow::V_OFFSET, QString::number(trace.offset));
-    showReadouts();
-}
-
-void PeerSubject::turnFactor(int thousandths)
-{
-    m_model.ku += thousandths / double{ constants::kuDialUnits };
-    m_model.stepText = stepText();
-    m_window.plot->showModel(m_model, PeerPlot::Units | PeerPlot::Texts, -1);
-    showParameter(MainWindow::KU, QString::number(m_model.ku, 'f', constants::kuDecimals));
-    showReadouts();
-}
-
-void PeerSubject::select(int slot)
-{
-    m_model.selected = slot;
-    m_model.title = QStringLiteral("trace%1, /traces, 5 Mar 2024 09:05:07").arg(slot + 1);
-    m_model.stepText = stepText();
-    m_window.plot->showModel(m_model, PeerPlot::Selection | PeerPlot::Texts, -1);
-    for (int i = 0; i < m_window.parameterButtons.size(); ++i)
-        m_window.parameterButtons[i]->setText(QStringLiteral("X\n%1").arg(slot + i));
-    showReadouts();
-}
-
-void PeerSubject::load()
-{
-    m_model.load(m_files);
-    m_model.range = { 0, constants::drawnSamples };
-    m_model.title = QStringLiteral("trace1, /traces, 5 Mar 2024 09:05:07");
-    m_model.stepText = stepText();
-    m_window.plot->showModel(m_model, PeerPlot::Everything, -1);
-    m_window.retranslate();
-    showReadouts();
-}
-
-void PeerSubject::setDifference(bool on)
-{
-    m_model.difference = on;
-    m_window.plot->showModel(m_model, PeerPlot::Traces | PeerPlot::Selection, -1);
-    showReadouts();
-}
-
-void PeerSubject::setSmooth(bool on)
-{
-    m_model.smooth = on;
-    m_window.plot->showModel(m_model, PeerPlot::Traces, -1);
-}
-
-void PeerSubject::speak(const QString &language)
-{
-    if (!m_translator.load(QString(constants::programCatalogue).arg(language),
-                           constants::catalogueFolder))
-        qFatal("a catalogue is missing");
-    QCoreApplication::installTranslator(&m_translator);
-    m_window.retranslate();
-    m_model.stepText = stepText();
-    m_window.plot->showModel(m_model, PeerPlot::Texts, -1);
-    showReadouts();
+    m_model.*mode = on;
+    show(true);
 }
 
 void PeerSubject::begin(Operation operation)
 {
-    if (operation == Operation::CursorStepSmoothed || operation == Operation::PanSmoothed)
-        setSmooth(true);
+    if (isSmoothed(operation))
+        set(&PeerModel::smooth, true);
     else if (operation == Operation::Resize)
-        m_window.resize(workload::resized(m_size, 1));
+        ViewerSubject::begin(operation);
 }
 
 void PeerSubject::act(Operation operation, int number)
 {
-    const int way = direction(number, workload::turn);
+    const int way = workload::direction(number, workload::turn);
+    const int pan = workload::panCounts * workload::direction(number, workload::panTurn);
+    PeerModel::Trace &selected = m_model.traces[m_model.selected];
     switch (operation) {
     case Operation::CursorStep:
     case Operation::CursorStepSmoothed:
     case Operation::CursorDrag:
-        moveCursor(way);
-        break;
+        m_model.cursors[0] += way;
+        return show(false);
     case Operation::Pan:
     case Operation::PanSmoothed:
-        pan(workload::panCounts * direction(number, workload::panTurn));
-        break;
-    case Operation::ZoomStep:
-        zoom(number % 2 == 0 ? 1 : 0);
-        break;
+        m_model.range = { m_model.range.min + pan, m_model.range.max + pan };
+        return m_plot.show(m_model, false);
+    case Operation::ZoomStep: {
+        const int scale = number % 2 == 0 ? 1 : 0;
+        m_model.range = calc::centredOn(m_model.cursors[0], { 0, calc::visibleCounts(scale) });
+        showParameter(m_probe.scale_button(), scale);
+        return m_plot.show(m_model, false);
+    }
     case Operation::VerticalShift:
-        shift(way, 0);
-        break;
+        selected.offset += way;
+        showParameter(m_probe.V_offset_button(), selected.offset);
+        return show(true);
     case Operation::HorizontalShift:
-        shift(0, way);
-        break;
+        selected.scroll += way;
+        showParameter(m_probe.H_offset_button(), selected.scroll);
+        return show(true);
     case Operation::VelocityFactor:
-        turnFactor(way);
-        break;
+        m_model.ku += way / 1000.0;
+        showParameter(m_probe.KU_button(), m_model.ku);
+        return show(false);
     case Operation::SelectTrace:
-        select((number + 1) % m_files.size());
-        break;
+        m_model.selected = (number + 1) % m_files.size();
+        for (int id = 0; id < m_probe.down_buttons()->buttons().size(); ++id)
+            m_probe.down_buttons()->button(id)->setText(QStringLiteral("X\n%1").arg(number));
+        return show(false);
     case Operation::LoadSix:
-        load();
-        break;
+        m_model.load(m_files);
+        return show(true);
     case Operation::DifferenceOn:
-        setDifference(true);
-        break;
+        return set(&PeerModel::difference, true);
     case Operation::SmoothingOn:
-        setSmooth(true);
-        break;
+        return set(&PeerModel::smooth, true);
     case Operation::Resize:
-        m_window.resize(workload::resized(m_size, number));
-        break;
     case Operation::Language:
-        speak(number % 2 == 0 ? QStringLiteral("ru_RU") : QStringLiteral("en_US"));
-        break;
     case Operation::StyleSheet:
-        m_window.setStyleSheet(m_window.styleSheet());
-        break;
+        return ViewerSubject::act(operation, number);
     }
 }
 
 void PeerSubject::takeBack(Operation operation)
 {
     if (operation == Operation::DifferenceOn)
-        setDifference(false);
+        set(&PeerModel::difference, false);
     else if (operation == Operation::SmoothingOn)
-        setSmooth(false);
+        set(&PeerModel::smooth, false);
 }
 
 void PeerSubject::end(Operation operation)
 {
-    if (operation == Operation::CursorStepSmoothed || operation == Operation::PanSmoothed)
-        setSmooth(false);
-    else if (operation == Operation::Resize)
-        m_window.resize(m_size);
-    else if (operation == Operation::Language)
-        speak(QStringLiteral("en_US"));
+    if (operation == Operation::Resize)
+        ViewerSubject::end(operation);
+    if (isSmoothed(operation))
+        m_model.smooth = false;
     m_model.range = { 0, constants::drawnSamples };
-    m_model.cursors[m_model.active] = workload::cursorA;
-    m_window.plot->showModel(m_model, PeerPlot::Range | PeerPlot::Cursors, -1);
+    m_model.cursors[0] = workload::cursorA;
+    show(true);
 }

@@ -2,22 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "peer_model.h"
-#include "peer_window.h"
-#include "subject.h"
+#include "peer_plot.h"
+#include "viewer_subject.h"
 
-#include <QStringList>
-#include <QTranslator>
-
-/// A peer, made to do what the viewer does: the same state behind the plot, the same readouts.
-class PeerSubject : public Subject
+/// A peer: the viewer's window with another plot in place of its own. It does not use the window's
+/// operations; it changes the model, shows it, and writes the readouts that the viewer writes.
+class PeerSubject : public ViewerSubject
 {
 public:
-    /// \a plot is taken over.
+    /// Takes \a plot over. \a files are the six traces.
     PeerSubject(PeerPlot *plot, QSize size, const QStringList &files);
-    ~PeerSubject() override;
 
-    QWidget &window() override;
     QWidget &plot() override;
     QWidget &canvas() override;
     QVector<double> state() const override;
@@ -27,24 +22,10 @@ public:
     void end(Operation operation) override;
 
 private:
-    void moveCursor(int counts);
-    void pan(int counts);
-    void zoom(int level);
-    void shift(int samples, int counts);
-    void turnFactor(int thousandths);
-    void select(int slot);
-    void load();
-    void setDifference(bool on);
-    void setSmooth(bool on);
-    void speak(const QString &language);
-    void showReadouts();
-    void showParameter(int parameter, const QString &value);
-    QString distance(int counts) const;
-    QString stepText() const;
+    void show(bool pointsChanged);
+    void showParameter(QAbstractButton *button, double value);
+    void set(bool PeerModel::*mode, bool on);
 
+    PeerPlot &m_plot;
     PeerModel m_model;
-    PeerWindow m_window;
-    QStringList m_files;
-    QSize m_size;
-    QTranslator m_translator;
 };

@@ -2,12 +2,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report.h"
 
+#include <algorithm>
+
 const QString report::viewer = QStringLiteral("viewer");
 const QString report::painter = QStringLiteral("bare QPainter");
 const QString report::qwt = QStringLiteral("Qwt");
 const QString report::qCustomPlot = QStringLiteral("QCustomPlot");
 
+void Sample::add(const Cost &cost)
+{
+    fewestPaints = plot.isEmpty() ? cost.plotPaints : std::min(fewestPaints, cost.plotPaints);
+    mostPaints = std::max(mostPaints, cost.plotPaints);
+    plot.append(cost.plotUs);
+    whole.append(cost.wholeUs);
+}
+
 namespace {
+
+/// The value below or at which \a share of \a values lie; 0 of none.
+double quantile(QVector<double> values, double share)
+{
+    if (values.isEmpty())
+        return 0.0;
+    const int place = std::min(values.size() - 1, static_cast<int>(values.size() * share));
+    std::nth_element(values.begin(), values.begin() + place, values.end());
+    return values[place];
+}
+
+double median(const QVector<double> &values)
+{
+    return quantile(values, 0.5);
+}
 
 QString row(const QStringList &cells)
 {
@@ -16,38 +41,26 @@ QString row(const QStringList &cells)
 
 QStringList head(const QStringList &titles)
 {
-    QStringList rule;
-    for (int i = 0; i < titles.size(); ++i)
-        rule << QStringLiteral("---");
-    return { row(titles), row(rule) };
+    return { row(titles), QStringLiteral("|") + QStringLiteral(" --- |").repeated(titles.size()) };
 }
 
-QString times(double value)
+/// \a value over \a reference; a dash when either was not measured.
+QString ratio(double value, double reference)
 {
-    return value > 0.0 ? QString::number(value, 'f', 2) : QStringLiteral("-");
+    return value > 0.0 && reference > 0.0 ? QString::number(value / reference, 'f', 2)
+                                          : QStringLiteral("-");
 }
 
-QString microseconds(double value)
+QString number(double value, int decimals)
 {
-    return QString::number(value, 'f', 0);
+    return QString::number(value, 'f', decimals);
 }
 
-double ratio(double value, double reference)
+QString goalText(const OperationGoal &goal)
 {
-    return reference > 0.0 ? value / reference : 0.0;
-}
-
-QString paints(const Sample &sample)
-{
-    if (sample.fewestPaints() == sample.mostPaints())
-        return QString::number(sample.mostPaints());
-    return QStringLiteral("%1 to %2").arg(sample.fewestPaints()).arg(sample.mostPaints());
-}
-
-bool mustBeAhead(Operation operation)
-{
-    return operation == Operation::CursorStep || operation == Operation::CursorDrag
-        || operation == Operation::CursorStepSmoothed;
+    if (goal.goal <= 0.0)
+        return QStringLiteral("-");
+    return number(goal.goal, 2) + (goal.ahead ? QStringLiteral(", ahead") : QString());
 }
 
 QString verdict(bool reached)
@@ -57,99 +70,49 @@ QString verdict(bool reached)
 
 } // namespace
 
-QStringList report::plotTable(const Measurements &measured)
+QStringList report::table(const Measurements &measured, double limitMs)
 {
-    QStringList lines
-        = head({ QStringLiteral("operation"), QStringLiteral("bare, us (p99)"),
-                 QStringLiteral("goal"), viewer, qwt, qCustomPlot, QStringLiteral("plot paints"),
-                 QStringLiteral("ratio"), QStringLiteral("paints") });
+    QStringList lines = head(
+        { QStringLiteral("operation"), QStringLiteral("bare, us"), QStringLiteral("goal"), viewer,
+          qwt, qCustomPlot, QString(), QStringLiteral("plot paints"), QStringLiteral("window, ms"),
+          QStringLiteral("p99, ms"), QStringLiteral("p99 <= %1 ms").arg(limitMs) });
     for (const OperationGoal &entry : operations) {
-        const auto sample = [&](const QString &subject) {
-            return measured.value(subject).value(entry.operation);
+        const auto plot = [&](const QString &subject) {
+            return median(measured.value(subject).value(entry.operation).plot);
         };
-        if (sample(viewer).count() == 0)
+        const Sample sample = measured.value(viewer).value(entry.operation);
+        if (sample.plot.isEmpty())
             continue;
-        const double bare = sample(painter).medianPlot();
-        const auto toBare
-            = [&](const QString &subject) { return ratio(sample(subject).medianPlot(), bare); };
-        const double own = toBare(viewer);
-        const bool ahead
-            = !mustBeAhead(entry.operation) || (own < toBare(qwt) && own < toBare(qCustomPlot));
-        const Sample viewed = sample(viewer);
+        const double own = plot(viewer);
+        const double bare = plot(painter);
+        const bool ahead = !entry.ahead || (own < plot(qwt) && own < plot(qCustomPlot));
+        const double p99 = quantile(sample.whole, 0.99) / 1000.0;
+        QString paints = QString::number(sample.fewestPaints);
+        if (sample.mostPaints != sample.fewestPaints)
+            paints += QStringLiteral(" to %1").arg(sample.mostPaints);
         lines << row(
-            { QLatin1String(entry.name),
-              QStringLiteral("%1 (%2)").arg(microseconds(bare),
-                                            microseconds(sample(painter).p99Plot())),
-              times(entry.goal)
-                  + (mustBeAhead(entry.operation) ? QStringLiteral(", ahead") : QString()),
-              QStringLiteral("**%1**").arg(times(own)), times(toBare(qwt)),
-              times(toBare(qCustomPlot)), paints(viewed),
-              entry.goal > 0.0 ? verdict(own <= entry.goal && ahead) : QStringLiteral("no goal"),
-              verdict(viewed.fewestPaints() == 1 && viewed.mostPaints() == 1) });
-    }
-    return lines;
-}
-
-QStringList report::wholeTable(const Measurements &measured, double limitMs)
-{
-    // Measured alone, the viewer has nothing beside it.
-    const bool compared = measured.contains(painter);
-    const QStringList subjects = compared ? QStringList{ viewer, qwt, qCustomPlot } : QStringList();
-    QStringList titles{ QStringLiteral("operation"), QStringLiteral("median, us"),
-                        QStringLiteral("p99, us"), QStringLiteral("p99 <= %1 ms").arg(limitMs) };
-    for (const QString &subject : subjects)
-        titles << subject + QStringLiteral(" to bare");
-    QStringList lines = head(titles);
-    for (const OperationGoal &entry : operations) {
-        const auto median = [&](const QString &subject) {
-            return measured.value(subject).value(entry.operation).medianWhole();
-        };
-        const Sample viewed = measured.value(viewer).value(entry.operation);
-        if (viewed.count() == 0)
-            continue;
-        QStringList cells{ QLatin1String(entry.name), microseconds(viewed.medianWhole()),
-                           microseconds(viewed.p99Whole()),
-                           verdict(viewed.p99Whole() <= limitMs * 1000.0) };
-        for (const QString &subject : subjects)
-            cells << times(ratio(median(subject), median(painter)));
-        lines << row(cells);
+            { QLatin1String(entry.name), bare > 0.0 ? number(bare, 0) : QStringLiteral("-"),
+              goalText(entry), QStringLiteral("**%1**").arg(ratio(own, bare)),
+              ratio(plot(qwt), bare), ratio(plot(qCustomPlot), bare),
+              entry.goal > 0.0 ? verdict(own <= entry.goal * bare && ahead) : QStringLiteral("-"),
+              paints, number(median(sample.whole) / 1000.0, 2), number(p99, 2),
+              verdict(p99 <= limitMs) });
     }
     return lines;
 }
 
 QStringList report::growthTable(const Measurements &one, const Measurements &six)
 {
-    struct Goal
-    {
-        Operation operation;
-        const char *name;
-        double limit;
-    };
-    constexpr Goal goals[]
+    constexpr OperationGoal goals[]
         = { { Operation::CursorStep, "cursor step", 1.15 }, { Operation::Pan, "pan", 2.4 } };
     QStringList lines = head({ QStringLiteral("operation"), QStringLiteral("one trace, us"),
                                QStringLiteral("six, us"), QStringLiteral("growth"),
                                QStringLiteral("goal"), QString() });
-    for (const Goal &goal : goals) {
-        const double few = one.value(viewer).value(goal.operation).medianPlot();
-        const double many = six.value(viewer).value(goal.operation).medianPlot();
-        lines << row({ QLatin1String(goal.name), microseconds(few), microseconds(many),
-                       times(ratio(many, few)), times(goal.limit),
-                       verdict(many <= few * goal.limit) });
-    }
-    return lines;
-}
-
-QStringList report::broken(const Measurements &measured)
-{
-    QStringList lines;
-    for (auto subject = measured.begin(); subject != measured.end(); ++subject) {
-        for (const OperationGoal &entry : operations) {
-            const Sample sample = subject.value().value(entry.operation);
-            if (sample.count() > 0 && sample.fewestPaints() == 0)
-                lines << QStringLiteral("%1: '%2' painted nothing")
-                             .arg(subject.key(), QLatin1String(entry.name));
-        }
+    for (const OperationGoal &goal : goals) {
+        const double few = median(one.value(viewer).value(goal.operation).plot);
+        const double many = median(six.value(viewer).value(goal.operation).plot);
+        lines << row({ QLatin1String(goal.name), number(few, 0), number(many, 0), ratio(many, few),
+                       number(goal.goal, 2), verdict(many <= few * goal.goal) });
     }
     return lines;
 }

@@ -2,9 +2,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "measurements.h"
+#include "operations.h"
+#include "stopwatch.h"
 
+#include <QMap>
 #include <QStringList>
+#include <QVector>
+
+/// All costs of one operation on one subject, microseconds.
+struct Sample
+{
+    QVector<double> plot; ///< the plot's part
+    QVector<double> whole; ///< the whole window
+    int fewestPaints = 0; ///< paint events of the plot during one operation
+    int mostPaints = 0;
+
+    void add(const Cost &cost);
+};
+
+/// Costs by subject and operation.
+using Measurements = QMap<QString, QMap<Operation, Sample>>;
 
 /// Tables in Markdown, one line of text each.
 namespace report {
@@ -15,17 +32,11 @@ extern const QString painter;
 extern const QString qwt;
 extern const QString qCustomPlot;
 
-/// Each operation's part on the plot, as a ratio to the bare painter's, beside its goal.
-QStringList plotTable(const Measurements &measured);
-
-/// Each operation of the whole window: times, and the ratio to the bare painter's window.
-/// \a limitMs is what p99 has to stay below.
-QStringList wholeTable(const Measurements &measured, double limitMs);
+/// One row for each operation: the plot's part as a ratio to the bare painter's beside its goal,
+/// and the time of the whole window, of which p99 has to stay below \a limitMs.
+QStringList table(const Measurements &measured, double limitMs);
 
 /// What six traces cost compared with one.
 QStringList growthTable(const Measurements &one, const Measurements &six);
-
-/// A line for every operation that painted nothing, and so was not measured but broken.
-QStringList broken(const Measurements &measured);
 
 } // namespace report

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stopwatch.h"
 
-#include "subject.h"
+#include "viewer_subject.h"
 
 #include <QEvent>
 
@@ -10,11 +10,11 @@
 
 namespace {
 
-constexpr auto patience = std::chrono::milliseconds(500); ///< for an operation that paints nothing
+constexpr auto timeout = std::chrono::milliseconds(500); ///< for an operation that paints nothing
 
-/// Events in which a control is busy with itself alone. Of the others, a click for example, the
-/// operation itself is a part.
-bool isOwnBusiness(QEvent::Type type)
+/// Events whose handling concerns the receiver alone. Others, a click for example, run the
+/// operation.
+bool concernsReceiverOnly(QEvent::Type type)
 {
     switch (type) {
     case QEvent::Paint:
@@ -51,7 +51,7 @@ Stopwatch::Moment Stopwatch::now() const
     return std::chrono::seconds(moment.tv_sec) + std::chrono::nanoseconds(moment.tv_nsec);
 }
 
-Cost Stopwatch::measure(Subject &subject, const std::function<void()> &operation)
+Cost Stopwatch::measure(ViewerSubject &subject, const std::function<void()> &operation)
 {
     m_plot = &subject.plot();
     m_canvas = &subject.canvas();
@@ -70,7 +70,7 @@ Cost Stopwatch::measure(Subject &subject, const std::function<void()> &operation
         turn();
         if (m_paints == before && remote)
             sync();
-    } while (m_paints != before || (m_plotPaints == 0 && now() - start < patience));
+    } while (m_paints != before || (m_plotPaints == 0 && now() - start < timeout));
 
     enter(true);
     m_plot = nullptr;
@@ -88,7 +88,7 @@ void Stopwatch::settle()
 void Stopwatch::turn()
 {
     processEvents();
-    // A series that was raised leaves a dead item until then, which would be painted over.
+    // A removed series leaves an item until then, which is still painted.
     sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -103,7 +103,7 @@ void Stopwatch::enter(bool plot)
 
 bool Stopwatch::notify(QObject *receiver, QEvent *event)
 {
-    if (m_plot == nullptr || !receiver->isWidgetType() || !isOwnBusiness(event->type()))
+    if (m_plot == nullptr || !receiver->isWidgetType() || !concernsReceiverOnly(event->type()))
         return QApplication::notify(receiver, event);
 
     if (event->type() == QEvent::Paint) {

@@ -7,21 +7,20 @@
 #include <chrono>
 #include <functional>
 
-class Subject;
+class ViewerSubject;
 
-/// What one operation took.
+/// Cost of one operation.
 struct Cost
 {
-    double wholeUs = 0.0; ///< from the event until nothing is painted any more, microseconds
-    /// The same without what the other controls did meanwhile: painting themselves, laying
-    /// themselves out, looking at a style sheet. What is left is the plot's part: the operation's
-    /// own code, the chart, its painting, and bringing the picture to the screen.
+    double wholeUs = 0.0; ///< from the event to the end of all painting, microseconds
+    /// The same without the time that other controls spent painting, laying out and styling
+    /// themselves: the operation's own code, the chart, its painting, and the update of the screen.
     double plotUs = 0.0;
     int plotPaints = 0; ///< paint events of the canvas
 };
 
-/// The application object of the benchmarks. It sees every event on its way to its receiver, and
-/// so knows who was at work when.
+/// Application object of the benchmark. It sees every event on its way to the receiver, and so
+/// attributes the time.
 class Stopwatch : public QApplication
 {
     Q_OBJECT
@@ -29,21 +28,18 @@ class Stopwatch : public QApplication
 public:
     using QApplication::QApplication;
 
-    /// What a second is. On a machine that others use as well, only the time that this process was
-    /// computing says something; but then the work of a display server is not in it.
     enum Time {
         Passing,
-        Computing
+        Computing ///< CPU time of this process; the display server's work is not in it
     };
     void setTime(Time time);
 
-    /// Does \a operation on \a subject and waits until its last paint event was delivered: the
-    /// event loop is turned, and dead objects are deleted, until a whole turn paints nothing; on a
-    /// display in another process also until that answered a round trip. An operation that paints
-    /// nothing at all is given up after a while, with \c plotPaints 0.
-    Cost measure(Subject &subject, const std::function<void()> &operation);
+    /// Runs \a operation on \a subject and then the event loop, deferred deletes included, until a
+    /// pass paints nothing; on xcb also until the server answered a round trip. An operation that
+    /// paints nothing ends after half a second with \c plotPaints 0.
+    Cost measure(ViewerSubject &subject, const std::function<void()> &operation);
 
-    /// Lets everything happen that waits, unmeasured.
+    /// Processes pending events. Not measured.
     void settle();
 
     bool notify(QObject *receiver, QEvent *event) override;
@@ -59,8 +55,8 @@ private:
     const QWidget *m_canvas = nullptr;
     int m_plotPaints = 0;
     int m_paints = 0;
-    bool m_inPlot = true; ///< whether the plot's part is running
-    Moment m_since{}; ///< since when it has been as m_inPlot says
+    bool m_inPlot = true; ///< the time since m_since belongs to the plot's part
+    Moment m_since{};
     Moment m_plotTime{};
     Time m_time = Passing;
 };

@@ -9,7 +9,6 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "workload.h"
 
 #include <QFile>
 #include <QGraphicsView>
@@ -21,7 +20,7 @@ namespace {
 
 std::unique_ptr<MainWindow> freshWindow()
 {
-    // Not what an earlier run of the benchmark, or a user of it, left.
+    // Settings left by an earlier run must not be loaded.
     QFile::remove(program_files::settingsFile());
     return std::make_unique<MainWindow>();
 }
@@ -36,10 +35,10 @@ ViewerSubject::ViewerSubject(QSize size, const QStringList &files)
 {
     load();
     m_window->resize(size);
-    // Resized by the display itself: a window manager would answer when it pleases.
+    // Without a window manager, which would take its time to answer a resize.
     m_window->setWindowFlag(Qt::X11BypassWindowManagerHint);
     m_window->show();
-    // Both cursors on the traces, A active, as a user has them.
+    // Both cursors lie on the traces; A is active.
     m_window->cursorSelect_slot(MainWindow::CURSOR_B);
     m_window->cursorSetup_slot(workload::cursorB);
     m_window->cursorSelect_slot(MainWindow::CURSOR_A);
@@ -91,19 +90,15 @@ void ViewerSubject::load()
 
 void ViewerSubject::begin(Operation operation)
 {
+    if (isSmoothed(operation))
+        hand::click(m_probe.smooth_button());
     switch (operation) {
     case Operation::CursorDrag:
         startDrag(Qt::LeftButton);
         break;
-    case Operation::PanSmoothed:
-        hand::click(m_probe.smooth_button());
-        startDrag(Qt::MiddleButton);
-        break;
     case Operation::Pan:
+    case Operation::PanSmoothed:
         startDrag(Qt::MiddleButton);
-        break;
-    case Operation::CursorStepSmoothed:
-        hand::click(m_probe.smooth_button());
         break;
     case Operation::VerticalShift:
         hand::click(m_probe.V_offset_button());
@@ -124,29 +119,24 @@ void ViewerSubject::begin(Operation operation)
 
 void ViewerSubject::startDrag(Qt::MouseButton button)
 {
-    // Where the active cursor stands, so that the press itself moves nothing far.
+    // At the active cursor, so that the press itself hardly moves it.
     const double share = double{ workload::cursorA } / constants::drawnSamples;
     const QRect view = canvas().rect();
-    m_hand = QPoint(static_cast<int>(view.width() * share), view.center().y());
+    m_pointer = QPoint(static_cast<int>(view.width() * share), view.center().y());
     m_held = button;
-    hand::press(&canvas(), m_hand, button);
+    hand::press(&canvas(), m_pointer, button);
 }
 
 void ViewerSubject::dragBy(int counts)
 {
     const double pixels = double{ m_probe.trueWidth() } / constants::drawnSamples * counts;
-    m_hand.rx() += static_cast<int>(counts < 0 ? std::floor(pixels) : std::ceil(pixels));
-    hand::move(&canvas(), m_hand, m_held);
-}
-
-void ViewerSubject::shiftBy(int number)
-{
-    hand::turnWheel(m_probe.param_dial(), direction(number, workload::turn));
+    m_pointer.rx() += static_cast<int>(counts < 0 ? std::floor(pixels) : std::ceil(pixels));
+    hand::move(&canvas(), m_pointer, m_held);
 }
 
 void ViewerSubject::act(Operation operation, int number)
 {
-    const int way = direction(number, workload::turn);
+    const int way = workload::direction(number, workload::turn);
     SettingsData &settings = *m_probe.settingsData();
     switch (operation) {
     case Operation::CursorStep:
@@ -158,8 +148,8 @@ void ViewerSubject::act(Operation operation, int number)
         break;
     case Operation::Pan:
     case Operation::PanSmoothed:
-        // To the right first, which scrolls right: the view starts at its left end.
-        dragBy(direction(number, workload::panTurn) * workload::panCounts);
+        // To the right first, which scrolls right: the view starts at the left end.
+        dragBy(workload::direction(number, workload::panTurn) * workload::panCounts);
         break;
     case Operation::ZoomStep:
         hand::click(number % 2 == 0 ? m_probe.scale_up_button() : m_probe.scale_down_button());
@@ -167,7 +157,7 @@ void ViewerSubject::act(Operation operation, int number)
     case Operation::VerticalShift:
     case Operation::HorizontalShift:
     case Operation::VelocityFactor:
-        shiftBy(number);
+        hand::turnWheel(m_probe.param_dial(), way);
         break;
     case Operation::SelectTrace:
         hand::click(m_probe.selected_rfg()[(number + 1) % m_files.size()]);
@@ -197,7 +187,6 @@ void ViewerSubject::act(Operation operation, int number)
 
 void ViewerSubject::takeBack(Operation operation)
 {
-    // Only the way there is measured: the way back is another operation.
     if (operation == Operation::DifferenceOn)
         hand::click(m_probe.difference_button());
     else if (operation == Operation::SmoothingOn)
@@ -207,15 +196,15 @@ void ViewerSubject::takeBack(Operation operation)
 void ViewerSubject::end(Operation operation)
 {
     if (m_held != Qt::NoButton)
-        hand::release(&canvas(), m_hand, m_held);
+        hand::release(&canvas(), m_pointer, m_held);
     m_held = Qt::NoButton;
-    if (operation == Operation::PanSmoothed || operation == Operation::CursorStepSmoothed)
+    if (isSmoothed(operation))
         hand::click(m_probe.smooth_button());
     else if (operation == Operation::Resize)
         m_window->resize(m_size);
     else if (operation == Operation::Language)
         act(Operation::Language, 1);
-    // The same view for the next one, wherever this one scrolled to.
+    // The next operation starts from the same view.
     m_window->plotScroll(-m_probe.scrollfactorX());
     m_window->cursorSetup_slot(workload::cursorA);
 }

@@ -3,39 +3,52 @@
 #pragma once
 
 #include "mainwindowprobe.h"
-#include "subject.h"
+#include "operations.h"
 
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
-/// The viewer's own window, driven by the events that a user causes.
-class ViewerSubject : public Subject
+/// A window to measure: the viewer's, driven by the events that a user causes.
+class ViewerSubject
 {
 public:
-    /// \a files are loaded into the slots from the first one on.
+    /// Shows a window of \a size with \a files in its slots.
     ViewerSubject(QSize size, const QStringList &files);
-    ~ViewerSubject() override;
+    virtual ~ViewerSubject();
+    Q_DISABLE_COPY(ViewerSubject)
 
-    QWidget &window() override;
-    QWidget &plot() override;
-    QWidget &canvas() override;
-    QVector<double> state() const override;
-    void begin(Operation operation) override;
-    void act(Operation operation, int number) override;
-    void takeBack(Operation operation) override;
-    void end(Operation operation) override;
+    QWidget &window();
+    /// The plot with its axes and texts.
+    virtual QWidget &plot();
+    /// The widget on which the traces are painted; its paint events are counted.
+    virtual QWidget &canvas();
 
-private:
-    void load();
-    void dragBy(int counts);
-    void startDrag(Qt::MouseButton button);
-    void shiftBy(int number);
+    /// Values of which each operation, but for loading and styling, changes at least one. Equal
+    /// values before and after mean that the operation was refused.
+    virtual QVector<double> state() const;
 
+    /// Prepares for repeating \a operation. Not measured.
+    virtual void begin(Operation operation);
+    /// Does the operation. \a number counts the repetitions from 0. Measured.
+    virtual void act(Operation operation, int number);
+    /// Undoes what must be undone before the next repetition. Not measured.
+    virtual void takeBack(Operation operation);
+    /// Restores the state before \c begin. Not measured.
+    virtual void end(Operation operation);
+
+protected:
     std::unique_ptr<MainWindow> m_window;
     MainWindowProbe m_probe;
     QStringList m_files;
+
+private:
+    void load();
+    void startDrag(Qt::MouseButton button);
+    void dragBy(int counts);
+
     QSize m_size;
-    QPoint m_hand; ///< where a drag has come to
+    QPoint m_pointer; ///< position of the drag
     Qt::MouseButton m_held = Qt::NoButton;
 };

@@ -52,7 +52,7 @@ CurArrow::CurArrow(char markerId)
 
 CurArrow::~CurArrow()
 {
-    // The items are values: a group that still holds them would delete them once more.
+    // The items are members; a group that still holds them would delete them a second time.
     group->removeFromGroup(&cur_arrow1);
     group->removeFromGroup(&cur_arrow2);
     group->removeFromGroup(&cur_lbl);
@@ -66,8 +66,8 @@ void CurArrow::setColor(const QColor &c)
     cur_arrow1.setBrush(fill);
     cur_arrow2.setBrush(fill);
     cur_lbl.setBrush(fill);
-    // The number behind the brush style serves as the width of the outline: the active cursor has
-    // a letter one pixel bolder, the other a hairline.
+    // The enum value of the brush style is the width of the outline: Qt::SolidPattern (1) makes the
+    // letter of the active cursor a pixel bolder, Qt::NoBrush (0) gives a hairline.
     cur_lbl.setPen(
         QPen(fill, static_cast<qreal>(br_style), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
 }
@@ -88,7 +88,7 @@ void CurArrow::moveX(float p)
     if (XRes != 0) {
         x += static_cast<double>(p) * (field.width() / XRes);
     }
-    // An infinite position would stay in the scene for good.
+    // QGraphicsItem accepts an infinite position, which would break the scene rectangle.
     pos = std::isfinite(x) ? static_cast<float>(x) : static_cast<float>(pos0);
     const qreal markerX = static_cast<qreal>(pos);
     cur_arrow2.setX(markerX);

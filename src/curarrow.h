@@ -9,9 +9,9 @@
 #include <QPolygonF>
 #include <QRectF>
 
-/// The marker of one measuring cursor on the chart scene: a triangle on the upper edge of the plot
-/// area, its mirror image on the lower edge, and the letter of the cursor beside the lower one.
-/// The owner puts \c group into the scene and deletes the marker while that scene lives.
+/// Marker of one measuring cursor in the chart scene: a triangle on the upper edge of the plot
+/// area, its mirror image on the lower edge, and the letter of the cursor beside the lower one. The
+/// owner adds \c group to the scene and deletes the marker before the scene.
 class CurArrow
 {
 public:
@@ -20,28 +20,29 @@ public:
     ~CurArrow();
     Q_DISABLE_COPY(CurArrow)
 
-    /// Fills triangles and letter with \a c and outlines the letter as wide as \c br_style says.
+    /// Fills triangles and letter with \a c. The enum value of \c br_style is the width of the
+    /// outline of the letter, in pixels.
     void setColor(const QColor &c);
 
     /// Puts the marker on the edges of the plot area \a r, in scene coordinates.
     void setRect(const QRectF &r);
 
     /// Moves the marker to column \a p, counted from the left end of the visible range. The letter
-    /// stands right of the marker unless it would cross the right edge. While no columns are set
-    /// the marker stands on column 0.
+    /// is to the right of the marker unless it would cross the right edge. While \c XRes is 0 the
+    /// marker goes to column 0.
     void moveX(float p);
 
     /// Shows or hides the three items; the group itself stays as it is.
     void vis_state(bool v);
 
-    /// Sets the number of columns across the plot area to \a n; nothing moves yet.
+    /// Sets the number of columns across the plot area to \a n. The marker moves with the next
+    /// \c moveX.
     void setXRes(int n);
 
     /// Sets the letter to three quarters of \a size points, at least 1.
     void setFont(float size);
 
-    /// Grows the triangles by the factor \a k, on top of all factors before; the letter keeps its
-    /// size.
+    /// Scales the triangles by \a k. Factors accumulate; the letter keeps its size.
     void setScale(float k);
 
     /// Qt::SolidPattern emphasises the letter (the active cursor), Qt::NoBrush does not.
@@ -50,17 +51,17 @@ public:
     QGraphicsPolygonItem cur_arrow1; ///< upper triangle, tip down
     QGraphicsPolygonItem cur_arrow2; ///< lower triangle: the same shape at scale -1, tip up
     QGraphicsSimpleTextItem cur_lbl; ///< the letter
-    QGraphicsItemGroup *group = nullptr; ///< holds the three items; what the scene knows
+    QGraphicsItemGroup *group = nullptr; ///< parent of the three items
     char id = 0; ///< 1 is cursor A, 2 is cursor B
     int ar_size = 6; ///< base width of the triangles, in pixels
     QColor color; ///< fill colour; invalid until \c setColor
     QPolygonF polygon; ///< shape of both triangles
     QRectF field; ///< the plot area, in scene coordinates
-    float pos = 0.0F; ///< where the marker stands, scene x
-    bool visible = false; ///< nothing writes it; \c vis_state asks the items
+    float pos = 0.0F; ///< scene x of the marker
+    bool visible = false; ///< unused; \c vis_state sets the items
     int XRes = 0; ///< columns across the plot area
-    int minX = 0; ///< nothing uses it
+    int minX = 0; ///< unused
     int pos0 = 0; ///< scene x of column 0
-    float scale = 1.0F; ///< all factors of \c setScale so far
+    float scale = 1.0F; ///< product of all factors of \c setScale
     Qt::BrushStyle br_style = Qt::SolidPattern; ///< emphasis of the letter
 };

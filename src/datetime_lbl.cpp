@@ -2,19 +2,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datetime_lbl.h"
 
-#include "base/constants.h"
-
 #include <QDateTime>
 #include <QTimer>
+
+namespace {
+
+constexpr int clockPeriod = 1000; ///< ms
+
+} // namespace
 
 DateTime_lbl::DateTime_lbl(QWidget *parent)
     : QLabel(parent)
 {
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &DateTime_lbl::showTime);
-    timer->start(constants::clockPeriod);
+    timer->start(clockPeriod);
     setAlignment(Qt::AlignCenter);
-    // The first tick is a second away; the label is never empty.
+    // The first timeout comes only after a period.
     showTime();
 }
 

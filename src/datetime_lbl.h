@@ -4,7 +4,7 @@
 
 #include <QLabel>
 
-/// A label with the local date and, below it, the time; it refreshes itself every second.
+/// A label with the local date and, below it, the time; updated every second.
 class DateTime_lbl : public QLabel
 {
     Q_OBJECT
@@ -13,6 +13,6 @@ public:
     explicit DateTime_lbl(QWidget *parent = nullptr);
 
 public slots:
-    /// Shows the present moment. The line with the time starts with a blank.
+    /// Shows the current date and time. The line with the time starts with a blank.
     void showTime();
 };

@@ -5,9 +5,8 @@
 #include <QObject>
 #include <QString>
 
-/// The recurring words of the interface in the language that is installed, one place for all
-/// widgets. Everything is empty until the first \c setStrings; who shows a word reads it again
-/// after each.
+/// Interface words that several widgets show, in the installed language. They are empty until the
+/// first \c setStrings; a widget that shows a word reads it again after each call.
 class Dictionary : public QObject
 {
     Q_OBJECT
@@ -15,7 +14,7 @@ class Dictionary : public QObject
 public:
     explicit Dictionary(QObject *parent);
 
-    /// Takes every word anew from the installed translators; English where they know none.
+    /// Reads every word from the installed translators; words without a translation are English.
     void setStrings();
 
     QString GAIN_STR; ///< parameter name

@@ -13,33 +13,13 @@ namespace {
 
 constexpr int sideMargin = 11;
 constexpr int minMenuSize = 100;
-constexpr QLatin1String loadIcon = constants::latin1("://icons/rest_64/load");
-constexpr QLatin1String resetIcon = constants::latin1("://icons/rest_64/reset");
-constexpr QLatin1String disabledResetIcon = constants::latin1("://icons/rest_64/reset_disable");
-constexpr QLatin1String clearIcon = constants::latin1("://icons/rest_64/clear");
-constexpr QLatin1String visibleIcon = constants::latin1(":/icons/eye_opened");
+constexpr QLatin1String loadIcon = constants::latin1("://icons/rest_64/load.png");
+constexpr QLatin1String resetIcon = constants::latin1("://icons/rest_64/reset.png");
+constexpr QLatin1String disabledResetIcon = constants::latin1("://icons/rest_64/reset_disable.png");
+constexpr QLatin1String clearIcon = constants::latin1("://icons/rest_64/clear.png");
+constexpr QLatin1String visibleIcon = constants::latin1(":/icons/eye_opened.png");
 
 } // namespace
-
-/// The pictures of a slot's menu.
-struct LegendButton::MenuIcons
-{
-    explicit MenuIcons(const QStyle &style)
-        : load(loadIcon)
-        , reset(resetIcon)
-        , clear(clearIcon)
-        , visible(visibleIcon)
-        , master(style.standardIcon(QStyle::SP_ArrowUp))
-    {
-        reset.addPixmap(QPixmap(disabledResetIcon), QIcon::Disabled, QIcon::Off);
-    }
-
-    QIcon load;
-    QIcon reset;
-    QIcon clear;
-    QIcon visible;
-    QIcon master;
-};
 
 LegendButton::LegendButton(Dictionary *words, char slot)
     : InterfaceButton(words)
@@ -75,14 +55,16 @@ void LegendButton::buildMenu()
     setName(objectName());
     contextMenu->setMinimumSize(minMenuSize, minMenuSize);
 
-    m_icons = sharedIcons();
-    load_action->setIcon(m_icons->load);
-    reset_action->setIcon(m_icons->reset);
-    clear_action->setIcon(m_icons->clear);
+    // Made of pixmaps, which Qt caches: the six menus share one copy of each picture.
+    QIcon reset{ QPixmap(resetIcon) };
+    reset.addPixmap(QPixmap(disabledResetIcon), QIcon::Disabled);
+    load_action->setIcon(QPixmap(loadIcon));
+    reset_action->setIcon(reset);
+    clear_action->setIcon(QPixmap(clearIcon));
     visible_action->setCheckable(true);
-    visible_action->setIcon(m_icons->visible);
+    visible_action->setIcon(QPixmap(visibleIcon));
     visible_action->setIconVisibleInMenu(true);
-    master_action->setIcon(m_icons->master);
+    master_action->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
 
     contextMenu->addAction(load_action);
     contextMenu->addAction(reset_action);
@@ -90,18 +72,6 @@ void LegendButton::buildMenu()
     contextMenu->addSeparator();
     contextMenu->addAction(master_action);
     contextMenu->addAction(visible_action);
-}
-
-std::shared_ptr<const LegendButton::MenuIcons> LegendButton::sharedIcons() const
-{
-    // Not kept beyond the last button: pictures must not outlive the application.
-    static std::weak_ptr<const MenuIcons> shared;
-    auto icons = shared.lock();
-    if (!icons) {
-        icons = std::make_shared<const MenuIcons>(*style());
-        shared = icons;
-    }
-    return icons;
 }
 
 void LegendButton::connectActions()

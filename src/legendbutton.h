@@ -4,14 +4,12 @@
 
 #include "interfacebutton.h"
 
-#include <memory>
-
 class QAction;
 class QMenu;
 
-/// The button of one trace slot, with the slot's context menu and the two properties that the
-/// style sheets look at. It reports what the user asks for and changes nothing by itself; the
-/// window decides and calls the setters, none of which comes back as a request.
+/// Button of one trace slot, with the context menu of the slot and two properties for style sheets.
+/// It reports what the user requests by a signal and changes nothing itself; the window calls the
+/// setters, none of which emits a request.
 class LegendButton : public InterfaceButton
 {
     Q_OBJECT
@@ -45,7 +43,7 @@ public:
     char id = 0; ///< the slot, from 0
     QString name; ///< of the trace
     QString date; ///< of the trace; the window writes and reads it
-    QIcon *vis_icon = nullptr; ///< nothing uses it
+    QIcon *vis_icon = nullptr; ///< unused
     QMenu *contextMenu = nullptr; ///< the window shows it
     QAction *load_action = nullptr;
     QAction *reset_action = nullptr;
@@ -67,14 +65,8 @@ signals:
     void mastChanged(bool on);
 
 private:
-    struct MenuIcons;
-
     void buildMenu();
-    /// One set of pictures for all buttons: reading them for each was a fifth of the start.
-    std::shared_ptr<const MenuIcons> sharedIcons() const;
     void connectActions();
     /// Lets the style sheets look at the properties again.
     void restyle();
-
-    std::shared_ptr<const MenuIcons> m_icons;
 };

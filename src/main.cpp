@@ -15,15 +15,15 @@
 int qMain(int argc, char **argv)
 {
     process::guardStandardStreams();
-    // The xcb platform loads OpenGL for a window of any kind, which costs a third of the start and
-    // half of the memory, and nothing here draws with it. Somebody who set the variable meant it.
+    // The xcb plugin loads OpenGL for every window, which takes a third of the start-up time and
+    // half of the memory; this program does not use it. A value set by the user is kept.
     constexpr auto integration = "QT_XCB_GL_INTEGRATION";
     const bool isOurs = !qEnvironmentVariableIsSet(integration);
     if (isOurs)
         qputenv(integration, "none");
 
     const auto application = screen_scale::makeApplication(argc, argv);
-    // The desktop entry of this window: a Wayland compositor takes name and icon from there.
+    // A Wayland compositor takes name and icon of the window from this desktop entry.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.velkor.Velkor"));
     process::closeWindowsOnSignals(application.get());
     MainWindow window;
@@ -34,14 +34,14 @@ int qMain(int argc, char **argv)
 #endif
     window.show();
     window.reportSizes();
-    // By now the platform has read it, and the browser that shows the manual is to have its own.
+    // The plugin has read the variable by now, and the browser that shows the manual must not
+    // inherit it.
     if (isOurs)
         qunsetenv(integration);
     return QApplication::exec();
 }
 
-// Where the toolkit brings an entry of its own (windowed programs on Windows) it calls qMain
-// itself.
+// On Windows, qtmain has the entry point of a windowed program and calls qMain.
 #ifndef QT_NEEDS_QMAIN
 int main(int argc, char **argv)
 {

@@ -28,7 +28,6 @@ MainWindow::MainWindow(QWidget *parent)
     settingsMenu = new SettingsMenu(d, settingsData, this);
 
     createControls();
-    createLegendButtons();
     setWindowSizes();
 
     buildLayouts();
@@ -39,7 +38,7 @@ MainWindow::MainWindow(QWidget *parent)
 
     connectControls();
     decorateControls();
-    // From here on every member exists, so events may be looked at and slots may run.
+    // All members exist from here on, so the event filter and the slots may run.
     installEventFilters();
 
     interface_init();
@@ -48,8 +47,8 @@ MainWindow::MainWindow(QWidget *parent)
 
 MainWindow::~MainWindow()
 {
-    // Before the scene goes: it would delete the markers' groups, and those the markers' items,
-    // which are values.
+    // Before the scene, which would delete the groups of the markers and, with them, items that are
+    // members.
     delete cur_arrowA;
     delete cur_arrowB;
     delete blank_1;
@@ -96,7 +95,7 @@ void MainWindow::interface_init()
     selectTrace(rfg_ID);
     up_buttons->button(CURSOR_A)->setChecked(true);
 
-    // The other parameters are facts from the file: shown, never set.
+    // The other parameters are read-only.
     const auto parameterButtons = down_buttons->buttons();
     for (QAbstractButton *button : parameterButtons) {
         const int id = down_buttons->id(button);
@@ -106,7 +105,7 @@ void MainWindow::interface_init()
 
 void MainWindow::primeInputDialog()
 {
-    // Opened and rejected once per mode, the dialog settles its layout before anybody sees it.
+    // Opened and rejected once per mode, so that the layout is settled before the first use.
     for (const auto mode :
          { QInputDialog::DoubleInput, QInputDialog::IntInput, QInputDialog::TextInput }) {
         if (mode == QInputDialog::TextInput)
@@ -122,8 +121,10 @@ void MainWindow::primeInputDialog()
 void MainWindow::setWindowGeometry()
 {
     const QRect desktop = QGuiApplication::primaryScreen()->virtualGeometry();
+    // A corrupt geometry record can make the window so large that memory runs out at every start.
     if (calc::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
         restoreGeometry(settingsData->window_geometry);
+    // A corrupt state record can make restoreState loop over 2^31 tool bars.
     if (calc::isPlausibleState(settingsData->window_state))
         restoreState(settingsData->window_state);
 }

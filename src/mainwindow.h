@@ -35,8 +35,6 @@
 #include <QMainWindow>
 
 class QAbstractButton;
-class QGridLayout;
-class QLayout;
 class QMouseEvent;
 class QWheelEvent;
 
@@ -88,37 +86,17 @@ private:
 
     // ---- Controls (window/controls.cpp) ----
     void createControls();
-    void createCursorRow();
-    void createParameterRow();
-    void createTraceAndMiscButtons();
-    void createNavigation();
-    void createStatusAndBoxes();
-    void createDialsAndDialogs();
-    void createChartObjects();
-    void createLegendButtons();
 
     // ---- Layout, groups, icons, chart menu (window/layout.cpp) ----
     void setWindowSizes();
     void buildLayouts();
-    QLayout *topRow();
-    QLayout *leftColumn();
-    QLayout *rightColumn();
-    QGridLayout *navigationGrid();
-    QGridLayout *parameterGrid();
     void fillButtonGroups();
-    void setUpPlotView();
     void setUpDials();
     void buildChartMenu();
     void decorateControls();
-    void setNamesAndPolicies();
-    void setIcons();
 
     // ---- Wiring (window/wiring.cpp) ----
     void connectControls();
-    void connectMenuAndButtons();
-    void connectGroups();
-    void connectSettings();
-    void connectLegendButtons();
     void installEventFilters();
     /// Runs the settings dialog on its settings page.
     void openSettings();

@@ -34,8 +34,7 @@ int switchbit(int value, int position)
 
 char firstbit(int value)
 {
-    // Counts round the 32 positions for an empty set until the bound ends it: "100" is what
-    // callers know as "no bit", well above every slot number.
+    // For an empty set the loop ends at the bound: 100, above every slot number, means "no bit".
     constexpr char bound = 100;
     char position = 0;
     while (position < bound && !checkbit(value, position))

@@ -5,11 +5,11 @@
 #include <QtGlobal>
 
 /// \file
-/// Bit sets and small number conversions, all pure.
+/// Bit sets and small number conversions.
 ///
 /// A \c state_index is a plain 32-bit int used as a set: of trace slots (bit n is slot n) or of
 /// settings sections. Only bits 0 to 5 carry meaning; the functions work on all 32. A position is
-/// taken modulo 32, so 32 acts as 0 and negative positions are defined as well.
+/// taken modulo 32: 32 acts as 0, and negative positions are defined.
 
 /// A set of six bits: trace slots or settings sections.
 using state_index = int;

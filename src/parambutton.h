@@ -4,7 +4,7 @@
 
 #include "interfacebutton.h"
 
-/// A checkable button that stands for one acquisition parameter.
+/// Checkable button of one acquisition parameter.
 class ParamButton : public InterfaceButton
 {
     Q_OBJECT

@@ -8,11 +8,10 @@
 
 /// \file
 /// The record that the instrument writes as a .tdr file: 37775 bytes, packed, little-endian, with
-/// no header, magic number or version. A file is read as these bytes and nothing is converted, so
-/// the declarations below *are* the format; the assertions at the end hold them to it.
+/// no header, magic number or version. A file is read into these structures without conversion, so
+/// the declarations below are the format; the assertions at the end check every offset.
 ///
-/// Most fields mean something to the instrument alone. They are carried unread and survive
-/// unchanged. Fields are packed: copy one before binding it to a reference.
+/// The viewer reads few of the fields. They are packed: copy one before binding it to a reference.
 
 static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the record in memory is the file image");
 
@@ -29,17 +28,17 @@ enum CH_MODE_t : quint32 {
     CH_TDR = 2,
     CH_ARM = 3,
     CH_WAVE = 4,
-    CH_MODE_PACK = 0xFFFFFFFF ///< never stored: it makes the word 32 bits wide
+    CH_MODE_PACK = 0xFFFFFFFF ///< never stored; makes the enum 32 bits wide
 };
 
-/// Outcome of the instrument's own test.
+/// Result of the instrument's own test.
 enum CH_STATUS_t : quint32 {
     CH_FAILED = 0,
     CH_PASSED = 1,
     CH_SKIPPED = 2,
     CH_SKIPPED_VOLT = 3,
     CH_FAILED_BREAK = 4,
-    CH_PACK = 0xFFFFFFFF ///< never stored: it makes the word 32 bits wide
+    CH_PACK = 0xFFFFFFFF ///< never stored; makes the enum 32 bits wide
 };
 
 constexpr int fileSamples = 32000; ///< sample bytes in a record; the viewer draws the first 250
@@ -48,23 +47,23 @@ constexpr int markCount = 32; ///< cable marks in a record
 
 #pragma pack(push, 1)
 
-/// What wrote the record.
+/// Instrument that wrote the record.
 struct DEV_NAME_t
 {
     quint16 type;
-    quint16 len_samples; ///< samples recorded; the viewer draws 250 whatever it says
-    quint8 bytes_in_sample; ///< a sample is read as one signed byte whatever it says
+    quint16 len_samples; ///< samples recorded; the viewer always draws 250
+    quint8 bytes_in_sample; ///< ignored: a sample is read as one signed byte
     quint32 sn; ///< serial number
 };
 
-/// Versions inside the instrument.
+/// Versions of the instrument's parts.
 struct DEV_VER_t
 {
     quint32 altera_version; ///< programmable logic
     quint32 proc_version; ///< processor firmware
 };
 
-/// How the trace was acquired.
+/// Acquisition parameters of the trace.
 struct CH_PARAMS_t
 {
     quint8 calibrate;
@@ -97,7 +96,7 @@ struct CH_PARAMS_t
     quint8 reserve[64];
 };
 
-/// Time of the test. Hours, minutes and seconds are packed BCD: 0x59 is 59.
+/// Time of the measurement. Hours, minutes and seconds are packed BCD: 0x59 is 59.
 struct RTC_TimeTypeDef
 {
     quint8 RTC_Hours;
@@ -106,7 +105,7 @@ struct RTC_TimeTypeDef
     quint8 RTC_H12; ///< not BCD, not interpreted
 };
 
-/// Date of the test. Month, day and year are packed BCD; the year counts from 2000.
+/// Date of the measurement. Month, day and year are packed BCD; the year counts from 2000.
 struct RTC_DateTypeDef
 {
     quint8 RTC_WeekDay; ///< not interpreted
@@ -115,7 +114,7 @@ struct RTC_DateTypeDef
     quint8 RTC_Year;
 };
 
-/// A cursor as the instrument showed it.
+/// A cursor of the instrument.
 struct CURSOR_t
 {
     quint8 state;
@@ -125,7 +124,7 @@ struct CURSOR_t
     quint8 bm_state_passive[8]; ///< a bitmap handle of the instrument, opaque on disk
 };
 
-/// The measuring channel: how and when the trace was taken and what the instrument made of it.
+/// The measuring channel: parameters, date and result of the measurement.
 struct CH_t
 {
     quint8 id; ///< channel number
@@ -140,7 +139,7 @@ struct CH_t
     CURSOR_t cursor[cursorCount];
 };
 
-/// A place along the cable that the instrument's user marked.
+/// A position along the cable that the instrument's user marked.
 struct CABLE_MARK_t
 {
     quint8 id;
@@ -149,7 +148,7 @@ struct CABLE_MARK_t
     char note[64];
 };
 
-/// Further measurements of the same cable.
+/// Other measurements of the same cable.
 struct EXT_PARAMS_t
 {
     float32_t insulation_resistance;
@@ -162,7 +161,7 @@ struct EXT_PARAMS_t
     quint8 reserve[64];
 };
 
-/// Where the cable lies.
+/// Location of the cable.
 struct EXT_SITE_t
 {
     quint32 id_site;
@@ -183,7 +182,7 @@ struct TDR_FILE_t
     CABLE_MARK_t mark[markCount];
     EXT_PARAMS_t ext_params;
     EXT_SITE_t ext_nodes;
-    quint8 crc; ///< carried, neither computed nor checked
+    quint8 crc; ///< neither computed nor checked
 };
 
 #pragma pack(pop)
@@ -250,7 +249,7 @@ static_assert(offsetof(CURSOR_t, position_ns) == 3);
 static_assert(offsetof(CURSOR_t, bm_state_active) == 11);
 static_assert(offsetof(CURSOR_t, bm_state_passive) == 19);
 
-// The channel's fields are named by their place in the file, where the channel starts at 17.
+// Offsets of the channel's fields in the file; the channel starts at 17.
 static_assert(sizeof(CH_t) == 244);
 static_assert(17 + offsetof(CH_t, id) == 17);
 static_assert(17 + offsetof(CH_t, mode) == 18);

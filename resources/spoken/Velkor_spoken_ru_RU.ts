@@ -48,28 +48,12 @@
         <translation>Выбрать курсор B</translation>
     </message>
     <message>
-        <source>Cursor A</source>
-        <translation>Курсор A</translation>
-    </message>
-    <message>
-        <source>Cursor B</source>
-        <translation>Курсор B</translation>
-    </message>
-    <message>
         <source>Horizontal shift</source>
         <translation>Горизонтальный сдвиг</translation>
     </message>
     <message>
         <source>Velocity factor</source>
         <translation>Коэффициент укорочения</translation>
-    </message>
-    <message>
-        <source>Pulse width</source>
-        <translation>Ширина импульса</translation>
-    </message>
-    <message>
-        <source>Impedance</source>
-        <translation>Импеданс</translation>
     </message>
     <message>
         <source>Averaging</source>
@@ -80,16 +64,8 @@
         <translation>Вертикальный сдвиг</translation>
     </message>
     <message>
-        <source>Scale</source>
-        <translation>Масштаб</translation>
-    </message>
-    <message>
         <source>Pulse amplitude</source>
         <translation>Амплитуда импульса</translation>
-    </message>
-    <message>
-        <source>Gain</source>
-        <translation>Усиление</translation>
     </message>
     <message>
         <source>Reserved</source>

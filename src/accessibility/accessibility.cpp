@@ -4,7 +4,6 @@
 
 #include "accessibility/focusframe.h"
 #include "accessibility/interfaces.h"
-#include "accessibility/spokentext.h"
 #include "base/catalogue.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
@@ -15,8 +14,8 @@
 #include "settingsdata.h"
 #include "settingsmenu.h"
 
-#include <QAccessible>
 #include <QAction>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -28,16 +27,17 @@
 
 namespace {
 
-struct Named
+struct Wording
 {
-    QAbstractButton *button;
-    const char *name;
+    QWidget *control;
+    const char *text;
 };
 
-/// Buttons whose caption, if any, is a word for what they do.
-QVector<Named> plainButtons(const MainWindowParts &parts)
+/// Names of the controls that show a picture, or a word that says less than the name.
+QVector<Wording> names(const MainWindowParts &parts)
 {
     return {
+        { parts.logo_lbl, QT_TRANSLATE_NOOP("Accessibility", "Logo") },
         { parts.legend_button, QT_TRANSLATE_NOOP("Accessibility", "Open trace files") },
         { parts.settings_button, QT_TRANSLATE_NOOP("Accessibility", "Settings") },
         { parts.difference_button,
@@ -50,103 +50,82 @@ QVector<Named> plainButtons(const MainWindowParts &parts)
         { parts.scroll_right_button, QT_TRANSLATE_NOOP("Accessibility", "Scroll right") },
         { parts.curA_nav_button, QT_TRANSLATE_NOOP("Accessibility", "Choose cursor A") },
         { parts.curB_nav_button, QT_TRANSLATE_NOOP("Accessibility", "Choose cursor B") },
-    };
-}
-
-/// Buttons that show a value from the second line of their caption on.
-QVector<Named> readings(const MainWindowParts &parts)
-{
-    return {
-        { parts.curA_button, QT_TRANSLATE_NOOP("Accessibility", "Cursor A") },
-        { parts.curB_button, QT_TRANSLATE_NOOP("Accessibility", "Cursor B") },
-        { parts.H_offset_button, QT_TRANSLATE_NOOP("Accessibility", "Horizontal shift") },
-        { parts.KU_button, QT_TRANSLATE_NOOP("Accessibility", "Velocity factor") },
-        { parts.pulse_width_button, QT_TRANSLATE_NOOP("Accessibility", "Pulse width") },
-        { parts.impedance_button, QT_TRANSLATE_NOOP("Accessibility", "Impedance") },
-        { parts.average_button, QT_TRANSLATE_NOOP("Accessibility", "Averaging") },
-        { parts.V_offset_button, QT_TRANSLATE_NOOP("Accessibility", "Vertical shift") },
-        { parts.scale_button, QT_TRANSLATE_NOOP("Accessibility", "Scale") },
-        { parts.pulse_amplitude_button, QT_TRANSLATE_NOOP("Accessibility", "Pulse amplitude") },
-        { parts.gain_button, QT_TRANSLATE_NOOP("Accessibility", "Gain") },
         { parts.reserve_button, QT_TRANSLATE_NOOP("Accessibility", "Reserved") },
     };
 }
 
-void speakOf(QWidget *control, const Catalogue *language, const char *name,
-             const SpokenText::Reader &value = {})
+/// Descriptions of the controls that show a value. Their accessible name is the text that they
+/// show: a name set here would hide the value.
+QVector<Wording> descriptions(const MainWindowParts &parts)
 {
-    new SpokenText(
-        control, [language, name] { return language->text(name); }, value);
+    return {
+        { parts.delta_lbl, QT_TRANSLATE_NOOP("Accessibility", "Distance between the cursors") },
+        { parts.date_bar, QT_TRANSLATE_NOOP("Accessibility", "Date and time") },
+        { parts.Plot_View, QT_TRANSLATE_NOOP("Accessibility", "Plot") },
+        { parts.param_dial, QT_TRANSLATE_NOOP("Accessibility", "Parameter dial") },
+        { parts.H_offset_button, QT_TRANSLATE_NOOP("Accessibility", "Horizontal shift") },
+        { parts.KU_button, QT_TRANSLATE_NOOP("Accessibility", "Velocity factor") },
+        { parts.average_button, QT_TRANSLATE_NOOP("Accessibility", "Averaging") },
+        { parts.V_offset_button, QT_TRANSLATE_NOOP("Accessibility", "Vertical shift") },
+        { parts.pulse_amplitude_button, QT_TRANSLATE_NOOP("Accessibility", "Pulse amplitude") },
+        { parts.cursor_dial, QT_TRANSLATE_NOOP("Accessibility", "Cursor dial") },
+    };
 }
 
-void speakOfButtons(const MainWindowParts &parts, const Catalogue *language)
+void describeTrace(LegendButton &button, const Catalogue &language)
 {
-    const QVector<Named> plain = plainButtons(parts);
-    for (const Named &one : plain)
-        speakOf(one.button, language, one.name);
-    const QVector<Named> withReadings = readings(parts);
-    for (const Named &reading : withReadings) {
-        const QAbstractButton *button = reading.button;
-        speakOf(reading.button, language, reading.name,
-                [button] { return spokenLines(button->text(), 1); });
-    }
+    QStringList facts{
+        language.text(QT_TRANSLATE_NOOP("Accessibility", "Trace %1")).arg(button.id + 1)
+    };
+    if (button.mast())
+        facts += language.text(QT_TRANSLATE_NOOP("Accessibility", "master"));
+    // The menu entry is disabled while the slot is empty.
+    if (!button.vis() && button.visible_action->isEnabled())
+        facts += language.text(QT_TRANSLATE_NOOP("Accessibility", "hidden"));
+    button.setAccessibleDescription(facts.join(QLatin1String(", ")));
 }
 
-void speakOfTraces(const MainWindowParts &parts, const Catalogue *language)
+void describeControls(const MainWindowParts &parts, const Catalogue &language)
 {
+    const QVector<Wording> named = names(parts);
+    for (const Wording &wording : named)
+        wording.control->setAccessibleName(language.text(wording.text));
+    const QVector<Wording> described = descriptions(parts);
+    for (const Wording &wording : described)
+        wording.control->setAccessibleDescription(language.text(wording.text));
+    for (LegendButton *button : parts.selected_rfg)
+        describeTrace(*button, language);
+    // Qt does not use the title of the box around it as its name.
+    parts.settingsMenu->language_select->setAccessibleName(parts.d->LANGUAGE_STR);
+}
+
+/// Keeps the names and descriptions up to date: the language and the state of the traces change.
+void followChanges(const MainWindowParts &parts, const Catalogue &language)
+{
+    QObject::connect(parts.settingsData, &SettingsData::translation_changed, &language,
+                     [&parts, &language] { describeControls(parts, language); });
     for (LegendButton *button : parts.selected_rfg) {
-        const auto name = [button, language] {
-            return language->text(QT_TRANSLATE_NOOP("Accessibility", "Trace %1"))
-                .arg(button->id + 1);
-        };
-        const auto value = [button, language] {
-            QStringList facts{ spokenLines(button->text(), 1) };
-            if (button->mast())
-                facts += language->text(QT_TRANSLATE_NOOP("Accessibility", "master"));
-            // An empty slot is never shown; that goes without saying.
-            if (!button->vis() && button->visible_action->isEnabled())
-                facts += language->text(QT_TRANSLATE_NOOP("Accessibility", "hidden"));
-            facts.removeAll(QString());
-            return facts.join(QLatin1String(", "));
-        };
-        new SpokenText(button, name, value);
+        const auto describe = [button, &language] { describeTrace(*button, language); };
+        QObject::connect(button, &LegendButton::mastChanged, &language, describe);
+        QObject::connect(button, &LegendButton::visChanged, &language, describe);
+        // Enabled when the slot is loaded, disabled when it is emptied.
+        QObject::connect(button->visible_action, &QAction::changed, &language, describe);
     }
 }
 
-void speakOfDials(const MainWindowParts &parts, const Catalogue *language)
+/// Qt reports a button as a radio button only if it is exclusive without its group. Inside a group
+/// the property changes nothing else.
+void markRadioButtons(const MainWindowParts &parts)
 {
-    const auto caption
-        = [](const Cont_dial *dial) { return [dial] { return spokenLines(dial->titleText, 0); }; };
-    speakOf(parts.param_dial, language, QT_TRANSLATE_NOOP("Accessibility", "Parameter dial"),
-            caption(parts.param_dial));
-    speakOf(parts.cursor_dial, language, QT_TRANSLATE_NOOP("Accessibility", "Cursor dial"),
-            caption(parts.cursor_dial));
-    // What buttons and labels show, the toolkit reports by itself.
-    for (Cont_dial *dial : { parts.param_dial, parts.cursor_dial })
-        QObject::connect(dial, &Cont_dial::trueValueChanged, dial, [dial](int value) {
-            QAccessibleValueChangeEvent event(dial, value);
-            QAccessible::updateAccessibility(&event);
-        });
+    for (const QButtonGroup *group :
+         { parts.up_buttons, parts.down_buttons, parts.rfg_buttons, parts.cur_nav_group }) {
+        const auto buttons = group->buttons();
+        for (QAbstractButton *button : buttons)
+            button->setAutoExclusive(true);
+    }
 }
 
-void speakOfReadouts(const MainWindowParts &parts, const Catalogue *language)
-{
-    const QLabel *distance = parts.delta_lbl;
-    speakOf(parts.delta_lbl, language,
-            QT_TRANSLATE_NOOP("Accessibility", "Distance between the cursors"),
-            [distance] { return distance->text().section(QLatin1Char('='), 1).simplified(); });
-    const QLabel *clock = parts.date_bar;
-    speakOf(parts.date_bar, language, QT_TRANSLATE_NOOP("Accessibility", "Date and time"),
-            [clock] { return spokenLines(clock->text(), 0); });
-    speakOf(parts.logo_lbl, language, QT_TRANSLATE_NOOP("Accessibility", "Logo"));
-    const QGraphicsSimpleTextItem *title = &parts.chart_title;
-    const QGraphicsSimpleTextItem *step = &parts.cursor_step_lbl;
-    speakOf(parts.Plot_View, language, QT_TRANSLATE_NOOP("Accessibility", "Plot"), [title, step] {
-        return spokenLines(title->text() + QLatin1Char('\n') + step->text(), 0);
-    });
-}
-
-/// Row by row, from left to right.
+/// Focus order of the window: row by row, from left to right.
 QVector<QWidget *> windowOrder(const MainWindowParts &parts)
 {
     QVector<QWidget *> order{ parts.curA_button, parts.curB_button, parts.legend_button };
@@ -193,32 +172,19 @@ void leadFocus(QWidget *window, const QVector<QWidget *> &order)
     auto *frame = new FocusFrame(window);
     for (QWidget *control : order)
         frame->watch(control);
-    // Each right behind the first, from the last on: the toolkit does not put a control behind the
-    // one at the very end.
+    // Each is put right after the first, the last one first: Qt does not put a control after the
+    // last one of the window.
     for (auto i = order.size() - 1; i > 0; --i)
         QWidget::setTabOrder(order.first(), order.at(i));
 }
 
-void nameDialogBoxes(SettingsMenu &dialog, const SettingsData *settings)
-{
-    dialog.cursor_accur_lbl->setBuddy(dialog.cursor_accur);
-    dialog.param_accur_lbl->setBuddy(dialog.param_accur);
-    // Its name stands on the frame around it, which the toolkit does not take for a label.
-    QComboBox *box = dialog.language_select;
-    const Dictionary *words = dialog.dict;
-    const auto name = [box, words] { box->setAccessibleName(words->LANGUAGE_STR); };
-    QObject::connect(settings, &SettingsData::translation_changed, box, name);
-    name();
-}
-
-/// Names the editors of the dialog in which values are typed, each time that it opens. It has one
-/// label for its three kinds of editor, and the toolkit makes that the label of the first alone.
-class EditorNames : public QObject
+/// Makes the label of the entry dialog the label of the editor in use, each time the dialog opens.
+/// The dialog has three editors; Qt binds the label to the first.
+class EntryLabel : public QObject
 {
 public:
-    explicit EditorNames(QInputDialog *dialog)
+    explicit EntryLabel(QInputDialog *dialog)
         : QObject(dialog)
-        , m_dialog(*dialog)
     {
         dialog->installEventFilter(this);
     }
@@ -226,27 +192,22 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::Show)
-            name();
-        return QObject::eventFilter(watched, event);
+            label(*watched);
+        return false;
     }
 
 private:
-    void name()
+    static void label(const QObject &dialog)
     {
-        auto *label = m_dialog.findChild<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
-        const auto widgets
-            = m_dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        auto *label = dialog.findChild<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        const auto widgets = dialog.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
         for (QWidget *editor : widgets) {
-            if (!qobject_cast<QAbstractSpinBox *>(editor) && !qobject_cast<QComboBox *>(editor))
-                continue;
-            editor->setAccessibleName(spokenLines(m_dialog.labelText(), 0));
-            // Of a list the toolkit takes what is chosen for the name, and asks for its label.
-            if (label != nullptr && !editor->isHidden())
+            const bool isEditor
+                = qobject_cast<QAbstractSpinBox *>(editor) || qobject_cast<QComboBox *>(editor);
+            if (isEditor && !editor->isHidden())
                 label->setBuddy(editor);
         }
     }
-
-    const QInputDialog &m_dialog;
 };
 
 } // namespace
@@ -254,20 +215,24 @@ private:
 void accessibility::attach(MainWindow &window)
 {
     const MainWindowParts &parts = window.parts();
-    QAccessible::installFactory(spokenInterface);
     const auto *language
         = new Catalogue(parts.settingsData, QLatin1String("Accessibility"), &window);
-    speakOfButtons(parts, language);
-    speakOfTraces(parts, language);
-    speakOfDials(parts, language);
-    speakOfReadouts(parts, language);
-    nameDialogBoxes(*parts.settingsMenu, parts.settingsData);
-    new EditorNames(parts.input_dialog);
+    describeControls(parts, *language);
+    followChanges(parts, *language);
+    markRadioButtons(parts);
+    installDialInterface(parts.param_dial);
+    installDialInterface(parts.cursor_dial);
+    installPlotInterface(parts.Plot_View, parts.chart_title, parts.cursor_step_lbl);
+
+    SettingsMenu &dialog = *parts.settingsMenu;
+    dialog.cursor_accur_lbl->setBuddy(dialog.cursor_accur);
+    dialog.param_accur_lbl->setBuddy(dialog.param_accur);
+    new EntryLabel(parts.input_dialog);
+
     leadFocus(&window, windowOrder(parts));
-    // Where the cursors are; not at the button that happens to be the first.
     parts.Plot_View->setFocus();
-    leadFocus(parts.settingsMenu, dialogOrder(*parts.settingsMenu));
-    // Enter stays what it was; else the first button in the new order would answer it.
-    parts.settingsMenu->ok_button->setDefault(true);
-    parts.settingsMenu->ok_button->setFocus();
+    leadFocus(&dialog, dialogOrder(dialog));
+    // Otherwise the first button in the new order becomes the default button, which Enter presses.
+    dialog.ok_button->setDefault(true);
+    dialog.ok_button->setFocus();
 }

@@ -4,16 +4,13 @@
 
 class MainWindow;
 
-/// What the window tells those who cannot see it, and shows those who use it without a mouse. It is
-/// attached from outside: the controls know nothing of it, and nothing here changes a text or a
-/// picture. A name or value is put together when an assistive technology asks for it, never when it
-/// changes.
+/// Accessible names, focus order and focus frame of the window. They are attached from outside: no
+/// control depends on them, and they change neither a text nor a picture.
 namespace accessibility {
 
-/// Gives each control of \a window a spoken name and, where it shows something, a spoken value;
-/// orders the focus of the window and of its settings dialog as they are read, starting at the
-/// plot; and frames the control that the keyboard went to. To be called once, before the window is
-/// shown.
+/// Gives each control of \a window an accessible name that includes the value it shows; sets the
+/// tab order of the window and of its settings dialog, with the plot focused first; and frames the
+/// control that gets the focus by keyboard. Call it once, before the window is shown.
 void attach(MainWindow &window);
 
 } // namespace accessibility

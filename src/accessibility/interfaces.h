@@ -2,11 +2,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-class QAccessibleInterface;
-class QObject;
-class QString;
+class Cont_dial;
+class QGraphicsSimpleTextItem;
+class QWidget;
 
-/// The interface of \a object for assistive technologies; null when nothing is said of it, and the
-/// toolkit then makes one of its own. In the form that QAccessible::installFactory takes; the name
-/// of the class says nothing that the object does not.
-QAccessibleInterface *spokenInterface(const QString &className, QObject *object);
+/// Accessible interfaces of the two controls that Qt describes wrongly: it takes a dial for its
+/// knob and a graphics view for its scroll area. As of a button, the accessible name is the text
+/// that is shown.
+namespace accessibility {
+
+/// Reports the caption and the counter of \a dial. Setting the counter works like a turn by the
+/// user, limits included.
+void installDialInterface(Cont_dial *dial);
+
+/// Reports \a plot as a chart without children that shows \a title and \a step. The two must
+/// outlive the plot.
+void installPlotInterface(QWidget *plot, const QGraphicsSimpleTextItem &title,
+                          const QGraphicsSimpleTextItem &step);
+
+} // namespace accessibility

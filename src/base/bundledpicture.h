@@ -6,7 +6,7 @@
 
 class QString;
 
-/// The picture \a path of the bundle, with or without its ending. On a screen that has more than
-/// one pixel for a unit it is the drawing in twice as many pixels, where there is one; it then says
-/// so itself and takes the same room. Null for a path that names no picture.
+/// The picture \a path of the bundle; the suffix ".png" may be missing. Where the device pixel
+/// ratio is above 1 and the bundle has the picture in double resolution, returns that one, with its
+/// own device pixel ratio set. Null for a path that names no picture.
 QPixmap bundledPicture(const QString &path);

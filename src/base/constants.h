@@ -60,25 +60,11 @@ constexpr double kuDialogStep = 0.001;
 // ---- Texts made of numbers ----
 
 constexpr int distanceDecimals = 2; ///< metres are shown to the centimetre
-constexpr int generalDigits = 6; ///< significant digits where no decimals are prescribed
 
 // ---- Grid under the traces ----
 
 constexpr int gridLines = 20; ///< interior grid lines that exist; no range needs more
 constexpr int gridEdges = 2; ///< lines at the left and right edge of the plot
-constexpr double minGridIntervals = 7.0; ///< a grid step must give at least so many intervals
-constexpr double maxGridIntervals = 20.0; ///< and at most so many
-/// Grid steps are one of these times a power of ten of metres; the largest that fits is taken.
-constexpr double gridSteps[] = { 1.25, 2.5, 5.0 };
-/// The left edge is drawn only when the last grid value before it is nearer than this part of a
-/// step.
-constexpr double leftEdgeShare = 0.3;
-/// The right edge is drawn only when the last interior line is farther than this part of a step.
-constexpr double rightEdgeShare = 0.75;
-/// An edge label is left empty above ten to this power of metres: whole-numbered steps...
-constexpr double integralEdgeDigits = 3.0;
-/// ...and fractional ones, whose labels are longer by the decimal.
-constexpr double fractionalEdgeDigits = 2.0;
 
 // ---- Cursors and dials ----
 
@@ -98,13 +84,6 @@ constexpr double navigationFontFactor = 1.5; ///< "A" and "B" of the navigation 
 constexpr float largeIconFactor = 3.0F; ///< icon side of trace and navigation buttons, likewise
 constexpr float smallIconFactor = 2.0F; ///< icon side of parameter and cursor buttons, likewise
 constexpr double titleGap = 2.0; ///< pixels between chart title and plot
-constexpr int minWindowWidth = 800;
-constexpr int minWindowHeight = 500;
-constexpr int minPlotViewWidth = 500;
-constexpr int minPlotViewHeight = 310;
-constexpr int logoWidth = 140;
-constexpr int logoHeight = 50;
-constexpr int navigationIconSize = 30;
 constexpr int chartMargin = 20; ///< pixels on each side of the plot
 /// The chart is this much wider and higher than its view, and moved by half of it, so that its own
 /// frame falls outside.
@@ -127,10 +106,6 @@ constexpr int tracePen = 2; ///< width of a trace, and of the selected one later
 constexpr double thinTracePen = 1.0; ///< width of the traces that are not selected
 constexpr int cursorPen = 2; ///< width of a cursor's upright line
 constexpr int cursorLevelPen = 1; ///< width of a cursor's level line
-
-// ---- Clock ----
-
-constexpr int clockPeriod = 1000; ///< ms
 
 // ---- Files beside the program ----
 
@@ -172,8 +147,6 @@ constexpr QLatin1String languageFile = latin1(":/l10n/translation.ini");
 constexpr QLatin1String catalogueFolder = latin1(":/l10n");
 constexpr QLatin1String programCatalogue = latin1("Velkor_%1");
 constexpr QLatin1String toolkitCatalogue = latin1("qt_%1");
-constexpr QLatin1String windowIcon = latin1("://icons/tdr_btr_64.png");
-constexpr QLatin1String logoPicture = latin1("://pix/logo.png");
 constexpr QLatin1String slotIcon
     = latin1("://icons/canal_64/canal_%1"); ///< visible, not the master
 constexpr QLatin1String masterSlotIcon = latin1("://icons/canal_64/canal_%1M"); ///< visible master

@@ -3,8 +3,7 @@
 #pragma once
 
 /// \file
-/// What Qt 5 and Qt 6 call by different names, all of it. Everywhere else the sources speak to both
-/// in the same words; which of the two it is, the build decides.
+/// All differences between Qt 5 and Qt 6. No other file asks for the version.
 
 #include <QCoreApplication>
 #include <QIcon>
@@ -26,8 +25,7 @@ class QValueAxis;
 class QXYSeries;
 QT_END_NAMESPACE
 
-/// Qt 6 keeps the charts among all its other classes; here they have a room of their own, as in
-/// Qt 5.
+/// The chart classes are in this namespace in Qt 5, and in the global one in Qt 6.
 namespace QtCharts {
 using QT_PREPEND_NAMESPACE(QAbstractSeries);
 using QT_PREPEND_NAMESPACE(QChart);
@@ -42,7 +40,7 @@ using QT_PREPEND_NAMESPACE(QXYSeries);
 
 namespace qtcompat {
 
-/// By these class names one knows the items that draw a line and a curve of a chart.
+/// Class names of the chart items that draw a line and a curve.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 constexpr char lineItemClass[] = "LineChartItem";
 constexpr char splineItemClass[] = "SplineChartItem";
@@ -51,10 +49,10 @@ constexpr char lineItemClass[] = "QtCharts::LineChartItem";
 constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
 #endif
 
-/// What containers count in: int, since Qt 6 a number as wide as a pointer.
+/// Size type of containers: int in Qt 5, qsizetype in Qt 6.
 using Size = decltype(QVector<QPointF>().size());
 
-/// Where in the widget \a event, a QDropEvent or what comes before it, takes place.
+/// Position of \a event, a QDropEvent or a subclass, in the widget.
 template <typename Event> QPoint placeOf(const Event &event)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -64,7 +62,7 @@ template <typename Event> QPoint placeOf(const Event &event)
 #endif
 }
 
-/// All points of \a series, a QXYSeries, shared with it and not copied.
+/// All points of \a series, a QXYSeries, implicitly shared.
 template <typename Series> QVector<QPointF> pointsOf(const Series &series)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -84,8 +82,8 @@ inline QString settingsText(const QByteArray &bytes)
 #endif
 }
 
-/// Whether a line of the chart that moves has the place repainted that it leaves, not only the one
-/// that it comes to. In Qt 6 a level line is left standing where nothing else covers both.
+/// True when a chart line that moves also repaints its old position. Qt 6 repaints the new position
+/// only, which leaves an old level line on the screen.
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 constexpr bool linesTellWhereTheyWere = true;
 #else
@@ -103,8 +101,7 @@ inline QPixmap pixmapOf(const QIcon &icon, const QWidget &widget, QSize size,
 #endif
 }
 
-/// Lets the toolkit scale the window and its pictures with the screen, as Qt 6 does by itself. To
-/// be called before there is an application.
+/// Turns on high-DPI scaling, which Qt 6 always has. Call it before the application is created.
 inline void followScaleOfScreen()
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)

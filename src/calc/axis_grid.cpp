@@ -8,6 +8,20 @@ namespace calc {
 
 namespace {
 
+constexpr double minGridIntervals = 7.0; ///< a grid step must give at least so many intervals
+constexpr double maxGridIntervals = 20.0; ///< and at most so many
+/// Grid steps are one of these times a power of ten of metres; the largest that fits is taken.
+constexpr double gridSteps[] = { 1.25, 2.5, 5.0 };
+/// The left edge is drawn only when the last grid value before it is nearer than this part of a
+/// step.
+constexpr double leftEdgeShare = 0.3;
+/// The right edge is drawn only when the last interior line is farther than this part of a step.
+constexpr double rightEdgeShare = 0.75;
+/// An edge label is left empty above ten to this power of metres: whole-numbered steps...
+constexpr double integralEdgeDigits = 3.0;
+/// ...and fractional ones, whose labels are longer by the decimal.
+constexpr double fractionalEdgeDigits = 2.0;
+
 // A step of 2.5 needs its decimal, one of 25 does not.
 bool isIntegral(double step)
 {
@@ -19,15 +33,14 @@ QString labelText(double metres, bool integral)
     return QString::number(metres, 'f', integral ? 0 : 1);
 }
 
-// Large distances stay blank at the edges, where a long number would run into its neighbour; so do
-// negative ones. The line is drawn all the same.
+// Large distances stay blank at the edges, where a long number would overlap its neighbour, and so
+// do negative ones. The line is still drawn.
 QString edgeText(double metres, bool integral)
 {
     if (metres < 0.0)
         return QString();
-    const double digits
-        = integral ? constants::integralEdgeDigits : constants::fractionalEdgeDigits;
-    // log10(0) is minus infinity, so that 0 is always labelled.
+    const double digits = integral ? integralEdgeDigits : fractionalEdgeDigits;
+    // log10(0) is minus infinity, so 0 is always labelled.
     if (std::log10(metres) > digits)
         return QString();
     return labelText(metres, integral);
@@ -41,10 +54,9 @@ double gridStep(double span)
         return 0.0;
     const double level = std::pow(10.0, std::floor(std::log10(span)) - 1.0);
     double step = 0.0;
-    for (const double factor : constants::gridSteps) {
+    for (const double factor : gridSteps) {
         const double candidate = factor * level;
-        if (constants::minGridIntervals * candidate <= span
-            && span <= constants::maxGridIntervals * candidate)
+        if (minGridIntervals * candidate <= span && span <= maxGridIntervals * candidate)
             step = candidate;
     }
     return step;
@@ -60,7 +72,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     if (!(step > 0.0))
         return plan;
 
-    // Pixels per metre rather than metres per pixel: a plot without a width divides by nothing.
+    // Pixels per metre, so that a plot without a width causes no division by 0.
     const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
     const double width = hasWidth ? static_cast<double>(plotWidth) : 0.0;
     const double stepPixels = step * (width / span);
@@ -70,11 +82,10 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     plan.valid = true;
     plan.step = step;
 
-    if (first - gridStart < constants::leftEdgeShare * step)
+    if (first - gridStart < leftEdgeShare * step)
         plan.edges[0] = { true, 0.0, edgeText(first, integral) };
 
-    // No range that a plot can show needs more lines than there are, but the bound is not left to
-    // the arithmetic.
+    // No visible range needs more lines than there are; the bound holds if rounding says otherwise.
     int &count = plan.interiorCount;
     while (count < constants::gridLines && count < (last - gridStart) / step - 1.0) {
         const int line = count + 1;
@@ -83,8 +94,8 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
         count = line;
     }
 
-    // Unless the last interior line is too close, the right edge gets one of its own.
-    if (last - (count * step + gridStart) > constants::rightEdgeShare * step)
+    // The right edge has a line of its own unless the last interior line is too close.
+    if (last - (count * step + gridStart) > rightEdgeShare * step)
         plan.edges[1] = { true, width, edgeText(last, integral) };
     return plan;
 }

@@ -17,10 +17,10 @@ namespace calc {
 /// is not a finite number above 0, or so small that its tenth is none.
 double gridStep(double span);
 
-/// Which grid lines to show, where, and what to write under them.
+/// Positions and labels of the visible grid lines.
 struct GridPlan
 {
-    /// One grid line with its label. What is not visible has offset 0 and no text.
+    /// One grid line with its label. An invisible one has offset 0 and no text.
     struct Line
     {
         bool visible = false;
@@ -28,17 +28,15 @@ struct GridPlan
         QString text; ///< metres without a unit; may be empty though the line is visible
     };
 
-    bool valid = false; ///< false: there is no step, and nothing at all is visible
+    bool valid = false; ///< false: no step was found and no line is visible
     double step = 0.0; ///< metres between two lines
     Line edges[constants::gridEdges]; ///< at the left and at the right edge of the plot
     Line interior[constants::gridLines]; ///< the first \c interiorCount are visible, left to right
     int interiorCount = 0;
 };
 
-/// The grid for \a range counts of \a metresPerCount each on a plot \a plotWidth pixels wide. The
-/// step and the texts depend on the metres alone, the offsets on the width too: all of them are 0
-/// on a plot that has no width yet. Not valid when the distance across is not a finite number above
-/// 0.
+/// Grid for \a range, at \a metresPerCount, on a plot \a plotWidth pixels wide. Offsets are 0 while
+/// the plot has no width. Not valid when the visible distance is not a finite number above 0.
 GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth);
 
 } // namespace calc

@@ -38,8 +38,7 @@ CursorPoint cursorOnDifference(int column, const TraceRef &master, const TraceRe
 {
     const qint64 own = snapped(column, trace.step);
     const qint64 masters = qint64{ snapped(column, master.step) } - master.delay;
-    // No level on purpose: a cursor under a difference has never read one, and its line at 129 lies
-    // just outside the plot.
+    // A difference has no level on purpose; the level line at 129 lies just outside the plot.
     return { saturated(qMax(qint64{ 0 }, qMin(own, masters))), constants::noLevel };
 }
 

@@ -18,7 +18,7 @@ int truncated(double value)
 {
     if (std::isnan(value))
         return 0;
-    // Both bounds are exact as doubles; a cast beyond them is undefined.
+    // Both bounds are exact as doubles. A cast of a value beyond them is undefined behaviour.
     if (value <= static_cast<double>(smallest))
         return smallest;
     if (value >= static_cast<double>(largest))

@@ -6,14 +6,14 @@
 
 namespace calc {
 
-/// \a value without its fraction, toward zero: 2.9 is 2, -2.9 is -2. NaN gives 0, and what an int
-/// cannot hold gives the nearest int that there is, infinities included.
+/// \a value truncated toward zero: 2.9 is 2, -2.9 is -2. NaN gives 0; values and infinities beyond
+/// the range of int saturate.
 int truncated(double value);
 
-/// The same for single precision; the value is widened, which changes nothing.
+/// The same for single precision.
 int truncated(float value);
 
-/// \a value when an int can hold it, else the nearest int.
+/// \a value saturated to the range of int.
 int saturated(qint64 value);
 
 } // namespace calc

@@ -6,6 +6,12 @@
 
 namespace calc {
 
+namespace {
+
+constexpr int generalDigits = 6; ///< significant digits where no decimals are prescribed
+
+} // namespace
+
 double countsToMetres(int counts, double metresPerCount)
 {
     return counts * metresPerCount;
@@ -29,7 +35,7 @@ QString kuText(float ku)
 
 QString generalText(double value)
 {
-    return QString::number(value, 'g', constants::generalDigits);
+    return QString::number(value, 'g', generalDigits);
 }
 
 QString scaleText(float metres)

@@ -5,21 +5,20 @@
 #include <QString>
 
 /// \file
-/// Numbers as the user reads them, always with a decimal point. Words and units that are translated
-/// come as arguments.
+/// Numbers as texts for the user, always with a decimal point. Translated words and units are
+/// arguments.
 
 namespace calc {
 
 /// Metres along the cable for \a counts of echo time (one count is 1.25 ns, there and back).
-/// \a metresPerCount already holds the velocity factor and the halving; nothing is divided again
-/// here.
+/// \a metresPerCount includes the velocity factor and the halving for the two ways.
 double countsToMetres(int counts, double metresPerCount);
 
 /// Distance text of \a counts: metres with two decimals, a blank and \a suffix.
 QString distanceText(int counts, double metresPerCount, const QString &suffix);
 
-/// Level text: the number, or nothing at all for 129, which stands for "no level". A vertical
-/// offset that happens to be 129 is therefore shown as nothing too wherever this is used.
+/// Level text: the number, or an empty text for 129, which means "no level". A vertical shift of
+/// 129 shown with this function is therefore empty, too.
 QString levelText(int level);
 
 /// Velocity factor with three decimals.
@@ -28,8 +27,7 @@ QString kuText(float ku);
 /// \a value in general notation with at most six significant digits: 31.25, 8000.
 QString generalText(double value);
 
-/// Caption value of the scale: \a metres in general notation, a blank and "m", which no language
-/// and no velocity factor changes.
+/// Caption of the scale: \a metres in general notation, a blank and "m" in every language.
 QString scaleText(float metres);
 
 } // namespace calc

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int pointLimit = constants::stepPointCount;
 
-// Where the first sample stands. 2^32 samples of 64000 counts are far from the end of 64 bits.
+// x of the first sample. 2^32 samples of 64000 counts do not overflow 64 bits.
 qint64 startOf(const TraceRef &trace)
 {
     return trace.scroll + qint64{ trace.delay } * boundedStep(trace);
@@ -27,7 +27,7 @@ QPointF point(qint64 x, qint64 y)
     return QPointF(static_cast<qreal>(x), static_cast<qreal>(y));
 }
 
-// Calls \a emitPoint (x, y) for every sample of a trace, from left to right.
+// Calls emitPoint(x, y) for every sample of a trace, from left to right.
 template <typename EmitPoint> void eachSample(const TraceRef &trace, EmitPoint emitPoint)
 {
     const qint64 step = boundedStep(trace);
@@ -36,14 +36,14 @@ template <typename EmitPoint> void eachSample(const TraceRef &trace, EmitPoint e
         emitPoint(x, levelOf(trace, i));
 }
 
-// Calls \a emitPoint (x, y) wherever a sample of \a master meets one of \a trace exactly.
+// Calls emitPoint(x, y) for every x at which both the master and the trace have a sample.
 template <typename EmitPoint>
 void eachMeeting(const TraceRef &master, const TraceRef &trace, EmitPoint emitPoint)
 {
     const qint64 step = boundedStep(trace);
     const qint64 start = startOf(trace);
     eachSample(master, [&](qint64 x, qint64 masterLevel) {
-        // The division rounds toward zero, so the sample found may stand elsewhere: hence the test.
+        // The division truncates, so the sample found may lie at another x.
         const qint64 index = (x - trace.scroll) / step - trace.delay;
         if (index >= 0 && index < constants::drawnSamples && start + index * step == x)
             emitPoint(x, masterLevel - levelOf(trace, index));

@@ -23,7 +23,7 @@
 
 namespace {
 
-// Stretch factors: the shares of the window that its regions take.
+// Stretch factors of the regions of the window.
 constexpr int sideShare = 14;
 constexpr int middleShare = 52;
 constexpr int cursorButtonShare = 13;
@@ -40,6 +40,16 @@ constexpr int minNavigationHeight = 10;
 constexpr int scrollRepeatMs = 10;
 constexpr int minMenuSize = 100;
 
+constexpr int minWindowWidth = 800;
+constexpr int minWindowHeight = 500;
+constexpr int minPlotViewWidth = 500;
+constexpr int minPlotViewHeight = 310;
+constexpr int logoWidth = 140;
+constexpr int logoHeight = 50;
+constexpr int navigationIconSize = 30;
+constexpr QLatin1String windowPicture = constants::latin1("://icons/tdr_btr_64.png");
+constexpr QLatin1String logoPicture = constants::latin1("://pix/logo.png");
+
 QFrame *sunkenLine()
 {
     auto *line = new QFrame;
@@ -48,13 +58,13 @@ QFrame *sunkenLine()
     return line;
 }
 
-/// Icon of a control that has one picture, whatever its state.
+/// Icon with one picture for all states.
 QIcon plainIcon(QLatin1String name)
 {
     return QIcon(bundledPicture(QLatin1String("://icons/rest_64/") + name));
 }
 
-/// Icon of a navigation button, with the look it has while disabled.
+/// Sets the icon of a navigation button, with a second picture for the disabled state.
 void setNavigationIcon(QPushButton *button, const QString &name)
 {
     QIcon icon;
@@ -62,100 +72,58 @@ void setNavigationIcon(QPushButton *button, const QString &name)
     icon.addPixmap(bundledPicture(QStringLiteral("://icons/%1_dis.png").arg(name)),
                    QIcon::Disabled);
     button->setIcon(icon);
-    button->setIconSize({ constants::navigationIconSize, constants::navigationIconSize });
+    button->setIconSize({ navigationIconSize, navigationIconSize });
 }
 
-} // namespace
-
-void MainWindow::setWindowSizes()
+QLayout *topRow(const MainWindowParts &parts)
 {
-    setCentralWidget(centralWidget);
-    centralWidget->setMinimumSize(constants::minWindowWidth, constants::minWindowHeight);
-    Plot_View->setMinimumSize(constants::minPlotViewWidth, constants::minPlotViewHeight);
-    resize(constants::minWindowWidth, constants::minWindowHeight);
-    chartMenu->setMinimumSize(minMenuSize, minMenuSize);
-}
-
-void MainWindow::buildLayouts()
-{
-    auto *middle = new QHBoxLayout;
-    middle->addLayout(leftColumn(), sideShare);
-    middle->addWidget(Plot_View, middleShare);
-    middle->addLayout(rightColumn(), sideShare);
-
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(param_dial, sideShare);
-    bottom->addLayout(parameterGrid(), middleShare);
-    bottom->addWidget(cursor_dial, sideShare);
-
-    auto *window = new QVBoxLayout(centralWidget);
-    window->addLayout(topRow(), topRowShare);
-    window->addLayout(middle, middleRowShare);
-    window->addLayout(bottom, bottomRowShare);
-    setUpPlotView();
-}
-
-QLayout *MainWindow::topRow()
-{
-    logo_lbl->setAlignment(Qt::AlignCenter);
-    delta_lbl->setAlignment(Qt::AlignCenter);
+    parts.logo_lbl->setAlignment(Qt::AlignCenter);
+    parts.delta_lbl->setAlignment(Qt::AlignCenter);
     auto *clock = new QVBoxLayout;
-    clock->addWidget(date_bar);
+    clock->addWidget(parts.date_bar);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(logo_lbl, sideShare);
-    row->addWidget(curA_button, cursorButtonShare);
-    row->addWidget(delta_lbl, deltaShare);
-    row->addWidget(curB_button, cursorButtonShare);
+    row->addWidget(parts.logo_lbl, sideShare);
+    row->addWidget(parts.curA_button, cursorButtonShare);
+    row->addWidget(parts.delta_lbl, deltaShare);
+    row->addWidget(parts.curB_button, cursorButtonShare);
     row->addLayout(clock, sideShare);
     return row;
 }
 
-QLayout *MainWindow::leftColumn()
+QLayout *leftColumn(const MainWindowParts &parts)
 {
     auto *column = new QVBoxLayout;
     column->setSpacing(0);
-    column->addWidget(legend_button, buttonShare);
+    column->addWidget(parts.legend_button, buttonShare);
     column->addWidget(sunkenLine(), lineShare, Qt::AlignVCenter);
-    for (LegendButton *button : selected_rfg) {
+    for (LegendButton *button : parts.selected_rfg) {
         column->addWidget(button, buttonShare);
         column->addWidget(sunkenLine(), 0);
     }
     return column;
 }
 
-QLayout *MainWindow::rightColumn()
-{
-    auto *column = new QVBoxLayout;
-    column->setSpacing(0);
-    column->addWidget(settings_button, buttonShare);
-    column->addWidget(sunkenLine(), lineShare);
-    column->addWidget(difference_button, buttonShare);
-    column->addWidget(smooth_button, buttonShare);
-    column->addWidget(reset_all_button, buttonShare);
-    column->addWidget(sunkenLine(), lineShare);
-    column->addLayout(navigationGrid(), navigationShare);
-    return column;
-}
-
-QGridLayout *MainWindow::navigationGrid()
+QGridLayout *navigationGrid(const MainWindowParts &parts)
 {
     auto *grid = new QGridLayout;
     grid->setSpacing(0);
-    grid->addWidget(scale_up_button, 0, 0);
-    grid->addWidget(scale_down_button, 0, 1);
-    grid->addWidget(scroll_left_button, 1, 0);
-    grid->addWidget(scroll_right_button, 1, 1);
-    grid->addWidget(curA_nav_button, 2, 0);
-    grid->addWidget(curB_nav_button, 2, 1);
+    grid->addWidget(parts.scale_up_button, 0, 0);
+    grid->addWidget(parts.scale_down_button, 0, 1);
+    grid->addWidget(parts.scroll_left_button, 1, 0);
+    grid->addWidget(parts.scroll_right_button, 1, 1);
+    grid->addWidget(parts.curA_nav_button, 2, 0);
+    grid->addWidget(parts.curB_nav_button, 2, 1);
     return grid;
 }
 
-QGridLayout *MainWindow::parameterGrid()
+QGridLayout *parameterGrid(const MainWindowParts &parts)
 {
     ParamButton *const rows[2][5] = {
-        { H_offset_button, KU_button, pulse_width_button, impedance_button, average_button },
-        { V_offset_button, scale_button, pulse_amplitude_button, gain_button, reserve_button },
+        { parts.H_offset_button, parts.KU_button, parts.pulse_width_button, parts.impedance_button,
+          parts.average_button },
+        { parts.V_offset_button, parts.scale_button, parts.pulse_amplitude_button,
+          parts.gain_button, parts.reserve_button },
     };
     auto *grid = new QGridLayout;
     grid->setSpacing(0);
@@ -167,23 +135,125 @@ QGridLayout *MainWindow::parameterGrid()
     return grid;
 }
 
-void MainWindow::setUpPlotView()
+QLayout *rightColumn(const MainWindowParts &parts)
 {
-    Plot_View->setScene(Plot_Scene);
-    Plot_View->setDragMode(QGraphicsView::NoDrag);
-    Plot_View->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    Plot_View->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    Plot_View->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    Plot_View->setRenderHint(QPainter::Antialiasing);
-    // Half a pixel off, so that view and scene coordinates are the same numbers.
-    Plot_View->setSceneRect(-0.5, -0.5, 400.0, 250.0);
-    // One clip rectangle instead of a ragged region, against which every antialiased span would be
-    // cut: a fifth of a repaint. And what lies under an opaque plot need not be painted.
-    Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);
-    Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    // Some seventy items, most of which change at a time: to keep an index of them costs more than
-    // to look at all, a tenth of a selection.
-    Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+    auto *column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(parts.settings_button, buttonShare);
+    column->addWidget(sunkenLine(), lineShare);
+    column->addWidget(parts.difference_button, buttonShare);
+    column->addWidget(parts.smooth_button, buttonShare);
+    column->addWidget(parts.reset_all_button, buttonShare);
+    column->addWidget(sunkenLine(), lineShare);
+    column->addLayout(navigationGrid(parts), navigationShare);
+    return column;
+}
+
+void setUpPlotView(const MainWindowParts &parts)
+{
+    parts.Plot_View->setScene(parts.Plot_Scene);
+    parts.Plot_View->setDragMode(QGraphicsView::NoDrag);
+    parts.Plot_View->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    parts.Plot_View->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    parts.Plot_View->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    parts.Plot_View->setRenderHint(QPainter::Antialiasing);
+    // Offset by half a pixel, so that view and scene coordinates are equal.
+    parts.Plot_View->setSceneRect(-0.5, -0.5, 400.0, 250.0);
+    // One clip rectangle instead of a region of several, with which every antialiased span would be
+    // intersected: saves 20 % of a repaint. The opaque viewport saves painting what is below it.
+    parts.Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);
+    parts.Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    // With about seventy items, most of which change together, updating an index costs more than
+    // searching all items: 10 % of selecting a trace.
+    parts.Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+}
+
+void setNamesAndPolicies(const MainWindowParts &parts)
+{
+    // Style sheets select these three by name. "ScaleDown" lowers the zoom exponent, which
+    // magnifies; therefore it has the picture for zooming in.
+    parts.delta_lbl->setObjectName(QStringLiteral("delta"));
+    parts.scale_up_button->setObjectName(QStringLiteral("ScaleUp"));
+    parts.scale_down_button->setObjectName(QStringLiteral("ScaleDown"));
+
+    QWidget *const preferred[]
+        = { parts.curA_button,       parts.curB_button,        parts.smooth_button,
+            parts.reset_all_button,  parts.legend_button,      parts.settings_button,
+            parts.difference_button, parts.scale_up_button,    parts.scale_down_button,
+            parts.curA_nav_button,   parts.scroll_left_button, parts.scroll_right_button,
+            parts.curB_nav_button };
+    for (QWidget *button : preferred)
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    QWidget *const navigation[]
+        = { parts.scale_up_button,     parts.scale_down_button, parts.scroll_left_button,
+            parts.scroll_right_button, parts.curA_nav_button,   parts.curB_nav_button };
+    for (QWidget *button : navigation)
+        button->setMinimumSize(minNavigationWidth, minNavigationHeight);
+}
+
+void setIcons(const MainWindowParts &parts)
+{
+    // The size is in device-independent pixels.
+    const qreal ratio = qApp->devicePixelRatio();
+    QPixmap logo = bundledPicture(logoPicture)
+                       .scaled(QSize(logoWidth, logoHeight) * ratio, Qt::KeepAspectRatio,
+                               Qt::FastTransformation);
+    logo.setDevicePixelRatio(ratio);
+    parts.logo_lbl->setPixmap(logo);
+
+    // The bundle spells two picture names "impendance" and "diifference".
+    const std::pair<InterfaceButton *, const char *> pictures[] = {
+        { parts.gain_button, "gain" },
+        { parts.KU_button, "velocity" },
+        { parts.average_button, "average" },
+        { parts.V_offset_button, "Y" },
+        { parts.H_offset_button, "X" },
+        { parts.scale_button, "scale" },
+        { parts.pulse_width_button, "pulse_width" },
+        { parts.pulse_amplitude_button, "amplitude" },
+        { parts.impedance_button, "impendance" },
+        { parts.curA_button, "cursorA" },
+        { parts.curB_button, "cursorB" },
+    };
+    for (const auto &picture : pictures)
+        picture.first->set_icon(QLatin1String("://icons/rest_64/") + QLatin1String(picture.second));
+
+    parts.difference_button->setIcon(plainIcon(QLatin1String("diifference")));
+    parts.settings_button->setIcon(plainIcon(QLatin1String("setting")));
+    setNavigationIcon(parts.scale_down_button, QStringLiteral("zoom_in"));
+    setNavigationIcon(parts.scale_up_button, QStringLiteral("zoom_out"));
+    setNavigationIcon(parts.scroll_left_button, QStringLiteral("arrow_left"));
+    setNavigationIcon(parts.scroll_right_button, QStringLiteral("arrow_right"));
+}
+
+} // namespace
+
+void MainWindow::setWindowSizes()
+{
+    setCentralWidget(centralWidget);
+    centralWidget->setMinimumSize(minWindowWidth, minWindowHeight);
+    Plot_View->setMinimumSize(minPlotViewWidth, minPlotViewHeight);
+    resize(minWindowWidth, minWindowHeight);
+    chartMenu->setMinimumSize(minMenuSize, minMenuSize);
+}
+
+void MainWindow::buildLayouts()
+{
+    auto *middle = new QHBoxLayout;
+    middle->addLayout(leftColumn(*this), sideShare);
+    middle->addWidget(Plot_View, middleShare);
+    middle->addLayout(rightColumn(*this), sideShare);
+
+    auto *bottom = new QHBoxLayout;
+    bottom->addWidget(param_dial, sideShare);
+    bottom->addLayout(parameterGrid(*this), middleShare);
+    bottom->addWidget(cursor_dial, sideShare);
+
+    auto *window = new QVBoxLayout(centralWidget);
+    window->addLayout(topRow(*this), topRowShare);
+    window->addLayout(middle, middleRowShare);
+    window->addLayout(bottom, bottomRowShare);
+    setUpPlotView(*this);
 }
 
 void MainWindow::fillButtonGroups()
@@ -259,66 +329,10 @@ void MainWindow::buildChartMenu()
 
 void MainWindow::decorateControls()
 {
-    setNamesAndPolicies();
-    setIcons();
+    setWindowTitle(QStringLiteral("Velkor"));
+    setWindowIcon(QIcon(windowPicture));
+    setNamesAndPolicies(*this);
+    setIcons(*this);
     Plot_View->setMouseTracking(true);
     Plot_View->viewport()->setMouseTracking(true);
-}
-
-void MainWindow::setNamesAndPolicies()
-{
-    // Style sheets address these three by name. "ScaleDown" lowers the zoom exponent, which shows
-    // fewer metres and so magnifies: that is why it carries the picture for zooming in.
-    delta_lbl->setObjectName(QStringLiteral("delta"));
-    scale_up_button->setObjectName(QStringLiteral("ScaleUp"));
-    scale_down_button->setObjectName(QStringLiteral("ScaleDown"));
-
-    QWidget *const preferred[]
-        = { curA_button,       curB_button,     smooth_button,      reset_all_button,
-            legend_button,     settings_button, difference_button,  scale_up_button,
-            scale_down_button, curA_nav_button, scroll_left_button, scroll_right_button,
-            curB_nav_button };
-    for (QWidget *button : preferred)
-        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    QWidget *const navigation[] = { scale_up_button,     scale_down_button, scroll_left_button,
-                                    scroll_right_button, curA_nav_button,   curB_nav_button };
-    for (QWidget *button : navigation)
-        button->setMinimumSize(minNavigationWidth, minNavigationHeight);
-}
-
-void MainWindow::setIcons()
-{
-    setWindowTitle(QStringLiteral("Velkor"));
-    setWindowIcon(QIcon(constants::windowIcon));
-    // In the pixels that the screen has for that many units.
-    const qreal ratio = qApp->devicePixelRatio();
-    QPixmap logo = bundledPicture(constants::logoPicture)
-                       .scaled(QSize(constants::logoWidth, constants::logoHeight) * ratio,
-                               Qt::KeepAspectRatio, Qt::FastTransformation);
-    logo.setDevicePixelRatio(ratio);
-    logo_lbl->setPixmap(logo);
-
-    // The bundle spells two of the pictures "impendance" and "diifference".
-    const std::pair<InterfaceButton *, const char *> pictures[] = {
-        { gain_button, "gain" },
-        { KU_button, "velocity" },
-        { average_button, "average" },
-        { V_offset_button, "Y" },
-        { H_offset_button, "X" },
-        { scale_button, "scale" },
-        { pulse_width_button, "pulse_width" },
-        { pulse_amplitude_button, "amplitude" },
-        { impedance_button, "impendance" },
-        { curA_button, "cursorA" },
-        { curB_button, "cursorB" },
-    };
-    for (const auto &picture : pictures)
-        picture.first->set_icon(QLatin1String("://icons/rest_64/") + QLatin1String(picture.second));
-
-    difference_button->setIcon(plainIcon(QLatin1String("diifference")));
-    settings_button->setIcon(plainIcon(QLatin1String("setting")));
-    setNavigationIcon(scale_down_button, QStringLiteral("zoom_in"));
-    setNavigationIcon(scale_up_button, QStringLiteral("zoom_out"));
-    setNavigationIcon(scroll_left_button, QStringLiteral("arrow_left"));
-    setNavigationIcon(scroll_right_button, QStringLiteral("arrow_right"));
 }

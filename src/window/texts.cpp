@@ -14,39 +14,8 @@
 #include <QLocale>
 #include <QPushButton>
 
-namespace {
-
-/// Keeps a window from painting as long as it is there. A new language repaints every control once
-/// the toolkit has told all of them; a dial's caption before that would bring all the words to the
-/// screen that are new by then, which is a quarter of the whole switch.
-class Unpainted
-{
-public:
-    explicit Unpainted(QWidget &window)
-        : m_window(window)
-        , m_holds(window.updatesEnabled())
-    {
-        if (m_holds)
-            m_window.setUpdatesEnabled(false);
-    }
-    ~Unpainted()
-    {
-        if (m_holds)
-            m_window.setUpdatesEnabled(true);
-    }
-    Q_DISABLE_COPY(Unpainted)
-
-private:
-    QWidget &m_window;
-    const bool m_holds;
-};
-
-} // namespace
-
 void MainWindow::retranslateUi()
 {
-    // Outlives the action, whose end sets the captions.
-    const Unpainted unpainted(*this);
     const Action action(*this);
     d->setStrings();
     retranslateButtons();

@@ -17,17 +17,37 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-// Connections stand in the order of the window, top to bottom, left to right. The settings that
-// must reach these slots are loaded after all of them are made.
-void MainWindow::connectControls()
+namespace {
+
+void connectSettings(const SettingsData *settings, MainWindow *window)
 {
-    connectMenuAndButtons();
-    connectGroups();
-    connectSettings();
-    connectLegendButtons();
+    QObject::connect(settings, &SettingsData::files_to_load, window,
+                     &MainWindow::show_AllSelected_RFGs);
+    QObject::connect(settings, &SettingsData::CSS_changed, window, &MainWindow::set_CSS);
+    QObject::connect(settings, &SettingsData::translation_changed, window,
+                     &MainWindow::retranslateUi);
+    QObject::connect(settings, &SettingsData::window_geometry_loaded, window,
+                     &MainWindow::setWindowGeometry);
+    QObject::connect(settings, &SettingsData::dial_settings_changed, window,
+                     &MainWindow::setDialSettings);
 }
 
-void MainWindow::connectMenuAndButtons()
+void connectLegendButton(const LegendButton *button, MainWindow *window)
+{
+    QObject::connect(button, &LegendButton::contextMenu_signal, window,
+                     &MainWindow::rfgMenuRequested_slot);
+    QObject::connect(button, &LegendButton::load_signal, window, &MainWindow::loadSingle_slot);
+    QObject::connect(button, &LegendButton::clear_signal, window, &MainWindow::remove_Selected_RFG);
+    QObject::connect(button, &LegendButton::reset_signal, window, &MainWindow::resetCurrent_slot);
+    QObject::connect(button, &LegendButton::visible_signal, window, &MainWindow::RFG_visibleToggle);
+    QObject::connect(button, &LegendButton::master_signal, window, &MainWindow::setMasterID);
+}
+
+} // namespace
+
+// Connections are in the order of the window, top to bottom, left to right. The settings are loaded
+// after all connections exist, because their signals must reach these slots.
+void MainWindow::connectControls()
 {
     connect(curA_action, &QAction::triggered, this, [this] { curA_button->setChecked(true); });
     connect(curB_action, &QAction::triggered, this, [this] { curB_button->setChecked(true); });
@@ -40,10 +60,7 @@ void MainWindow::connectMenuAndButtons()
     connect(smooth_button, SIGNAL(toggled(bool)), this, SLOT(setSmoothFlag(bool)));
     connect(cursor_dial, &Cont_dial::trueValueChanged, this, &MainWindow::cursorSetup_slot);
     connect(param_dial, &Cont_dial::trueValueChanged, this, &MainWindow::paramSetup_slot);
-}
 
-void MainWindow::connectGroups()
-{
     const auto connectSelection = [this](QButtonGroup *group, void (MainWindow::*select)(int)) {
         connect(group, &QButtonGroup::idToggled, this, [this, select](int id, bool checked) {
             if (checked)
@@ -56,7 +73,7 @@ void MainWindow::connectGroups()
 
     connect(legend_button, &QPushButton::pressed, this, &MainWindow::files_slot);
 
-    // The two pairs of cursor buttons set each other and come to rest by themselves.
+    // The two pairs of cursor buttons set each other; the second change is none, which ends it.
     connect(cur_nav_group, &QButtonGroup::idToggled, this,
             [this](int id, bool checked) { up_buttons->button(id)->setChecked(checked); });
     connect(scale_nav_group, &QButtonGroup::idPressed, this,
@@ -64,29 +81,10 @@ void MainWindow::connectGroups()
     connect(scroll_nav_group, &QButtonGroup::idPressed, this, [this](int id) {
         plotScroll(calc::truncated(double{ m_pow2(master_scale) } * (2 * id - 1)));
     });
-}
 
-void MainWindow::connectSettings()
-{
-    connect(settingsData, &SettingsData::files_to_load, this, &MainWindow::show_AllSelected_RFGs);
-    connect(settingsData, &SettingsData::CSS_changed, this, &MainWindow::set_CSS);
-    connect(settingsData, &SettingsData::translation_changed, this, &MainWindow::retranslateUi);
-    connect(settingsData, &SettingsData::window_geometry_loaded, this,
-            &MainWindow::setWindowGeometry);
-    connect(settingsData, &SettingsData::dial_settings_changed, this, &MainWindow::setDialSettings);
-}
-
-void MainWindow::connectLegendButtons()
-{
-    for (LegendButton *button : selected_rfg) {
-        connect(button, &LegendButton::contextMenu_signal, this,
-                &MainWindow::rfgMenuRequested_slot);
-        connect(button, &LegendButton::load_signal, this, &MainWindow::loadSingle_slot);
-        connect(button, &LegendButton::clear_signal, this, &MainWindow::remove_Selected_RFG);
-        connect(button, &LegendButton::reset_signal, this, &MainWindow::resetCurrent_slot);
-        connect(button, &LegendButton::visible_signal, this, &MainWindow::RFG_visibleToggle);
-        connect(button, &LegendButton::master_signal, this, &MainWindow::setMasterID);
-    }
+    connectSettings(settingsData, this);
+    for (const LegendButton *button : selected_rfg)
+        connectLegendButton(button, this);
 }
 
 void MainWindow::installEventFilters()

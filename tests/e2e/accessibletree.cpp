@@ -65,11 +65,11 @@ QString accessible()
     return QStringLiteral("org.a11y.atspi.Accessible");
 }
 
-QString nameOf(const Reference &node)
+QString propertyOf(const Reference &node, const char *name)
 {
     const QDBusMessage answer
         = ask(node, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-              { accessible(), QStringLiteral("Name") });
+              { accessible(), QString::fromLatin1(name) });
     return answer.arguments().value(0).value<QDBusVariant>().variant().toString();
 }
 
@@ -89,7 +89,8 @@ void collect(const Reference &node, QVector<AccessibleTree::Node> &found)
     AccessibleTree::Node what;
     what.role
         = ask(node, accessible(), QStringLiteral("GetRoleName")).arguments().value(0).toString();
-    what.name = nameOf(node);
+    what.name = propertyOf(node, "Name");
+    what.description = propertyOf(node, "Description");
     const auto states = qdbus_cast<QList<uint>>(
         ask(node, accessible(), QStringLiteral("GetState")).arguments().value(0));
     what.isShown = hasState(states, showingState);
@@ -155,7 +156,7 @@ QVector<AccessibleTree::Node> AccessibleTree::nodes(const QString &program) cons
                               QDBusObjectPath(QStringLiteral("/org/a11y/atspi/accessible/root")) };
     const auto programs = childrenOf(registry);
     for (const Reference &one : programs)
-        if (nameOf(one) == program)
+        if (propertyOf(one, "Name") == program)
             collect(one, found);
     return found;
 }

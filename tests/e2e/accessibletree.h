@@ -11,34 +11,34 @@
 
 #include <functional>
 
-/// A session bus with the accessibility bus on it, and the eyes of a screen reader: what programs
-/// started in its environment say of themselves. Ends the test program when the buses cannot be
-/// had, because nothing could be tested then.
+/// A session bus with the accessibility bus on it, and a client that reads from it what programs
+/// started in its environment report. Ends the test program when the buses cannot be started.
 class AccessibleTree
 {
 public:
-    /// One thing that a program told of.
+    /// One object that a program reports.
     struct Node
     {
         QString role; ///< as the accessibility bus spells it: "push button"
         QString name;
+        QString description;
         bool isShown = false;
         bool isFocused = false;
     };
 
-    /// \a environment is what the buses start in; the display in it has to be there.
+    /// Starts the buses in \a environment; its display must exist.
     explicit AccessibleTree(const QProcessEnvironment &environment);
     ~AccessibleTree();
     Q_DISABLE_COPY(AccessibleTree)
 
-    /// Environment for programs that are to tell of themselves here.
+    /// Environment for the programs to be read.
     QProcessEnvironment environment() const;
 
-    /// All that \a program says now, each thing before its children, which are left out when it is
-    /// hidden; empty when the program is not there.
+    /// All objects of \a program, parents before children; children of hidden objects are left out.
+    /// Empty when the program does not run.
     QVector<Node> nodes(const QString &program) const;
 
-    /// Looks until \a looksRight says so; false after ten seconds.
+    /// Reads until \a looksRight returns true; false after ten seconds.
     bool waitUntil(const QString &program,
                    const std::function<bool(const QVector<Node> &)> &looksRight) const;
 

@@ -110,7 +110,7 @@ void Player::reset()
         settings.setTranslation();
     }
     window().showNormal();
-    window().resize(constants::minWindowWidth, constants::minWindowHeight);
+    window().resize(800, 500);
 }
 
 QWidget *Player::plot() const

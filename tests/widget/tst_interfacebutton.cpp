@@ -4,11 +4,7 @@
 #include "interfacebutton.h"
 #include "parambutton.h"
 
-#include <QProxyStyle>
 #include <QtTest>
-
-#include <functional>
-#include <iterator>
 
 namespace {
 
@@ -56,51 +52,6 @@ QImage iconImage(const QIcon &icon, QIcon::Mode mode, QIcon::State state)
 }
 
 const QString gain = QStringLiteral("://icons/rest_64/gain");
-
-QByteArray builtInSheet()
-{
-    QFile file(QStringLiteral(":/style/style_1.qss"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// A button that can also be painted without the picture of its ground.
-class Button : public InterfaceButton
-{
-public:
-    Button()
-        : InterfaceButton(nullptr)
-    {
-    }
-
-    /// Whether it looks the same with and without the picture of its ground, with new words each
-    /// time.
-    bool looksRight()
-    {
-        for (const char *words :
-             { "1.00 m", "Δ 20.55 m", "", "long words go over the edge of it" }) {
-            setText(QString::fromUtf8(words));
-            const QImage painted = window()->grab().toImage();
-            m_plain = true;
-            const QImage plain = window()->grab().toImage();
-            m_plain = false;
-            if (painted != plain)
-                return false;
-        }
-        return true;
-    }
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        if (m_plain)
-            PictureButton::paintEvent(event);
-        else
-            InterfaceButton::paintEvent(event);
-    }
-
-private:
-    bool m_plain = false;
-};
 
 } // namespace
 
@@ -192,88 +143,6 @@ private slots:
         QCOMPARE(
             iconImage(button.icon, QIcon::Active, QIcon::On).convertToFormat(QImage::Format_ARGB32),
             average.convertToFormat(QImage::Format_ARGB32));
-    }
-
-    void itLooksTheSameWithThePictureOfItsGround_data()
-    {
-        QTest::addColumn<QByteArray>("sheet");
-        QTest::newRow("no sheet") << QByteArray();
-        QTest::newRow("built-in sheet") << builtInSheet();
-        QTest::newRow("own frame") << QByteArray("QPushButton { border: 2px solid red; }"
-                                                 "QPushButton:checked { background: navy; }"
-                                                 "QPushButton:focus { outline: 1px dotted lime; }"
-                                                 "QPushButton:disabled { color: gray; }");
-        QTest::newRow("half transparent")
-            << QByteArray("QWidget { background: teal; }"
-                          "QPushButton { background: rgba(255, 0, 0, 90); border-radius: 9px; }");
-        QTest::newRow("aside") << QByteArray("QPushButton { text-align: left; padding: 7px; "
-                                             "margin: 3px; color: blue; font: bold 14px; }");
-    }
-
-    void itLooksTheSameWithThePictureOfItsGround()
-    {
-        QFETCH(QByteArray, sheet);
-        QWidget window;
-        window.resize(140, 60);
-        window.setStyleSheet(QString::fromLatin1(sheet));
-        auto *button = new Button;
-        button->setParent(&window);
-        button->setGeometry(5, 5, 121, 50);
-        button->setCheckable(true);
-        button->set_icon(gain);
-        window.show();
-        QVERIFY(button->looksRight());
-        const std::function<void()> changes[] = {
-            [&] { button->clearFocus(); },
-            [&] { button->setFocus(Qt::TabFocusReason); },
-            [&] { button->setChecked(true); },
-            [&] { button->setDown(true); },
-            [&] { button->setDown(false); },
-            [&] { button->setEnabled(false); },
-            [&] { button->setEnabled(true); },
-            [&] { button->resize(100, 40); },
-            [&] { button->setFont(QFont(QStringLiteral("DejaVu Sans"), 17)); },
-            [&] { button->setStyleSheet(QStringLiteral("background: yellow")); },
-            [&] { button->setStyleSheet(QString()); },
-            [&] { window.setStyleSheet(QString::fromLatin1(builtInSheet())); },
-            [&] { window.setStyleSheet(QString()); },
-            [&] { button->setPalette(QPalette(Qt::darkRed, Qt::darkGreen)); },
-            [&] { button->setLayoutDirection(Qt::RightToLeft); },
-            [&] { button->setIcon(QIcon()); },
-        };
-        for (std::size_t i = 0; i < std::size(changes); ++i) {
-            changes[i]();
-            QVERIFY2(button->looksRight(), qPrintable(QStringLiteral("change %1").arg(i)));
-        }
-    }
-
-    void itsGroundIsNotDrawnForNewWords()
-    {
-        /// Counts the grounds that it draws.
-        class Counter : public QProxyStyle
-        {
-        public:
-            void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
-                             const QWidget *widget) const override
-            {
-                grounds += element == CE_PushButtonBevel ? 1 : 0;
-                QProxyStyle::drawControl(element, option, painter, widget);
-            }
-            mutable int grounds = 0;
-        };
-        Counter style;
-        Button button;
-        button.setStyle(&style);
-        button.resize(121, 50);
-        for (int i = 0; i < 20; ++i) {
-            button.setText(QString::number(i));
-            button.grab();
-        }
-        // As it is, and once more for the picture.
-        QCOMPARE(style.grounds, 2);
-        button.resize(122, 50);
-        button.grab();
-        QCOMPARE(style.grounds, 3);
     }
 
     void aParameterButtonKnowsItsParameter()

@@ -98,11 +98,10 @@ private slots:
     void allSlotsShareTheirPictures()
     {
         const LegendButton other(words.get(), 3);
-        QCOMPARE(other.load_action->icon().cacheKey(), button->load_action->icon().cacheKey());
-        QCOMPARE(other.master_action->icon().cacheKey(), button->master_action->icon().cacheKey());
-        // Once the last button is gone, a later one reads them anew.
-        button.reset(new LegendButton(words.get(), 2));
-        QVERIFY(!button->reset_action->icon().pixmap(64).isNull());
+        const auto keyOf
+            = [](const QAction &action) { return action.icon().pixmap(64).cacheKey(); };
+        QCOMPARE(keyOf(*other.load_action), keyOf(*button->load_action));
+        QCOMPARE(keyOf(*other.clear_action), keyOf(*button->clear_action));
     }
 
     void theTextsComeWithTheFirstRetranslation()

@@ -358,20 +358,15 @@ private slots:
         }
     }
 
-    void everySwitchPaintsEachControlOnce()
+    void aLanguageSwitchPaintsThePlotOnce()
     {
         open(2);
         WindowFixture::settle();
-        const MainWindowProbe &p = probe();
-        for (QWidget *control :
-             QVector<QWidget *>{ p.KU_button(), p.curA_button(), p.param_dial(), p.smooth_button(),
-                                 p.selected_rfg()[0], p.Plot_View()->viewport() }) {
-            Events paints(control, QEvent::Paint);
-            for (const char *code : { "ru_RU", "en_US" }) {
-                paints.count = 0;
-                speak(code);
-                QCOMPARE(paints.count, 1);
-            }
+        Events paints(probe().Plot_View()->viewport(), QEvent::Paint);
+        for (const char *code : { "ru_RU", "en_US" }) {
+            paints.count = 0;
+            speak(code);
+            QCOMPARE(paints.count, 1);
         }
     }
 
