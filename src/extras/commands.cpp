@@ -3,6 +3,8 @@
 #include "extras/commands.h"
 
 #include "calc/numeric.h"
+#include "calc/view_range.h"
+#include "cont_dial.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
@@ -50,6 +52,21 @@ void pressRight(QWidget *button)
 
 } // namespace
 
+QVector<QPointF> selectedSamples(const MainWindow &window)
+{
+    const MainWindowState &state = window.state();
+    if (!window.isLoaded(state.rfg_ID))
+        return {};
+    if (state.smooth_rfg_flag)
+        return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);
+    // Each tread of the step form begins with its sample.
+    const QVector<QPointF> treads = qtcompat::pointsOf(*window.parts().rfg_series[state.rfg_ID]);
+    QVector<QPointF> samples;
+    for (int i = 0; i < treads.size(); i += 2)
+        samples.append(treads[i]);
+    return samples;
+}
+
 void placeCursor(MainWindow &window, qint64 column)
 {
     window.cursorSetup_slot(calc::saturated(column));
@@ -84,6 +101,32 @@ void scroll(MainWindow &window, int steps)
     const int toLeft = -std::max(0, calc::truncated(axis->min()));
     const int toRight = std::max(0, constants::xLength - calc::truncated(axis->max()));
     window.plotScroll(std::clamp(step, toLeft, toRight));
+}
+
+void fitTrace(MainWindow &window)
+{
+    const QVector<QPointF> samples = selectedSamples(window);
+    if (samples.isEmpty() || samples.last().x() < 0.0 || samples.first().x() > constants::xLength)
+        return;
+    const int first = std::max(0, calc::truncated(samples.first().x()));
+    const int last = std::min(constants::xLength, calc::truncated(samples.last().x()));
+    int scale = constants::minScale;
+    while (scale < constants::maxScale && calc::visibleCounts(scale) < last - first)
+        ++scale;
+    window.scale_change(scale);
+    const int width = calc::visibleCounts(scale);
+    const int left = std::min(first, constants::xLength - width);
+    window.setPlotRange(left, left + width);
+    const MainWindowParts &parts = window.parts();
+    if (parts.down_buttons->checkedId() == MainWindow::SCALE)
+        parts.param_dial->trueValue = scale;
+}
+
+void showCursor(MainWindow &window)
+{
+    const int cursor = window.state().Cur_flag;
+    if (cursor != MainWindow::DELTA)
+        window.gotoCursor(cursor);
 }
 
 void selectSlot(MainWindow &window, int slot)

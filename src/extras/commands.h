@@ -2,48 +2,56 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QtGlobal>
+#include <QPointF>
+#include <QVector>
 
 class MainWindow;
 
 /// \file
-/// What keys do, each as a hand with a mouse would: by the window's named operations where it has
-/// them, else by pressing its buttons and choosing from its menus. What the mouse cannot do at this
-/// moment (a disabled button, the menu of an empty slot) does nothing here either.
+/// The actions of the keys. Each does what the mouse does: by the window's operations or else by
+/// its buttons and menus. A button or menu entry that is disabled does nothing here either.
 
 namespace extras {
 
+/// One point for each sample of the selected trace as it is drawn; none for an empty slot.
+QVector<QPointF> selectedSamples(const MainWindow &window);
+
 /// Moves the active cursor by \a samples of the selected trace, to the right when positive; in
-/// difference mode by the coarser ones of that trace and the master. A cursor that leaves the view
-/// takes the view along.
+/// difference mode by those of the coarser of that trace and the master. The view follows a cursor
+/// that leaves it.
 void moveCursor(MainWindow &window, int samples);
 
-/// Places the active cursor at \a column, as its ordinary operation does. A cursor that is then out
-/// of view takes the view along. In delta mode, in which none is active, nothing happens.
+/// Places the active cursor at \a column. The view follows. Does nothing in delta mode.
 void placeCursor(MainWindow &window, qint64 column);
 
 /// Moves the active cursor to the first or, if \a last, the last drawn sample of the selected
 /// trace; in an empty slot to the edge of the view.
 void moveCursorToEnd(MainWindow &window, bool last);
 
-/// Scrolls by \a steps steps of the scroll buttons, to the right when positive, and no farther than
-/// to the end.
+/// Scrolls by \a steps steps of the scroll buttons, to the right when positive, at most to the end.
 void scroll(MainWindow &window, int steps);
+
+/// Shows the whole selected trace, as it is drawn, at the largest scale that holds it. Does nothing
+/// when it is empty or lies outside the chart.
+void fitTrace(MainWindow &window);
+
+/// Brings the active cursor into the middle of the view, as far as the ends allow.
+void showCursor(MainWindow &window);
 
 /// Selects the trace slot \a slot, 0 to 5.
 void selectSlot(MainWindow &window, int slot);
 
-/// Chooses from the menu of the selected slot.
+/// Entries of the selected slot's menu.
 void toggleVisibility(MainWindow &window);
 void makeMaster(MainWindow &window);
 void loadSelected(MainWindow &window);
 void resetSelected(MainWindow &window);
 void clearSelected(MainWindow &window);
 
-/// Chooses the parameter of the number \a parameter, as its button has it.
+/// Checks the button of \a parameter.
 void selectParameter(MainWindow &window, int parameter);
 
-/// Opens the dialog in which the chosen parameter, or the active cursor's place, is typed in.
+/// Opens the entry dialog of the checked parameter or of the active cursor.
 void enterParameter(MainWindow &window);
 void enterCursor(MainWindow &window);
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/extras.h"
 
+#include "cont_dial.h"
 #include "extras/dropping.h"
 #include "extras/keys.h"
 #include "extras/tooltips.h"
@@ -15,8 +16,8 @@ namespace extras {
 
 namespace {
 
-/// Sees what the window's controls have left over: the toolkit hands keys, drags and the wish for a
-/// tooltip from the control on to the window when the control has no use for them.
+/// Filters the events that the controls of the window do not use: Qt passes keys, drags and tooltip
+/// requests on to the window.
 class Attachment : public QObject
 {
 public:
@@ -26,16 +27,19 @@ public:
         , m_dropping(window)
     {
         window.installEventFilter(this);
-        // Its scroll bars have no way to go, and yet it would keep the arrows for them.
-        window.parts().Plot_View->installEventFilter(this);
+        // The plot and the dials use the arrow keys themselves.
+        const MainWindowParts &parts = window.parts();
+        for (QObject *control :
+             { static_cast<QObject *>(parts.Plot_View), static_cast<QObject *>(parts.param_dial),
+               static_cast<QObject *>(parts.cursor_dial) })
+            control->installEventFilter(this);
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        const bool onPlot = watched != &m_window;
         if (event->type() == QEvent::KeyPress)
-            return keyPressed(m_window, *static_cast<QKeyEvent *>(event), onPlot);
-        return onPlot ? QObject::eventFilter(watched, event) : windowEvent(event);
+            return keyPressed(m_window, *static_cast<QKeyEvent *>(event), watched);
+        return watched == &m_window ? windowEvent(event) : QObject::eventFilter(watched, event);
     }
 
 private:
@@ -67,7 +71,7 @@ private:
 
 void attach(MainWindow &window)
 {
-    // Owned by the window through the toolkit's parents.
+    // Owned by the window.
     new Attachment(window);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/keys.h"
 
+#include "cont_dial.h"
 #include "extras/commands.h"
 #include "extras/exporting.h"
 #include "extras/help.h"
@@ -21,8 +22,8 @@ namespace {
 
 using Window = MainWindow;
 
-/// A key as the table has it: letters and marks as on an English keyboard, a mark that is typed
-/// with Shift as the one below it, with Shift.
+/// A key with its place on an English keyboard; a mark that is typed with Shift is the one below
+/// it, with Shift.
 struct Stroke
 {
     int key;
@@ -30,7 +31,7 @@ struct Stroke
 };
 
 enum When {
-    Once, ///< however long the key is held
+    Once, ///< auto-repeat is ignored
     Repeated,
 };
 
@@ -38,14 +39,14 @@ struct Key
 {
     Stroke stroke;
     When when;
-    void (*deed)(Window &window);
+    void (*action)(Window &window);
 };
 
 constexpr auto shift = Qt::ShiftModifier;
 constexpr auto control = Qt::ControlModifier;
-constexpr int several = 10; ///< steps of a key that takes more than one
+constexpr int several = 10; ///< steps of the keys for large steps
 
-// In the order of the manual's page of keys.
+// In the order of keys.md in the manual.
 const Key keys[] = {
     { { Qt::Key_A, {} }, Once, [](Window &w) { w.parts().curA_button->click(); } },
     { { Qt::Key_B, {} }, Once, [](Window &w) { w.parts().curB_button->click(); } },
@@ -67,6 +68,8 @@ const Key keys[] = {
     { { Qt::Key_BracketRight, {} }, Repeated, [](Window &w) { scroll(w, 1); } },
     { { Qt::Key_BracketLeft, shift }, Repeated, [](Window &w) { scroll(w, -several); } },
     { { Qt::Key_BracketRight, shift }, Repeated, [](Window &w) { scroll(w, several); } },
+    { { Qt::Key_F, {} }, Once, fitTrace },
+    { { Qt::Key_G, {} }, Once, showCursor },
     { { Qt::Key_D, {} }, Once, [](Window &w) { w.parts().difference_button->click(); } },
     { { Qt::Key_S, {} }, Once, [](Window &w) { w.parts().smooth_button->click(); } },
     { { Qt::Key_W, {} }, Once, switchWheel },
@@ -102,7 +105,7 @@ const Key keys[] = {
     { { Qt::Key_F1, {} }, Once, [](Window &w) { showPageOfKeys(w); } },
 };
 
-// Everywhere else the arrows walk from control to control or turn the dial.
+// On the other controls the arrows move the focus.
 const Key keysOnPlot[] = {
     { { Qt::Key_Left, {} }, Repeated, [](Window &w) { moveCursor(w, -1); } },
     { { Qt::Key_Right, {} }, Repeated, [](Window &w) { moveCursor(w, 1); } },
@@ -112,9 +115,26 @@ const Key keysOnPlot[] = {
     { { Qt::Key_Down, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
 };
 
-/// What is typed by a key on which an English keyboard has something else. Marks stand where each
-/// keyboard has them: a Russian one has "." and "," on one key at the right, so the page of keys
-/// names the arrows of the plot as well.
+const Key keysOnParamDial[] = {
+    { { Qt::Key_Up, {} }, Repeated, [](Window &w) { w.paramWheel(1); } },
+    { { Qt::Key_Right, {} }, Repeated, [](Window &w) { w.paramWheel(1); } },
+    { { Qt::Key_Down, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
+    { { Qt::Key_Left, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
+    { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { w.paramWheel(several); } },
+    { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { w.paramWheel(-several); } },
+};
+
+const Key keysOnCursorDial[] = {
+    { { Qt::Key_Up, {} }, Repeated, [](Window &w) { moveCursor(w, 1); } },
+    { { Qt::Key_Right, {} }, Repeated, [](Window &w) { moveCursor(w, 1); } },
+    { { Qt::Key_Down, {} }, Repeated, [](Window &w) { moveCursor(w, -1); } },
+    { { Qt::Key_Left, {} }, Repeated, [](Window &w) { moveCursor(w, -1); } },
+    { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { moveCursor(w, several); } },
+    { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { moveCursor(w, -several); } },
+};
+
+/// The key of an English keyboard at the place of \a key on a Russian one. Of the marks, only those
+/// that type a letter there are mapped.
 int onEnglishKeyboard(int key)
 {
     struct Place
@@ -156,12 +176,12 @@ Stroke strokeOf(const QKeyEvent &event)
         return { Qt::Key_BracketRight, modifiers | Qt::ShiftModifier };
     case Qt::Key_Equal:
     case Qt::Key_Plus:
-        // On one key, and half of the keyboards need Shift for the one that is meant.
+        // One key; many keyboards need Shift for "+".
         return { Qt::Key_Plus, unshifted };
     default:
         break;
     }
-    // A French keyboard types its digits with Shift.
+    // French keyboards type digits with Shift.
     return { key, key >= Qt::Key_0 && key <= Qt::Key_9 ? unshifted : modifiers };
 }
 
@@ -175,19 +195,23 @@ template <std::size_t size> const Key *find(const Key (&table)[size], const Stro
 
 } // namespace
 
-bool keyPressed(MainWindow &window, const QKeyEvent &event, bool onPlot)
+bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *control)
 {
     if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
         return false;
     const Stroke stroke = strokeOf(event);
-    const Key *key = find(keys, stroke);
-    if (!key && onPlot)
-        key = find(keysOnPlot, stroke);
+    const MainWindowParts &parts = window.parts();
+    const Key *onControl = control == parts.Plot_View ? find(keysOnPlot, stroke)
+        : control == parts.param_dial                 ? find(keysOnParamDial, stroke)
+        : control == parts.cursor_dial                ? find(keysOnCursorDial, stroke)
+                                                      : nullptr;
+    const Key *key = onControl ? onControl : find(keys, stroke);
     if (!key)
         return false;
     if (!event.isAutoRepeat() || key->when == Repeated)
-        key->deed(window);
-    return true;
+        key->action(window);
+    // A dial turns its mark by the same key.
+    return !onControl || control == parts.Plot_View;
 }
 
 } // namespace extras

@@ -4,15 +4,16 @@
 
 class MainWindow;
 class QKeyEvent;
+class QObject;
 
 namespace extras {
 
-/// Does what the key of \a event stands for. True when it stands for something; the event is used
-/// up then. \a onPlot says that the plot has the focus: there the arrows move the cursor,
-/// everywhere else they are the focused control's own.
+/// Runs the action of the key in \a event, which arrived at \a control: the window, the plot or one
+/// of the dials. The plot and the dials have keys of their own besides those of the window. Returns
+/// true when \a control must not get the event.
 ///
-/// A letter counts by its place on the keyboard: on a Russian layout the key that says Т is N.
-/// While a dialog or a menu is open no key stands for anything.
-bool keyPressed(MainWindow &window, const QKeyEvent &event, bool onPlot);
+/// A letter counts by its place on the keyboard: on a Russian layout the key that types Т is N. No
+/// key counts while a dialog or a menu is open.
+bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *control);
 
 } // namespace extras

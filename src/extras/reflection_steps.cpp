@@ -12,26 +12,6 @@
 
 namespace extras {
 
-namespace {
-
-/// One point for each sample of the selected trace as it is drawn; none for an empty slot.
-QVector<QPointF> selectedSamples(const MainWindow &window)
-{
-    const MainWindowState &state = window.state();
-    if (!window.isLoaded(state.rfg_ID))
-        return {};
-    if (state.smooth_rfg_flag)
-        return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);
-    // Each tread of the step form begins with its sample.
-    const QVector<QPointF> treads = qtcompat::pointsOf(*window.parts().rfg_series[state.rfg_ID]);
-    QVector<QPointF> samples;
-    for (int i = 0; i < treads.size(); i += 2)
-        samples.append(treads[i]);
-    return samples;
-}
-
-} // namespace
-
 QVector<int> reflectionColumns(const MainWindow &window)
 {
     const QVector<QPointF> samples = selectedSamples(window);
