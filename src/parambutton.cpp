@@ -19,6 +19,6 @@ QSize ParamButton::sizeHint() const
 
 bool ParamButton::eventFilter(QObject *watched, QEvent *event)
 {
-    // The push button's own filter is passed by: nothing may be held back here.
+    // Not QPushButton's filter: nothing may be consumed here.
     return QObject::eventFilter(watched, event);
 }
