@@ -10,8 +10,8 @@ class ParamButton : public InterfaceButton
     Q_OBJECT
 
 public:
-    /// \a parameter is the number that the window gives the parameter, 0 to 9. \a words is not
-    /// kept: the window writes the captions, so \c dict is null here.
+    /// \a parameter is a MainWindow::PARAMETER_MODE, or 9 for the reserve button. \a words is not
+    /// kept: \c dict is null.
     ParamButton(Dictionary *words, char parameter);
 
     char id = 0; ///< the parameter

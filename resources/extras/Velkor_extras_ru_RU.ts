@@ -12,6 +12,114 @@
         <translation>Вперёд</translation>
     </message>
     <message>
+        <source>Makes cursor A the active one</source>
+        <translation>Делает активным курсор A</translation>
+    </message>
+    <message>
+        <source>Makes cursor B the active one</source>
+        <translation>Делает активным курсор B</translation>
+    </message>
+    <message>
+        <source>Distance between the cursors</source>
+        <translation>Расстояние между курсорами</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Дата и время</translation>
+    </message>
+    <message>
+        <source>Makes the dial shift the selected trace along the cable</source>
+        <translation>Энкодер будет сдвигать выбранную рефлектограмму вдоль кабеля</translation>
+    </message>
+    <message>
+        <source>Makes the dial shift the selected trace up or down</source>
+        <translation>Энкодер будет сдвигать выбранную рефлектограмму вверх и вниз</translation>
+    </message>
+    <message>
+        <source>Makes the dial set KU = c/v, the shortening factor of all traces</source>
+        <translation>Энкодер будет задавать КУ = c/v, коэффициент укорочения всех рефлектограмм</translation>
+    </message>
+    <message>
+        <source>Makes the dial set the scale</source>
+        <translation>Энкодер будет задавать масштаб</translation>
+    </message>
+    <message>
+        <source>Recorded with the trace, read-only</source>
+        <translation>Записано вместе с рефлектограммой, не изменяется</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <translation>Не используется</translation>
+    </message>
+    <message>
+        <source>Velkor %1; a click tells about Qt</source>
+        <translation>Velkor %1; щелчок — сведения о Qt</translation>
+    </message>
+    <message>
+        <source>Opens trace files in place of the present ones</source>
+        <translation>Открывает файлы рефлектограмм вместо нынешних</translation>
+    </message>
+    <message>
+        <source>Language, speed of the dials, settings files</source>
+        <translation>Язык, скорость энкодеров, файлы настроек</translation>
+    </message>
+    <message>
+        <source>Draws each trace as its difference from the master</source>
+        <translation>Рисует разность каждой рефлектограммы с мастером</translation>
+    </message>
+    <message>
+        <source>Draws the traces as smooth curves or as steps</source>
+        <translation>Рисует рефлектограммы гладкими кривыми или ступенями</translation>
+    </message>
+    <message>
+        <source>Reads all traces again and drops all shifts</source>
+        <translation>Читает все рефлектограммы заново, без сдвигов</translation>
+    </message>
+    <message>
+        <source>Magnifies</source>
+        <translation>Увеличивает</translation>
+    </message>
+    <message>
+        <source>Shows more of the cable</source>
+        <translation>Показывает больше кабеля</translation>
+    </message>
+    <message>
+        <source>Scrolls to the left</source>
+        <translation>Прокручивает влево</translation>
+    </message>
+    <message>
+        <source>Scrolls to the right</source>
+        <translation>Прокручивает вправо</translation>
+    </message>
+    <message>
+        <source>+ and -</source>
+        <translation>+ и -</translation>
+    </message>
+    <message>
+        <source>Changes the pressed parameter: drag the knob or turn the wheel</source>
+        <translation>Меняет нажатый параметр: поворачивайте ручку или крутите колесо</translation>
+    </message>
+    <message>
+        <source>, and .</source>
+        <translation>, и .</translation>
+    </message>
+    <message>
+        <source>Moves the active cursor: drag the knob or turn the wheel</source>
+        <translation>Двигает активный курсор: поворачивайте ручку или крутите колесо</translation>
+    </message>
+    <message>
+        <source>Key: %1</source>
+        <translation>Клавиша: %1</translation>
+    </message>
+    <message>
+        <source>Selects the trace; right click: its menu</source>
+        <translation>Выбирает рефлектограмму; правая кнопка: её меню</translation>
+    </message>
+    <message>
+        <source>Right click: type a value</source>
+        <translation>Правая кнопка: ввести значение</translation>
+    </message>
+    <message>
         <source>Steps in a turn of the dial: %1</source>
         <translation>Шагов за оборот энкодера: %1</translation>
     </message>
@@ -32,15 +140,15 @@
         <translation>Размер: %1 байт</translation>
     </message>
     <message>
-        <source>The file is not there any more</source>
+        <source>The file does not exist any more</source>
         <translation>Файла больше нет на месте</translation>
     </message>
     <message>
-        <source>Date of test: %1</source>
-        <translation>Дата измерения: %1</translation>
+        <source>Measured: %1</source>
+        <translation>Измерено: %1</translation>
     </message>
     <message>
-        <source>No date of test in the file</source>
+        <source>No date of the measurement in the file</source>
         <translation>В файле нет даты измерения</translation>
     </message>
     <message>
@@ -48,44 +156,36 @@
         <translation>Нечего сдвигать: в этой ячейке нет рефлектограммы</translation>
     </message>
     <message>
-        <source>Recorded with the trace; the dial leaves it as it is</source>
-        <translation>Записано вместе с рефлектограммой; энкодер этого не меняет</translation>
+        <source>From %1 to %2 levels, one a step</source>
+        <translation>От %1 до %2 уровней, по одному за шаг</translation>
     </message>
     <message>
-        <source>The dial sets the velocity factor from %1 to %2,
-by %3 a step, for all traces</source>
-        <translation>Энкодер задаёт коэффициент укорочения от %1 до %2
-с шагом %3, для всех рефлектограмм</translation>
+        <source>In whole samples; one sample a notch of the wheel</source>
+        <translation>Целыми отсчётами; по отсчёту за щелчок колеса</translation>
     </message>
     <message>
-        <source>The dial shifts the selected trace up or down,
-from %1 to %2 levels, one a step</source>
-        <translation>Энкодер сдвигает выбранную рефлектограмму вверх и вниз,
-от %1 до %2 уровней, по одному за шаг</translation>
+        <source>From %1 to %2 by %3 a step</source>
+        <translation>От %1 до %2 с шагом %3</translation>
     </message>
     <message>
-        <source>The dial shifts the selected trace along the cable,
-in whole samples; the wheel over it by one sample a notch</source>
-        <translation>Энкодер сдвигает выбранную рефлектограмму вдоль кабеля
-целыми отсчётами; колесо над ним — по отсчёту за щелчок</translation>
+        <source>Velocity factor v/c = 1/KU: %1</source>
+        <translation>Относительная скорость v/c = 1/КУ: %1</translation>
     </message>
     <message>
-        <source>The dial sets the scale from %1 to %2;
-each step shows twice as much or half of it</source>
-        <translation>Энкодер задаёт масштаб от %1 до %2;
-каждый шаг показывает вдвое больше или вдвое меньше</translation>
+        <source>From %1 to %2; each step doubles or halves it</source>
+        <translation>От %1 до %2; каждый шаг вдвое больше или вдвое меньше</translation>
     </message>
     <message>
-        <source>In view at this velocity factor: %1</source>
-        <translation>Видно при этом коэффициенте укорочения: %1</translation>
-    </message>
-    <message>
-        <source>No level here</source>
-        <translation>Здесь нет уровня</translation>
+        <source>In view at this KU: %1</source>
+        <translation>Видно при этом КУ: %1</translation>
     </message>
     <message>
         <source>Level: %1</source>
         <translation>Уровень: %1</translation>
+    </message>
+    <message>
+        <source>No level here</source>
+        <translation>Здесь нет уровня</translation>
     </message>
     <message>
         <source>Save what is shown</source>

@@ -30,12 +30,9 @@ QVector<int> reflectionColumns(const MainWindow &window)
 
 void toNextReflection(MainWindow &window)
 {
-    const int cursor = window.state().Cur_flag;
-    if (cursor == MainWindow::DELTA)
-        return;
-    // A cursor that snapping put left of the place asked for has been there all the same.
-    const int reached
-        = std::max(window.cursorPosition(cursor), window.parts().cursor_dial->trueValue);
+    // The dial keeps the column that the cursor was sent to, snapping may have put it left of that.
+    const int reached = std::max(window.cursorPosition(window.state().Cur_flag),
+                                 window.parts().cursor_dial->trueValue);
     const int next = calc::nextColumn(reflectionColumns(window), reached);
     if (next >= 0)
         placeCursor(window, next);
@@ -43,11 +40,8 @@ void toNextReflection(MainWindow &window)
 
 void toPreviousReflection(MainWindow &window)
 {
-    const int cursor = window.state().Cur_flag;
-    if (cursor == MainWindow::DELTA)
-        return;
-    const int previous
-        = calc::previousColumn(reflectionColumns(window), window.cursorPosition(cursor));
+    const int column = window.cursorPosition(window.state().Cur_flag);
+    const int previous = calc::previousColumn(reflectionColumns(window), column);
     if (previous >= 0)
         placeCursor(window, previous);
 }

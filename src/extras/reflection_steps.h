@@ -8,17 +8,16 @@ class MainWindow;
 
 namespace extras {
 
-/// Moves the active cursor of \a window to the nearest place right of it where the selected trace,
-/// as it is drawn, turns. It is the window's own cursor step, so that snapping, readouts and dial
-/// are those of a cursor moved by hand; the view follows when the cursor would leave it. Nothing
-/// happens without an active cursor, in an empty slot, and behind the last place.
+/// Moves the active cursor to the next reflection of the selected trace, as it is drawn, to the
+/// right. The cursor snaps as always and the view follows. Does nothing in delta mode, in an empty
+/// slot and after the last reflection.
 void toNextReflection(MainWindow &window);
 
 /// The same to the left.
 void toPreviousReflection(MainWindow &window);
 
-/// Columns on which the selected trace of \a window turns, ascending, those outside the chart left
-/// out. In difference mode the trace is the drawn difference, which turns where the cables differ.
+/// Columns of the reflections of the selected trace inside the chart, ascending. In difference mode
+/// the trace is the difference that is drawn, which has reflections where the cables differ.
 QVector<int> reflectionColumns(const MainWindow &window);
 
 } // namespace extras

@@ -7,6 +7,7 @@
 #include "calc/readout.h"
 #include "calc/view_range.h"
 #include "cont_dial.h"
+#include "datetime_lbl.h"
 #include "dictionary.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
@@ -20,16 +21,88 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QPushButton>
 #include <QToolTip>
 
 namespace extras {
 
 namespace {
 
+constexpr QLatin1String version = constants::latin1(VELKOR_VERSION);
 constexpr int longestLine = 100; ///< characters; a path may have thousands
 constexpr int floatDigits = 9; ///< that tell any two numbers of single precision apart
+constexpr int factorDigits = 3;
 
-/// All digits that a number has, and no more.
+/// What a control is for.
+struct Explanation
+{
+    const QWidget *control;
+    const char *key; ///< empty without one
+    const char *text;
+    bool isTyped = false; ///< a right click asks for a value
+};
+
+QVector<Explanation> readings(const MainWindowParts &parts)
+{
+    constexpr auto recorded = QT_TRANSLATE_NOOP("Extras", "Recorded with the trace, read-only");
+    return {
+        { parts.curA_button, "A", QT_TRANSLATE_NOOP("Extras", "Makes cursor A the active one"),
+          true },
+        { parts.curB_button, "B", QT_TRANSLATE_NOOP("Extras", "Makes cursor B the active one"),
+          true },
+        { parts.delta_lbl, "", QT_TRANSLATE_NOOP("Extras", "Distance between the cursors") },
+        { parts.date_bar, "", QT_TRANSLATE_NOOP("Extras", "Date and time") },
+        { parts.H_offset_button, "X",
+          QT_TRANSLATE_NOOP("Extras", "Makes the dial shift the selected trace along the cable"),
+          true },
+        { parts.V_offset_button, "Y",
+          QT_TRANSLATE_NOOP("Extras", "Makes the dial shift the selected trace up or down"), true },
+        { parts.KU_button, "K",
+          QT_TRANSLATE_NOOP("Extras",
+                            "Makes the dial set KU = c/v, the shortening factor of all traces"),
+          true },
+        { parts.scale_button, "Z", QT_TRANSLATE_NOOP("Extras", "Makes the dial set the scale"),
+          true },
+        { parts.pulse_width_button, "", recorded },
+        { parts.pulse_amplitude_button, "", recorded },
+        { parts.impedance_button, "", recorded },
+        { parts.average_button, "", recorded },
+        { parts.gain_button, "", recorded },
+        { parts.reserve_button, "", QT_TRANSLATE_NOOP("Extras", "Not used") },
+    };
+}
+
+QVector<Explanation> tools(const MainWindowParts &parts)
+{
+    return {
+        { parts.logo_lbl, "", QT_TRANSLATE_NOOP("Extras", "Velkor %1; a click tells about Qt") },
+        { parts.legend_button, "O",
+          QT_TRANSLATE_NOOP("Extras", "Opens trace files in place of the present ones") },
+        { parts.settings_button, "Ctrl+,",
+          QT_TRANSLATE_NOOP("Extras", "Language, speed of the dials, settings files") },
+        { parts.difference_button, "D",
+          QT_TRANSLATE_NOOP("Extras", "Draws each trace as its difference from the master") },
+        { parts.smooth_button, "S",
+          QT_TRANSLATE_NOOP("Extras", "Draws the traces as smooth curves or as steps") },
+        { parts.reset_all_button, "Shift+F5",
+          QT_TRANSLATE_NOOP("Extras", "Reads all traces again and drops all shifts") },
+        { parts.scale_down_button, "Ctrl++", QT_TRANSLATE_NOOP("Extras", "Magnifies") },
+        { parts.scale_up_button, "Ctrl+-", QT_TRANSLATE_NOOP("Extras", "Shows more of the cable") },
+        { parts.scroll_left_button, "[", QT_TRANSLATE_NOOP("Extras", "Scrolls to the left") },
+        { parts.scroll_right_button, "]", QT_TRANSLATE_NOOP("Extras", "Scrolls to the right") },
+        { parts.curA_nav_button, "A",
+          QT_TRANSLATE_NOOP("Extras", "Makes cursor A the active one") },
+        { parts.curB_nav_button, "B",
+          QT_TRANSLATE_NOOP("Extras", "Makes cursor B the active one") },
+        { parts.param_dial, QT_TRANSLATE_NOOP("Extras", "+ and -"),
+          QT_TRANSLATE_NOOP("Extras",
+                            "Changes the pressed parameter: drag the knob or turn the wheel") },
+        { parts.cursor_dial, QT_TRANSLATE_NOOP("Extras", ", and ."),
+          QT_TRANSLATE_NOOP("Extras", "Moves the active cursor: drag the knob or turn the wheel") },
+    };
+}
+
+/// All digits that \a value has, and no more.
 QString precisely(double value)
 {
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
@@ -39,7 +112,7 @@ QString precisely(double value)
 QString folded(QString path)
 {
     for (int end = longestLine; end < path.size(); end += longestLine + 1) {
-        // A rare letter is two units, which stay together.
+        // Not between the two halves of a surrogate pair.
         if (path.at(end - 1).isHighSurrogate())
             --end;
         path.insert(end, QLatin1Char('\n'));
@@ -47,47 +120,89 @@ QString folded(QString path)
     return path;
 }
 
-/// Puts the facts about one control together.
+/// The lines of a tooltip.
 class Facts
 {
 public:
     explicit Facts(const MainWindow &window)
         : m_window(window)
+        , m_parts(window.parts())
         , m_state(window.state())
         , m_texts(window.settings(), QLatin1String("Extras"))
     {
     }
 
-    QString ofSlot(int slot) const;
-    QString ofParameter(int parameter) const;
-    QString ofCursor(int cursor) const;
-    QString ofDelta() const;
+    QStringList about(const QWidget *control) const;
 
 private:
-    QString ofVelocityFactor() const;
-    QString ofVerticalShift() const;
-    QString ofHorizontalShift() const;
-    QString ofScale() const;
-    QString distance(int counts) const;
+    QStringList explanationOf(const QWidget *control) const;
+    QStringList ofSlot(int slot) const;
+    QStringList ofParameter(int parameter) const;
+    QStringList ofVelocity() const;
+    QStringList ofScale() const;
+    QStringList ofCursor(int cursor) const;
+    QStringList distance(int counts) const;
     QString stepsPerTurn(int steps) const;
     QString now(const QString &value) const;
 
-    static QString lines(const QStringList &facts)
-    {
-        return facts.join(QLatin1Char('\n'));
-    }
-
     const MainWindow &m_window;
+    const MainWindowParts &m_parts;
     const MainWindowState &m_state;
     Catalogue m_texts;
 };
 
-QString Facts::distance(int counts) const
+QStringList Facts::about(const QWidget *control) const
 {
-    const Dictionary &words = *m_window.parts().d;
-    return QStringLiteral("%1 %2\n%3 %4")
-        .arg(precisely(calc::countsToMetres(counts, m_state.dist_coef)), words.DIST_SUFFIX_STR,
-             precisely(counts * constants::nsPerCount), words.TIME_SUFFIX_STR);
+    QStringList lines = explanationOf(control);
+    if (const auto *slot = qobject_cast<const LegendButton *>(control))
+        lines += ofSlot(slot->id);
+    else if (const auto *parameter = qobject_cast<const ParamButton *>(control))
+        lines += ofParameter(parameter->id);
+    else if (control == m_parts.param_dial)
+        lines += ofParameter(m_parts.down_buttons->checkedId());
+    else if (control == m_parts.curA_button)
+        lines += ofCursor(MainWindow::CURSOR_A);
+    else if (control == m_parts.curB_button)
+        lines += ofCursor(MainWindow::CURSOR_B);
+    else if (control == m_parts.cursor_dial && m_state.Cur_flag != MainWindow::DELTA)
+        lines += ofCursor(m_state.Cur_flag);
+    else if (control == m_parts.delta_lbl)
+        lines += distance(qAbs(m_state.cursor_A_pos - m_state.cursor_B_pos));
+    return lines;
+}
+
+QStringList Facts::explanationOf(const QWidget *control) const
+{
+    const auto key = [this](const QString &name) {
+        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Key: %1")).arg(name);
+    };
+    if (const auto *slot = qobject_cast<const LegendButton *>(control))
+        return { m_texts.text(
+                     QT_TRANSLATE_NOOP("Extras", "Selects the trace; right click: its menu")),
+                 key(QString::number(slot->id + 1)) };
+    const QVector<Explanation> all = readings(m_parts) + tools(m_parts);
+    for (const Explanation &explanation : all) {
+        if (explanation.control != control)
+            continue;
+        QString text = m_texts.text(explanation.text);
+        if (control == m_parts.logo_lbl)
+            text = text.arg(version);
+        QStringList lines{ text };
+        if (*explanation.key)
+            lines += key(m_texts.text(explanation.key));
+        if (explanation.isTyped)
+            lines += m_texts.text(QT_TRANSLATE_NOOP("Extras", "Right click: type a value"));
+        return lines;
+    }
+    return {};
+}
+
+QStringList Facts::distance(int counts) const
+{
+    const Dictionary &words = *m_parts.d;
+    return { precisely(calc::countsToMetres(counts, m_state.dist_coef)) + QLatin1Char(' ')
+                 + words.DIST_SUFFIX_STR,
+             precisely(counts * constants::nsPerCount) + QLatin1Char(' ') + words.TIME_SUFFIX_STR };
 }
 
 QString Facts::stepsPerTurn(int steps) const
@@ -100,159 +215,111 @@ QString Facts::now(const QString &value) const
     return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Now: %1")).arg(value);
 }
 
-QString Facts::ofSlot(int slot) const
+QStringList Facts::ofSlot(int slot) const
 {
     if (!m_state.isLoaded(slot))
-        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "No trace in this slot"));
+        return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "No trace in this slot")) };
     const rfg_SHOWN &trace = m_state.rfg_DATA[slot];
     const QString &path = trace.full_path;
-    QStringList facts;
     if (path.isEmpty())
-        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file could not be read"));
-    facts.append(folded(QDir::toNativeSeparators(path)));
+        return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file could not be read")) };
+    QStringList facts{ folded(QDir::toNativeSeparators(path)) };
     if (program_files::isRegularFile(path))
-        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "Size: %1 bytes"))
-                         .arg(QFileInfo(path).size()));
+        facts += m_texts.text(QT_TRANSLATE_NOOP("Extras", "Size: %1 bytes"))
+                     .arg(QFileInfo(path).size());
     else
-        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file is not there any more")));
+        facts += m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file does not exist any more"));
     if (trace.date.isValid())
-        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "Date of test: %1"))
-                         .arg(QLocale::system().toString(trace.date, QLocale::ShortFormat)
-                              + QLatin1Char(' ') + trace.time.toString(Qt::TextDate)));
+        facts += m_texts.text(QT_TRANSLATE_NOOP("Extras", "Measured: %1"))
+                     .arg(QLocale::system().toString(trace.date, QLocale::ShortFormat)
+                          + QLatin1Char(' ') + trace.time.toString(Qt::TextDate));
     else
-        facts.append(m_texts.text(QT_TRANSLATE_NOOP("Extras", "No date of test in the file")));
-    return lines(facts);
+        facts
+            += m_texts.text(QT_TRANSLATE_NOOP("Extras", "No date of the measurement in the file"));
+    return facts;
 }
 
-QString Facts::ofParameter(int parameter) const
+QStringList Facts::ofParameter(int parameter) const
 {
-    const bool needsTrace = parameter == MainWindow::V_OFFSET || parameter == MainWindow::H_OFFSET;
-    if (needsTrace && !m_state.isLoaded(m_state.rfg_ID))
-        return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Nothing to shift: no trace in this slot"));
+    const QString perTurn = stepsPerTurn(m_window.settings()->param_dial_speed);
+    const rfg_SHOWN &trace = m_state.rfg_DATA[m_state.rfg_ID];
+    const bool isShift = parameter == MainWindow::V_OFFSET || parameter == MainWindow::H_OFFSET;
+    if (isShift && !m_state.isLoaded(m_state.rfg_ID))
+        return { m_texts.text(
+            QT_TRANSLATE_NOOP("Extras", "Nothing to shift: no trace in this slot")) };
     switch (parameter) {
     case MainWindow::KU:
-        return ofVelocityFactor();
+        return ofVelocity();
     case MainWindow::V_OFFSET:
-        return ofVerticalShift();
+        return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2 levels, one a step"))
+                     .arg(-constants::verticalOffsetLimit)
+                     .arg(constants::verticalOffsetLimit),
+                 perTurn, now(QString::number(trace.offset)) };
     case MainWindow::H_OFFSET:
-        return ofHorizontalShift();
+        return QStringList{ m_texts.text(QT_TRANSLATE_NOOP(
+                                "Extras", "In whole samples; one sample a notch of the wheel")),
+                            perTurn, now(distance(trace.scroll).join(QLatin1String(" = "))) };
     case MainWindow::SCALE:
         return ofScale();
-    case MainWindow::GAIN:
-    case MainWindow::AVERAGE:
-    case MainWindow::PULSE_WIDTH:
-    case MainWindow::PULSE_AMPLITUDE:
-    case MainWindow::IMPEDANCE:
-        return m_texts.text(
-            QT_TRANSLATE_NOOP("Extras", "Recorded with the trace; the dial leaves it as it is"));
     default:
         return {};
     }
 }
 
-QString Facts::ofVelocityFactor() const
+QStringList Facts::ofVelocity() const
 {
-    const auto factor = [](int position) { return precisely(calc::kuOfDial(position)); };
-    const QString range
-        = m_texts
-              .text(QT_TRANSLATE_NOOP("Extras",
-                                      "The dial sets the velocity factor from %1 to %2,\n"
-                                      "by %3 a step, for all traces"))
-              .arg(precisely(double{ m_state.KU_min }), factor(calc::dialOfKU(m_state.KU_max)),
-                   precisely(1 / double{ constants::kuDialUnits }));
-    const double factorNow = double{ m_state.master_params.KU };
-    return lines({ range, stepsPerTurn(m_window.settings()->param_dial_speed),
-                   now(QString::number(factorNow, 'g', floatDigits)) });
+    const auto atDial = [](int position) { return precisely(calc::kuOfDial(position)); };
+    const double ku = double{ m_state.master_params.KU };
+    return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2 by %3 a step"))
+                 .arg(precisely(double{ m_state.KU_min }), atDial(calc::dialOfKU(m_state.KU_max)),
+                      precisely(1 / double{ constants::kuDialUnits })),
+             stepsPerTurn(m_window.settings()->param_dial_speed),
+             now(QString::number(ku, 'g', floatDigits)),
+             m_texts.text(QT_TRANSLATE_NOOP("Extras", "Velocity factor v/c = 1/KU: %1"))
+                 .arg(QString::number(1 / ku, 'f', factorDigits)) };
 }
 
-QString Facts::ofVerticalShift() const
-{
-    const QString range
-        = m_texts
-              .text(QT_TRANSLATE_NOOP("Extras",
-                                      "The dial shifts the selected trace up or down,\n"
-                                      "from %1 to %2 levels, one a step"))
-              .arg(-constants::verticalOffsetLimit)
-              .arg(constants::verticalOffsetLimit);
-    return lines({ range, stepsPerTurn(m_window.settings()->param_dial_speed),
-                   now(QString::number(m_state.rfg_DATA[m_state.rfg_ID].offset)) });
-}
-
-QString Facts::ofHorizontalShift() const
-{
-    const QString range = m_texts.text(
-        QT_TRANSLATE_NOOP("Extras",
-                          "The dial shifts the selected trace along the cable,\n"
-                          "in whole samples; the wheel over it by one sample a notch"));
-    return lines({ range, stepsPerTurn(m_window.settings()->param_dial_speed),
-                   now(distance(m_state.rfg_DATA[m_state.rfg_ID].scroll)) });
-}
-
-QString Facts::ofScale() const
+QStringList Facts::ofScale() const
 {
     const auto caption
         = [](int exponent) { return calc::scaleText(calc::scaleDistance(exponent)); };
-    const QString range
-        = m_texts
-              .text(QT_TRANSLATE_NOOP("Extras",
-                                      "The dial sets the scale from %1 to %2;\n"
-                                      "each step shows twice as much or half of it"))
-              .arg(caption(constants::minScale), caption(constants::maxScale));
     const int visible = calc::visibleCounts(m_state.master_scale);
-    return lines({ range, stepsPerTurn(constants::scaleDialSpeed),
-                   m_texts.text(QT_TRANSLATE_NOOP("Extras", "In view at this velocity factor: %1"))
-                       .arg(distance(visible)) });
+    return { m_texts
+                 .text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2; each step doubles or halves it"))
+                 .arg(caption(constants::minScale), caption(constants::maxScale)),
+             stepsPerTurn(constants::scaleDialSpeed),
+             m_texts.text(QT_TRANSLATE_NOOP("Extras", "In view at this KU: %1"))
+                 .arg(distance(visible).join(QLatin1String(" = "))) };
 }
 
-QString Facts::ofCursor(int cursor) const
+QStringList Facts::ofCursor(int cursor) const
 {
-    const bool isA = cursor == MainWindow::CURSOR_A;
-    const int level = isA ? m_state.cursor_A_pos_Y : m_state.cursor_B_pos_Y;
-    const QString height = level == constants::noLevel || !m_state.isLoaded(m_state.rfg_ID)
-        ? m_texts.text(QT_TRANSLATE_NOOP("Extras", "No level here"))
-        : m_texts.text(QT_TRANSLATE_NOOP("Extras", "Level: %1")).arg(level);
-    return lines({ distance(isA ? m_state.cursor_A_pos : m_state.cursor_B_pos), height });
-}
-
-QString Facts::ofDelta() const
-{
-    return distance(qAbs(m_state.cursor_A_pos - m_state.cursor_B_pos));
+    const int level
+        = cursor == MainWindow::CURSOR_A ? m_state.cursor_A_pos_Y : m_state.cursor_B_pos_Y;
+    const bool hasLevel = level != constants::noLevel && m_state.isLoaded(m_state.rfg_ID);
+    QStringList facts = distance(m_window.cursorPosition(cursor));
+    facts += hasLevel ? m_texts.text(QT_TRANSLATE_NOOP("Extras", "Level: %1")).arg(level)
+                      : m_texts.text(QT_TRANSLATE_NOOP("Extras", "No level here"));
+    return facts;
 }
 
 } // namespace
 
-QString factsAbout(const MainWindow &window, const QWidget *control)
+QString tooltipOf(const MainWindow &window, const QWidget *control)
 {
-    const MainWindowParts &parts = window.parts();
-    const Facts facts(window);
-    for (const LegendButton *button : parts.selected_rfg)
-        if (button == control)
-            return facts.ofSlot(button->id);
-    if (const auto *button = qobject_cast<const ParamButton *>(control))
-        return facts.ofParameter(button->id);
-    if (control == parts.param_dial)
-        return facts.ofParameter(parts.down_buttons->checkedId());
-    if (control == parts.curA_button)
-        return facts.ofCursor(MainWindow::CURSOR_A);
-    if (control == parts.curB_button)
-        return facts.ofCursor(MainWindow::CURSOR_B);
-    const int active = window.state().Cur_flag;
-    if (control == parts.cursor_dial && active != MainWindow::DELTA)
-        return facts.ofCursor(active);
-    if (control == parts.delta_lbl)
-        return facts.ofDelta();
-    return {};
+    return control ? Facts(window).about(control).join(QLatin1Char('\n')) : QString();
 }
 
 bool showTooltip(MainWindow &window, const QHelpEvent &event)
 {
     QWidget *control = window.childAt(event.pos());
-    const QString facts = factsAbout(window, control);
-    if (facts.isEmpty())
+    const QString tooltip = tooltipOf(window, control);
+    if (tooltip.isEmpty())
         return false;
-    // As it stands, whatever a file is called: no tags, no other line ends than these.
+    // Escaped, and with no line breaks but these: a file may have any name.
     const QString text
-        = QStringLiteral("<p style='white-space:pre'>%1</p>").arg(facts.toHtmlEscaped());
+        = QStringLiteral("<p style='white-space:pre'>%1</p>").arg(tooltip.toHtmlEscaped());
+    QToolTip::setFont(window.font());
     QToolTip::showText(event.globalPos(), text, control, control->rect());
     return true;
 }

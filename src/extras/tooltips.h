@@ -10,14 +10,13 @@ class QWidget;
 
 namespace extras {
 
-/// Plain facts about \a control of \a window as they are at this moment, one a line, in the
-/// window's language: of a slot's button the file's path, its size and the date of the test; of a
-/// parameter's button and the parameter dial what the dial would do; of a reading its full
-/// precision. Empty for every other control.
-QString factsAbout(const MainWindow &window, const QWidget *control);
+/// The tooltip of \a control, in the language of \a window, one fact a line: what the control does,
+/// its key, whether a right click asks for a value, and its present facts, for example the file of
+/// a slot or a reading with all its digits. Empty for what is no control.
+QString tooltipOf(const MainWindow &window, const QWidget *control);
 
-/// Answers the wish for a tooltip that \a event brings to \a window, at a place of the window.
-/// False when there is nothing to say there.
+/// Shows the tooltip that \a event asks for at its place in \a window, in the font size of the
+/// window. False when there is none.
 bool showTooltip(MainWindow &window, const QHelpEvent &event);
 
 } // namespace extras

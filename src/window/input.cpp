@@ -42,13 +42,12 @@ void adaptLinks(const QColor &ground)
 
 } // namespace
 
-// Only looks and passes on: every event also reaches the object it was meant for.
+// Consumes nothing: every event also reaches its target.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == Plot_View->viewport()) {
         if (event->type() == QEvent::Resize && Plot_Chart) {
-            // These lines stand here and not in a helper: their function name tells support that
-            // the filter was reached.
+            // Written here and not in a helper: the log shows the name of this function.
             qDebug() << "1 before resize" << qUtf8Printable(chartReport());
             resizeChart();
             qDebug() << "2 after resize" << qUtf8Printable(chartReport());
@@ -214,7 +213,7 @@ void MainWindow::plotMouseMove(const QMouseEvent *event)
         setPointerShape(Qt::ClosedHandCursor);
         plotScroll(calc::panStep(master_scale, point.x() - mp, trueWidth));
     } else if (event->buttons() == Qt::LeftButton) {
-        // Outside the plot area too: a hand that slips must not lose the cursor.
+        // Outside the plot area too, so that a drag that leaves it keeps the cursor.
         setPointerShape(Qt::ClosedHandCursor);
         cursorSetup_slot(calc::truncated(Plot_Chart->mapToValue(point).x()));
     }
@@ -257,7 +256,7 @@ void MainWindow::paramWheel(int notches)
 {
     const int step = checkedParameter() == H_OFFSET ? stepOf(rfg_ID) : 1;
     const qint64 value = qint64{ param_dial->trueValue } + qint64{ notches } * step;
-    // Upper end first: with the ends the wrong way round, the lower one decides.
+    // The upper end first: where the lower end is above it, the lower end wins.
     const qint64 clamped = value > param_dial->trueMax ? param_dial->trueMax
         : value < param_dial->trueMin                  ? param_dial->trueMin
                                                        : value;

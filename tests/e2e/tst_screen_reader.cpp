@@ -60,7 +60,7 @@ const char *const english[] = {
 
 const char *const russian[] = {
     "frame: Velkor",
-    "graphic: Эмблема",
+    "graphic: Логотип",
     "label: Δ = 0.00 м (Расстояние между курсорами)",
     "check box: Сглаживание рефлектограмм",
     "push button: Сбросить всё",

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
+#include "each.h"
 #include "extras/keys.h"
 #include "threetraces.h"
 #include "windowstate.h"
@@ -15,7 +16,7 @@
 
 namespace {
 
-/// A key with modifiers as the toolkit and, but for a few, the page writes it: "Shift+F2".
+/// A key with modifiers as Qt and, with few exceptions, the page writes it: "Shift+F2".
 QString nameOf(int key, Qt::KeyboardModifiers modifiers)
 {
     return QKeySequence(key | int(modifiers)).toString();
@@ -60,10 +61,10 @@ bool readCell(const QString &cell, QSet<QString> &names)
     }
 }
 
-QString pageIn(const QByteArray &language)
+QString pageIn(const char *language)
 {
     QFile file(
-        QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QString::fromLatin1(language)));
+        QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QLatin1String(language)));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -98,8 +99,7 @@ QSet<QString> keysOfPage(const QString &page, QStringList &unread)
     return names;
 }
 
-/// Every key of a keyboard with English letters. Marks that are typed with Shift are left to those
-/// below them.
+/// Every key of a keyboard with English letters, without the marks that are typed with Shift.
 QVector<int> allKeys()
 {
     QVector<int> keys;
@@ -113,9 +113,9 @@ QVector<int> allKeys()
     return keys;
 }
 
-/// Which keys do something, with which modifiers, in a window that is used by each of them in turn.
-/// Dialogs that open are cancelled.
-QSet<QString> keysThatCount(MainWindow &window, bool onPlot)
+/// The keys, with their modifiers, that do something when \a control of \a window has the focus.
+/// They are pressed one after the other; dialogs that open are cancelled.
+QSet<QString> keysThatCount(MainWindow &window, const QObject *control)
 {
     QSet<QString> counting;
     const QVector<int> keys = allKeys();
@@ -128,7 +128,7 @@ QSet<QString> keysThatCount(MainWindow &window, bool onPlot)
                Qt::ControlModifier | Qt::ShiftModifier }) {
             const auto answer = answerDialog(cancelDialog);
             const QKeyEvent event(QEvent::KeyPress, key, modifiers);
-            if (extras::keyPressed(window, event, onPlot))
+            if (extras::keyPressed(window, event, control))
                 counting.insert(nameOf(key, either ? modifiers & ~Qt::ShiftModifier : modifiers));
             WindowFixture::settle();
         }
@@ -164,101 +164,82 @@ class TestExtrasPageOfKeys : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void thePageNamesEachKeyAndNoOther_data();
-    void thePageNamesEachKeyAndNoOther();
-    void thePageTellsOfAllElse_data();
-    void thePageTellsOfAllElse();
-    void onThePlotTheArrowsCountAsWell();
-    void nothingStaysBehind();
-};
-
-void TestExtrasPageOfKeys::initTestCase()
-{
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-}
-
-void TestExtrasPageOfKeys::thePageNamesEachKeyAndNoOther_data()
-{
-    QTest::addColumn<QByteArray>("language");
-    QTest::newRow("English") << QByteArray("en");
-    QTest::newRow("Russian") << QByteArray("ru");
-}
-
-void TestExtrasPageOfKeys::thePageNamesEachKeyAndNoOther()
-{
-    QFETCH(QByteArray, language);
-    QStringList unread;
-    const QSet<QString> named = keysOfPage(pageIn(language), unread);
-    QCOMPARE(unread, QStringList());
-    WindowFixture fixture;
-    const QSet<QString> counting = keysThatCount(openThree(fixture), false);
-    QCOMPARE(sorted(named - counting), QStringList());
-    QCOMPARE(sorted(counting - named), QStringList());
-    QVERIFY(named.contains(QLatin1String("Shift+F2")) && named.contains(QLatin1String("4")));
-}
-
-void TestExtrasPageOfKeys::thePageTellsOfAllElse_data()
-{
-    QTest::addColumn<QByteArray>("language");
-    QTest::addColumn<QString>("dropped");
-    QTest::addColumn<QString>("pointer");
-    QTest::addColumn<QString>("onPlot");
-    QTest::newRow("English") << QByteArray("en") << QStringLiteral("Dropped")
-                             << QStringLiteral("The pointer rests on")
-                             << QStringLiteral("After a click on the plot the arrows");
-    QTest::newRow("Russian") << QByteArray("ru") << QStringLiteral("Что бросить")
-                             << QStringLiteral("Указатель стоит на")
-                             << QStringLiteral("После щелчка по графику");
-}
-
-void TestExtrasPageOfKeys::thePageTellsOfAllElse()
-{
-    QFETCH(QByteArray, language);
-    QFETCH(QString, dropped);
-    QFETCH(QString, pointer);
-    QFETCH(QString, onPlot);
-    const QString page = pageIn(language);
-    // On the window and on a slot; over slots, parameters and cursors.
-    QCOMPARE(rowsOf(page, dropped), 2);
-    QCOMPARE(rowsOf(page, pointer), 3);
-    QCOMPARE(static_cast<int>(page.count(onPlot)), 2);
-}
-
-void TestExtrasPageOfKeys::onThePlotTheArrowsCountAsWell()
-{
-    WindowFixture fixture;
-    QSet<QString> arrows = keysThatCount(openThree(fixture), true);
-    arrows -= keysThatCount(openThree(fixture), false);
-    QCOMPARE(sorted(arrows),
-             QStringList({ QStringLiteral("Down"), QStringLiteral("Left"), QStringLiteral("Right"),
-                           QStringLiteral("Shift+Left"), QStringLiteral("Shift+Right"),
-                           QStringLiteral("Up") }));
-}
-
-void TestExtrasPageOfKeys::nothingStaysBehind()
-{
-    WindowFixture fixture;
-    openThree(fixture, false);
-    fixture.close();
-    const QStringList kept = namesOfSettings();
-
-    MainWindow &window = openThree(fixture);
-    const QStringList outfit = outfitOf(window);
-    QVERIFY(!keysThatCount(window, true).isEmpty());
-    const auto widgets = window.findChildren<QWidget *>();
-    for (QWidget *widget : widgets) {
-        const QPoint middle = widget->rect().center();
-        QHelpEvent help(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
-        QCoreApplication::sendEvent(widget, &help);
+    void initTestCase()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
-    WindowFixture::settle();
-    // The toolkit's label of the last tooltip goes by itself.
-    QToolTip::hideText();
-    QTRY_COMPARE(sorted(changesOf(outfit, outfitOf(window))), QStringList());
-    fixture.close();
-    QCOMPARE(namesOfSettings(), kept);
-}
+
+    void thePageNamesEachKeyAndNoOther()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const QSet<QString> counting = keysThatCount(window, &window);
+        for (const char *language : { "en", "ru" }) {
+            QStringList unread;
+            const QSet<QString> named = keysOfPage(pageIn(language), unread);
+            QCOMPARE(unread, QStringList());
+            QCOMPARE(sorted(named - counting), QStringList());
+            QCOMPARE(sorted(counting - named), QStringList());
+            QVERIFY(named.contains(QLatin1String("Shift+F2")));
+            QVERIFY(named.contains(QLatin1String("4")));
+        }
+        const MainWindowProbe &probe = fixture.probe();
+        QCOMPARE(sorted(keysThatCount(window, probe.Plot_View()) - counting),
+                 QStringList({ QStringLiteral("Down"), QStringLiteral("Left"),
+                               QStringLiteral("Right"), QStringLiteral("Shift+Left"),
+                               QStringLiteral("Shift+Right"), QStringLiteral("Up") }));
+    }
+
+    void thePageTellsOfAllElse()
+    {
+        struct Page
+        {
+            const char *name; ///< language
+            QString dropped;
+            QString pointer;
+            QString onPlot;
+            QString onDial;
+        };
+        each<Page>({ { "en", QStringLiteral("Dropped"), QStringLiteral("The pointer rests on"),
+                       QStringLiteral("After a click on the plot the arrows"),
+                       QStringLiteral("On a dial the arrows change its value by one step") },
+                     { "ru", QStringLiteral("Что бросить"), QStringLiteral("Указатель стоит на"),
+                       QStringLiteral("После щелчка по графику"),
+                       QStringLiteral("На энкодере стрелки меняют значение на один шаг") } },
+                   [](const Page &row) {
+                       const QString page = pageIn(row.name);
+                       // On the window and on a slot; over slots, parameters, cursors and others.
+                       QCOMPARE(rowsOf(page, row.dropped), 2);
+                       QCOMPARE(rowsOf(page, row.pointer), 4);
+                       QCOMPARE(static_cast<int>(page.count(row.onPlot)), 2);
+                       QCOMPARE(static_cast<int>(page.count(row.onDial)), 1);
+                   });
+    }
+
+    void nothingStaysBehind()
+    {
+        WindowFixture fixture;
+        openThree(fixture, false);
+        fixture.close();
+        const QStringList kept = namesOfSettings();
+
+        MainWindow &window = openThree(fixture);
+        const QStringList outfit = outfitOf(window);
+        QVERIFY(!keysThatCount(window, fixture.probe().Plot_View()).isEmpty());
+        const auto widgets = window.findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            const QPoint middle = widget->rect().center();
+            QHelpEvent help(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
+            QCoreApplication::sendEvent(widget, &help);
+        }
+        WindowFixture::settle();
+        // The toolkit's label of the last tooltip goes by itself.
+        QToolTip::hideText();
+        QTRY_COMPARE(sorted(changesOf(outfit, outfitOf(window))), QStringList());
+        fixture.close();
+        QCOMPARE(namesOfSettings(), kept);
+    }
+};
 
 QTEST_MAIN(TestExtrasPageOfKeys)
 #include "tst_extras_page_of_keys.moc"

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/catalogue.h"
 #include "cont_dial.h"
+#include "datetime_lbl.h"
+#include "extras/keys.h"
 #include "extras/tooltips.h"
 #include "legendbutton.h"
 #include "parambutton.h"
+#include "plotview.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "threetraces.h"
@@ -13,6 +15,7 @@
 
 #include <QDir>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolTip>
@@ -20,7 +23,7 @@
 
 namespace {
 
-/// Rests the pointer on \a control, as the toolkit tells of it.
+/// Rests the pointer on \a control.
 void rest(QWidget *control)
 {
     const QPoint at = control->rect().center();
@@ -28,13 +31,19 @@ void rest(QWidget *control)
     QCoreApplication::sendEvent(control, &event);
 }
 
-/// What the tooltip says that is shown at this moment.
-QStringList shownFacts()
+/// The lines of the tooltip on the screen.
+QStringList shown()
 {
     QTextDocument document;
     document.setHtml(QToolTip::isVisible() ? QToolTip::text() : QString());
-    QString text = document.toPlainText();
+    const QString text = document.toPlainText();
     return text.isEmpty() ? QStringList() : text.split(QLatin1Char('\n'));
+}
+
+QStringList shownOn(QWidget *control)
+{
+    rest(control);
+    return shown();
 }
 
 QString line(const char *text)
@@ -42,27 +51,32 @@ QString line(const char *text)
     return QString::fromUtf8(text);
 }
 
-/// Everything that the extras can say, each as the catalogue knows it.
-const char *const sources[] = {
-    "Steps in a turn of the dial: %1",
-    "Now: %1",
-    "No trace in this slot",
-    "The file could not be read",
-    "Size: %1 bytes",
-    "The file is not there any more",
-    "Date of test: %1",
-    "No date of test in the file",
-    "Nothing to shift: no trace in this slot",
-    "Recorded with the trace; the dial leaves it as it is",
-    "The dial sets the velocity factor from %1 to %2,\nby %3 a step, for all traces",
-    "The dial shifts the selected trace up or down,\nfrom %1 to %2 levels, one a step",
-    "The dial shifts the selected trace along the cable,\n"
-    "in whole samples; the wheel over it by one sample a notch",
-    "The dial sets the scale from %1 to %2;\neach step shows twice as much or half of it",
-    "In view at this velocity factor: %1",
-    "No level here",
-    "Level: %1",
-};
+/// The key in \a name, "Ctrl+," or "F5", as Qt counts it.
+int keyIn(const QString &name)
+{
+    const QString key = name.mid(name.lastIndexOf(QLatin1Char('+'), -2) + 1);
+    return key.size() == 1 ? key.at(0).unicode() : Qt::Key_F1 + key.mid(1).toInt() - 1;
+}
+
+Qt::KeyboardModifiers modifiersIn(const QString &name)
+{
+    return name.startsWith(QLatin1String("Ctrl+")) ? Qt::ControlModifier
+        : name.startsWith(QLatin1String("Shift+")) ? Qt::ShiftModifier
+                                                   : Qt::NoModifier;
+}
+
+/// Everything in the window that is more than a frame or the ground.
+QVector<QWidget *> controlsOf(const MainWindowProbe &probe)
+{
+    QVector<QWidget *> controls;
+    const auto children
+        = probe.centralWidget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget *child : children)
+        if (child->isVisible() && child->metaObject() != &QFrame::staticMetaObject
+            && child != probe.Plot_View())
+            controls.append(child);
+    return controls;
+}
 
 } // namespace
 
@@ -71,262 +85,246 @@ class TestExtrasTooltips : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void aSlotTellsItsFileItsSizeAndTheDateOfTheTest();
-    void aSlotTellsWhatIsMissing();
-    void aPathIsShownAsItIsWritten();
-    void aLongPathIsShownWhole();
-    void aReadingTellsItsFullPrecision();
-    void theVelocityFactorTellsAllItsDigits();
-    void parametersTellWhatTheDialWouldDo();
-    void theDialsTellWhatTheyTurn();
-    void readOnlyParametersSaySo();
-    void otherControlsSayNothing();
-    void withoutExtrasNothingIsSaid();
-    void factsSpeakTheLanguageOfTheWindow();
-    void aTooltipChangesNothing();
+    void cleanup()
+    {
+        QToolTip::hideText();
+        QTRY_VERIFY(!QToolTip::isVisible());
+    }
+
+    void everyControlExplainsItselfInBothLanguages()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const QVector<QWidget *> controls = controlsOf(fixture.probe());
+        // The row of the cursors, files and slots, the right column, dials and parameters.
+        QCOMPARE(controls.size(), 5 + 7 + 10 + 12);
+        QVector<QStringList> english;
+        for (QWidget *control : controls) {
+            english.append(shownOn(control));
+            QVERIFY2(!english.last().isEmpty(), qPrintable(control->objectName()));
+        }
+        window.settings()->current_language = QStringLiteral("ru_RU");
+        window.settings()->setTranslation();
+        static const QRegularExpression cyrillic(QStringLiteral("[а-я]"));
+        for (int i = 0; i < controls.size(); ++i) {
+            const QStringList russian = shownOn(controls[i]);
+            QCOMPARE(russian.size(), english[i].size());
+            QVERIFY(russian.first().contains(cyrillic));
+        }
+        // The plot and the ground between the controls stay quiet.
+        for (QWidget *silent : { static_cast<QWidget *>(fixture.probe().Plot_View()->viewport()),
+                                 static_cast<QWidget *>(&window) }) {
+            cleanup();
+            QCOMPARE(shownOn(silent), QStringList());
+        }
+    }
+
+    void aTooltipNamesAKeyThatWorks()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        int keys = 0;
+        const QVector<QWidget *> controls = controlsOf(fixture.probe());
+        for (const QWidget *control : controls) {
+            const QStringList lines = extras::tooltipOf(window, control).split(QLatin1Char('\n'));
+            const QString key = lines.value(1);
+            if (!key.startsWith(QLatin1String("Key: ")))
+                continue;
+            for (const QString &name : key.mid(5).split(QStringLiteral(" and "))) {
+                // A repetition opens no dialog.
+                const QKeyEvent event(QEvent::KeyPress, keyIn(name), modifiersIn(name), QString(),
+                                      true);
+                QVERIFY2(extras::keyPressed(window, event, &window), qPrintable(name));
+                ++keys;
+            }
+        }
+        QCOMPARE(keys, 27);
+    }
+
+    void buttonsThatTakeATypedValueSaySo()
+    {
+        WindowFixture fixture;
+        openThree(fixture);
+        const MainWindowProbe &p = fixture.probe();
+        const QVector<QWidget *> typed{
+            p.curA_button(),     p.curB_button(),     p.KU_button(),
+            p.H_offset_button(), p.V_offset_button(), p.scale_button()
+        };
+        const QVector<QWidget *> controls = controlsOf(p);
+        for (QWidget *control : controls)
+            QCOMPARE(shownOn(control).contains(line("Right click: type a value")),
+                     typed.contains(control));
+    }
+
+    void theLogoTellsTheVersion()
+    {
+        WindowFixture fixture;
+        openThree(fixture);
+        QCOMPARE(shownOn(fixture.probe().logo_lbl()),
+                 QStringList{ line("Velkor " VELKOR_VERSION "; a click tells about Qt") });
+    }
+
+    void theFontGrowsWithTheWindow()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        for (const QSize size : { QSize(1280, 800), QSize(800, 500) }) {
+            window.resize(size);
+            WindowFixture::settle();
+            rest(fixture.probe().smooth_button());
+            QCOMPARE(QToolTip::font().pointSize(),
+                     fixture.probe().smooth_button()->font().pointSize());
+        }
+    }
+
+    void aSlotTellsItsFileItsSizeAndTheDateOfTheMeasurement()
+    {
+        WindowFixture fixture;
+        openThree(fixture);
+        LegendButton *button = fixture.probe().selected_rfg()[1];
+        const QStringList facts = shownOn(button);
+        QCOMPARE(facts.size(), 5);
+        QCOMPARE(facts[1], line("Key: 2"));
+        QCOMPARE(facts[2], QDir::toNativeSeparators(fixture.path(QStringLiteral("t2.tdr"))));
+        QCOMPARE(facts[3], line("Size: 37775 bytes"));
+        QVERIFY(facts[4].startsWith(QLatin1String("Measured: ") + button->date));
+        QVERIFY(facts[4].endsWith(QLatin1String(" 09:05:07")));
+    }
+
+    void aSlotTellsWhatIsMissing()
+    {
+        WindowFixture fixture;
+        MainWindow &window
+            = openWith(fixture, { TraceBuilder(), TraceBuilder().date(2024, 13, 40) });
+        const auto facts = [&](int slot) {
+            return extras::tooltipOf(window, fixture.probe().selected_rfg()[slot])
+                .split(QLatin1Char('\n'))
+                .mid(2);
+        };
+        QCOMPARE(facts(2), QStringList{ line("No trace in this slot") });
+        QCOMPARE(facts(1).at(2), line("No date of the measurement in the file"));
+        writeFile(fixture.path(QStringLiteral("t1.tdr")), "short");
+        QCOMPARE(facts(0).at(1), line("Size: 5 bytes"));
+        QVERIFY(QFile::remove(fixture.path(QStringLiteral("t1.tdr"))));
+        QCOMPARE(facts(0).at(1), line("The file does not exist any more"));
+        // A slot counts as loaded whether its file could be read or not.
+        window.add_Selected_RFG(fixture.path(QStringLiteral("never.tdr")), 3);
+        QCOMPARE(facts(3), QStringList{ line("The file could not be read") });
+    }
+
+    void aPathIsShownAsItIsWritten()
+    {
+        WindowFixture fixture;
+        const QString odd = fixture.trace(line("<b>Т & %1  &lt;.tdr"), TraceBuilder());
+        QString folder;
+        for (int i = 0; i < 4; ++i)
+            folder += QString(60, QLatin1Char('a' + char(i))) + QLatin1Char('/');
+        QVERIFY(QDir(fixture.path(QString())).mkpath(folder));
+        const QString longPath = fixture.trace(folder + QLatin1String("t.tdr"), TraceBuilder());
+        MainWindow &window = openThree(fixture);
+        window.add_Selected_RFG(odd, 0);
+        QCOMPARE(shownOn(fixture.probe().selected_rfg()[0]).value(2),
+                 QDir::toNativeSeparators(odd));
+        window.add_Selected_RFG(longPath, 0);
+        cleanup();
+        const QStringList facts = shownOn(fixture.probe().selected_rfg()[0]);
+        QVERIFY(facts.size() > 6);
+        for (const QString &fact : facts)
+            QVERIFY(fact.size() <= 100);
+        QVERIFY(facts.mid(2).join(QString()).startsWith(QDir::toNativeSeparators(longPath)));
+    }
+
+    void aReadingTellsAllItsDigits()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const MainWindowProbe &probe = fixture.probe();
+        window.KU_change(1.5);
+        window.cursorSetup_slot(100);
+        // 100 counts of 1.25 ns at 0.18737028625 m / 1.5 each. The samples of slot 2 are two counts
+        // wide, 50 of them before this one, and it is lifted by 9.
+        const QStringList reading{ line("12.491352416666667 m"), line("125 ns") };
+        QCOMPARE(shownOn(probe.curA_button()).mid(3), reading + QStringList{ line("Level: 9") });
+        QCOMPARE(shownOn(probe.cursor_dial()).mid(2), reading + QStringList{ line("Level: 9") });
+        QCOMPARE(shownOn(probe.curB_button()).mid(3),
+                 (QStringList{ line("0 m"), line("0 ns"), line("Level: 9") }));
+        QCOMPARE(shownOn(probe.delta_lbl()).mid(1), reading);
+        window.cursorSetup_slot(60000);
+        QCOMPARE(shownOn(probe.curA_button()).last(), line("No level here"));
+        window.cursorSelect_slot(MainWindow::DELTA);
+        QCOMPARE(shownOn(probe.cursor_dial()).size(), 2);
+    }
+
+    void aParameterTellsWhatTheDialDoes()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        const MainWindowProbe &probe = fixture.probe();
+        window.settings()->param_dial_speed = 70;
+        const QString turn = line("Steps in a turn of the dial: 70");
+        QCOMPARE(shownOn(probe.KU_button()).mid(3),
+                 (QStringList{ line("From 1 to 10 by 0.001 a step"), turn, line("Now: 1.49896228"),
+                               line("Velocity factor v/c = 1/KU: 0.667") }));
+        QCOMPARE(
+            shownOn(probe.V_offset_button()).mid(3),
+            (QStringList{ line("From -256 to 256 levels, one a step"), turn, line("Now: 9") }));
+        window.H_Offset_change(20);
+        const QStringList shift = shownOn(probe.H_offset_button()).mid(4);
+        QCOMPARE(shift.first(), turn);
+        QVERIFY(shift.last().startsWith(QLatin1String("Now: 2.50000")));
+        QVERIFY(shift.last().endsWith(QLatin1String(" = 25 ns")));
+        const QStringList scale = shownOn(probe.scale_button()).mid(3);
+        QCOMPARE(scale[0], line("From 31.25 m to 8000 m; each step doubles or halves it"));
+        QCOMPARE(scale[1], line("Steps in a turn of the dial: 8"));
+        QVERIFY(scale[2].endsWith(QLatin1String(" = 625 ns")));
+        for (ParamButton *button :
+             { probe.KU_button(), probe.V_offset_button(), probe.scale_button() }) {
+            button->click();
+            QCOMPARE(shownOn(probe.param_dial()).mid(2), shownOn(button).mid(3));
+        }
+        QTest::mouseClick(probe.selected_rfg()[4], Qt::LeftButton);
+        for (QWidget *button : { probe.V_offset_button(), probe.H_offset_button() })
+            QCOMPARE(shownOn(button).mid(3),
+                     QStringList{ line("Nothing to shift: no trace in this slot") });
+    }
+
+    void aDamagedLanguageCodeLeavesEnglish()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        window.settings()->current_language = QString(1000000, QLatin1Char('_'));
+        QCOMPARE(shownOn(fixture.probe().scale_down_button()).first(), line("Magnifies"));
+        window.settings()->current_language = QStringLiteral("en_US");
+    }
+
+    void aTooltipChangesNothing()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture);
+        WindowFixture::settle();
+        const QStringList before = stateOf(window);
+        const auto widgets = window.findChildren<QWidget *>();
+        for (QWidget *widget : widgets)
+            if (widget->window() == &window)
+                rest(widget);
+        // The label of the tooltip is a child of the window while it is visible.
+        cleanup();
+        WindowFixture::settle();
+        QCOMPARE(stateOf(window), before);
+        QCOMPARE(window.findChildren<QWidget *>(), widgets);
+    }
+
+    void withoutExtrasThereIsNoTooltip()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openThree(fixture, false);
+        const auto widgets = window.findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            QCOMPARE(widget->toolTip(), QString());
+            QCOMPARE(shownOn(widget), QStringList());
+        }
+    }
 };
-
-void TestExtrasTooltips::cleanup()
-{
-    QToolTip::hideText();
-    QTRY_VERIFY(!QToolTip::isVisible());
-}
-
-void TestExtrasTooltips::aSlotTellsItsFileItsSizeAndTheDateOfTheTest()
-{
-    WindowFixture fixture;
-    openThree(fixture);
-    LegendButton *button = fixture.probe().selected_rfg()[1];
-    rest(button);
-    const QStringList facts = shownFacts();
-    QCOMPARE(facts.size(), 3);
-    QCOMPARE(facts[0], QDir::toNativeSeparators(fixture.path(QStringLiteral("t2.tdr"))));
-    QCOMPARE(facts[1], line("Size: 37775 bytes"));
-    // As the button and the title have it.
-    QVERIFY(facts[2].startsWith(QLatin1String("Date of test: ") + button->date));
-    QVERIFY(facts[2].endsWith(QLatin1String(" 09:05:07")));
-}
-
-void TestExtrasTooltips::aSlotTellsWhatIsMissing()
-{
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { TraceBuilder(), TraceBuilder().date(2024, 13, 40) });
-    const MainWindowProbe &probe = fixture.probe();
-    const auto facts = [&](int slot) {
-        return extras::factsAbout(window, probe.selected_rfg()[slot]).split(QLatin1Char('\n'));
-    };
-    QCOMPARE(facts(2), QStringList{ line("No trace in this slot") });
-    QCOMPARE(facts(1).at(2), line("No date of test in the file"));
-    writeFile(fixture.path(QStringLiteral("t1.tdr")), "short");
-    QCOMPARE(facts(0).at(1), line("Size: 5 bytes"));
-    QVERIFY(QFile::remove(fixture.path(QStringLiteral("t1.tdr"))));
-    QCOMPARE(facts(0).at(1), line("The file is not there any more"));
-    // A slot counts as loaded whether its file could be read or not.
-    window.add_Selected_RFG(fixture.path(QStringLiteral("never.tdr")), 3);
-    QCOMPARE(facts(3), QStringList{ line("The file could not be read") });
-}
-
-void TestExtrasTooltips::aPathIsShownAsItIsWritten()
-{
-    WindowFixture fixture;
-    const QString path = fixture.trace(QString::fromUtf8("<b>Т & %1  &lt;.tdr"), TraceBuilder());
-    MainWindow &window = openThree(fixture);
-    window.add_Selected_RFG(path, 0);
-    rest(fixture.probe().selected_rfg()[0]);
-    QCOMPARE(shownFacts().value(0), QDir::toNativeSeparators(path));
-}
-
-void TestExtrasTooltips::aLongPathIsShownWhole()
-{
-    WindowFixture fixture;
-    QString folder;
-    for (int i = 0; i < 4; ++i)
-        folder += QString(60, QLatin1Char('a' + char(i))) + QLatin1Char('/');
-    QVERIFY(QDir(fixture.path(QString())).mkpath(folder));
-    const QString path = fixture.trace(folder + QLatin1String("t.tdr"), TraceBuilder());
-    MainWindow &window = openThree(fixture);
-    window.add_Selected_RFG(path, 0);
-    rest(fixture.probe().selected_rfg()[0]);
-    const QStringList facts = shownFacts();
-    QVERIFY(facts.size() > 4);
-    for (const QString &fact : facts)
-        QVERIFY(fact.size() <= 100);
-    QVERIFY(facts.join(QString()).startsWith(QDir::toNativeSeparators(path)));
-}
-
-void TestExtrasTooltips::aReadingTellsItsFullPrecision()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    window.KU_change(1.5);
-    window.cursorSetup_slot(100);
-    rest(probe.curA_button());
-    // 100 counts of 1.25 ns at 0.18737028625 m / 1.5 each. The samples of slot 2 are two counts
-    // wide, 50 of them before this one, and it is lifted by 9.
-    QCOMPARE(shownFacts(),
-             (QStringList{ line("12.491352416666667 m"), line("125 ns"), line("Level: 9") }));
-    rest(probe.curB_button());
-    QCOMPARE(shownFacts(), (QStringList{ line("0 m"), line("0 ns"), line("Level: 9") }));
-    rest(probe.delta_lbl());
-    QCOMPARE(shownFacts(), (QStringList{ line("12.491352416666667 m"), line("125 ns") }));
-    window.cursorSetup_slot(60000);
-    QCOMPARE(extras::factsAbout(window, probe.curA_button()).split(QLatin1Char('\n')).last(),
-             line("No level here"));
-}
-
-void TestExtrasTooltips::theVelocityFactorTellsAllItsDigits()
-{
-    WindowFixture fixture;
-    openThree(fixture);
-    rest(fixture.probe().KU_button());
-    QCOMPARE(shownFacts(),
-             (QStringList{ line("The dial sets the velocity factor from 1 to 10,"),
-                           line("by 0.001 a step, for all traces"),
-                           line("Steps in a turn of the dial: 100"), line("Now: 1.49896228") }));
-}
-
-void TestExtrasTooltips::parametersTellWhatTheDialWouldDo()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    window.settings()->param_dial_speed = 70;
-    rest(probe.V_offset_button());
-    QCOMPARE(shownFacts(),
-             (QStringList{ line("The dial shifts the selected trace up or down,"),
-                           line("from -256 to 256 levels, one a step"),
-                           line("Steps in a turn of the dial: 70"), line("Now: 9") }));
-    window.H_Offset_change(20);
-    rest(probe.H_offset_button());
-    QCOMPARE(shownFacts().mid(2, 1), QStringList{ line("Steps in a turn of the dial: 70") });
-    QVERIFY(shownFacts().value(3).startsWith(QLatin1String("Now: 2.50000")));
-    QCOMPARE(shownFacts().value(4), line("25 ns"));
-    rest(probe.scale_button());
-    QCOMPARE(shownFacts().value(0), line("The dial sets the scale from 31.25 m to 8000 m;"));
-    QCOMPARE(shownFacts().value(2), line("Steps in a turn of the dial: 8"));
-    QCOMPARE(shownFacts().value(4), line("625 ns"));
-
-    QTest::mouseClick(probe.selected_rfg()[4], Qt::LeftButton);
-    for (QWidget *button : { static_cast<QWidget *>(probe.V_offset_button()),
-                             static_cast<QWidget *>(probe.H_offset_button()) }) {
-        rest(button);
-        QCOMPARE(shownFacts(), QStringList{ line("Nothing to shift: no trace in this slot") });
-    }
-}
-
-void TestExtrasTooltips::theDialsTellWhatTheyTurn()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    for (ParamButton *button :
-         { probe.KU_button(), probe.V_offset_button(), probe.scale_button() }) {
-        button->click();
-        QCOMPARE(extras::factsAbout(window, probe.param_dial()),
-                 extras::factsAbout(window, button));
-    }
-    for (InterfaceButton *button : { probe.curB_button(), probe.curA_button() }) {
-        button->click();
-        QCOMPARE(extras::factsAbout(window, probe.cursor_dial()),
-                 extras::factsAbout(window, button));
-    }
-    window.cursorSelect_slot(MainWindow::DELTA);
-    QCOMPARE(extras::factsAbout(window, probe.cursor_dial()), QString());
-}
-
-void TestExtrasTooltips::readOnlyParametersSaySo()
-{
-    WindowFixture fixture;
-    openThree(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    for (QWidget *button :
-         { probe.gain_button(), probe.average_button(), probe.pulse_width_button(),
-           probe.pulse_amplitude_button(), probe.impedance_button() }) {
-        rest(button);
-        QCOMPARE(shownFacts(),
-                 QStringList{ line("Recorded with the trace; the dial leaves it as it is") });
-    }
-}
-
-void TestExtrasTooltips::otherControlsSayNothing()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    const MainWindowProbe &probe = fixture.probe();
-    QWidget *const silent[] = { probe.logo_lbl(),
-                                probe.legend_button(),
-                                probe.settings_button(),
-                                probe.Plot_View(),
-                                probe.Plot_View()->viewport(),
-                                probe.reserve_button(),
-                                probe.scale_up_button(),
-                                &window };
-    for (QWidget *control : silent) {
-        rest(control);
-        QVERIFY(!QToolTip::isVisible());
-    }
-}
-
-void TestExtrasTooltips::withoutExtrasNothingIsSaid()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture, false);
-    const auto controls = window.findChildren<QWidget *>();
-    for (QWidget *control : controls) {
-        QCOMPARE(control->toolTip(), QString());
-        rest(control);
-        QVERIFY(!QToolTip::isVisible());
-    }
-}
-
-void TestExtrasTooltips::factsSpeakTheLanguageOfTheWindow()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    SettingsData &settings = *window.settings();
-    const auto ofEmptySlot
-        = [&] { return extras::factsAbout(window, fixture.probe().selected_rfg()[5]); };
-    settings.current_language = QStringLiteral("ru_RU");
-    settings.setTranslation();
-    QCOMPARE(ofEmptySlot(), line("В этой ячейке нет рефлектограммы"));
-    const Catalogue russian(window.settings(), QLatin1String("Extras"));
-    for (const char *source : sources) {
-        const QString text = russian.text(source);
-        QVERIFY2(text != QString::fromUtf8(source), source);
-        QCOMPARE(text.count(QLatin1Char('%')), QString::fromUtf8(source).count(QLatin1Char('%')));
-        QCOMPARE(text.count(QLatin1Char('\n')), QString::fromUtf8(source).count(QLatin1Char('\n')));
-    }
-    rest(fixture.probe().curA_button());
-    QVERIFY(shownFacts().value(0).endsWith(line(" м")));
-    settings.current_language = QStringLiteral("en_US");
-    settings.setTranslation();
-    QCOMPARE(ofEmptySlot(), line("No trace in this slot"));
-    const Catalogue english(window.settings(), QLatin1String("Extras"));
-    for (const char *source : sources)
-        QCOMPARE(english.text(source), QString::fromUtf8(source));
-    settings.current_language = QString(1000000, QLatin1Char('_'));
-    QCOMPARE(ofEmptySlot(), line("No trace in this slot"));
-    settings.current_language = QStringLiteral("en_US");
-}
-
-void TestExtrasTooltips::aTooltipChangesNothing()
-{
-    WindowFixture fixture;
-    MainWindow &window = openThree(fixture);
-    WindowFixture::settle();
-    const QStringList before = stateOf(window);
-    const auto controls = window.findChildren<QWidget *>();
-    for (QWidget *control : controls)
-        if (control->window() == &window)
-            rest(control);
-    // While it is shown, the tooltip itself is a label more.
-    cleanup();
-    WindowFixture::settle();
-    QCOMPARE(stateOf(window), before);
-    QCOMPARE(window.findChildren<QWidget *>(), controls);
-}
 
 QTEST_MAIN(TestExtrasTooltips)
 #include "tst_extras_tooltips.moc"

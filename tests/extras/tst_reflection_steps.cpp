@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 #include "extras/extras.h"
 #include "extras/reflection_steps.h"
 #include "interfacebutton.h"
@@ -22,7 +23,7 @@ const QStringList sampleNames = {
     QStringLiteral("5-long-coax.tdr"),    QStringLiteral("6-wet-section-close-up.tdr"),
 };
 
-/// The window with the extras on the samples of \a numbers, the first one of them the master.
+/// Opens the samples of \a numbers with the extras; the first is the master.
 MainWindow &openSamples(WindowFixture &fixture, const QVector<int> &numbers)
 {
     QStringList paths;
@@ -72,209 +73,194 @@ bool near(const QVector<double> &found, const QVector<double> &expected, double 
 
 } // namespace
 
-/// From place to place on a trace, by keys.
+/// The keys that go from reflection to reflection.
 class TestReflectionSteps : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void nStopsAtEachFaultOfASample_data();
-    void nStopsAtEachFaultOfASample();
-    void pGoesTheSameWayBack();
-    void aRussianKeyboardHasTheSameKeys();
-    void theCursorIsAsOneMovedByHand();
-    void theOtherCursorStays();
-    void theSelectedTraceDecides();
-    void differencesTurnWhereTheCablesDiffer();
-    void smoothTracesTurnAtTheSamePlaces();
-    void theViewFollowsTheCursor();
-    void aPlaceLeftOfTheChartIsNone();
-    void aCursorHeldLeftOfThePlaceGoesOnAllTheSame();
-    void nothingHappensWithoutTraceOrCursor();
+    void nStopsAtEachFaultOfASample()
+    {
+        struct Sample
+        {
+            const char *name;
+            int number;
+            QVector<double> metres;
+            double quarterPulse;
+        };
+        each<Sample>({ { "healthy", 1, { 38.0, 104.0 }, 1.0 },
+                       { "shorted", 2, { 38.0, 71.5 }, 1.0 },
+                       { "wet section", 3, { 52.0, 68.0, 88.0, 116.0 }, 1.0 },
+                       { "bridged tap", 4, { 26.0, 40.0, 80.0 }, 1.0 },
+                       { "long coax", 5, { 88.0, 203.0 }, 2.0 },
+                       { "wet section, close up", 6, { 52.0, 68.0, 88.0 }, 0.5 } },
+                     [](const Sample &sample) {
+                         WindowFixture fixture;
+                         openSamples(fixture, { sample.number });
+                         QVERIFY(near(stops(fixture), sample.metres, sample.quarterPulse));
+                     });
+    }
+
+    void pGoesTheSameWayBack()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 3 });
+        QVector<double> there = stops(fixture);
+        // From right of the last one, and from between two.
+        window.cursorSetup_slot(1000);
+        QVector<double> back = stops(fixture, Qt::Key_P);
+        std::reverse(back.begin(), back.end());
+        QCOMPARE(back, there);
+        window.cursorSetup_slot(480);
+        QTest::keyClick(&window, Qt::Key_P);
+        QCOMPARE(fixture.probe().cursor_A_pos() * fixture.probe().dist_coef(), there[0]);
+        QTest::keyClick(&window, Qt::Key_P);
+        QCOMPARE(fixture.probe().cursor_A_pos() * fixture.probe().dist_coef(), there[0]);
+    }
+
+    void aRussianKeyboardHasTheSameKeys()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 1 });
+        const auto press = [&](char16_t letter) {
+            QTest::sendKeyEvent(QTest::Click, &window, Qt::Key(letter), QString(QChar(letter)),
+                                Qt::NoModifier);
+            return fixture.probe().cursor_A_pos();
+        };
+        const QVector<int> columns = extras::reflectionColumns(window);
+        QCOMPARE(columns.size(), 2);
+        QCOMPARE(press(u'Т'), columns[0]);
+        QCOMPARE(press(u'Т'), columns[1]);
+        QCOMPARE(press(u'З'), columns[0]);
+    }
+
+    void theCursorIsMovedAsByTheMouse()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 2, 4 });
+        QTest::keyClick(&window, Qt::Key_N);
+        WindowFixture::settle();
+        const QStringList byKey = stateOf(window);
+        const int column = fixture.probe().cursor_A_pos();
+        const int level = fixture.probe().cursor_A_pos_Y();
+        QVERIFY(level != constants::noLevel);
+        window.cursorSetup_slot(column + 100);
+        window.cursorSetup_slot(column);
+        WindowFixture::settle();
+        QCOMPARE(stateOf(window), byKey);
+        QCOMPARE(fixture.probe().cursor_dial()->trueValue, column);
+        QVERIFY(fixture.probe().curA_button()->text().contains(window.count_to_distance(column)));
+    }
+
+    void theOtherCursorStays()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 1 });
+        window.cursorSetup_slot(100);
+        QTest::mouseClick(fixture.probe().curB_button(), Qt::LeftButton);
+        QTest::keyClick(&window, Qt::Key_N);
+        QCOMPARE(fixture.probe().cursor_A_pos(), 100);
+        QCOMPARE(fixture.probe().cursor_B_pos(), extras::reflectionColumns(window).constFirst());
+    }
+
+    void theSelectedTraceDecides()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 1, 4 });
+        QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
+        QVERIFY(near(stops(fixture), { 26.0, 40.0, 80.0 }, 1.0));
+        // Hidden, it is still the selected one, and its readouts still come.
+        window.RFG_visibleToggle(1, false);
+        QVERIFY(near(stops(fixture, Qt::Key_P), { 40.0, 26.0 }, 1.0));
+    }
+
+    void differencesHaveReflectionsWhereTheCablesDiffer()
+    {
+        WindowFixture fixture;
+        openSamples(fixture, { 1, 2 });
+        QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
+        QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
+        // The joint at 38 m is in both; the short and the end behind it are not.
+        QVERIFY(near(stops(fixture), { 71.5, 104.0 }, 1.0));
+    }
+
+    void smoothTracesHaveTheSameReflections()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 4 });
+        const QVector<int> steps = extras::reflectionColumns(window);
+        QTest::mouseClick(fixture.probe().smooth_button(), Qt::LeftButton);
+        QVERIFY(fixture.probe().smooth_rfg_flag());
+        QCOMPARE(extras::reflectionColumns(window), steps);
+        QCOMPARE(steps.size(), 3);
+    }
+
+    void theViewFollowsTheCursor()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 1 });
+        window.scale_change(0);
+        QTest::keyClick(&window, Qt::Key_N);
+        QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
+        QVERIFY(fixture.probe().cust_axisX()->min() > 0.0);
+        // Already in the view, which stays.
+        window.scale_change(2);
+        QTest::keyClick(&window, Qt::Key_N);
+        QCOMPARE(fixture.probe().cust_axisX()->min(), 0.0);
+    }
+
+    void aReflectionOutsideTheChartIsLeftOut()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openWith(fixture, { bellAt(20).shiftX(quint32(-40)) });
+        QCOMPARE(extras::reflectionColumns(window), QVector<int>());
+        window.H_Offset_change(-15);
+        QCOMPARE(extras::reflectionColumns(window), QVector<int>{ 5 });
+        QVERIFY(extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(0xFFFFFFFF) }))
+                    .isEmpty());
+        QCOMPARE(extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(100) })),
+                 QVector<int>{ 120 });
+    }
+
+    void aCursorThatSnappingPutLeftGoesOn()
+    {
+        WindowFixture fixture;
+        const auto twoBells = [](int i) {
+            const int distance = std::min(std::abs(i - 60), std::abs(i - 200));
+            return int(std::lround(80 * std::exp2(-4.0 * distance * distance / 64.0)));
+        };
+        // In difference mode the master's delay of 30 puts the cursor left of the place asked for.
+        MainWindow &window = openWith(
+            fixture, { TraceBuilder().delay(30), TraceBuilder().delay(30).samples(twoBells) });
+        extras::attach(window);
+        QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
+        QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
+        QCOMPARE(extras::reflectionColumns(window), (QVector<int>{ 90, 230 }));
+        QTest::keyClick(&window, Qt::Key_N);
+        QCOMPARE(fixture.probe().cursor_A_pos(), 60);
+        QCOMPARE(fixture.probe().cursor_dial()->trueValue, 90);
+        QTest::keyClick(&window, Qt::Key_N);
+        QCOMPARE(fixture.probe().cursor_A_pos(), 200);
+        QTest::keyClick(&window, Qt::Key_P);
+        QCOMPARE(fixture.probe().cursor_A_pos(), 60);
+    }
+
+    void nothingHappensWithoutTraceOrCursor()
+    {
+        WindowFixture fixture;
+        MainWindow &window = openSamples(fixture, { 1 });
+        window.cursorSetup_slot(40);
+        window.cursorSelect_slot(MainWindow::DELTA);
+        QTest::keyClick(&window, Qt::Key_N);
+        QTest::keyClick(&window, Qt::Key_P);
+        QCOMPARE(fixture.probe().cursor_A_pos(), 40);
+        window.cursorSelect_slot(MainWindow::CURSOR_A);
+        QTest::mouseClick(fixture.probe().selected_rfg()[4], Qt::LeftButton);
+        QCOMPARE(extras::reflectionColumns(window), QVector<int>());
+        QTest::keyClick(&window, Qt::Key_N);
+        QCOMPARE(fixture.probe().cursor_A_pos(), 40);
+    }
 };
-
-void TestReflectionSteps::nStopsAtEachFaultOfASample_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QVector<double>>("metres");
-    QTest::addColumn<double>("quarterPulse");
-    QTest::newRow("1") << 1 << QVector<double>{ 38.0, 104.0 } << 1.0;
-    QTest::newRow("2") << 2 << QVector<double>{ 38.0, 71.5 } << 1.0;
-    QTest::newRow("3") << 3 << QVector<double>{ 52.0, 68.0, 88.0, 116.0 } << 1.0;
-    QTest::newRow("4") << 4 << QVector<double>{ 26.0, 40.0, 80.0 } << 1.0;
-    QTest::newRow("5") << 5 << QVector<double>{ 88.0, 203.0 } << 2.0;
-    QTest::newRow("6") << 6 << QVector<double>{ 52.0, 68.0, 88.0 } << 0.5;
-}
-
-void TestReflectionSteps::nStopsAtEachFaultOfASample()
-{
-    QFETCH(int, number);
-    QFETCH(QVector<double>, metres);
-    QFETCH(double, quarterPulse);
-    WindowFixture fixture;
-    openSamples(fixture, { number });
-    QVERIFY(near(stops(fixture), metres, quarterPulse));
-}
-
-void TestReflectionSteps::pGoesTheSameWayBack()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 3 });
-    QVector<double> there = stops(fixture);
-    // From right of the last one, and from between two.
-    window.cursorSetup_slot(1000);
-    QVector<double> back = stops(fixture, Qt::Key_P);
-    std::reverse(back.begin(), back.end());
-    QCOMPARE(back, there);
-    window.cursorSetup_slot(480);
-    QTest::keyClick(&window, Qt::Key_P);
-    QCOMPARE(fixture.probe().cursor_A_pos() * fixture.probe().dist_coef(), there[0]);
-    QTest::keyClick(&window, Qt::Key_P);
-    QCOMPARE(fixture.probe().cursor_A_pos() * fixture.probe().dist_coef(), there[0]);
-}
-
-void TestReflectionSteps::aRussianKeyboardHasTheSameKeys()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 1 });
-    const auto press = [&](char16_t letter) {
-        QTest::sendKeyEvent(QTest::Click, &window, Qt::Key(letter), QString(QChar(letter)),
-                            Qt::NoModifier);
-        return fixture.probe().cursor_A_pos();
-    };
-    const QVector<int> columns = extras::reflectionColumns(window);
-    QCOMPARE(columns.size(), 2);
-    QCOMPARE(press(u'Т'), columns[0]);
-    QCOMPARE(press(u'Т'), columns[1]);
-    QCOMPARE(press(u'З'), columns[0]);
-}
-
-void TestReflectionSteps::theCursorIsAsOneMovedByHand()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 2, 4 });
-    QTest::keyClick(&window, Qt::Key_N);
-    WindowFixture::settle();
-    const QStringList byKey = stateOf(window);
-    const int column = fixture.probe().cursor_A_pos();
-    const int level = fixture.probe().cursor_A_pos_Y();
-    QVERIFY(level != constants::noLevel);
-    window.cursorSetup_slot(column + 100);
-    window.cursorSetup_slot(column);
-    WindowFixture::settle();
-    QCOMPARE(stateOf(window), byKey);
-    QCOMPARE(fixture.probe().cursor_dial()->trueValue, column);
-    QVERIFY(fixture.probe().curA_button()->text().contains(window.count_to_distance(column)));
-}
-
-void TestReflectionSteps::theOtherCursorStays()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 1 });
-    window.cursorSetup_slot(100);
-    QTest::mouseClick(fixture.probe().curB_button(), Qt::LeftButton);
-    QTest::keyClick(&window, Qt::Key_N);
-    QCOMPARE(fixture.probe().cursor_A_pos(), 100);
-    QCOMPARE(fixture.probe().cursor_B_pos(), extras::reflectionColumns(window).constFirst());
-}
-
-void TestReflectionSteps::theSelectedTraceDecides()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 1, 4 });
-    QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
-    QVERIFY(near(stops(fixture), { 26.0, 40.0, 80.0 }, 1.0));
-    // Hidden, it is still the selected one, and its readouts still come.
-    window.RFG_visibleToggle(1, false);
-    QVERIFY(near(stops(fixture, Qt::Key_P), { 40.0, 26.0 }, 1.0));
-}
-
-void TestReflectionSteps::differencesTurnWhereTheCablesDiffer()
-{
-    WindowFixture fixture;
-    openSamples(fixture, { 1, 2 });
-    QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
-    QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
-    // The joint at 38 m is in both; the short and the end behind it are not.
-    QVERIFY(near(stops(fixture), { 71.5, 104.0 }, 1.0));
-}
-
-void TestReflectionSteps::smoothTracesTurnAtTheSamePlaces()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 4 });
-    const QVector<int> steps = extras::reflectionColumns(window);
-    QTest::mouseClick(fixture.probe().smooth_button(), Qt::LeftButton);
-    QVERIFY(fixture.probe().smooth_rfg_flag());
-    QCOMPARE(extras::reflectionColumns(window), steps);
-    QCOMPARE(steps.size(), 3);
-}
-
-void TestReflectionSteps::theViewFollowsTheCursor()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 1 });
-    window.scale_change(0);
-    QTest::keyClick(&window, Qt::Key_N);
-    QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
-    QVERIFY(fixture.probe().cust_axisX()->min() > 0.0);
-    // In sight already: the view stays.
-    window.scale_change(2);
-    QTest::keyClick(&window, Qt::Key_N);
-    QCOMPARE(fixture.probe().cust_axisX()->min(), 0.0);
-}
-
-void TestReflectionSteps::aPlaceLeftOfTheChartIsNone()
-{
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { bellAt(20).shiftX(quint32(-40)) });
-    QCOMPARE(extras::reflectionColumns(window), QVector<int>());
-    window.H_Offset_change(-15);
-    QCOMPARE(extras::reflectionColumns(window), QVector<int>{ 5 });
-    QVERIFY(
-        extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(0xFFFFFFFF) })).isEmpty());
-    QCOMPARE(extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(100) })),
-             QVector<int>{ 120 });
-}
-
-void TestReflectionSteps::aCursorHeldLeftOfThePlaceGoesOnAllTheSame()
-{
-    WindowFixture fixture;
-    const auto twoBells = [](int i) {
-        const int distance = std::min(std::abs(i - 60), std::abs(i - 200));
-        return int(std::lround(80 * std::exp2(-4.0 * distance * distance / 64.0)));
-    };
-    // In difference mode the master's delay of 30 puts the cursor left of the place asked for.
-    MainWindow &window = openWith(
-        fixture, { TraceBuilder().delay(30), TraceBuilder().delay(30).samples(twoBells) });
-    extras::attach(window);
-    QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
-    QTest::mouseClick(fixture.probe().selected_rfg()[1], Qt::LeftButton);
-    QCOMPARE(extras::reflectionColumns(window), (QVector<int>{ 90, 230 }));
-    QTest::keyClick(&window, Qt::Key_N);
-    QCOMPARE(fixture.probe().cursor_A_pos(), 60);
-    QCOMPARE(fixture.probe().cursor_dial()->trueValue, 90);
-    QTest::keyClick(&window, Qt::Key_N);
-    QCOMPARE(fixture.probe().cursor_A_pos(), 200);
-    QTest::keyClick(&window, Qt::Key_P);
-    QCOMPARE(fixture.probe().cursor_A_pos(), 60);
-}
-
-void TestReflectionSteps::nothingHappensWithoutTraceOrCursor()
-{
-    WindowFixture fixture;
-    MainWindow &window = openSamples(fixture, { 1 });
-    window.cursorSetup_slot(40);
-    window.cursorSelect_slot(MainWindow::DELTA);
-    QTest::keyClick(&window, Qt::Key_N);
-    QTest::keyClick(&window, Qt::Key_P);
-    QCOMPARE(fixture.probe().cursor_A_pos(), 40);
-    window.cursorSelect_slot(MainWindow::CURSOR_A);
-    QTest::mouseClick(fixture.probe().selected_rfg()[4], Qt::LeftButton);
-    QCOMPARE(extras::reflectionColumns(window), QVector<int>());
-    QTest::keyClick(&window, Qt::Key_N);
-    QCOMPARE(fixture.probe().cursor_A_pos(), 40);
-}
 
 QTEST_MAIN(TestReflectionSteps)
 #include "tst_reflection_steps.moc"

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What an entry dialog asked.
+/// What an entry dialog shows.
 struct Question
 {
     QString title;
@@ -81,7 +81,7 @@ private:
               fixture->trace(QStringLiteral("two.tdr"), TraceBuilder().minstep(2.5F)) });
         fixture->open();
     }
-    /// Right-clicks \a button, lets \a answer fill in the dialog and close it.
+    /// Right-clicks \a button; \a answer fills in the dialog and closes it.
     Question ask(QWidget *button, const std::function<void(QInputDialog &)> &answer)
     {
         Question question;
@@ -145,7 +145,7 @@ private slots:
         QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n2.125"));
     }
 
-    void theFactorsDialogSetsTheDialToTheFactorItself()
+    void theDialogOfTheFactorSetsTheDialToItsWholePart()
     {
         openTraces();
         QTest::mouseClick(probe().KU_button(), Qt::LeftButton);
@@ -172,19 +172,15 @@ private slots:
         QCOMPARE(paramDial()->trueValue, probe().master_scale());
     }
 
-    void anUnchangedShiftMayMoveByOneSample()
+    void anUnchangedValueMayMoveByOneSample()
     {
         openTraces();
-        // 0.125 m a count is a hair more in single precision: 1.00 m are not quite 8 counts.
-        ask(probe().H_offset_button(), [](QInputDialog &dialog) { dialog.accept(); });
+        const auto accept = [](QInputDialog &dialog) { dialog.accept(); };
+        // 0.125 m a count is slightly more in single precision: 1.00 m are not quite 8 counts.
+        ask(probe().H_offset_button(), accept);
         QCOMPARE(probe().rfg_DATA()[0].scroll, 4);
-    }
-
-    void anUnchangedCursorMayMoveByOneSample()
-    {
-        openTraces();
         window().cursorSetup_slot(40);
-        ask(probe().curA_button(), [](QInputDialog &dialog) { dialog.accept(); });
+        ask(probe().curA_button(), accept);
         QCOMPARE(probe().cursor_A_pos(), 36);
         QCOMPARE(probe().cursor_dial()->trueValue, 36);
     }
@@ -218,32 +214,25 @@ private slots:
         QCOMPARE(probe().rfg_DATA()[0].scroll, 79);
     }
 
-    void theScaleIsChosenFromNine_data()
-    {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<int>("exponent");
-        const char *const items[]
-            = { "31.25m", "62.5m", "125m", "250m", "500m", "1000m", "2000m", "4000m", "8000m" };
-        for (int exponent = 0; exponent < 9; ++exponent)
-            QTest::newRow(items[exponent]) << QString::fromLatin1(items[exponent]) << exponent;
-    }
-
     void theScaleIsChosenFromNine()
     {
-        QFETCH(const QString, item);
-        QFETCH(const int, exponent);
         openTraces();
-        const Question question = chosen(probe().scale_button(), item);
-        QCOMPARE(question.title, QStringLiteral("Scale"));
-        QCOMPARE(question.label, QStringLiteral("Scale\nRange : [31.25; 8000]"));
-        QCOMPARE(question.mode, QInputDialog::TextInput);
-        QVERIFY(question.modal);
-        QVERIFY(!question.editable);
-        QCOMPARE(question.items.size(), 9);
-        QCOMPARE(question.items[exponent], item);
-        QCOMPARE(question.text, QStringLiteral("125m"));
-        QCOMPARE(probe().master_scale(), exponent);
-        QCOMPARE(paramDial()->trueValue, 8);
+        const QStringList items
+            = QStringLiteral("31.25m 62.5m 125m 250m 500m 1000m 2000m 4000m 8000m")
+                  .split(QLatin1Char(' '));
+        for (int exponent = 0; exponent < 9; ++exponent) {
+            window().scale_change(2);
+            const Question question = chosen(probe().scale_button(), items[exponent]);
+            QCOMPARE(question.title, QStringLiteral("Scale"));
+            QCOMPARE(question.label, QStringLiteral("Scale\nRange : [31.25; 8000]"));
+            QCOMPARE(question.mode, QInputDialog::TextInput);
+            QVERIFY(question.modal);
+            QVERIFY(!question.editable);
+            QCOMPARE(question.items, items);
+            QCOMPARE(question.text, QStringLiteral("125m"));
+            QCOMPARE(probe().master_scale(), exponent);
+            QCOMPARE(paramDial()->trueValue, 8);
+        }
         QTest::mouseClick(probe().scale_button(), Qt::LeftButton);
         chosen(probe().scale_button(), QStringLiteral("500m"));
         QCOMPARE(paramDial()->trueValue, 4);
@@ -258,7 +247,7 @@ private slots:
         QCOMPARE(question.title, QStringLiteral("Cursor A"));
         QCOMPARE(question.label, QStringLiteral("Cursor A\nRange : [0; 8000]"));
         verifyNumber(question, 0.0, 8000.0, 4 * probe().dist_coef(), 2, 5.0);
-        // 82.4 counts: the cursor on a sample, the dial on the cursor.
+        // 82.4 counts: the cursor snaps to a sample, the dial is set to the cursor.
         QCOMPARE(probe().cursor_A_pos(), 80);
         QCOMPARE(probe().cursor_dial()->trueValue, 80);
         QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
@@ -280,7 +269,7 @@ private slots:
         QVERIFY(isNear(question.value, 5.0));
         QCOMPARE(probe().cursor_A_pos(), 40);
         QCOMPARE(probe().cursor_B_pos(), 160);
-        // Not the dialog's own cursor: the dial keeps what was asked for.
+        // The dialog of the other cursor leaves the typed column on the dial.
         QCOMPARE(probe().cursor_dial()->trueValue, 160);
         answered(probe().curA_button(), 20.3);
         QCOMPARE(probe().cursor_B_pos(), 160);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "dictionary.h"
+#include "each.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
@@ -9,11 +10,9 @@
 #include "windowtest.h"
 
 #include <QAction>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGraphicsScene>
-#include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLocale>
@@ -25,22 +24,12 @@
 
 namespace {
 
-/// One text of the window and what it must be in both languages.
-struct Text
-{
-    QString actual;
-    QString english;
-    QString russian;
-};
-
-using Texts = QVector<Text>;
-
 QString text(const char *utf8)
 {
     return QString::fromUtf8(utf8);
 }
 
-/// How often an object gets an event of one type.
+/// Counts the events of one type that an object gets.
 class Events : public QObject
 {
 public:
@@ -62,8 +51,18 @@ private:
     const QEvent::Type m_type;
 };
 
+/// A text of the window and what it must be.
+struct Text
+{
+    const char *name;
+    QString actual;
+    QString expected;
+};
+
 } // namespace
 
+/// What the controls say in both languages. The words themselves are tested with the dictionary,
+/// and the texts of the settings dialog with that.
 class TestTexts : public WindowTest
 {
     Q_OBJECT
@@ -86,147 +85,89 @@ private:
         return QLocale::system().toString(QDate(2024, 3, 5), QLocale::ShortFormat);
     }
 
-    Texts buttonTexts() const
+    std::vector<Text> buttonTexts(bool russian) const
     {
         const MainWindowProbe &p = probe();
+        const Dictionary &d = *p.d();
         const QDialogButtonBox *box = p.input_dialog()->findChild<QDialogButtonBox *>();
         return {
-            { p.legend_button()->text(), text("Files..."), text("Файлы...") },
-            { p.settings_button()->text(), text("Settings..."), text("Настройки...") },
-            { p.difference_button()->text(), text("Difference"), text("Вычитание") },
-            { p.smooth_button()->text(), text("Smooth"), text("Сглаживание") },
-            { p.reset_all_button()->text(), text("Reset All"), text("Сбросить всё") },
-            { p.curA_nav_button()->text(), text("A"), text("A") },
-            { p.curB_nav_button()->text(), text("B"), text("B") },
-            { p.curA_action()->text(), text("Cursor A"), text("Курсор A") },
-            { p.curB_action()->text(), text("Cursor B"), text("Курсор B") },
-            { p.cur_wheel_action()->text(), text("Wheel moves cursors"),
-              text("Колесо двигает курсоры") },
-            { p.scale_wheel_action()->text(), text("Wheel chahges scale"),
-              text("Колесо меняет масштаб") },
-            { box->button(QDialogButtonBox::Ok)->text(), text("OK"), text("ОК") },
-            { box->button(QDialogButtonBox::Cancel)->text(), text("Cancel"), text("Отмена") },
-            { p.reserve_button()->text(), QString(), QString() },
+            { "files", p.legend_button()->text(), d.FILES_STR + text("...") },
+            { "settings", p.settings_button()->text(), d.SETTINGS_STR + text("...") },
+            { "difference", p.difference_button()->text(), d.DIFF_MODE_STR },
+            { "smooth", p.smooth_button()->text(), text(russian ? "Сглаживание" : "Smooth") },
+            { "reset", p.reset_all_button()->text(), text(russian ? "Сбросить всё" : "Reset All") },
+            { "A", p.curA_nav_button()->text(), text("A") },
+            { "B", p.curB_nav_button()->text(), text("B") },
+            { "menu A", p.curA_action()->text(), d.CURSOR_A_STR },
+            { "menu B", p.curB_action()->text(), d.CURSOR_B_STR },
+            { "menu cursors", p.cur_wheel_action()->text(), d.CURSORS_MOVE_STR },
+            { "menu scale", p.scale_wheel_action()->text(), d.SCALE_CHG_STR },
+            { "OK", box->button(QDialogButtonBox::Ok)->text(), d.OK_STR },
+            { "cancel", box->button(QDialogButtonBox::Cancel)->text(), d.CANCEL_STR },
+            { "reserve", p.reserve_button()->text(), QString() },
+            { "dialog", p.settingsMenu()->windowTitle(), d.SETTINGS_STR },
         };
     }
 
-    Texts traceTexts(int loaded) const
+    std::vector<Text> slotTexts(int loaded, bool russian) const
     {
-        Texts texts;
+        const Dictionary &d = *probe().d();
+        const QString none = text(russian ? "\n(не загружено)" : "\n(not loaded)");
+        std::vector<Text> texts;
         for (int slot = 0; slot < 6; ++slot) {
             const LegendButton *button = probe().selected_rfg()[slot];
-            const QString number = QString::number(slot + 1);
-            const QString below = QLatin1Char('\n') + date();
-            texts << Text{ button->text(),
-                           text("RFG ") + number + (slot < loaded ? below : text("\n(not loaded)")),
-                           text("РФГ ") + number
-                               + (slot < loaded ? below : text("\n(не загружено)")) }
-                  << Text{ button->contextMenu->title(), text("RFG ") + number,
-                           text("РФГ ") + number }
-                  << Text{ button->load_action->text(), text("Load"), text("Загрузить") }
-                  << Text{ button->reset_action->text(), text("Reset"), text("Сбросить") }
-                  << Text{ button->clear_action->text(), text("Clear"), text("Отчистить") }
-                  << Text{ button->visible_action->text(), text("set Visible"), text("Отобразить") }
-                  << Text{ button->master_action->text(), text("Set as Master"),
-                           text("Сделать мастером") };
+            const QString title = text(russian ? "РФГ %1" : "RFG %1").arg(slot + 1);
+            const QString below = slot < loaded ? QLatin1Char('\n') + date() : none;
+            texts.insert(texts.end(),
+                         { { "slot", button->text(), title + below },
+                           { "slot's menu", button->contextMenu->title(), title },
+                           { "load", button->load_action->text(), d.LOAD_STR },
+                           { "reset", button->reset_action->text(), d.RESET_STR },
+                           { "clear", button->clear_action->text(), d.CLEAR_STR },
+                           { "visible", button->visible_action->text(), d.VISIBLE_STR },
+                           { "master", button->master_action->text(), d.MASTER_STR } });
         }
         return texts;
     }
 
-    /// Texts that hold numbers, with the first trace selected.
-    Texts loadedReadouts() const
+    /// The texts with numbers: the first trace selected, or without \a isLoaded its empty slot.
+    std::vector<Text> readouts(bool isLoaded) const
     {
         const MainWindowProbe &p = probe();
-        const QString title
-            = text("t1, /") + p.rfg_DATA()[0].dir_name + text(", ") + date() + text(" 09:05:07");
-        return {
-            { p.curA_button()->text(), text("Cursor A\n x = 1.00 m\n y = 7"),
-              text("Курсор A\n x = 1.00 м\n y = 7") },
-            { p.curB_button()->text(), text("Cursor B\n x = 0.00 m\n y = "),
-              text("Курсор B\n x = 0.00 м\n y = ") },
-            { p.delta_lbl()->text(), text("Δ = 1.00 m"), text("Δ = 1.00 м") },
-            { p.gain_button()->text(), text("Gain\n30"), text("Усиление\n30") },
-            { p.KU_button()->text(), text("KU\n1.499"), text("КУ\n1.499") },
-            { p.average_button()->text(), text("Average\n16"), text("Усреднение\n16") },
-            { p.V_offset_button()->text(), text("Y Shift\n7"), text("Y Сдвиг\n7") },
-            { p.pulse_width_button()->text(), text("Pulse Width\n100ns"),
-              text("Ширина импульса\n100нс") },
-            { p.pulse_amplitude_button()->text(), text("Pulse Amp\n20V"), text("Амплитуда\n20В") },
-            { p.impedance_button()->text(), text("Impedance\n75"), text("Импеданс\n75") },
-            { p.H_offset_button()->text(), text("X Shift\n1.00 m"), text("X Сдвиг\n1.00 м") },
-            { p.scale_button()->text(), text("Scale\n125 m"), text("Масштаб\n125 m") },
-            { p.param_dial()->titleText, text("X Shift\n1.00 m"), text("X Сдвиг\n1.00 м") },
-            { p.cursor_dial()->titleText, text("Cursor A\n1.00 m"), text("Курсор A\n1.00 м") },
-            { p.chart_title().text(), title, title },
-            { p.cursor_step_lbl().text(), text("cursor step = 0.50 m"),
-              text("шаг курсора = 0.50 м") },
+        const Dictionary &d = *p.d();
+        const QString m = QLatin1Char(' ') + d.DIST_SUFFIX_STR;
+        const auto value = [isLoaded](const QString &word, const QString &number) {
+            return isLoaded ? word + QLatin1Char('\n') + number : word;
         };
-    }
-
-    /// The same without any trace.
-    Texts emptyReadouts() const
-    {
-        const MainWindowProbe &p = probe();
+        const QString title = isLoaded
+            ? text("t1, /") + p.rfg_DATA()[0].dir_name + text(", ") + date() + text(" 09:05:07")
+            : d.RFG_STR + text(" 1");
         return {
-            { p.curA_button()->text(), text("Cursor A\n x = 1.00 m\n y = "),
-              text("Курсор A\n x = 1.00 м\n y = ") },
-            { p.curB_button()->text(), text("Cursor B\n x = 0.00 m\n y = "),
-              text("Курсор B\n x = 0.00 м\n y = ") },
-            { p.delta_lbl()->text(), text("Δ = 1.00 m"), text("Δ = 1.00 м") },
-            { p.gain_button()->text(), text("Gain"), text("Усиление") },
-            { p.KU_button()->text(), text("KU\n1.499"), text("КУ\n1.499") },
-            { p.average_button()->text(), text("Average"), text("Усреднение") },
-            { p.V_offset_button()->text(), text("Y Shift"), text("Y Сдвиг") },
-            { p.pulse_width_button()->text(), text("Pulse Width"), text("Ширина импульса") },
-            { p.pulse_amplitude_button()->text(), text("Pulse Amp"), text("Амплитуда") },
-            { p.impedance_button()->text(), text("Impedance"), text("Импеданс") },
-            { p.H_offset_button()->text(), text("X Shift"), text("X Сдвиг") },
-            { p.scale_button()->text(), text("Scale\n31.25 m"), text("Масштаб\n31.25 m") },
-            { p.param_dial()->titleText, text("X Shift\n"), text("X Сдвиг\n") },
-            { p.cursor_dial()->titleText, text("Cursor A\n1.00 m"), text("Курсор A\n1.00 м") },
-            { p.chart_title().text(), text("RFG 1"), text("РФГ 1") },
-            { p.cursor_step_lbl().text(), text("cursor step = 0.13 m"),
-              text("шаг курсора = 0.13 м") },
+            { "A", p.curA_button()->text(),
+              d.CURSOR_A_STR + text("\n x = 1.00") + m + text(isLoaded ? "\n y = 7" : "\n y = ") },
+            { "B", p.curB_button()->text(),
+              d.CURSOR_B_STR + text("\n x = 0.00") + m + text("\n y = ") },
+            { "delta", p.delta_lbl()->text(), text("Δ = 1.00") + m },
+            { "gain", p.gain_button()->text(), value(d.GAIN_STR, text("30")) },
+            { "KU", p.KU_button()->text(), d.KU_STR + text("\n1.499") },
+            { "average", p.average_button()->text(), value(d.AVERAGE_STR, text("16")) },
+            { "Y", p.V_offset_button()->text(), value(d.V_OFFSET_STR, text("7")) },
+            { "width", p.pulse_width_button()->text(),
+              value(d.PULSE_W_STR, text("100") + d.TIME_SUFFIX_STR) },
+            { "amplitude", p.pulse_amplitude_button()->text(),
+              value(d.PULSE_A_STR, text("20") + d.VOLTAGE_SUFFIX_STR) },
+            { "impedance", p.impedance_button()->text(), value(d.IMPEDANCE_STR, text("75")) },
+            { "X", p.H_offset_button()->text(), value(d.H_OFFSET_STR, text("1.00") + m) },
+            // The unit of the scale is in no language.
+            { "scale", p.scale_button()->text(),
+              d.SCALE_STR + text(isLoaded ? "\n125 m" : "\n31.25 m") },
+            { "dial", p.param_dial()->titleText,
+              d.H_OFFSET_STR + text("\n") + (isLoaded ? text("1.00") + m : QString()) },
+            { "cursor dial", p.cursor_dial()->titleText, d.CURSOR_A_STR + text("\n1.00") + m },
+            { "title", p.chart_title().text(), title },
+            { "step", p.cursor_step_lbl().text(),
+              d.CUR_STEP_STR + text(isLoaded ? " = 0.50" : " = 0.13") + m },
         };
-    }
-
-    Texts settingsTexts() const
-    {
-        const SettingsMenu *m = probe().settingsMenu();
-        return {
-            { m->windowTitle(), text("Settings"), text("Настройки") },
-            { m->tabs->tabText(0), text("Files"), text("Файлы") },
-            { m->tabs->tabText(1), text("Settings"), text("Настройки") },
-            { m->language_box->title(), text("Language"), text("Язык") },
-            { m->dial_accur_box->title(), text("Dials speed"), text("Скорость энкодеров") },
-            { m->settings_box->title(), text("Settings"), text("Настройки") },
-            { m->settings_check_box->title(), QString(), QString() },
-            { m->cursor_accur_lbl->text(), text("Cursor dial speed"),
-              text("Скорость энкодера курсоров") },
-            { m->param_accur_lbl->text(), text("Parameter dial speed"),
-              text("Скорость энкодера параметров") },
-            { m->accur_lbl->text(), text("Defines step number per dial turn"),
-              text("Определяет количество шагов за оборот энкодера") },
-            { m->load_settings_button->text(), text("Load..."), text("Загрузить...") },
-            { m->save_settings_button->text(), text("Save..."), text("Сохранить...") },
-            { m->load_default_button->text(), text("Load default"), text("По умолчанию") },
-            { m->load_last_button->text(), text("Reload starting"), text("Загрузить стартовые") },
-            { m->files_settings_check->text(), text("Files"), text("Файлы") },
-            { m->CSS_settings_check->text(), text("Colors"), text("Цвета") },
-            { m->dir_settings_check->text(), text("Folders"), text("Папки") },
-            { m->lang_settings_check->text(), text("Language"), text("Язык") },
-            { m->geometry_settings_check->text(), text("Window size"), text("Размер окна") },
-            { m->dial_settings_check->text(), text("Dials"), text("Энкодеры") },
-            { m->ok_button->text(), text("OK"), text("ОК") },
-            { m->cancel_button->text(), text("Cancel"), text("Отмена") },
-            { m->apply_button->text(), text("Apply"), text("Применить") },
-        };
-    }
-
-    Texts allTexts(int loaded) const
-    {
-        return buttonTexts() + traceTexts(loaded) + settingsTexts()
-            + (loaded > 0 ? loadedReadouts() : emptyReadouts());
     }
 
     /// Every text that any object of the window holds, found without knowing the window.
@@ -254,30 +195,26 @@ private:
 
     void verify(int loaded, bool russian)
     {
-        const Texts texts = allTexts(loaded);
-        for (const Text &each : texts)
-            QCOMPARE(each.actual, russian ? each.russian : each.english);
+        QCOMPARE(probe().d()->FILES_STR, text(russian ? "Файлы" : "Files"));
+        for (const auto &texts :
+             { buttonTexts(russian), slotTexts(loaded, russian), readouts(loaded > 0) })
+            each<Text>(texts, [](const Text &one) { QCOMPARE(one.actual, one.expected); });
     }
 
 private slots:
-    void everyTextChangesAtOnceAndBack_data()
-    {
-        QTest::addColumn<int>("loaded");
-        QTest::newRow("no trace") << 0;
-        QTest::newRow("one trace") << 1;
-        QTest::newRow("six traces") << 6;
-    }
-
     void everyTextChangesAtOnceAndBack()
     {
-        QFETCH(const int, loaded);
-        open(loaded);
-        verify(loaded, false);
-        for (int round = 0; round < 2; ++round) {
-            speak("ru_RU");
-            verify(loaded, true);
-            speak("en_US");
+        for (const int loaded : { 0, 1, 6 }) {
+            open(loaded);
+            const QStringList english = foundTexts();
             verify(loaded, false);
+            for (int round = 0; round < 2; ++round) {
+                speak("ru_RU");
+                verify(loaded, true);
+                speak("en_US");
+                verify(loaded, false);
+                QCOMPARE(foundTexts(), english);
+            }
         }
     }
 
@@ -289,40 +226,35 @@ private slots:
         verify(0, true);
     }
 
-    void nothingEnglishStaysInARussianWindow_data()
-    {
-        QTest::addColumn<int>("loaded");
-        QTest::newRow("no trace") << 0;
-        QTest::newRow("two traces") << 2;
-    }
-
     void nothingEnglishStaysInARussianWindow()
     {
-        QFETCH(const int, loaded);
-        open(loaded);
-        // The languages are offered by their own names.
-        probe().settingsMenu()->interfaceUpdate();
-        speak("ru_RU");
-        QStringList found = foundTexts();
-        QVERIFY(found.size() > 80);
-        // The toolkit's own label of a dialog that has not asked anything yet; nobody sees it.
-        found.removeAll(text("Enter a value:"));
-        QString remainder;
-        for (QString each : found) {
-            // The trace's file, folder and date, the letters of cursors and axes, the scale's unit.
-            for (const QString &own : { text("t1, /") + probe().rfg_DATA()[0].dir_name, date(),
-                                        text("Курсор A"), text("Курсор B"), text(" x = "),
-                                        text(" y = "), text("X Сдвиг"), text("Y Сдвиг") })
-                each.remove(own);
-            if (each.startsWith(text("Масштаб\n")))
-                each.chop(2);
-            if (each == text("A") || each == text("B"))
-                continue;
-            if (each.contains(QRegularExpression(QStringLiteral("[A-Za-z]"))))
-                remainder += QLatin1Char('[') + each + QLatin1Char(']');
+        for (const int loaded : { 0, 2 }) {
+            open(loaded);
+            // The languages are offered by their own names.
+            probe().settingsMenu()->interfaceUpdate();
+            speak("ru_RU");
+            QStringList found = foundTexts();
+            QVERIFY(found.size() > 80);
+            // Qt's label of a dialog that has not been opened yet.
+            found.removeAll(text("Enter a value:"));
+            QString remainder;
+            for (QString one : found) {
+                // The trace's file, folder and date, the letters of cursors and axes, the scale's
+                // unit.
+                for (const QString &own : { text("t1, /") + probe().rfg_DATA()[0].dir_name, date(),
+                                            text("Курсор A"), text("Курсор B"), text(" x = "),
+                                            text(" y = "), text("X Сдвиг"), text("Y Сдвиг") })
+                    one.remove(own);
+                if (one.startsWith(text("Масштаб\n")))
+                    one.chop(2);
+                if (one == text("A") || one == text("B"))
+                    continue;
+                if (one.contains(QRegularExpression(QStringLiteral("[A-Za-z]"))))
+                    remainder += QLatin1Char('[') + one + QLatin1Char(']');
+            }
+            QCOMPARE(remainder, QString());
+            QCOMPARE(probe().settingsMenu()->language_select->itemText(0), text("English"));
         }
-        QCOMPARE(remainder, QString());
-        QCOMPARE(probe().settingsMenu()->language_select->itemText(0), text("English"));
     }
 
     void anEmptySlotBesideLoadedOnesChangesItsTitleToo()
@@ -362,7 +294,7 @@ private slots:
     {
         open(2);
         WindowFixture::settle();
-        Events paints(probe().Plot_View()->viewport(), QEvent::Paint);
+        Events paints(viewport(), QEvent::Paint);
         for (const char *code : { "ru_RU", "en_US" }) {
             paints.count = 0;
             speak(code);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
@@ -29,26 +30,19 @@ private slots:
         QCOMPARE(probe().cursor_A_pos(), 40);
     }
 
-    void inDifferenceModeTheWiderSampleCounts_data()
+    void inDifferenceModeTheCoarserSampleCounts()
     {
-        QTest::addColumn<float>("master");
-        QTest::addColumn<float>("current");
-        QTest::newRow("the master's") << 10.0F << 2.5F;
-        QTest::newRow("the selected trace's") << 2.5F << 10.0F;
-    }
-
-    void inDifferenceModeTheWiderSampleCounts()
-    {
-        QFETCH(const float, master);
-        QFETCH(const float, current);
-        openOn(tracesOfSteps({ master, current }));
-        QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        window().cursorSetup_slot(400);
-        input::wheel(viewport(), 120);
-        QCOMPARE(probe().cursor_dial()->trueValue, 408);
-        input::wheel(probe().cursor_dial(), -120);
-        QCOMPARE(probe().cursor_dial()->trueValue, 400);
+        // Of the master, then of the selected trace.
+        for (const QVector<float> &steps : { QVector<float>{ 10.0F, 2.5F }, { 2.5F, 10.0F } }) {
+            openOn(tracesOfSteps(steps));
+            QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
+            QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+            window().cursorSetup_slot(400);
+            input::wheel(viewport(), 120);
+            QCOMPARE(probe().cursor_dial()->trueValue, 408);
+            input::wheel(probe().cursor_dial(), -120);
+            QCOMPARE(probe().cursor_dial()->trueValue, 400);
+        }
     }
 
     void aNotchThatScalesGoesBackToTheCursor()
@@ -76,7 +70,7 @@ private slots:
         input::wheel(probe().cursor_dial(), 120);
         QCOMPARE(probe().cursor_A_pos(), 12);
         QCOMPARE(probe().master_scale(), 1);
-        // The dial's own position turned too, which counts for nothing.
+        // The mark of the dial turns too.
         QVERIFY(probe().cursor_dial()->value() != 0);
         QCOMPARE(probe().cursor_dial()->trueValue, 12);
     }
@@ -117,46 +111,47 @@ private slots:
         }
     }
 
-    void theWheelOnTheParameterDial_data()
-    {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<int>("to");
-        QTest::newRow("shift right by a sample") << 7 << 8 << 120 << 12;
-        QTest::newRow("shift left by a sample") << 7 << 8 << -120 << 4;
-        QTest::newRow("shift past its end") << 7 << 63998 << 120 << 64000;
-        QTest::newRow("shift past its start") << 7 << -63998 << -120 << -64000;
-        QTest::newRow("up") << 3 << 8 << 120 << 9;
-        QTest::newRow("up past the end") << 3 << 256 << 120 << 256;
-        QTest::newRow("down past the end") << 3 << -256 << -120 << -256;
-        QTest::newRow("factor") << 1 << 498 << 120 << 499;
-        QTest::newRow("factor past its end") << 1 << 9000 << 120 << 9000;
-        QTest::newRow("scale") << 8 << 2 << 120 << 3;
-        QTest::newRow("scale past its end") << 8 << 8 << 120 << 8;
-        QTest::newRow("scale past its start") << 8 << 0 << -120 << 0;
-    }
-
     void theWheelOnTheParameterDial()
     {
-        QFETCH(const int, id);
-        QFETCH(const int, from);
-        QFETCH(const int, delta);
-        QFETCH(const int, to);
+        struct Row
+        {
+            const char *name;
+            int id;
+            int from;
+            int delta;
+            int to;
+        };
         openOn(tracesOfSteps({ 5.0F }));
-        QTest::mouseClick(probe().down_buttons()->button(id), Qt::LeftButton);
-        probe().param_dial()->trueValue = from;
-        input::wheel(probe().param_dial(), delta);
-        QCOMPARE(probe().param_dial()->trueValue, to);
-        const rfg_SHOWN &trace = probe().rfg_DATA()[0];
-        if (id == 7)
-            QCOMPARE(trace.scroll, to);
-        else if (id == 3)
-            QCOMPARE(trace.offset, to);
-        else if (id == 1)
-            QCOMPARE(probe().master_params().KU + 0.0F, float(to / 1000.0 + 1.0));
-        else
-            QCOMPARE(probe().master_scale(), to);
+        each<Row>(
+            {
+                { "shift right by a sample", MainWindow::H_OFFSET, 8, 120, 12 },
+                { "shift left by a sample", MainWindow::H_OFFSET, 8, -120, 4 },
+                { "shift past its end", MainWindow::H_OFFSET, 63998, 120, 64000 },
+                { "shift past its start", MainWindow::H_OFFSET, -63998, -120, -64000 },
+                { "up", MainWindow::V_OFFSET, 8, 120, 9 },
+                { "up past the end", MainWindow::V_OFFSET, 256, 120, 256 },
+                { "down past the end", MainWindow::V_OFFSET, -256, -120, -256 },
+                { "factor", MainWindow::KU, 498, 120, 499 },
+                { "factor past its end", MainWindow::KU, 9000, 120, 9000 },
+                { "scale", MainWindow::SCALE, 2, 120, 3 },
+                { "scale past its end", MainWindow::SCALE, 8, 120, 8 },
+                { "scale past its start", MainWindow::SCALE, 0, -120, 0 },
+            },
+            [this](const Row &row) {
+                QTest::mouseClick(probe().down_buttons()->button(row.id), Qt::LeftButton);
+                probe().param_dial()->trueValue = row.from;
+                input::wheel(probe().param_dial(), row.delta);
+                QCOMPARE(probe().param_dial()->trueValue, row.to);
+                const rfg_SHOWN &trace = probe().rfg_DATA()[0];
+                const float factor = probe().master_params().KU;
+                if (row.id == MainWindow::KU)
+                    QCOMPARE(factor, float(row.to / 1000.0 + 1.0));
+                else
+                    QCOMPARE(row.id == MainWindow::H_OFFSET       ? trace.scroll
+                                 : row.id == MainWindow::V_OFFSET ? trace.offset
+                                                                  : probe().master_scale(),
+                             row.to);
+            });
     }
 };
 
