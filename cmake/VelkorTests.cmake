@@ -9,7 +9,8 @@ function(velkor_set_up_test name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
-  set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC
+  # Only the time limit of ctest counts.
+  set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC QTEST_FUNCTION_TIMEOUT=3000000
     XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}.dir/config ${arg_ENVIRONMENT})
   if(VELKOR_SANITIZE)
     list(APPEND environment
@@ -44,6 +45,6 @@ function(velkor_add_valgrind_test name)
         --suppressions=${PROJECT_SOURCE_DIR}/tests/valgrind.supp ${arg_COMMAND})
     # Compiled regular expressions read past the end of a text on purpose.
     velkor_set_up_test(valgrind_${name} LABEL valgrind TIMEOUT 3000
-      ENVIRONMENT QTEST_FUNCTION_TIMEOUT=3000000 QT_ENABLE_REGEXP_JIT=0)
+      ENVIRONMENT QT_ENABLE_REGEXP_JIT=0)
   endif()
 endfunction()

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "trace_recipe.h"
 
+#include "tracebuilder.h"
+
 #include <QFile>
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <cstdlib>
@@ -11,6 +12,8 @@
 
 namespace {
 
+constexpr int samplesAt = 261;
+constexpr int sampleCount = 32000;
 constexpr qint64 mostBytes = 64 << 20;
 
 struct Field
@@ -18,46 +21,40 @@ struct Field
     const char *name;
     int offset;
     int width;
-    bool isFloat;
 };
 
+// Literal offsets: a wrong declaration of the viewer must not hide itself.
 constexpr Field fields[] = {
-    { "type", 0, 2, false },
-    { "len_samples", 2, 2, false },
-    { "bytes_in_sample", 4, 1, false },
-    { "mode", 18, 4, false },
-    { "minstep", 25, 4, true },
-    { "delay", 29, 4, false },
-    { "pulse_width", 37, 4, false },
-    { "pulse_amplitude", 41, 2, false },
-    { "average", 43, 2, false },
-    { "gain", 45, 2, false },
-    { "impedance", 47, 2, false },
-    { "ku", 49, 4, true },
-    { "shift_x", 53, 4, false },
-    { "shift_y", 57, 2, false },
-    { "diff_mode", 59, 1, false },
-    { "status", 159, 4, false },
-    { "hours", 171, 1, false },
-    { "minutes", 172, 1, false },
-    { "seconds", 173, 1, false },
-    { "h12", 174, 1, false },
-    { "weekday", 175, 1, false },
-    { "month", 176, 1, false },
-    { "day", 177, 1, false },
-    { "year", 178, 1, false },
-    { "crc", 37774, 1, false },
+    { "type", 0, 2 },
+    { "len_samples", 2, 2 },
+    { "bytes_in_sample", 4, 1 },
+    { "mode", 18, 4 },
+    { "minstep", 25, 4 },
+    { "delay", 29, 4 },
+    { "pulse_width", 37, 4 },
+    { "pulse_amplitude", 41, 2 },
+    { "average", 43, 2 },
+    { "gain", 45, 2 },
+    { "impedance", 47, 2 },
+    { "ku", 49, 4 },
+    { "shift_x", 53, 4 },
+    { "shift_y", 57, 2 },
+    { "diff_mode", 59, 1 },
+    { "status", 159, 4 },
+    { "hours", 171, 1 },
+    { "minutes", 172, 1 },
+    { "seconds", 173, 1 },
+    { "h12", 174, 1 },
+    { "weekday", 175, 1 },
+    { "month", 176, 1 },
+    { "day", 177, 1 },
+    { "year", 178, 1 },
+    { "crc", 37774, 1 },
 };
 
-[[noreturn]] void giveUp(const QString &word)
+bool isFloat(const QString &field)
 {
-    qFatal("no such word in a recipe: %s", qPrintable(word));
-}
-
-void putNumber(QByteArray &record, int offset, int width, quint64 value)
-{
-    for (int i = 0; i < width; ++i)
-        record[offset + i] = static_cast<char>((value >> (8 * i)) & 0xFF);
+    return field == QLatin1String("minstep") || field == QLatin1String("ku");
 }
 
 quint32 floatBits(const QString &value)
@@ -72,15 +69,14 @@ quint32 floatBits(const QString &value)
 
 void putSamples(QByteArray &record, int factor, int modulus, int shift)
 {
-    // Some thousand times in a run: without asking for each byte whether the record is shared.
-    char *samples = record.data() + corpus::samplesAt;
-    for (int i = 0; i < corpus::sampleCount; ++i)
+    char *samples = record.data() + samplesAt;
+    for (int i = 0; i < sampleCount; ++i)
         samples[i] = static_cast<char>((i * factor) % modulus + shift);
 }
 
 void putRandom(QByteArray &record, quint32 seed)
 {
-    // Marsaglia's xorshift: the same everywhere and for good.
+    // Marsaglia's xorshift: the same on every machine.
     quint32 state = seed * 2654435761U + 1;
     for (char &byte : record) {
         state ^= state << 13;
@@ -90,110 +86,60 @@ void putRandom(QByteArray &record, quint32 seed)
     }
 }
 
-QByteArray wholeRecord()
-{
-    QByteArray record(corpus::recordSize, '\0');
-    const auto put = [&record](int offset, int width, quint64 value) {
-        putNumber(record, offset, width, value);
-    };
-    put(25, 4, floatBits(QStringLiteral("1.25")));
-    put(37, 4, 100);
-    put(41, 2, 20);
-    put(43, 2, 16);
-    put(45, 2, 30);
-    put(47, 2, 75);
-    put(49, 4, floatBits(QStringLiteral("1.49896229")));
-    record.replace(171, 3, QByteArray::fromHex("090507"));
-    record.replace(176, 3, QByteArray::fromHex("030524"));
-    putSamples(record, 37, 201, -100);
-    return record;
-}
-
-void apply(QByteArray &record, const QString &key, const QString &value)
+bool putField(QByteArray &record, const QString &name, const QString &value)
 {
     for (const Field &field : fields) {
-        if (key != QLatin1String(field.name))
+        if (name != QLatin1String(field.name))
             continue;
-        putNumber(record, field.offset, field.width,
-                  field.isFloat ? floatBits(value)
-                                : static_cast<quint64>(value.toLongLong(nullptr, 0)));
-        return;
+        const quint64 number
+            = isFloat(name) ? floatBits(value) : static_cast<quint64>(value.toLongLong(nullptr, 0));
+        for (int i = 0; i < field.width; ++i)
+            record[field.offset + i] = static_cast<char>((number >> (8 * i)) & 0xFF);
+        return true;
     }
-    static const QRegularExpression oneSample(QStringLiteral("^sample(\\d+)$"));
-    static const QRegularExpression rawBytes(QStringLiteral("^raw@(\\d+)$"));
-    const auto sample = oneSample.match(key);
-    const auto raw = rawBytes.match(key);
-    const QStringList parts = value.split(QLatin1Char(','));
-    if (key == QLatin1String("samples"))
-        putSamples(record, parts.value(0).toInt(), parts.value(1).toInt(), parts.value(2).toInt());
-    else if (sample.hasMatch())
-        record[corpus::samplesAt + sample.captured(1).toInt()] = static_cast<char>(value.toInt());
-    else if (raw.hasMatch())
-        record.replace(raw.captured(1).toInt(), value.size() / 2,
-                       QByteArray::fromHex(value.toLatin1()));
-    else if (key == QLatin1String("fill"))
-        record.fill(static_cast<char>(value.toInt(nullptr, 16)));
-    else if (key == QLatin1String("random"))
-        putRandom(record, value.toUInt());
-    else if (key != QLatin1String("size"))
-        giveUp(key);
+    return false;
 }
 
-QStringList wordsOf(const QString &text)
+void apply(QByteArray &record, const QString &name, const QString &value)
 {
-    const QString plain = text.simplified();
-    return plain.isEmpty() ? QStringList() : plain.split(QLatin1Char(' '));
+    const QStringList parts = value.split(QLatin1Char(','));
+    if (putField(record, name, value))
+        return;
+    if (name == QLatin1String("samples"))
+        putSamples(record, parts.value(0).toInt(), parts.value(1).toInt(), parts.value(2).toInt());
+    else if (name.startsWith(QLatin1String("sample")))
+        record[samplesAt + name.mid(6).toInt()] = static_cast<char>(value.toInt());
+    else if (name.startsWith(QLatin1String("raw@")))
+        record.replace(name.mid(4).toInt(), static_cast<int>(value.size()) / 2,
+                       QByteArray::fromHex(value.toLatin1()));
+    else if (name == QLatin1String("fill"))
+        record.fill(static_cast<char>(value.toInt(nullptr, 16)));
+    else if (name == QLatin1String("random"))
+        putRandom(record, value.toUInt());
+    else
+        qFatal("unknown word in a recipe: %s", qPrintable(name));
 }
 
 } // namespace
 
-QByteArray corpus::bytesOf(const QString &text)
+void corpus::writeTrace(const QString &recipe, const QString &path)
 {
-    QByteArray record = wholeRecord();
-    const QStringList words = wordsOf(text);
+    QByteArray record = TraceBuilder().samples([](int i) { return i * 37 % 201 - 100; }).bytes();
+    qint64 size = record.size();
+    const QStringList words = recipe.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString &word : words) {
-        const int equals = static_cast<int>(word.indexOf(QLatin1Char('=')));
-        if (equals < 0)
-            giveUp(word);
-        apply(record, word.left(equals), word.mid(equals + 1));
+        const QString name = word.section(QLatin1Char('='), 0, 0);
+        const QString value = word.section(QLatin1Char('='), 1);
+        if (name == QLatin1String("size"))
+            size = value.toLongLong();
+        else
+            apply(record, name, value);
     }
-    const qint64 size = qMin(sizeOf(text), mostBytes);
-    if (size > record.size())
-        record.append(QByteArray(static_cast<int>(size - record.size()), '\xee'));
-    return record.left(static_cast<int>(size));
-}
-
-qint64 corpus::sizeOf(const QString &text)
-{
-    const QLatin1String key("size=");
-    const QStringList words = wordsOf(text);
-    for (const QString &word : words)
-        if (word.startsWith(key))
-            return word.mid(key.size()).toLongLong();
-    return recordSize;
-}
-
-void corpus::writeTrace(const QString &text, const QString &path)
-{
-    const QByteArray bytes = bytesOf(text);
+    const auto written = static_cast<int>(qMin(size, mostBytes));
+    if (written > record.size())
+        record.append(QByteArray(written - record.size(), '\xee'));
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()
-        || !file.resize(sizeOf(text)))
+    if (!file.open(QIODevice::WriteOnly) || file.write(record.constData(), written) != written
+        || !file.resize(size))
         qFatal("cannot write %s", qPrintable(path));
-}
-
-quint64 corpus::numberAt(const QByteArray &record, int offset, int width)
-{
-    quint64 number = 0;
-    for (int i = width - 1; i >= 0; --i)
-        number = number << 8 | static_cast<quint8>(record[offset + i]);
-    return number;
-}
-
-float corpus::floatAt(const QByteArray &record, int offset)
-{
-    const auto bits = static_cast<quint32>(numberAt(record, offset, 4));
-    float number = 0;
-    std::memcpy(&number, &bits, sizeof number);
-    return number;
 }

@@ -19,7 +19,8 @@ MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces
         paths.append(fixture.trace(QStringLiteral("t%1.tdr").arg(i + 1), traces[i]));
     fixture.close();
     WindowFixture::removeSettings();
-    WindowFixture::writePreviousRun(paths, master);
+    if (!paths.isEmpty())
+        WindowFixture::writePreviousRun(paths, master);
     return fixture.open();
 }
 

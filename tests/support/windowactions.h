@@ -16,7 +16,8 @@ class QGraphicsScene;
 
 /// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master,
 /// and all other settings default. The files are "t1.tdr" and so on, in the fixture's folder. A
-/// window that is already open is closed first, so rows of a table can call this one by one.
+/// window that is already open is closed first, so rows of a table can call this one by one. No
+/// traces: as at the very first start.
 MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces, int master = 0);
 
 /// Clicks the files button and answers its dialog with \a paths; none cancels. False when no dialog

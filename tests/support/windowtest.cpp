@@ -26,9 +26,14 @@ MainWindow &WindowTest::openOn(const QVector<TraceBuilder> &traces, int master)
     return openWith(*fixture, traces, master);
 }
 
-void WindowTest::init()
+void WindowTest::startOver()
 {
     fixture = std::make_unique<WindowFixture>();
+}
+
+void WindowTest::init()
+{
+    startOver();
 }
 
 void WindowTest::cleanup()

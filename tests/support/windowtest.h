@@ -18,10 +18,11 @@ protected:
     const MainWindowProbe &probe() const;
     /// What mouse and wheel events on the chart go to.
     QWidget *viewport() const;
-    /// Opens the window as after a run that had \a traces open from slot 1 on, with master \a
-    /// master. The files are "t1.tdr" and so on, in the fixture's folder. No traces: an empty
-    /// window.
+    /// \c openWith on the test's own fixture.
     MainWindow &openOn(const QVector<TraceBuilder> &traces, int master = 0);
+
+    /// Replaces the fixture by a new one, as before each test function.
+    void startOver();
 
     std::unique_ptr<WindowFixture> fixture;
 

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/numeric.h"
-#include "each.h"
 
 #include <QtTest>
 
@@ -13,35 +12,25 @@ class TestNumeric : public QObject
     Q_OBJECT
 
 private slots:
-    void doublesLoseTheirFraction()
+    void doublesAreTruncatedTowardsZero()
     {
-        struct Row
-        {
-            const char *name;
-            double value;
-            int expected;
-        };
         constexpr double infinity = std::numeric_limits<double>::infinity();
-        each<Row>(
-            {
-                { "zero", 0.0, 0 },
-                { "downwards when positive", 2.9, 2 },
-                { "upwards when negative", -2.9, -2 },
-                { "just below one", 0.999999999, 0 },
-                { "just above minus one", -0.999999999, 0 },
-                { "largest int", 2147483647.0, INT_MAX },
-                { "a fraction below the largest int", 2147483646.9, INT_MAX - 1 },
-                { "one above the largest int", 2147483648.0, INT_MAX },
-                { "smallest int", -2147483648.0, INT_MIN },
-                { "a fraction above the smallest int", -2147483647.9, INT_MIN + 1 },
-                { "one below the smallest int", -2147483649.0, INT_MIN },
-                { "huge", 1e300, INT_MAX },
-                { "huge and negative", -1e300, INT_MIN },
-                { "infinity", infinity, INT_MAX },
-                { "minus infinity", -infinity, INT_MIN },
-                { "not a number", std::numeric_limits<double>::quiet_NaN(), 0 },
-            },
-            [](const Row &row) { QCOMPARE(calc::truncated(row.value), row.expected); });
+        QCOMPARE(calc::truncated(0.0), 0);
+        QCOMPARE(calc::truncated(2.9), 2);
+        QCOMPARE(calc::truncated(-2.9), -2);
+        QCOMPARE(calc::truncated(0.999999999), 0);
+        QCOMPARE(calc::truncated(-0.999999999), 0);
+        QCOMPARE(calc::truncated(2147483647.0), INT_MAX);
+        QCOMPARE(calc::truncated(2147483646.9), INT_MAX - 1);
+        QCOMPARE(calc::truncated(2147483648.0), INT_MAX);
+        QCOMPARE(calc::truncated(-2147483648.0), INT_MIN);
+        QCOMPARE(calc::truncated(-2147483647.9), INT_MIN + 1);
+        QCOMPARE(calc::truncated(-2147483649.0), INT_MIN);
+        QCOMPARE(calc::truncated(1e300), INT_MAX);
+        QCOMPARE(calc::truncated(-1e300), INT_MIN);
+        QCOMPARE(calc::truncated(infinity), INT_MAX);
+        QCOMPARE(calc::truncated(-infinity), INT_MIN);
+        QCOMPARE(calc::truncated(std::numeric_limits<double>::quiet_NaN()), 0);
     }
 
     void floatsFollowTheSameRules()
@@ -50,13 +39,13 @@ private slots:
         QCOMPARE(calc::truncated(-12.75F), -12);
         QCOMPARE(calc::truncated(1e30F), INT_MAX);
         QCOMPARE(calc::truncated(-1e30F), INT_MIN);
-        // The float nearest to the largest int lies one above it.
+        // The float nearest to the largest int is one above it.
         QCOMPARE(calc::truncated(2147483647.0F), INT_MAX);
         QCOMPARE(calc::truncated(2147483520.0F), 2147483520);
         QCOMPARE(calc::truncated(std::numeric_limits<float>::quiet_NaN()), 0);
     }
 
-    void longIntegersStopAtTheNearestInt()
+    void longIntegersSaturate()
     {
         QCOMPARE(calc::saturated(0), 0);
         QCOMPARE(calc::saturated(-7), -7);

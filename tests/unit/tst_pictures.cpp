@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
 #include "contrast.h"
+#include "each.h"
 
 #include <QBitmap>
 #include <QFile>
@@ -12,76 +13,60 @@
 
 namespace {
 
-/// What a picture has to be told from at the smallest size in use.
+/// What a picture is checked for at the smallest size in use.
 enum class Look {
-    Enabled, ///< seen at a glance
-    Disabled, ///< seen, but plainly fainter
-    Free ///< shown larger, or on a ground of its own
+    Enabled, ///< full contrast
+    Disabled, ///< visible, but fainter
+    Free ///< nothing: shown larger, or on a ground of its own
 };
 
 struct Picture
 {
-    const char *name; ///< below ":/", without extension
+    QByteArray name; ///< below ":/", without extension
     int width;
     int height;
     Look look;
 };
 
-const Picture pictures[] = {
-    { "icons/tdr_btr_64", 64, 64, Look::Free },
-    { "pix/logo", 180, 74, Look::Free },
-    { "icons/eye_opened", 302, 212, Look::Enabled },
-    { "icons/eye_closed", 302, 212, Look::Enabled },
-    { "icons/zoom_in", 96, 96, Look::Enabled },
-    { "icons/zoom_in_dis", 96, 96, Look::Disabled },
-    { "icons/zoom_out", 96, 96, Look::Enabled },
-    { "icons/zoom_out_dis", 96, 96, Look::Disabled },
-    { "icons/arrow_left", 96, 96, Look::Enabled },
-    { "icons/arrow_left_dis", 96, 96, Look::Disabled },
-    { "icons/arrow_right", 96, 96, Look::Enabled },
-    { "icons/arrow_right_dis", 96, 96, Look::Disabled },
-    { "icons/canal_64/canal_1", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_2", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_3", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_4", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_5", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_6", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_1M", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_2M", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_3M", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_4M", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_5M", 64, 64, Look::Enabled },
-    { "icons/canal_64/canal_6M", 64, 64, Look::Enabled },
-    { "icons/canal_64/Canal_Disabled", 64, 64, Look::Disabled },
-    { "icons/rest_64/gain", 64, 64, Look::Enabled },
-    { "icons/rest_64/velocity", 64, 64, Look::Enabled },
-    { "icons/rest_64/average", 64, 64, Look::Enabled },
-    { "icons/rest_64/Y", 64, 64, Look::Enabled },
-    { "icons/rest_64/X", 64, 64, Look::Enabled },
-    { "icons/rest_64/scale", 64, 64, Look::Enabled },
-    { "icons/rest_64/pulse_width", 64, 64, Look::Enabled },
-    { "icons/rest_64/amplitude", 64, 64, Look::Enabled },
-    { "icons/rest_64/impendance", 64, 64, Look::Enabled },
-    { "icons/rest_64/cursorA", 64, 64, Look::Enabled },
-    { "icons/rest_64/cursorB", 64, 64, Look::Enabled },
-    { "icons/rest_64/diifference", 64, 64, Look::Enabled },
-    { "icons/rest_64/setting", 65, 65, Look::Enabled },
-    { "icons/rest_64/load", 64, 64, Look::Enabled },
-    { "icons/rest_64/reset", 64, 64, Look::Enabled },
-    { "icons/rest_64/reset_disable", 64, 64, Look::Disabled },
-    { "icons/rest_64/clear", 64, 64, Look::Enabled },
-    { "icons/rest_64/info", 64, 64, Look::Enabled },
-    { "icons/rest_64/cursor", 64, 64, Look::Enabled },
-};
+const std::vector<Picture> &pictures()
+{
+    static const auto all = [] {
+        std::vector<Picture> list{
+            { "icons/tdr_btr_64", 64, 64, Look::Free },
+            { "pix/logo", 180, 74, Look::Free },
+            { "icons/eye_opened", 302, 212, Look::Enabled },
+            { "icons/eye_closed", 302, 212, Look::Enabled },
+            { "icons/rest_64/setting", 65, 65, Look::Enabled },
+            { "icons/rest_64/reset_disable", 64, 64, Look::Disabled },
+            { "icons/canal_64/Canal_Disabled", 64, 64, Look::Disabled },
+        };
+        for (const char *name : { "zoom_in", "zoom_out", "arrow_left", "arrow_right" }) {
+            list.push_back({ QByteArray("icons/") + name, 96, 96, Look::Enabled });
+            list.push_back({ QByteArray("icons/") + name + "_dis", 96, 96, Look::Disabled });
+        }
+        for (const char *name : { "canal_64/canal_1",    "canal_64/canal_2",  "canal_64/canal_3",
+                                  "canal_64/canal_4",    "canal_64/canal_5",  "canal_64/canal_6",
+                                  "canal_64/canal_1M",   "canal_64/canal_2M", "canal_64/canal_3M",
+                                  "canal_64/canal_4M",   "canal_64/canal_5M", "canal_64/canal_6M",
+                                  "rest_64/gain",        "rest_64/velocity",  "rest_64/average",
+                                  "rest_64/Y",           "rest_64/X",         "rest_64/scale",
+                                  "rest_64/pulse_width", "rest_64/amplitude", "rest_64/impendance",
+                                  "rest_64/cursorA",     "rest_64/cursorB",   "rest_64/diifference",
+                                  "rest_64/load",        "rest_64/reset",     "rest_64/clear",
+                                  "rest_64/info",        "rest_64/cursor" })
+            list.push_back({ QByteArray("icons/") + name, 64, 64, Look::Enabled });
+        return list;
+    }();
+    return all;
+}
 
 constexpr QRgb windowGrey = qRgb(64, 65, 66);
 constexpr int smallestIcon = 18;
-/// Shapes that carry a meaning need three times the luminance of their ground.
+/// Contrast of shapes that carry a meaning.
 constexpr double shapeContrast = 3.0;
-/// A disabled one need not be read, only be seen to be there.
 constexpr double disabledContrast = 1.8;
 
-QImage picture(const char *name)
+QImage picture(const QByteArray &name)
 {
     return QImage(QStringLiteral(":/") + QString::fromLatin1(name));
 }
@@ -140,23 +125,16 @@ class TestPictures : public QObject
     Q_OBJECT
 
 private slots:
-    void eachPictureLoadsInItsSize_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QSize>("size");
-        for (const Picture &one : pictures)
-            QTest::newRow(one.name)
-                << QString::fromLatin1(one.name) << QSize(one.width, one.height);
-    }
-
-    // The program leaves ".png" out and writes one slash or two; the file itself has the ending.
+    // The program omits ".png" and writes one slash or two; the file has the extension.
     void eachPictureLoadsInItsSize()
     {
-        QFETCH(QString, name);
-        QVERIFY(QFile::exists(QStringLiteral(":/%1.png").arg(name)));
-        QTEST(QPixmap(QStringLiteral(":/%1.png").arg(name)).size(), "size");
-        QTEST(QPixmap(QStringLiteral(":/%1").arg(name)).size(), "size");
-        QTEST(QPixmap(QStringLiteral("://%1").arg(name)).size(), "size");
+        each(pictures(), [](const Picture &one) {
+            const QString name = QString::fromLatin1(one.name);
+            const QSize size(one.width, one.height);
+            QVERIFY(QFile::exists(QStringLiteral(":/%1.png").arg(name)));
+            for (const char *path : { ":/%1.png", ":/%1", "://%1" })
+                QCOMPARE(QPixmap(QString::fromLatin1(path).arg(name)).size(), size);
+        });
     }
 
     void theIconFileHoldsTwoSizes()
@@ -173,34 +151,26 @@ private slots:
     void allPicturesDiffer()
     {
         QVector<QImage> seen;
-        for (const Picture &one : pictures) {
+        each(pictures(), [&seen](const Picture &one) {
             const QImage image = picture(one.name);
-            QVERIFY2(!seen.contains(image), one.name);
+            QVERIFY(!seen.contains(image));
             seen.append(image);
-        }
+        });
     }
 
-    void eachPictureIsReadableWhenSmall_data()
-    {
-        QTest::addColumn<QImage>("image");
-        QTest::addColumn<double>("wanted");
-        for (const Picture &one : pictures) {
-            if (one.look == Look::Free)
-                continue;
-            const double wanted = one.look == Look::Enabled ? shapeContrast : disabledContrast;
-            QTest::addRow("%s", one.name) << picture(one.name) << wanted;
-            QTest::addRow("%s in grey", one.name) << greyForm(picture(one.name)) << wanted;
-        }
-    }
-
-    // Two full strokes across the square cover 15 percent of it; with less, it is a speck.
+    // Two full strokes across the square cover 15 percent of it.
     void eachPictureIsReadableWhenSmall()
     {
-        QFETCH(QImage, image);
-        QFETCH(double, wanted);
-        const QImage seen = onWindow(image);
-        const int readable = share(seen, seen.rect(), windowGrey, wanted);
-        QVERIFY2(readable >= 15, qPrintable(QString::number(readable)));
+        each(pictures(), [](const Picture &one) {
+            if (one.look == Look::Free)
+                return;
+            const double wanted = one.look == Look::Enabled ? shapeContrast : disabledContrast;
+            for (const QImage &image : { picture(one.name), greyForm(picture(one.name)) }) {
+                const QImage seen = onWindow(image);
+                const int readable = share(seen, seen.rect(), windowGrey, wanted);
+                QVERIFY2(readable >= 15, qPrintable(QString::number(readable)));
+            }
+        });
     }
 
     // The pixels of the window between two strokes, in a row that crosses the drawing.
@@ -230,60 +200,47 @@ private slots:
         }
     }
 
-    void aDisabledLookIsTheSameDrawingWithoutColour_data()
+    void aDisabledPictureIsTheSameDrawingWithoutColour()
     {
-        QTest::addColumn<QByteArray>("enabled");
-        QTest::addColumn<QByteArray>("disabled");
-        for (const char *name : { "zoom_in", "zoom_out", "arrow_left", "arrow_right" }) {
-            const QByteArray path = QByteArray("icons/") + name;
-            QTest::newRow(name) << path << path + "_dis";
-        }
-        QTest::newRow("reset") << QByteArray("icons/rest_64/reset")
-                               << QByteArray("icons/rest_64/reset_disable");
+        struct Row
+        {
+            const char *name;
+            const char *disabled;
+        };
+        each<Row>({ { "icons/zoom_in", "icons/zoom_in_dis" },
+                    { "icons/zoom_out", "icons/zoom_out_dis" },
+                    { "icons/arrow_left", "icons/arrow_left_dis" },
+                    { "icons/arrow_right", "icons/arrow_right_dis" },
+                    { "icons/rest_64/reset", "icons/rest_64/reset_disable" } },
+                  [](const Row &row) {
+                      const QImage on = picture(row.name);
+                      const QImage off = picture(row.disabled);
+                      QCOMPARE(off.convertToFormat(QImage::Format_Alpha8),
+                               on.convertToFormat(QImage::Format_Alpha8));
+                      QVERIFY(isColoured(on));
+                      QVERIFY(!isColoured(off));
+                  });
     }
 
-    void aDisabledLookIsTheSameDrawingWithoutColour()
-    {
-        QFETCH(QByteArray, enabled);
-        QFETCH(QByteArray, disabled);
-        const QImage on = picture(enabled.constData());
-        const QImage off = picture(disabled.constData());
-        QCOMPARE(off.convertToFormat(QImage::Format_Alpha8),
-                 on.convertToFormat(QImage::Format_Alpha8));
-        QVERIFY(isColoured(on));
-        QVERIFY(!isColoured(off));
-    }
-
-    void aSlotPictureShowsTheColourOfItsTrace_data()
-    {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<QImage>("image");
-        for (int slot = 0; slot < constants::slotCount; ++slot) {
-            QTest::addRow("%d", slot + 1) << slot << slotPicture(constants::slotIcon, slot);
-            QTest::addRow("%d as master", slot + 1)
-                << slot << slotPicture(constants::masterSlotIcon, slot);
-        }
-    }
-
-    // The number is set off against the plate as the plate is against the window.
+    // The number contrasts with the plate as the plate does with the window.
     void aSlotPictureShowsTheColourOfItsTrace()
     {
-        QFETCH(int, slot);
-        QFETCH(QImage, image);
-        const QRgb colour = constants::slotColours[slot];
-        const QRect middle(12, 30, 40, 24);
-        int plate = 0;
-        for (int y = middle.top(); y <= middle.bottom(); ++y) {
-            for (int x = middle.left(); x <= middle.right(); ++x)
-                plate += image.pixel(x, y) == colour ? 1 : 0;
-        }
-        QVERIFY2(plate >= 400, qPrintable(QString::number(plate)));
-        const int number = share(image, middle, colour, shapeContrast);
-        QVERIFY2(number >= 15, qPrintable(QString::number(number)));
+        for (int slot = 0; slot < constants::slotCount; ++slot)
+            for (const QLatin1String pattern : { constants::slotIcon, constants::masterSlotIcon }) {
+                const QImage image = slotPicture(pattern, slot);
+                const QRgb colour = constants::slotColours[slot];
+                const QRect middle(12, 30, 40, 24);
+                int plate = 0;
+                for (int y = middle.top(); y <= middle.bottom(); ++y)
+                    for (int x = middle.left(); x <= middle.right(); ++x)
+                        plate += image.pixel(x, y) == colour ? 1 : 0;
+                QVERIFY2(plate >= 400, qPrintable(QString::number(plate)));
+                const int number = share(image, middle, colour, shapeContrast);
+                QVERIFY2(number >= 15, qPrintable(QString::number(number)));
+            }
     }
 
-    // Seen in the outline, not only in the colour: the plain one has a flat top, the master a
-    // crown.
+    // The plain one has a flat top, the master a crown.
     void theMasterHasAnotherOutline()
     {
         for (int slot = 0; slot < constants::slotCount; ++slot) {
@@ -298,11 +255,10 @@ private slots:
         }
     }
 
-    // It takes the place of the other one, so it must not be another drawing.
-    void eachFinerPictureIsTheSameDrawing()
+    void eachSharpPictureIsTheSameDrawing()
     {
         int found = 0;
-        for (const Picture &one : pictures) {
+        for (const Picture &one : pictures()) {
             const QString name = QString::fromLatin1(one.name);
             const QImage fine(QStringLiteral(":/sharp/%1@2x.png").arg(name));
             if (fine.isNull())

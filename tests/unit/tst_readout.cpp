@@ -11,29 +11,19 @@ class TestReadout : public QObject
     Q_OBJECT
 
 private slots:
-    void distancesHaveTwoDecimalsABlankAndTheUnit_data()
-    {
-        QTest::addColumn<int>("counts");
-        QTest::addColumn<double>("metresPerCount");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("zero") << 0 << 0.125 << QStringLiteral("0.00 m");
-        QTest::newRow("eight counts are a metre") << 8 << 0.125 << QStringLiteral("1.00 m");
-        QTest::newRow("to the left") << -4 << 0.125 << QStringLiteral("-0.50 m");
-        QTest::newRow("one count at start-up") << 1 << 0.12500000057 << QStringLiteral("0.13 m");
-        QTest::newRow("whole axis") << 64000 << 0.125 << QStringLiteral("8000.00 m");
-        QTest::newRow("no velocity factor yet") << 64000 << 0.0 << QStringLiteral("0.00 m");
-        QTest::newRow("light speed") << 100 << 0.18737028625 << QStringLiteral("18.74 m");
-    }
-
     void distancesHaveTwoDecimalsABlankAndTheUnit()
     {
-        QFETCH(int, counts);
-        QFETCH(double, metresPerCount);
-        QTEST(calc::distanceText(counts, metresPerCount, QStringLiteral("m")), "expected");
-    }
-
-    void theUnitIsWhateverTheLanguageHas()
-    {
+        const auto text = [](int counts, double metresPerCount) {
+            return calc::distanceText(counts, metresPerCount, QStringLiteral("m"));
+        };
+        QCOMPARE(text(0, 0.125), QStringLiteral("0.00 m"));
+        QCOMPARE(text(8, 0.125), QStringLiteral("1.00 m"));
+        QCOMPARE(text(-4, 0.125), QStringLiteral("-0.50 m"));
+        QCOMPARE(text(1, 0.12500000057), QStringLiteral("0.13 m"));
+        QCOMPARE(text(64000, 0.125), QStringLiteral("8000.00 m"));
+        QCOMPARE(text(64000, 0.0), QStringLiteral("0.00 m")); // no velocity factor yet
+        QCOMPARE(text(100, 0.18737028625), QStringLiteral("18.74 m"));
+        QCOMPARE(text(1, std::numeric_limits<double>::quiet_NaN()), QStringLiteral("nan m"));
         QCOMPARE(calc::distanceText(8, 0.125, QStringLiteral("\u043c")),
                  QStringLiteral("1.00 \u043c"));
         QCOMPARE(calc::distanceText(8, 0.125, QString()), QStringLiteral("1.00 "));
@@ -45,19 +35,11 @@ private slots:
         QCOMPARE(calc::countsToMetres(-64000, 0.125), -8000.0);
     }
 
-    void theLevel129IsShownAsNothing()
+    void levelsAreIntegersAnd129IsEmpty()
     {
         QVERIFY(calc::levelText(129).isEmpty());
-        QCOMPARE(calc::levelText(128), QStringLiteral("128"));
-        QCOMPARE(calc::levelText(130), QStringLiteral("130"));
-        QCOMPARE(calc::levelText(-129), QStringLiteral("-129"));
-    }
-
-    void levelsArePlainIntegers()
-    {
-        QCOMPARE(calc::levelText(0), QStringLiteral("0"));
-        QCOMPARE(calc::levelText(-128), QStringLiteral("-128"));
-        QCOMPARE(calc::levelText(383), QStringLiteral("383"));
+        for (const int level : { 128, 130, -129, 0, -128, 383 })
+            QCOMPARE(calc::levelText(level), QString::number(level));
     }
 
     void velocityFactorsHaveThreeDecimals()
@@ -65,27 +47,16 @@ private slots:
         QCOMPARE(calc::kuText(1.49896229F), QStringLiteral("1.499"));
         QCOMPARE(calc::kuText(1.0F), QStringLiteral("1.000"));
         QCOMPARE(calc::kuText(10.0F), QStringLiteral("10.000"));
+        QCOMPARE(calc::kuText(std::numeric_limits<float>::infinity()), QStringLiteral("inf"));
     }
 
-    void scaleCaptionsAreAsShortAsTheyCanBe_data()
+    void scalesHaveNoTrailingZeros()
     {
-        QTest::addColumn<float>("metres");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("level 0") << 31.25F << QStringLiteral("31.25 m");
-        QTest::newRow("level 1") << 62.5F << QStringLiteral("62.5 m");
-        QTest::newRow("level 2") << 125.0F << QStringLiteral("125 m");
-        QTest::newRow("level 3") << 250.0F << QStringLiteral("250 m");
-        QTest::newRow("level 4") << 500.0F << QStringLiteral("500 m");
-        QTest::newRow("level 5") << 1000.0F << QStringLiteral("1000 m");
-        QTest::newRow("level 6") << 2000.0F << QStringLiteral("2000 m");
-        QTest::newRow("level 7") << 4000.0F << QStringLiteral("4000 m");
-        QTest::newRow("level 8") << 8000.0F << QStringLiteral("8000 m");
-    }
-
-    void scaleCaptionsAreAsShortAsTheyCanBe()
-    {
-        QFETCH(float, metres);
-        QTEST(calc::scaleText(metres), "expected");
+        QCOMPARE(calc::scaleText(31.25F), QStringLiteral("31.25 m"));
+        QCOMPARE(calc::scaleText(62.5F), QStringLiteral("62.5 m"));
+        for (const int metres : { 125, 250, 500, 1000, 2000, 4000, 8000 })
+            QCOMPARE(calc::scaleText(static_cast<float>(metres)),
+                     QStringLiteral("%1 m").arg(metres));
     }
 
     void generalNotationKeepsSixDigits()
@@ -107,13 +78,6 @@ private slots:
         QCOMPARE(distance, QStringLiteral("1.25 m"));
         QCOMPARE(ku, QStringLiteral("1.500"));
         QCOMPARE(scale, QStringLiteral("31.25 m"));
-    }
-
-    void nonsenseIsShownRatherThanFatal()
-    {
-        constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-        QCOMPARE(calc::distanceText(1, notANumber, QStringLiteral("m")), QStringLiteral("nan m"));
-        QCOMPARE(calc::kuText(std::numeric_limits<float>::infinity()), QStringLiteral("inf"));
     }
 };
 

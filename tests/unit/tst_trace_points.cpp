@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/trace_points.h"
+#include "each.h"
 
 #include <QtTest>
 
@@ -38,7 +39,7 @@ private slots:
         m_points.clear();
     }
 
-    void samplesBecomeTreads()
+    void samplesBecomeSteps()
     {
         calc::stepPoints({ m_ramp.data(), 2, 10, 6, -3 }, m_points);
         QCOMPARE(m_points.size(), 499);
@@ -68,7 +69,7 @@ private slots:
             QCOMPARE(m_points[i], QPointF(i, i % 2 == 0 ? -128 : 127));
     }
 
-    void aFlatTraceLiesOnTheBaseLine()
+    void aFlatTraceIsAtLevelZero()
     {
         calc::stepPoints({ m_flat.data(), 1, 0, 0, 0 }, m_points);
         QCOMPARE(m_points.size(), 499);
@@ -76,39 +77,34 @@ private slots:
             QCOMPARE(m_points[i], QPointF((i + 1) / 2, 0));
     }
 
-    void positionsDoNotWrap_data()
-    {
-        QTest::addColumn<int>("step");
-        QTest::addColumn<quint32>("delay");
-        QTest::addColumn<int>("scroll");
-        QTest::addColumn<double>("first");
-        QTest::addColumn<double>("last");
-        QTest::newRow("shift to the left") << 1 << 0U << -4 << -4.0 << 245.0;
-        QTest::newRow("smallest shift") << 1 << 0U << INT_MIN << -2147483648.0 << -2147483399.0;
-        QTest::newRow("largest shift") << 1 << 0U << INT_MAX << 2147483647.0 << 2147483896.0;
-        QTest::newRow("largest delay") << 1 << 0xFFFFFFFFU << 0 << 4294967295.0 << 4294967544.0;
-        QTest::newRow("largest delay and step")
-            << 64000 << 0xFFFFFFFFU << 0 << 274877906880000.0 << 274877922816000.0;
-        QTest::newRow("step 0 counts as 1") << 0 << 3U << 0 << 3.0 << 252.0;
-        QTest::newRow("negative step counts as 1") << INT_MIN << 3U << 0 << 3.0 << 252.0;
-        QTest::newRow("step beyond the axis counts as the axis")
-            << INT_MAX << 1U << 0 << 64000.0 << 16000000.0;
-    }
-
     void positionsDoNotWrap()
     {
-        QFETCH(int, step);
-        QFETCH(quint32, delay);
-        QFETCH(int, scroll);
-        QFETCH(double, first);
-        QFETCH(double, last);
-        const TraceRef trace = { m_ramp.data(), step, delay, scroll, 0 };
-        calc::splinePoints(trace, m_points);
-        QCOMPARE(m_points.first(), QPointF(first, -125));
-        QCOMPARE(m_points.last(), QPointF(last, 124));
-        calc::stepPoints(trace, m_points);
-        QCOMPARE(m_points.first(), QPointF(first, -125));
-        QCOMPARE(m_points.last(), QPointF(last, 124));
+        struct Row
+        {
+            const char *name;
+            int step;
+            quint32 delay;
+            int scroll;
+            double first;
+            double last;
+        };
+        each<Row>({ { "shift to the left", 1, 0, -4, -4.0, 245.0 },
+                    { "smallest shift", 1, 0, INT_MIN, -2147483648.0, -2147483399.0 },
+                    { "largest shift", 1, 0, INT_MAX, 2147483647.0, 2147483896.0 },
+                    { "largest delay", 1, 0xFFFFFFFFU, 0, 4294967295.0, 4294967544.0 },
+                    { "largest delay and step", 64000, 0xFFFFFFFFU, 0, 274877906880000.0,
+                      274877922816000.0 },
+                    { "step 0 counts as 1", 0, 3, 0, 3.0, 252.0 },
+                    { "negative step counts as 1", INT_MIN, 3, 0, 3.0, 252.0 },
+                    { "step beyond the axis", INT_MAX, 1, 0, 64000.0, 16000000.0 } },
+                  [this](const Row &row) {
+                      const TraceRef trace = { m_ramp.data(), row.step, row.delay, row.scroll, 0 };
+                      for (const auto &points : { calc::splinePoints, calc::stepPoints }) {
+                          points(trace, m_points);
+                          QCOMPARE(m_points.first(), QPointF(row.first, -125));
+                          QCOMPARE(m_points.last(), QPointF(row.last, 124));
+                      }
+                  });
     }
 
     void levelsDoNotWrap()
@@ -122,31 +118,21 @@ private slots:
         QCOMPARE(m_points[0].y(), 4294967550.0); // 2^32 - 1 + 255
     }
 
-    void identicalTracesDifferByNothing_data()
+    void identicalTracesDifferByZero()
     {
-        QTest::addColumn<int>("step");
-        QTest::addColumn<quint32>("delay");
-        QTest::addColumn<int>("scroll");
-        QTest::newRow("plain") << 1 << 0U << 0;
-        QTest::newRow("delayed") << 4 << 17U << 0;
-        QTest::newRow("shifted left") << 4 << 17U << -32;
-        QTest::newRow("largest delay and step") << 64000 << 0xFFFFFFFFU << INT_MIN;
-    }
-
-    void identicalTracesDifferByNothing()
-    {
-        QFETCH(int, step);
-        QFETCH(quint32, delay);
-        QFETCH(int, scroll);
-        const TraceRef trace = { m_ramp.data(), step, delay, scroll, 5 };
-        QVector<QPointF> normal;
-        calc::stepPoints(trace, normal);
-        calc::stepDifference(trace, trace, m_points);
-        QCOMPARE(m_points.size(), 499);
-        for (int i = 0; i < 499; ++i)
-            QCOMPARE(m_points[i], QPointF(normal[i].x(), 0));
-        calc::splineDifference(trace, trace, m_points);
-        QCOMPARE(m_points.size(), 250);
+        for (const TraceRef &trace :
+             { TraceRef{ m_ramp.data(), 1, 0, 0, 5 }, TraceRef{ m_ramp.data(), 4, 17, 0, 5 },
+               TraceRef{ m_ramp.data(), 4, 17, -32, 5 },
+               TraceRef{ m_ramp.data(), 64000, 0xFFFFFFFFU, INT_MIN, 5 } }) {
+            QVector<QPointF> normal;
+            calc::stepPoints(trace, normal);
+            calc::stepDifference(trace, trace, m_points);
+            QCOMPARE(m_points.size(), 499);
+            for (int i = 0; i < 499; ++i)
+                QCOMPARE(m_points[i], QPointF(normal[i].x(), 0));
+            calc::splineDifference(trace, trace, m_points);
+            QCOMPARE(m_points.size(), 250);
+        }
     }
 
     void aTraceRaisedByTenDiffersByMinusTen()
@@ -163,9 +149,9 @@ private slots:
             QCOMPARE(point.y(), 10.0);
     }
 
-    void gridsThatMeetNowAndThenGiveAPointAtEachMeeting()
+    void aDifferenceHasAPointAtEachCommonColumn()
     {
-        // Samples stand at 0, 2, .. 498 and at 0, 3, .. 747; they meet at the 84 multiples of 6.
+        // Samples at 0, 2, .. 498 and at 0, 3, .. 747 have the 84 multiples of 6 in common.
         const Samples thirds = samplesFrom([](int i) { return i / 3; });
         const Samples halves = samplesFrom([](int i) { return -(i / 2); });
         const TraceRef master = { thirds.data(), 2, 0, 0, 7 };
@@ -183,57 +169,53 @@ private slots:
         QCOMPARE(m_points[2], QPointF(6, 6));
         QCOMPARE(m_points[166], QPointF(498, 170));
 
-        // The other way round the meetings are the same, the treads as wide, the sign turned.
+        // With the roles exchanged only the sign changes.
         calc::stepDifference(trace, master, m_points);
         QCOMPARE(m_points.size(), 167);
         QCOMPARE(m_points[1], QPointF(3, -4));
         QCOMPARE(m_points[166], QPointF(498, -170));
     }
 
-    void meetingsDependOnWhereTheTracesStand_data()
+    // The master's samples are at 0, 4, .. 996.
+    void commonColumnsDependOnTheGrids()
     {
-        QTest::addColumn<int>("step");
-        QTest::addColumn<quint32>("delay");
-        QTest::addColumn<int>("scroll");
-        QTest::addColumn<int>("meetings");
-        QTest::addColumn<double>("first");
-        // The master stands at 0, 4, .. 996.
-        QTest::newRow("half a sample off") << 4 << 0U << 2 << 0 << 0.0;
-        QTest::newRow("one count off") << 4 << 0U << -1 << 0 << 0.0;
-        QTest::newRow("right of the master's start") << 4 << 0U << 8 << 248 << 8.0;
-        QTest::newRow("left of the master's start") << 4 << 0U << -8 << 248 << 0.0;
-        QTest::newRow("delayed") << 4 << 100U << 0 << 150 << 400.0;
-        QTest::newRow("delayed and shifted back") << 4 << 100U << -400 << 250 << 0.0;
-        QTest::newRow("only the last samples meet") << 4 << 249U << 0 << 1 << 996.0;
-        QTest::newRow("all to the right") << 4 << 250U << 0 << 0 << 0.0;
-        QTest::newRow("all to the left") << 4 << 0U << -1000 << 0 << 0.0;
-        QTest::newRow("finer grid") << 1 << 0U << 0 << 63 << 0.0;
-        QTest::newRow("coarser grid that starts later") << 8 << 0U << 4 << 125 << 4.0;
-        QTest::newRow("delay as large as it gets") << 4 << 0xFFFFFFFFU << 0 << 0 << 0.0;
-        QTest::newRow("unsigned delay is no shift to the left")
-            << 1 << 0xFFFFFFFCU << 0 << 0 << 0.0;
+        struct Row
+        {
+            const char *name;
+            int step;
+            quint32 delay;
+            int scroll;
+            int common;
+            double first;
+        };
+        each<Row>({ { "half a sample off", 4, 0, 2, 0, 0.0 },
+                    { "one count off", 4, 0, -1, 0, 0.0 },
+                    { "starts right of the master", 4, 0, 8, 248, 8.0 },
+                    { "starts left of the master", 4, 0, -8, 248, 0.0 },
+                    { "delayed", 4, 100, 0, 150, 400.0 },
+                    { "delayed and shifted back", 4, 100, -400, 250, 0.0 },
+                    { "only the last sample", 4, 249, 0, 1, 996.0 },
+                    { "all to the right", 4, 250, 0, 0, 0.0 },
+                    { "all to the left", 4, 0, -1000, 0, 0.0 },
+                    { "finer grid", 1, 0, 0, 63, 0.0 },
+                    { "coarser grid that starts later", 8, 0, 4, 125, 4.0 },
+                    { "largest delay", 4, 0xFFFFFFFFU, 0, 0, 0.0 },
+                    { "the delay is unsigned", 1, 0xFFFFFFFCU, 0, 0, 0.0 } },
+                  [this](const Row &row) {
+                      const TraceRef master = { m_flat.data(), 4, 0, 0, 0 };
+                      const TraceRef trace = { m_flat.data(), row.step, row.delay, row.scroll, 0 };
+                      calc::splineDifference(master, trace, m_points);
+                      QCOMPARE(m_points.size(), row.common);
+                      if (row.common > 0)
+                          QCOMPARE(m_points.first(), QPointF(row.first, 0));
+                      calc::stepDifference(master, trace, m_points);
+                      QCOMPARE(m_points.size(), qMax(0, 2 * row.common - 1));
+                  });
     }
 
-    void meetingsDependOnWhereTheTracesStand()
+    void aDelayShiftsTheSamplesThatAreCompared()
     {
-        QFETCH(int, step);
-        QFETCH(quint32, delay);
-        QFETCH(int, scroll);
-        QFETCH(int, meetings);
-        QFETCH(double, first);
-        const TraceRef master = { m_flat.data(), 4, 0, 0, 0 };
-        const TraceRef trace = { m_flat.data(), step, delay, scroll, 0 };
-        calc::splineDifference(master, trace, m_points);
-        QCOMPARE(m_points.size(), meetings);
-        if (meetings > 0)
-            QCOMPARE(m_points.first(), QPointF(first, 0));
-        calc::stepDifference(master, trace, m_points);
-        QCOMPARE(m_points.size(), qMax(0, 2 * meetings - 1));
-    }
-
-    void theSampleUnderAMeetingIsTheTracesOwn()
-    {
-        // The trace starts at 8, so the master's third sample stands above the trace's first.
+        // The trace starts at 8, where the master has its third sample.
         calc::splineDifference({ m_ramp.data(), 4, 0, 0, 0 }, { m_ramp.data(), 4, 2, 0, 0 },
                                m_points);
         QCOMPARE(m_points.size(), 248);

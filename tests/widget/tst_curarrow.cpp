@@ -8,6 +8,7 @@
 #include <QPen>
 #include <QtTest>
 
+#include <climits>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -17,22 +18,18 @@ class TestCurArrow : public QObject
     Q_OBJECT
 
 private slots:
-    void aNewMarkerIsTwoTrianglesAndALetter_data()
+    void aMarkerHasTheLetterOfItsCursor()
     {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("letter");
-        QTest::newRow("cursor A") << 1 << QStringLiteral("A");
-        QTest::newRow("cursor B") << 2 << QStringLiteral("B");
-        QTest::newRow("the difference has no letter") << 0 << QString();
-        QTest::newRow("nor has anything else") << 3 << QString();
+        QCOMPARE(CurArrow(1).cur_lbl.text(), QStringLiteral("A"));
+        QCOMPARE(CurArrow(2).cur_lbl.text(), QStringLiteral("B"));
+        QCOMPARE(CurArrow(0).cur_lbl.text(), QString());
+        QCOMPARE(CurArrow(3).cur_lbl.text(), QString());
+        QCOMPARE(int(CurArrow(2).id), 2);
     }
 
     void aNewMarkerIsTwoTrianglesAndALetter()
     {
-        QFETCH(int, id);
-        const CurArrow marker(static_cast<char>(id));
-        QCOMPARE(int(marker.id), id);
-        QTEST(marker.cur_lbl.text(), "letter");
+        const CurArrow marker(1);
         const QPolygonF triangle({ QPointF(-3, 0), QPointF(3, 0), QPointF(0, 12) });
         QCOMPARE(marker.polygon, triangle);
         QCOMPARE(marker.cur_arrow1.polygon(), triangle);
@@ -45,7 +42,11 @@ private slots:
         QCOMPARE(marker.cur_arrow1.pen().style(), Qt::NoPen);
         QCOMPARE(marker.cur_arrow2.pen().style(), Qt::NoPen);
         QCOMPARE(marker.cur_lbl.pen().style(), Qt::NoPen);
-        QCOMPARE(marker.group->childItems().size(), 3);
+        const QList<QGraphicsItem *> items = marker.group->childItems();
+        QCOMPARE(items.size(), 3);
+        QCOMPARE(items.at(0), static_cast<const QGraphicsItem *>(&marker.cur_arrow1));
+        QCOMPARE(items.at(1), static_cast<const QGraphicsItem *>(&marker.cur_arrow2));
+        QCOMPARE(items.at(2), static_cast<const QGraphicsItem *>(&marker.cur_lbl));
         QCOMPARE(marker.group->parentItem(), nullptr);
         QCOMPARE(marker.group->scene(), nullptr);
         QCOMPARE(marker.ar_size, 6);
@@ -55,45 +56,24 @@ private slots:
         QVERIFY(marker.field.isNull());
     }
 
-    void theItemsStandInTheGroupInTheirOrder()
+    void theBrushStyleIsThePenWidthOfTheLetter()
     {
-        const CurArrow marker(1);
-        const QList<QGraphicsItem *> items = marker.group->childItems();
-        QCOMPARE(items.at(0), static_cast<const QGraphicsItem *>(&marker.cur_arrow1));
-        QCOMPARE(items.at(1), static_cast<const QGraphicsItem *>(&marker.cur_arrow2));
-        QCOMPARE(items.at(2), static_cast<const QGraphicsItem *>(&marker.cur_lbl));
-    }
-
-    void aBrushStyleServesAsPenWidth_data()
-    {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<qreal>("width");
-        QTest::newRow("active") << int(Qt::SolidPattern) << 1.0;
-        QTest::newRow("the other") << int(Qt::NoBrush) << 0.0;
-    }
-
-    void aBrushStyleServesAsPenWidth()
-    {
-        QFETCH(int, style);
-        CurArrow marker(1);
-        marker.setColor(Qt::green);
-        marker.setBr_style(static_cast<Qt::BrushStyle>(style));
-        QCOMPARE(marker.color, QColor(Qt::green));
-        const QPen pen = marker.cur_lbl.pen();
-        QTEST(pen.widthF(), "width");
-        QCOMPARE(pen.style(), Qt::SolidLine);
-        QCOMPARE(pen.capStyle(), Qt::SquareCap);
-        QCOMPARE(pen.joinStyle(), Qt::BevelJoin);
-        QCOMPARE(pen.color(), QColor(Qt::green));
-        // The triangles stay filled whatever the emphasis.
-        for (const QBrush &brush :
-             { marker.cur_arrow1.brush(), marker.cur_arrow2.brush(), marker.cur_lbl.brush() }) {
-            QCOMPARE(brush, QBrush(Qt::green, Qt::SolidPattern));
+        for (const Qt::BrushStyle style : { Qt::SolidPattern, Qt::NoBrush }) {
+            CurArrow marker(1);
+            marker.setColor(Qt::green);
+            marker.setBr_style(style);
+            QCOMPARE(marker.color, QColor(Qt::green));
+            QCOMPARE(marker.cur_lbl.pen(),
+                     QPen(QBrush(Qt::green), style == Qt::SolidPattern ? 1.0 : 0.0));
+            // The triangles stay filled.
+            for (const QBrush &brush :
+                 { marker.cur_arrow1.brush(), marker.cur_arrow2.brush(), marker.cur_lbl.brush() })
+                QCOMPARE(brush, QBrush(Qt::green, Qt::SolidPattern));
+            QCOMPARE(marker.cur_arrow1.pen().style(), Qt::NoPen);
         }
-        QCOMPARE(marker.cur_arrow1.pen().style(), Qt::NoPen);
     }
 
-    void theMarkerStandsOnTheEdgesOfThePlot()
+    void theMarkerIsOnTheEdgesOfThePlot()
     {
         CurArrow marker(1);
         marker.setRect(QRectF(30.75, 20, 400, 250));
@@ -106,25 +86,19 @@ private slots:
         QCOMPARE(marker.pos0, 31);
     }
 
-    void theFirstColumnIsTruncatedTowardZero_data()
+    void theFirstColumnIsTruncatedTowardsZero()
     {
-        QTest::addColumn<qreal>("left");
-        QTest::addColumn<int>("pos0");
-        QTest::newRow("whole") << 10.0 << 11;
-        QTest::newRow("part") << 10.9 << 11;
-        QTest::newRow("negative") << -2.5 << -1;
-        QTest::newRow("beyond an int") << 1e300 << std::numeric_limits<int>::max();
-        QTest::newRow("no number") << std::numeric_limits<qreal>::quiet_NaN() << 0;
-    }
-
-    void theFirstColumnIsTruncatedTowardZero()
-    {
-        QFETCH(qreal, left);
-        CurArrow marker(1);
-        marker.setRect(QRectF(left, 0, 1, 1));
-        QTEST(marker.pos0, "pos0");
-        marker.moveX(1.0F);
-        QVERIFY(std::isfinite(marker.pos));
+        const auto firstColumn = [](qreal left) {
+            CurArrow marker(1);
+            marker.setRect(QRectF(left, 0, 1, 1));
+            marker.moveX(1.0F);
+            return std::isfinite(marker.pos) ? marker.pos0 : INT_MIN;
+        };
+        QCOMPARE(firstColumn(10.0), 11);
+        QCOMPARE(firstColumn(10.9), 11);
+        QCOMPARE(firstColumn(-2.5), -1);
+        QCOMPARE(firstColumn(1e300), INT_MAX);
+        QCOMPARE(firstColumn(std::numeric_limits<qreal>::quiet_NaN()), 0);
     }
 
     void theMarkerFollowsItsColumn()
@@ -142,31 +116,20 @@ private slots:
         QCOMPARE(marker.pos, 29.0F);
     }
 
-    void theLetterStandsRightUnlessItWouldCrossTheEdge_data()
+    void theLetterIsRightOfTheMarkerUnlessItWouldCrossTheEdge()
     {
-        QTest::addColumn<float>("column");
-        QTest::addColumn<bool>("right");
-        QTest::newRow("left end") << 0.0F << true;
-        QTest::newRow("middle") << 125.0F << true;
-        QTest::newRow("right end") << 250.0F << false;
-        QTest::newRow("one column before the end") << 249.0F << false;
-    }
-
-    void theLetterStandsRightUnlessItWouldCrossTheEdge()
-    {
-        QFETCH(float, column);
-        QFETCH(bool, right);
-        CurArrow marker(1);
-        marker.setRect(QRectF(30, 20, 500, 250));
-        marker.setXRes(250);
-        marker.moveX(column);
-        const QRectF letter = marker.cur_lbl.boundingRect();
-        const qreal width = static_cast<int>(letter.width());
-        QVERIFY(width > 2);
-        const qreal centred = static_cast<qreal>(marker.pos) - letter.center().x();
-        QCOMPARE(marker.cur_lbl.x(), centred + (right ? width : -width));
-        // Moving does not lift the letter.
-        QCOMPARE(marker.cur_lbl.y(), 270 - letter.height());
+        for (const float column : { 0.0F, 125.0F, 249.0F, 250.0F }) {
+            CurArrow marker(1);
+            marker.setRect(QRectF(30, 20, 500, 250));
+            marker.setXRes(250);
+            marker.moveX(column);
+            const QRectF letter = marker.cur_lbl.boundingRect();
+            const qreal width = static_cast<int>(letter.width());
+            QVERIFY(width > 2);
+            const qreal centred = static_cast<qreal>(marker.pos) - letter.center().x();
+            QCOMPARE(marker.cur_lbl.x(), centred + (column < 249.0F ? width : -width));
+            QCOMPARE(marker.cur_lbl.y(), 270 - letter.height());
+        }
     }
 
     void theLetterChangesSidesWhereItJustFits()
@@ -184,7 +147,7 @@ private slots:
         QVERIFY(marker.cur_lbl.x() + letter.center().x() < static_cast<qreal>(marker.pos));
     }
 
-    void withoutColumnsTheMarkerStandsOnTheFirst()
+    void withoutColumnsTheMarkerIsOnTheFirst()
     {
         CurArrow marker(1);
         marker.moveX(5.0F);
@@ -200,7 +163,7 @@ private slots:
         QCOMPARE(marker.pos, 31.0F);
     }
 
-    void visibilityLeavesTheGroupAlone()
+    void visibilityDoesNotChangeTheGroup()
     {
         CurArrow marker(1);
         marker.vis_state(false);
@@ -213,24 +176,19 @@ private slots:
         QCOMPARE(marker.visible, false);
     }
 
-    void theLetterIsThreeQuartersOfTheFont_data()
-    {
-        QTest::addColumn<float>("size");
-        QTest::addColumn<int>("points");
-        QTest::newRow("800 x 500") << 9.0F << 6;
-        QTest::newRow("1280 x 720") << 12.96F << 9;
-        QTest::newRow("1920 x 1080") << 19.44F << 14;
-        QTest::newRow("never below 1") << 0.0F << 1;
-        QTest::newRow("negative") << -20.0F << 1;
-        QTest::newRow("no number") << std::numeric_limits<float>::quiet_NaN() << 1;
-    }
-
     void theLetterIsThreeQuartersOfTheFont()
     {
-        QFETCH(float, size);
-        CurArrow marker(1);
-        marker.setFont(size);
-        QTEST(marker.cur_lbl.font().pointSize(), "points");
+        const auto points = [](float size) {
+            CurArrow marker(1);
+            marker.setFont(size);
+            return marker.cur_lbl.font().pointSize();
+        };
+        QCOMPARE(points(9.0F), 6); // 800 x 500
+        QCOMPARE(points(12.96F), 9); // 1280 x 720
+        QCOMPARE(points(19.44F), 14); // 1920 x 1080
+        QCOMPARE(points(0.0F), 1);
+        QCOMPARE(points(-20.0F), 1);
+        QCOMPARE(points(std::numeric_limits<float>::quiet_NaN()), 1);
     }
 
     void scalesAccumulate()

@@ -30,14 +30,6 @@ private slots:
         QCOMPARE(label.alignment(), Qt::AlignCenter);
     }
 
-    void theSecondLineStartsWithABlank()
-    {
-        const DateTime_lbl label;
-        const QRegularExpression form(
-            QStringLiteral("^\\d\\d\\.\\d\\d\\.\\d{4}\n \\d\\d:\\d\\d:\\d\\d$"));
-        QVERIFY2(form.match(label.text()).hasMatch(), qPrintable(label.text()));
-    }
-
     void theClockTicksEverySecond()
     {
         DateTime_lbl label;

@@ -21,10 +21,19 @@ private:
     void openDifference()
     {
         openOn({ countingTrace().minstep(2.5F).delay(3), countingTrace().minstep(5.0F) });
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
+        input::click(probe().difference_button());
+        input::click(probe().selected_rfg()[1]);
     }
-    void verifyLines(const QLineSeries *line, const QLineSeries *level, int column, int height)
+
+    /// Column and level of cursor A after it was set to \a column.
+    QPoint cursorAt(int column)
+    {
+        window().cursorSetup_slot(column);
+        return { probe().cursor_A_pos(), probe().cursor_A_pos_Y() };
+    }
+
+    static void verifyLines(const QLineSeries *line, const QLineSeries *level, int column,
+                            int height)
     {
         QCOMPARE(qtcompat::pointsOf(*line),
                  (QVector<QPointF>{ QPointF(column, -128), QPointF(column, 128) }));
@@ -33,72 +42,46 @@ private:
     }
 
 private slots:
-    void columnsAreClampedThenSnapped_data()
+    void aCursorSnapsToSamplesAndTheDialKeepsTheColumn()
     {
-        QTest::addColumn<float>("minstep");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("dial");
-        QTest::newRow("below the axis") << 1.25F << -5 << 0 << 0;
-        QTest::newRow("beyond the axis") << 1.25F << 64001 << 64000 << 64000;
-        QTest::newRow("beyond it, snapped down") << 3.75F << 70000 << 63999 << 64000;
-        QTest::newRow("the dial keeps the unsnapped column") << 5.0F << 10 << 8 << 10;
-        QTest::newRow("on a sample") << 5.0F << 12 << 12 << 12;
-        QTest::newRow("step 0 counts as one") << 1.0F << 13 << 13 << 13;
+        openOn({ countingTrace().minstep(5.0F) });
+        QCOMPARE(cursorAt(10).x(), 8);
+        QCOMPARE(probe().cursor_dial()->trueValue, 10);
+        QCOMPARE(cursorAt(70000).x(), 64000);
+        QCOMPARE(probe().cursor_dial()->trueValue, 64000);
+        QCOMPARE(cursorAt(-5).x(), 0);
+        QCOMPARE(probe().cursor_dial()->trueValue, 0);
+        openOn({ countingTrace().minstep(1.0F) }); // step 0 counts as one
+        QCOMPARE(cursorAt(13).x(), 13);
     }
 
-    void columnsAreClampedThenSnapped()
+    // Two counts to a sample, three samples late, shifted by 4 samples to the right and 10 up.
+    void aCursorShowsItsColumnAndLevel()
     {
-        QFETCH(const float, minstep);
-        QFETCH(const int, column);
-        QFETCH(const int, position);
-        QFETCH(const int, dial);
-        openOn({ countingTrace().minstep(minstep) });
-        window().cursorSetup_slot(column);
-        QCOMPARE(probe().cursor_A_pos(), position);
-        QCOMPARE(probe().cursor_dial()->trueValue, dial);
-    }
-
-    void theLevelIsOffsetPlusSample_data()
-    {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("level");
-        // Two counts to a sample, three samples late, shifted by 4 samples to the right and 10 up.
-        QTest::newRow("before the first sample") << 12 << 129;
-        QTest::newRow("first sample") << 14 << 10;
-        QTest::newRow("some sample") << 30 << 18;
-        QTest::newRow("last sample") << 14 + 2 * 249 << 10 + 121;
-        QTest::newRow("past the last sample") << 14 + 2 * 250 << 129;
-    }
-
-    void theLevelIsOffsetPlusSample()
-    {
-        QFETCH(const int, column);
-        QFETCH(const int, level);
         openOn({ countingTrace().minstep(2.5F).delay(3).shiftX(4).shiftY(10) });
-        window().cursorSetup_slot(column);
-        QCOMPARE(probe().cursor_A_pos(), column);
-        QCOMPARE(probe().cursor_A_pos_Y(), level);
-        verifyLines(probe().cursor_A(), probe().cursor_A_add(), column, level);
-        const QString text = level == 129 ? QString() : QString::number(level);
-        QVERIFY(probe().curA_button()->text().endsWith(QStringLiteral("\n y = ") + text));
+        QCOMPARE(cursorAt(30), QPoint(30, 18));
+        verifyLines(probe().cursor_A(), probe().cursor_A_add(), 30, 18);
+        QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 3.75 m\n y = 18"));
+        QCOMPARE(cursorAt(12), QPoint(12, 129)); // before the first sample
+        verifyLines(probe().cursor_A(), probe().cursor_A_add(), 12, 129);
+        QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.50 m\n y = "));
+        QCOMPARE(cursorAt(14 + 2 * 249).y(), 10 + 121);
+        QCOMPARE(cursorAt(14 + 2 * 250).y(), 129);
     }
 
-    void lessThanOneStepLeftOfTheFirstSampleStillReadsIt()
+    void lessThanOneStepLeftOfTheFirstSampleReadsIt()
     {
         openOn({ countingTrace().minstep(5.0F).samples(33) });
         probe().rfg_DATA()[0].scroll = 7;
-        window().cursorSetup_slot(4);
-        QCOMPARE(probe().cursor_A_pos_Y(), 33);
-        window().cursorSetup_slot(0);
-        QCOMPARE(probe().cursor_A_pos_Y(), 129);
+        QCOMPARE(cursorAt(4).y(), 33);
+        QCOMPARE(cursorAt(0).y(), 129);
     }
 
     void cursorBHasItsOwnStateAndLines()
     {
         openOn({ countingTrace() });
         window().cursorSetup_slot(20);
-        QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
+        input::click(probe().curB_button());
         window().cursorSetup_slot(50);
         QCOMPARE(probe().cursor_A_pos(), 20);
         QCOMPARE(probe().cursor_A_pos_Y(), 20);
@@ -115,63 +98,40 @@ private slots:
     void anEmptySlotHasNoLevel()
     {
         openOn({ countingTrace().minstep(5.0F) });
-        QTest::mouseClick(probe().selected_rfg()[4], Qt::LeftButton);
-        window().cursorSetup_slot(10);
-        QCOMPARE(probe().cursor_A_pos(), 8);
-        QCOMPARE(probe().cursor_A_pos_Y(), 129);
+        input::click(probe().selected_rfg()[4]);
+        QCOMPARE(cursorAt(10), QPoint(8, 129));
         QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.00 m\n y = "));
     }
 
-    void underADifferenceThereIsNeverALevel()
+    void aDifferenceHasNoLevelAndHoldsTheCursorBack()
     {
         openDifference();
-        for (const int column : { 0, 10, 64, 400 }) {
-            window().cursorSetup_slot(column);
-            QCOMPARE(probe().cursor_A_pos_Y(), 129);
-            QCOMPARE(probe().cursor_A_add()->at(0).y(), 129.0);
-        }
-    }
-
-    void underADifferenceTheMastersDelayHoldsTheCursorBack()
-    {
-        openDifference();
-        window().cursorSetup_slot(10);
-        QCOMPARE(probe().cursor_A_pos(), 7);
+        QCOMPARE(cursorAt(10), QPoint(7, 129));
+        QCOMPARE(probe().cursor_A_add()->at(0).y(), 129.0);
         QCOMPARE(probe().cursor_dial()->trueValue, 10);
-        window().cursorSetup_slot(15);
-        QCOMPARE(probe().cursor_A_pos(), 11);
-        window().cursorSetup_slot(2);
-        QCOMPARE(probe().cursor_A_pos(), 0);
+        QCOMPARE(cursorAt(15), QPoint(11, 129));
+        QCOMPARE(cursorAt(2), QPoint(0, 129));
+        // The master itself is drawn as it is.
+        input::click(probe().selected_rfg()[0]);
+        QCOMPARE(cursorAt(20), QPoint(20, 7));
     }
 
-    void theMasterKeepsItsLevelInDifferenceMode()
-    {
-        openDifference();
-        QTest::mouseClick(probe().selected_rfg()[0], Qt::LeftButton);
-        window().cursorSetup_slot(20);
-        QCOMPARE(probe().cursor_A_pos(), 20);
-        QCOMPARE(probe().cursor_A_pos_Y(), 7);
-    }
-
-    void aMasterFarAwayIsNeverReadOutOfItsSamples()
+    void aMasterFarAwayIsNotReadOutOfItsSamples()
     {
         openOn({ countingTrace().delay(0xFFFFFFFF).shiftX(0x80000000),
                  countingTrace().shiftX(0x7FFFFFFF) });
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
-        window().cursorSetup_slot(64000);
-        QCOMPARE(probe().cursor_A_pos(), 0);
-        QCOMPARE(probe().cursor_A_pos_Y(), 129);
+        input::click(probe().difference_button());
+        input::click(probe().selected_rfg()[1]);
+        QCOMPARE(cursorAt(64000), QPoint(0, 129));
     }
 
     void differenceModeWithoutAMasterReadsTheTraceItself()
     {
         openOn({ countingTrace(), countingTrace() });
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
+        input::click(probe().difference_button());
+        input::click(probe().selected_rfg()[1]);
         probe().rfg_master_ID() = -1;
-        window().cursorSetup_slot(40);
-        QCOMPARE(probe().cursor_A_pos_Y(), 40);
+        QCOMPARE(cursorAt(40).y(), 40);
     }
 
     void withoutAnActiveCursorNothingMoves()
@@ -179,7 +139,9 @@ private slots:
         openOn({ countingTrace() });
         window().cursorSetup_slot(30);
         probe().cursor_dial()->ring_color = Qt::red;
-        window().cursorSelect_slot(0);
+        window().cursorSelect_slot(7); // not a cursor
+        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::DELTA));
+        QCOMPARE(int(probe().Cur_flag_true()), int(MainWindow::DELTA));
         QCOMPARE(probe().cursor_dial()->titleText, QStringLiteral("Δ"));
         QCOMPARE(probe().cursor_dial()->ring_color, QColor(Qt::black));
         QCOMPARE(probe().cursor_A()->pen().color(), QColor(Qt::gray));
@@ -191,15 +153,7 @@ private slots:
         QCOMPARE(probe().cursor_dial()->titleText, QStringLiteral("Δ"));
     }
 
-    void aCursorThatDoesNotExistMeansNone()
-    {
-        openOn({ countingTrace() });
-        window().cursorSelect_slot(7);
-        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::DELTA));
-        QCOMPARE(int(probe().Cur_flag_true()), int(MainWindow::DELTA));
-    }
-
-    void theOtherCursorIsRecomputedFirst()
+    void theOtherCursorIsUpdatedFirst()
     {
         openOn({ countingTrace() });
         window().cursorSetup_slot(30);
@@ -210,18 +164,16 @@ private slots:
         const MainWindowProbe &p = probe();
         QCOMPARE(p.cursor_A_pos_Y(), 35);
         QCOMPARE(p.cursor_B_pos_Y(), 65);
-        const auto series = p.Plot_Chart()->series();
-        QCOMPARE(series[13], p.cursor_A_add());
-        QCOMPARE(series[14], p.cursor_A());
-        QCOMPARE(series[15], p.cursor_B_add());
-        QCOMPARE(series[16], p.cursor_B());
+        const QList<QtCharts::QAbstractSeries *> raised{ p.cursor_A_add(), p.cursor_A(),
+                                                         p.cursor_B_add(), p.cursor_B() };
+        QCOMPARE(p.Plot_Chart()->series().mid(13), raised);
         QCOMPARE(int(p.Cur_flag()), int(MainWindow::CURSOR_B));
         QCOMPARE(p.cursor_dial()->trueValue, 60);
         QCOMPARE(p.cursor_dial()->titleText, QStringLiteral("Cursor B\n7.50 m"));
         QCOMPARE(p.curA_button()->text(), QStringLiteral("Cursor A\n x = 3.75 m\n y = 35"));
     }
 
-    void aHandTurnsTheCursorRoundAndRound()
+    void theDialTurnsTheCursorRoundAndRound()
     {
         openOn({ countingTrace() });
         input::turn(probe().cursor_dial(), 360);

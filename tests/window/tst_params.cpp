@@ -10,41 +10,7 @@
 #include <QButtonGroup>
 #include <QtTest>
 
-namespace {
-
-void click(QAbstractButton *button)
-{
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
-/// What a parameter button makes of the dial.
-struct DialState
-{
-    bool zeroOff;
-    int min;
-    int max;
-    int value;
-    int travel;
-    QString caption;
-
-    explicit DialState(const Cont_dial *dial)
-        : zeroOff(dial->zeroOff)
-        , min(dial->trueMin)
-        , max(dial->trueMax)
-        , value(dial->trueValue)
-        , travel(dial->maximum())
-        , caption(dial->titleText)
-    {
-    }
-
-    bool operator==(const DialState &other) const
-    {
-        return zeroOff == other.zeroOff && min == other.min && max == other.max
-            && value == other.value && travel == other.travel && caption == other.caption;
-    }
-};
-
-} // namespace
+#include <limits>
 
 class TestParams : public WindowTest
 {
@@ -55,279 +21,210 @@ private:
     {
         return probe().param_dial();
     }
-    /// Opens the window on one trace of four counts to a sample, shifted by two samples and 7
-    /// steps.
+
+    /// One trace of four counts to a sample, shifted by two samples and 7 steps.
     void openWithTrace()
     {
-        WindowFixture::writePreviousRun({ fixture->trace(
-            QStringLiteral("one.tdr"), TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7)) });
-        fixture->open();
+        openOn({ TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7) });
     }
-    /// As if a hand had turned the dial to \a value.
+
+    /// Sets the dial as a turn to \a value does.
     void turnTo(int value)
     {
         dial()->trueValue = value;
         emit dial()->trueValueChanged(value);
     }
 
+    /// What a parameter button sets on the dial, as one text.
+    QString dialState() const
+    {
+        return QStringLiteral("%1 in %2..%3 of %4%5, '%6'")
+            .arg(dial()->trueValue)
+            .arg(dial()->trueMin)
+            .arg(dial()->trueMax)
+            .arg(dial()->maximum())
+            .arg(dial()->zeroOff ? QStringLiteral(" from 0") : QString())
+            .arg(QString(dial()->titleText).replace(QLatin1Char('\n'), QLatin1Char('|')));
+    }
+
+    double recordedKU() const
+    {
+        return double{ probe().rfg_DATA()[0].f_p_840.ch.params.KU };
+    }
+
 private slots:
-    void theStartUpFactorStandsAt498AndNot499()
-    {
-        fixture->open();
-        click(probe().KU_button());
-        QVERIFY(dial()->zeroOff);
-        QCOMPARE(dial()->trueMin, 0);
-        QCOMPARE(dial()->trueMax, 9000);
-        QCOMPARE(dial()->trueValue, 498);
-        QCOMPARE(dial()->maximum(), 100);
-        QCOMPARE(dial()->value(), 498 % 100);
-        QCOMPARE(dial()->titleText, QStringLiteral("KU\n1.499"));
-    }
-
-    void theVerticalShiftGivesTheDialBothSigns()
+    void eachParameterSetsUpTheDial()
     {
         openWithTrace();
-        click(probe().V_offset_button());
-        QVERIFY(!dial()->zeroOff);
-        QCOMPARE(dial()->trueMin, -256);
-        QCOMPARE(dial()->trueMax, 256);
-        QCOMPARE(dial()->trueValue, 7);
-        QCOMPARE(dial()->value(), 7);
-        QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n7"));
-    }
-
-    void theHorizontalShiftGivesTheDialTheWholeAxis()
-    {
-        openWithTrace();
-        click(probe().scale_button());
-        click(probe().H_offset_button());
-        QVERIFY(!dial()->zeroOff);
-        QCOMPARE(dial()->trueMin, -64000);
-        QCOMPARE(dial()->trueMax, 64000);
-        QCOMPARE(dial()->trueValue, 8);
-        QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n1.00 m"));
+        input::click(probe().scale_button());
+        QCOMPARE(dialState(), QStringLiteral("2 in 0..8 of 8 from 0, 'Scale|125 m'"));
+        input::click(probe().V_offset_button());
+        QCOMPARE(dialState(), QStringLiteral("7 in -256..256 of 100, 'Y Shift|7'"));
+        input::click(probe().H_offset_button());
+        QCOMPARE(dialState(), QStringLiteral("8 in -64000..64000 of 100, 'X Shift|1.00 m'"));
+        // 498 and not 499: the factor is kept in single precision.
+        input::click(probe().KU_button());
+        QCOMPARE(dialState(), QStringLiteral("498 in 0..9000 of 100 from 0, 'KU|1.499'"));
+        QCOMPARE(dial()->value(), 98);
+        // The value of the dial wraps, the true value does not.
+        window().V_Offset_change(-256);
+        input::click(probe().V_offset_button());
+        QCOMPARE(dial()->trueValue, -256);
+        QCOMPARE(dial()->value(), 44);
     }
 
     void theScaleKeepsItsOwnSpeed()
     {
         openWithTrace();
         probe().settingsData()->param_dial_speed = 250;
-        click(probe().scale_button());
-        QVERIFY(dial()->zeroOff);
-        QCOMPARE(dial()->trueMin, 0);
-        QCOMPARE(dial()->trueMax, 8);
-        QCOMPARE(dial()->trueValue, 2);
-        QCOMPARE(dial()->maximum(), 8);
-        QCOMPARE(dial()->titleText, QStringLiteral("Scale\n125 m"));
+        input::click(probe().scale_button());
         window().setDialSettings();
         QCOMPARE(dial()->maximum(), 8);
-        click(probe().KU_button());
+        input::click(probe().KU_button());
         QCOMPARE(dial()->maximum(), 250);
         probe().settingsData()->param_dial_speed = 50;
         window().setDialSettings();
         QCOMPARE(dial()->maximum(), 50);
     }
 
-    void onlyTrueValueIsTheTruthOnAWrappingDial()
+    void aReadOnlyParameterDoesNotChangeTheDial()
     {
         openWithTrace();
-        window().V_Offset_change(-256);
-        click(probe().V_offset_button());
-        QCOMPARE(dial()->trueValue, -256);
-        QCOMPARE(dial()->value(), 44);
-    }
-
-    void aReadOnlyParameterCannotBeClicked()
-    {
-        openWithTrace();
-        click(probe().scale_button());
-        click(probe().gain_button());
+        input::click(probe().scale_button());
+        input::click(probe().gain_button());
         QVERIFY(probe().scale_button()->isChecked());
-        QVERIFY(!probe().gain_button()->isChecked());
-    }
-
-    void checkingGainAfterScaleLeavesTheDialAsItWas()
-    {
-        openWithTrace();
-        click(probe().scale_button());
-        const DialState before(dial());
+        const QString before = dialState();
         for (const int id : { 0, 2, 4, 5, 6, 9 }) {
             probe().down_buttons()->button(id)->setChecked(true);
             QCOMPARE(probe().down_buttons()->checkedId(), id);
-            QVERIFY(DialState(dial()) == before);
+            QCOMPARE(dialState(), before);
         }
-    }
-
-    void aTurnUnderAReadOnlyParameterDoesNothing()
-    {
-        openWithTrace();
-        click(probe().scale_button());
-        probe().gain_button()->setChecked(true);
         turnTo(5);
         QCOMPARE(probe().master_scale(), 2);
         QCOMPARE(probe().rfg_DATA()[0].offset, 7);
         QCOMPARE(probe().rfg_DATA()[0].scroll, 8);
     }
 
-    void anEmptySlotShowsTheTitleAlone_data()
+    void anEmptySlotHasNoShiftsOnTheDial()
     {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("caption");
-        QTest::newRow("vertical shift") << 3 << QStringLiteral("Y Shift\n");
-        QTest::newRow("horizontal shift") << 7 << QStringLiteral("X Shift\n");
-        QTest::newRow("velocity factor of the view") << 1 << QStringLiteral("KU\n1.499");
-        QTest::newRow("scale of the view") << 8 << QStringLiteral("Scale\n31.25 m");
-    }
-
-    void anEmptySlotShowsTheTitleAlone()
-    {
-        QFETCH(const int, id);
-        QFETCH(const QString, caption);
-        fixture->open();
-        click(probe().scale_button());
-        click(probe().down_buttons()->button(id));
-        QCOMPARE(dial()->titleText, caption);
-    }
-
-    void turningShiftsOfAnEmptySlotChangesNothing()
-    {
-        fixture->open();
-        click(probe().V_offset_button());
+        openOn({});
+        input::click(probe().V_offset_button());
+        QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n"));
         turnTo(20);
         QCOMPARE(probe().rfg_DATA()[0].offset, 0);
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n"));
         QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift"));
-        click(probe().H_offset_button());
+        input::click(probe().H_offset_button());
+        QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n"));
         turnTo(20);
         QCOMPARE(probe().rfg_DATA()[0].scroll, 0);
         QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift"));
+        // Factor and scale are the view's.
+        input::click(probe().scale_button());
+        QCOMPARE(dial()->titleText, QStringLiteral("Scale\n31.25 m"));
+        input::click(probe().KU_button());
+        QCOMPARE(dial()->titleText, QStringLiteral("KU\n1.499"));
     }
 
-    void theFactorOfAnEmptySlotIsTheViewsAndIsCopiedIntoItsRecord()
+    void theDialCopiesTheFactorIntoTheRecord()
     {
-        fixture->open();
-        click(probe().KU_button());
-        turnTo(1000);
-        QCOMPARE(probe().master_params().KU + 0.0F, 2.0F);
-        QCOMPARE(probe().rfg_DATA()[0].f_p_840.ch.params.KU + 0.0F, 2.0F);
-        QCOMPARE(probe().dist_coef(), 0.18737028625 / 2.0);
-        QCOMPARE(dial()->titleText, QStringLiteral("KU\n2.000"));
-    }
-
-    void changingTheFactorWithoutTheDialDoesNotCopyIt()
-    {
-        openWithTrace();
-        window().KU_change(3.0);
-        QCOMPARE(probe().master_params().KU + 0.0F, 3.0F);
-        QCOMPARE(probe().rfg_DATA()[0].f_p_840.ch.params.KU + 0.0F, 1.49896229F);
-    }
-
-    void theEndsOfTheFactorsDialAreOneAndTen()
-    {
-        openWithTrace();
-        click(probe().KU_button());
-        turnTo(9000);
-        QCOMPARE(probe().master_params().KU + 0.0F, 10.0F);
-        QCOMPARE(probe().rfg_DATA()[0].f_p_840.ch.params.KU + 0.0F, 10.0F);
-        turnTo(0);
-        QCOMPARE(probe().master_params().KU + 0.0F, 1.0F);
+        for (const bool empty : { true, false }) {
+            if (empty)
+                openOn({});
+            else
+                openWithTrace();
+            input::click(probe().KU_button());
+            for (const auto &[value, factor] :
+                 { std::pair(1000, 2.0), std::pair(9000, 10.0), std::pair(0, 1.0) }) {
+                turnTo(value);
+                QCOMPARE(double{ probe().master_params().KU }, factor);
+                QCOMPARE(recordedKU(), factor);
+                QCOMPARE(probe().dist_coef(), 0.18737028625 / factor);
+                QCOMPARE(dial()->titleText, QStringLiteral("KU\n%1").arg(factor, 0, 'f', 3));
+            }
+        }
     }
 
     void eachDialParameterReachesItsOperation()
     {
         openWithTrace();
-        click(probe().V_offset_button());
+        input::click(probe().V_offset_button());
         turnTo(-30);
         QCOMPARE(probe().rfg_DATA()[0].offset, -30);
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n-30"));
-        click(probe().H_offset_button());
+        input::click(probe().H_offset_button());
         turnTo(-7);
         QCOMPARE(probe().rfg_DATA()[0].scroll, -4);
         QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n-0.50 m"));
-        click(probe().scale_button());
+        input::click(probe().scale_button());
         turnTo(8);
         QCOMPARE(probe().master_scale(), 8);
         QCOMPARE(dial()->titleText, QStringLiteral("Scale\n8000 m"));
     }
 
-    void anOffsetOf129IsNothingOnTheDialAnd129OnTheButton()
+    void anOffsetOf129IsEmptyOnTheDialAnd129OnTheButton()
     {
         openWithTrace();
-        click(probe().V_offset_button());
+        input::click(probe().V_offset_button());
         turnTo(129);
         QCOMPARE(probe().rfg_DATA()[0].offset, 129);
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n"));
         QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift\n129"));
-        click(probe().KU_button());
-        click(probe().V_offset_button());
+        input::click(probe().KU_button());
+        input::click(probe().V_offset_button());
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n"));
         turnTo(130);
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n130"));
     }
 
-    void anotherTraceBringsItsOwnShiftsToTheDial()
+    void theDialShowsTheShiftOfTheSelectedTrace()
     {
-        WindowFixture::writePreviousRun(
-            { fixture->trace(QStringLiteral("one.tdr"), TraceBuilder().shiftX(5)),
-              fixture->trace(QStringLiteral("two.tdr"), TraceBuilder().shiftX(9)) });
-        fixture->open();
+        openOn({ TraceBuilder().shiftX(5), TraceBuilder().shiftX(9) });
         QCOMPARE(dial()->trueValue, 5);
-        click(probe().selected_rfg()[1]);
+        input::click(probe().selected_rfg()[1]);
         QCOMPARE(dial()->trueValue, 9);
-        click(probe().selected_rfg()[3]);
+        input::click(probe().selected_rfg()[3]);
         QCOMPARE(dial()->trueValue, 0);
         QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n"));
     }
 
-    void theDialTurnedByHandReachesTheTrace()
+    void aTurnByTheMouseReachesTheTraceAndTheFactor()
     {
         openWithTrace();
-        click(probe().V_offset_button());
+        input::click(probe().V_offset_button());
         input::turn(dial(), 360);
         QCOMPARE(dial()->trueValue, 107);
         QCOMPARE(probe().rfg_DATA()[0].offset, 107);
         input::turn(dial(), -720);
         QCOMPARE(probe().rfg_DATA()[0].offset, -93);
-    }
-
-    void aFactorTurnedByHandMovesInThousandths()
-    {
-        fixture->open();
-        click(probe().KU_button());
+        input::click(probe().KU_button());
         input::turn(dial(), 360);
         QCOMPARE(dial()->trueValue, 598);
         QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.598"));
     }
 
-    void aDialWithoutSpeedSurvivesWheelKeysAndHand_data()
+    void aDialWithoutSpeedTakesWheelKeysAndMouse()
     {
-        QTest::addColumn<int>("speed");
-        QTest::newRow("none") << 0;
-        QTest::newRow("negative") << -5;
-        QTest::newRow("smallest number") << std::numeric_limits<int>::min();
-    }
-
-    void aDialWithoutSpeedSurvivesWheelKeysAndHand()
-    {
-        QFETCH(const int, speed);
-        WindowFixture::writeSettings(
-            QStringLiteral("[Dials]\nparamSpeed=%1\ncursorSpeed=%1\n").arg(speed).toLatin1());
-        fixture->open();
-        QCOMPARE(probe().settingsData()->param_dial_speed, speed);
-        QCOMPARE(probe().settingsData()->cursor_dial_speed, speed);
-        for (const int id : { 1, 3, 7, 8 }) {
-            click(probe().down_buttons()->button(id));
-            for (Cont_dial *each : { dial(), probe().cursor_dial() }) {
-                input::wheel(each, 120);
-                input::wheel(each, -120);
-                QTest::keyClick(each, Qt::Key_Right);
-                QTest::keyClick(each, Qt::Key_Left);
-                QTest::keyClick(each, Qt::Key_PageUp);
-                input::turn(each, 360);
+        for (const int speed : { 0, -5, std::numeric_limits<int>::min() }) {
+            startOver();
+            WindowFixture::writeSettings(
+                QStringLiteral("[Dials]\nparamSpeed=%1\ncursorSpeed=%1\n").arg(speed).toLatin1());
+            fixture->open();
+            QCOMPARE(probe().settingsData()->param_dial_speed, speed);
+            QCOMPARE(probe().settingsData()->cursor_dial_speed, speed);
+            for (const int id : { 1, 3, 7, 8 }) {
+                input::click(probe().down_buttons()->button(id));
+                for (Cont_dial *turned : { dial(), probe().cursor_dial() }) {
+                    input::wheel(turned, 120);
+                    input::wheel(turned, -120);
+                    for (const Qt::Key key : { Qt::Key_Right, Qt::Key_Left, Qt::Key_PageUp })
+                        QTest::keyClick(turned, key);
+                    input::turn(turned, 360);
+                }
+                QCOMPARE(dial()->maximum(), id == 8 ? 8 : 1);
             }
-            QCOMPARE(dial()->maximum(), id == 8 ? 8 : 1);
+            QCOMPARE(probe().cursor_dial()->maximum(), 1);
         }
-        QCOMPARE(probe().cursor_dial()->maximum(), 1);
     }
 };
 

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "curarrow.h"
+#include "each.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
-#include "windowfixture.h"
+#include "parambutton.h"
+#include "windowtest.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -49,20 +51,14 @@ QVector<double> numbersOf(const QString &text, int skip)
 
 } // namespace
 
-class TestResize : public QObject
+class TestResize : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
     void resizeTo(int width, int height)
     {
-        fixture->window().resize(width, height);
+        window().resize(width, height);
         WindowFixture::settle();
     }
     QRectF plot() const
@@ -91,11 +87,26 @@ private:
             QVERIFY2(qAbs(numbers[i] - expected[i]) < 0.01, qPrintable(text));
     }
 
+    /// Everything that is derived from the window's size.
+    QVector<double> sizes() const
+    {
+        const MainWindowProbe &p = probe();
+        return { double{ p.font_size() },
+                 double(p.gain_button()->font().pointSize()),
+                 double(p.chart_title().font().pointSize()),
+                 double(p.axis_lbl()[19].font().pixelSize()),
+                 double(p.delta_lbl()->font().pointSize()),
+                 double(p.curB_nav_button()->font().pointSize()),
+                 double(p.selected_rfg()[5]->iconSize().width()),
+                 double(p.KU_button()->iconSize().width()),
+                 double(p.cur_arrowB()->cur_lbl.font().pointSize()) };
+    }
+
 private slots:
     void init()
     {
-        fixture = std::make_unique<WindowFixture>();
-        fixture->open();
+        startOver();
+        openOn({});
     }
 
     void cleanup()
@@ -104,75 +115,65 @@ private slots:
         fixture.reset();
     }
 
-    void everythingGrowsWithTheWindow_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<float>("base");
-        QTest::addColumn<int>("widgets");
-        QTest::addColumn<int>("title");
-        QTest::addColumn<int>("grid");
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<int>("navigation");
-        QTest::addColumn<int>("largeIcon");
-        QTest::addColumn<int>("smallIcon");
-        QTest::addColumn<int>("letter");
-        QTest::newRow("800x500") << QSize(800, 500) << 9.0F << 9 << 8 << 10 << 18 << 13 << 27 << 18
-                                 << 6;
-        QTest::newRow("1280x720") << QSize(1280, 720) << 12.96F << 12 << 11 << 12 << 25 << 19 << 38
-                                  << 25 << 9;
-        QTest::newRow("1920x1080")
-            << QSize(1920, 1080) << 19.44F << 19 << 12 << 19 << 38 << 29 << 58 << 38 << 14;
-        // 15/16 of the width, in whole pixels, is less than the height.
-        QTest::newRow("narrow") << QSize(801, 1000) << 13.5F << 13 << 12 << 13 << 27 << 20 << 40
-                                << 27 << 10;
-    }
-
     void everythingGrowsWithTheWindow()
     {
-        QFETCH(const QSize, size);
-        QFETCH(const float, base);
-        QFETCH(const int, widgets);
-        QFETCH(const int, title);
-        QFETCH(const int, grid);
-        QFETCH(const int, delta);
-        QFETCH(const int, navigation);
-        QFETCH(const int, largeIcon);
-        QFETCH(const int, smallIcon);
-        QFETCH(const int, letter);
-        resizeTo(size.width(), size.height());
-        const MainWindowProbe &p = probe();
-        QCOMPARE(fixture->window().size(), size);
-        QCOMPARE(p.font_size(), base);
-        const auto all = QApplication::allWidgets();
-        for (const QWidget *widget : all) {
-            const bool isNavigation
-                = widget == p.curA_nav_button() || widget == p.curB_nav_button();
-            QCOMPARE(widget->font().pointSize(),
-                     widget == p.delta_lbl() ? delta
-                         : isNavigation      ? navigation
-                                             : widgets);
-        }
-        QCOMPARE(p.chart_title().font().pointSize(), title);
-        QVERIFY(p.chart_title().font().bold());
-        QCOMPARE(p.cursor_step_lbl().font().pointSize(), title);
-        for (const auto &label : p.axis_lbl())
-            QCOMPARE(label.font().pixelSize(), grid);
-        for (const auto &label : p.axis_0_lbl())
-            QCOMPARE(label.font().pixelSize(), grid);
-        for (const LegendButton *button : p.selected_rfg())
-            QCOMPARE(button->iconSize(), QSize(largeIcon, largeIcon));
-        for (const QPushButton *button : { p.scale_up_button(), p.scale_down_button(),
-                                           p.scroll_left_button(), p.scroll_right_button() })
-            QCOMPARE(button->iconSize(), QSize(largeIcon, largeIcon));
-        for (int id = 0; id < 10; ++id)
-            QCOMPARE(p.down_buttons()->button(id)->iconSize(), QSize(smallIcon, smallIcon));
-        for (const QAbstractButton *button :
-             { p.up_buttons()->button(1), p.up_buttons()->button(2),
-               static_cast<QAbstractButton *>(p.settings_button()),
-               static_cast<QAbstractButton *>(p.difference_button()) })
-            QCOMPARE(button->iconSize(), QSize(smallIcon, smallIcon));
-        for (const CurArrow *marker : { p.cur_arrowA(), p.cur_arrowB() })
-            QCOMPARE(marker->cur_lbl.font().pointSize(), letter);
+        struct Row
+        {
+            const char *name;
+            QSize size;
+            float base;
+            int widgets;
+            int title;
+            int grid;
+            int delta;
+            int navigation;
+            int largeIcon;
+            int smallIcon;
+            int letter;
+        };
+        each<Row>({ { "800x500", { 800, 500 }, 9.0F, 9, 8, 10, 18, 13, 27, 18, 6 },
+                    { "1280x720", { 1280, 720 }, 12.96F, 12, 11, 12, 25, 19, 38, 25, 9 },
+                    { "1920x1080", { 1920, 1080 }, 19.44F, 19, 12, 19, 38, 29, 58, 38, 14 },
+                    // 15/16 of the width, in whole pixels, is less than the height.
+                    { "narrow", { 801, 1000 }, 13.5F, 13, 12, 13, 27, 20, 40, 27, 10 } },
+                  [this](const Row &row) {
+                      resizeTo(row.size.width(), row.size.height());
+                      const MainWindowProbe &p = probe();
+                      QCOMPARE(window().size(), row.size);
+                      QCOMPARE(p.font_size(), row.base);
+                      const auto all = QApplication::allWidgets();
+                      for (const QWidget *widget : all) {
+                          const bool isNavigation
+                              = widget == p.curA_nav_button() || widget == p.curB_nav_button();
+                          QCOMPARE(widget->font().pointSize(),
+                                   widget == p.delta_lbl() ? row.delta
+                                       : isNavigation      ? row.navigation
+                                                           : row.widgets);
+                      }
+                      QCOMPARE(p.chart_title().font().pointSize(), row.title);
+                      QVERIFY(p.chart_title().font().bold());
+                      QCOMPARE(p.cursor_step_lbl().font().pointSize(), row.title);
+                      for (const auto &label : p.axis_lbl())
+                          QCOMPARE(label.font().pixelSize(), row.grid);
+                      for (const auto &label : p.axis_0_lbl())
+                          QCOMPARE(label.font().pixelSize(), row.grid);
+                      for (const LegendButton *button : p.selected_rfg())
+                          QCOMPARE(button->iconSize(), QSize(row.largeIcon, row.largeIcon));
+                      for (const QPushButton *button :
+                           { p.scale_up_button(), p.scale_down_button(), p.scroll_left_button(),
+                             p.scroll_right_button() })
+                          QCOMPARE(button->iconSize(), QSize(row.largeIcon, row.largeIcon));
+                      for (int id = 0; id < 10; ++id)
+                          QCOMPARE(p.down_buttons()->button(id)->iconSize(),
+                                   QSize(row.smallIcon, row.smallIcon));
+                      for (const QAbstractButton *button :
+                           { p.up_buttons()->button(1), p.up_buttons()->button(2),
+                             static_cast<QAbstractButton *>(p.settings_button()),
+                             static_cast<QAbstractButton *>(p.difference_button()) })
+                          QCOMPARE(button->iconSize(), QSize(row.smallIcon, row.smallIcon));
+                      for (const CurArrow *marker : { p.cur_arrowA(), p.cur_arrowB() })
+                          QCOMPARE(marker->cur_lbl.font().pointSize(), row.letter);
+                  });
     }
 
     void theChartFillsItsView()
@@ -187,7 +188,7 @@ private slots:
         QCOMPARE(double{ probe().plotLeft() }, plot().left());
     }
 
-    void titleAndStepStandOnThePlot()
+    void titleAndStepAreOnThePlot()
     {
         resizeTo(1000, 700);
         const auto &title = probe().chart_title();
@@ -201,7 +202,7 @@ private slots:
 
     void markersMoveAndGrowWithTheWindow()
     {
-        fixture->window().cursorSetup_slot(125);
+        window().cursorSetup_slot(125);
         const CurArrow *marker = probe().cur_arrowA();
         QCOMPARE(marker->scale, 1.0F);
         resizeTo(1280, 720);
@@ -216,6 +217,20 @@ private slots:
         QVERIFY(qAbs(marker->scale - 1.0F) < 0.001F);
     }
 
+    // Scales are products of floats.
+    void twentyTripsToALargeSizeAndBackChangeNothing()
+    {
+        const QVector<double> first = sizes();
+        for (int trip = 0; trip < 20; ++trip) {
+            resizeTo(3840, 2160);
+            QCOMPARE(probe().font_size(), 38.88F);
+            resizeTo(800, 500);
+        }
+        QCOMPARE(window().size(), QSize(800, 500));
+        QCOMPARE(sizes(), first);
+        QVERIFY(qAbs(probe().cur_arrowA()->cur_arrow1.scale() - 1.0) < 1e-5);
+    }
+
     void theGridFollowsThePlot()
     {
         resizeTo(1000, 700);
@@ -224,7 +239,6 @@ private slots:
             if (!line.isVisible())
                 continue;
             ++visible;
-            // Lines hold the plot's left edge and are moved by their own place.
             const double x = line.x() + line.line().x1();
             QVERIFY(x > plot().left() && x < plot().right());
             QCOMPARE(line.line().y1(), plot().bottom());
@@ -233,7 +247,7 @@ private slots:
         QCOMPARE(visible, 12);
     }
 
-    void spacersFollowTheTraceButtons()
+    void spacersAreAFifthOfATraceButton()
     {
         for (const int height : { 560, 900 }) {
             resizeTo(800, height);
@@ -241,14 +255,13 @@ private slots:
             for (const QSpacerItem *spacer :
                  { probe().blank_1(), probe().blank_2(), probe().blank_3() }) {
                 QCOMPARE(spacer->sizeHint().width(), 10);
-                // The files button is laid out before the trace buttons, and looks at their old
-                // size.
+                // The files button is laid out before the trace buttons and reads their old size.
                 QVERIFY(qAbs(spacer->sizeHint().height() - expected) < 20);
                 QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
                 QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
             }
         }
-        // Resized by itself, with the trace buttons at rest, it gives exactly a fifth.
+        // Resized alone it sets exactly a fifth.
         QResizeEvent event(QSize(50, 50), QSize(40, 40));
         QApplication::sendEvent(probe().legend_button(), &event);
         for (const QSpacerItem *spacer :
@@ -256,14 +269,14 @@ private slots:
             QCOMPARE(spacer->sizeHint(), QSize(10, probe().selected_rfg()[0]->height() / 5));
     }
 
-    void aResizeWritesThreeLinesUnderTheFiltersName()
+    void aResizeLogsThreeLines()
     {
         const QVector<double> before = measures();
         caught().clear();
         qInstallMessageHandler(catchLine);
         resizeTo(1000, 700);
         qInstallMessageHandler(nullptr);
-        // New fonts can shift the layout by a pixel, which resizes the view once more.
+        // New fonts can change the layout by a pixel, which resizes the view once more.
         const auto last = caught().size() - 3;
         QVERIFY(last >= 0 && last % 3 == 0);
         const QStringList starts{ QStringLiteral("1 before resize"),

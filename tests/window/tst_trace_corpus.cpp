@@ -1,46 +1,50 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 #include "parambutton.h"
-#include "trace_oracle.h"
-#include "trace_rows.h"
+#include "trace_recipe.h"
 #include "windowfixture.h"
 #include "windowstate.h"
 
 #include <QButtonGroup>
+#include <QDir>
 #include <QLabel>
 #include <QPushButton>
-#include <QSettings>
 #include <QtTest>
 
 QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-/// A file of the tables in the tree, with the lines that are expected of it.
+constexpr char goodTrace[] = "samples=7,121,-60";
+constexpr char secondTrace[]
+    = "minstep=2.5 delay=2 shift_x=3 shift_y=7 ku=2.0 year=0x30 month=0x12 "
+      "day=0x31 hours=0x23 minutes=0x59 seconds=0x58 samples=0,1,-20";
+constexpr int cursorColumn = 150;
+
+/// A file of the tables: "NAME: RECIPE", then the expected lines with two blanks before each.
 struct Row
 {
-    QString name;
+    QByteArray name;
     QString recipe;
     QStringList expected;
 };
 
-QVector<Row> rowsOf(const QString &table)
+void addRows(const QString &path, std::vector<Row> &rows)
 {
-    QFile file(QStringLiteral(VELKOR_TEST_DATA "/traces/") + table + QStringLiteral(".txt"));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("no table %s", qPrintable(file.fileName()));
-    QVector<Row> rows;
+        qFatal("no table %s", qPrintable(path));
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
-        if (line.startsWith(QStringLiteral("  ")))
-            rows.last().expected.append(line.mid(2));
+        if (line.startsWith(QLatin1String("  ")))
+            rows.back().expected.append(line.mid(2));
         else if (!line.isEmpty())
-            rows.append({ line.section(QStringLiteral(": "), 0, 0),
-                          line.section(QStringLiteral(": "), 1),
-                          {} });
+            rows.push_back({ line.section(QLatin1String(": "), 0, 0).toUtf8(),
+                             line.section(QLatin1String(": "), 1),
+                             {} });
     }
-    return rows;
 }
 
 QString oneLine(QString text)
@@ -86,8 +90,8 @@ QString slotText(const MainWindowProbe &probe, int slot)
              trace.time.toString(Qt::TextDate), pointsText(*probe.rfg_series()[slot]));
 }
 
-/// The lines of \a state that a load into slot 2 must leave alone. The label of the cursor's step
-/// is put into its corner when the plot is resized, and stands a part of a pixel off it in between.
+/// The lines of \a state that a load into slot 2 must not change. The label of the cursor step
+/// moves to its corner only when the plot is resized, so its place may differ by a part of a pixel.
 QStringList withoutSlotTwo(const QStringList &state)
 {
     QStringList lines;
@@ -98,24 +102,6 @@ QStringList withoutSlotTwo(const QStringList &state)
                              ? line.section(QStringLiteral(" at "), 0, 0)
                              : line);
     return lines;
-}
-
-/// The window that the tables were made for.
-MainWindow &openGood(WindowFixture &fixture)
-{
-    corpus::writeTrace(QString::fromLatin1(corpus::goodTrace), fixture.path(QStringLiteral("g")));
-    corpus::writeTrace(QString::fromLatin1(corpus::secondTrace), fixture.path(QStringLiteral("s")));
-    {
-        QSettings settings(WindowFixture::settingsFile(), QSettings::IniFormat);
-        settings.beginGroup(constants::groupPrevFiles);
-        settings.setValue(constants::keyStateIndex, 5);
-        settings.setValue(constants::keyMasterId, 0);
-        settings.setValue(QStringLiteral("file1"), fixture.path(QStringLiteral("g")));
-        settings.setValue(QStringLiteral("file3"), fixture.path(QStringLiteral("s")));
-    }
-    MainWindow &window = fixture.open();
-    window.cursorSetup_slot(corpus::cursorColumn);
-    return window;
 }
 
 QString selectedText(const WindowFixture &fixture)
@@ -169,135 +155,128 @@ QString masterText(const MainWindowProbe &probe)
 
 } // namespace
 
-/// Every damaged trace of the tables, loaded into a window that shows good ones.
+/// Every damaged trace of the tables in tests/data/traces, loaded beside good ones. The window is
+/// as after a run with \c goodTrace in slot 1, the master, and \c secondTrace in slot 3; cursor A
+/// is at column 150. A row has seven lines:
+///   beside      loaded into the empty slot 2
+///   selected    slot 2 selected, the cursor at its column again
+///   captions    the parameter buttons and the dial
+///   difference  with the difference mode on
+///   smooth      with smoothing on
+///   master      slot 2 made the master
+///   over        loaded into slot 3, over the trace there
 class TestTraceCorpus : public QObject
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<WindowFixture> fixture;
-    QStringList state; ///< at first, but for the slot that the rows use
-
-    /// The window as \c openGood left it, with slot 2 empty and its record all zeros. One is enough
-    /// for all rows: what a bad trace was good for must not outlast it.
-    MainWindow &openAsAtFirst()
-    {
-        if (!fixture) {
-            fixture = std::make_unique<WindowFixture>();
-            MainWindow &window = openGood(*fixture);
-            // What is made when it is first shown, and then kept, shall be there.
-            window.grab();
-            fixture->probe().smooth_button()->setChecked(true);
-            fixture->probe().smooth_button()->setChecked(false);
-            state = withoutSlotTwo(stateOf(window));
-            return window;
-        }
-        MainWindow &window = fixture->window();
-        const QString zeros = fixture->path(QStringLiteral("z"));
-        corpus::writeTrace(QStringLiteral("fill=00"), zeros);
-        window.add_Selected_RFG(zeros, 1);
-        window.add_Selected_RFG(fixture->path(QStringLiteral("g")), 0);
-        window.add_Selected_RFG(fixture->path(QStringLiteral("s")), 2);
-        fixture->probe().rfg_buttons()->button(0)->setChecked(true);
-        // A button that is off at one end of the scale stays so on the way to the other end.
-        window.scale_change(1);
-        window.setMasterID(0);
-        window.remove_Selected_RFG(1);
-        window.cursorSetup_slot(corpus::cursorColumn);
-        WindowFixture::settle();
-        return window;
-    }
-
 private slots:
-    void cleanup()
-    {
-        // What a failure left behind would fail the next rows as well.
-        if (QTest::currentTestFailed())
-            fixture.reset();
-    }
+    void eachFileLeavesTheWindowAsItsRowSays();
 
-    void cleanupTestCase()
-    {
-        fixture.reset();
-    }
+private:
+    void open();
+    void reset();
+    void check(const Row &row);
 
-    void theTablesAreThoseOfTheirMaker()
-    {
-        int files = 0;
-        QSet<QString> names;
-        const auto families = corpus::traceFamilies();
-        for (const corpus::Family &family : families) {
-            QFile file(QStringLiteral(VELKOR_TEST_DATA "/traces/") + family.name
-                       + QStringLiteral(".txt"));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(QString::fromUtf8(file.readAll()), corpus::tableOf(family));
-            for (const corpus::Recipe &recipe : family.recipes)
-                names.insert(recipe.name);
-            files += static_cast<int>(family.recipes.size());
-        }
-        QCOMPARE(names.size(), files);
-        QVERIFY(files >= 250);
-    }
-
-    void aFileLeavesTheWindowAsItsRowSays_data()
-    {
-        QTest::addColumn<QString>("recipe");
-        QTest::addColumn<QStringList>("expected");
-        const auto families = corpus::traceFamilies();
-        for (const corpus::Family &family : families) {
-            const auto rows = rowsOf(family.name);
-            for (const Row &row : rows)
-                QTest::newRow(qPrintable(row.name)) << row.recipe << row.expected;
-        }
-    }
-
-    void aFileLeavesTheWindowAsItsRowSays()
-    {
-        QFETCH(QString, recipe);
-        QFETCH(QStringList, expected);
-        QCOMPARE(expected.size(), 7);
-        MainWindow &window = openAsAtFirst();
-        const MainWindowProbe &probe = fixture->probe();
-        QCOMPARE(withoutSlotTwo(stateOf(window)), state);
-        const QString path = fixture->path(QStringLiteral("bad.tdr"));
-        corpus::writeTrace(recipe, path);
-
-        window.add_Selected_RFG(path, 1);
-        QCOMPARE(withoutSlotTwo(stateOf(window)), state);
-        QCOMPARE(probe.rfg_read_index(), 7);
-        QCOMPARE(probe.rfg_ID(), 0);
-        QCOMPARE(probe.rfg_master_ID(), 0);
-        QVERIFY(probe.rfg_series()[1]->isVisible());
-        QCOMPARE(probe.rfg_DATA()[1].name, QStringLiteral("RFG 2"));
-        QCOMPARE(probe.rfg_DATA()[1].full_path, path);
-        QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), expected[0]);
-
-        probe.rfg_buttons()->button(1)->setChecked(true);
-        window.cursorSetup_slot(corpus::cursorColumn);
-        QCOMPARE(selectedText(*fixture), expected[1]);
-        QCOMPARE(captions(probe), expected[2]);
-
-        probe.difference_button()->setChecked(true);
-        QCOMPARE(QStringLiteral("difference: ") + pointsText(*probe.rfg_series()[1]), expected[3]);
-        QCOMPARE(probe.cursor_A_pos_Y(), 129);
-        probe.difference_button()->setChecked(false);
-        QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), expected[0]);
-
-        probe.smooth_button()->setChecked(true);
-        QCOMPARE(QStringLiteral("smooth: ") + pointsText(*probe.rfg_series_sp()[1]), expected[4]);
-        probe.smooth_button()->setChecked(false);
-
-        window.setMasterID(1);
-        QCOMPARE(masterText(probe), expected[5]);
-
-        const QString good = slotText(probe, 0);
-        window.add_Selected_RFG(path, 2);
-        QCOMPARE(QStringLiteral("over: ") + slotText(probe, 2), expected[6]);
-        QCOMPARE(slotText(probe, 0), good);
-        QCOMPARE(masterText(probe), expected[5]);
-        QVERIFY(!window.grab().isNull());
-    }
+    std::unique_ptr<WindowFixture> fixture;
+    QStringList state; ///< of the window at first, without slot 2
 };
+
+/// Opens the window. It serves all rows: no effect of a file may outlast it.
+void TestTraceCorpus::open()
+{
+    fixture = std::make_unique<WindowFixture>();
+    const QString good = fixture->path(QStringLiteral("g"));
+    const QString second = fixture->path(QStringLiteral("s"));
+    corpus::writeTrace(QLatin1String(goodTrace), good);
+    corpus::writeTrace(QLatin1String(secondTrace), second);
+    WindowFixture::writePreviousRun({ good, QString(), second });
+    MainWindow &window = fixture->open();
+    window.cursorSetup_slot(cursorColumn);
+    // Creates what is created on first use.
+    window.grab();
+    fixture->probe().smooth_button()->setChecked(true);
+    fixture->probe().smooth_button()->setChecked(false);
+    state = withoutSlotTwo(stateOf(window));
+}
+
+/// Sets the window back to its first state, with zeros in the record of slot 2.
+void TestTraceCorpus::reset()
+{
+    MainWindow &window = fixture->window();
+    const QString zeros = fixture->path(QStringLiteral("z"));
+    corpus::writeTrace(QStringLiteral("fill=00"), zeros);
+    window.add_Selected_RFG(zeros, 1);
+    window.add_Selected_RFG(fixture->path(QStringLiteral("g")), 0);
+    window.add_Selected_RFG(fixture->path(QStringLiteral("s")), 2);
+    fixture->probe().rfg_buttons()->button(0)->setChecked(true);
+    // A zoom button that is off at one end of the scale stays so on the way to the other end.
+    window.scale_change(1);
+    window.setMasterID(0);
+    window.remove_Selected_RFG(1);
+    window.cursorSetup_slot(cursorColumn);
+    WindowFixture::settle();
+}
+
+void TestTraceCorpus::eachFileLeavesTheWindowAsItsRowSays()
+{
+    std::vector<Row> rows;
+    const QDir tables(QStringLiteral(VELKOR_TEST_DATA "/traces"));
+    const auto files = tables.entryInfoList(QDir::Files);
+    for (const QFileInfo &file : files)
+        addRows(file.filePath(), rows);
+    QVERIFY(rows.size() >= 391);
+    open();
+    each(rows, [this](const Row &row) {
+        check(row);
+        reset();
+    });
+    fixture.reset();
+}
+
+void TestTraceCorpus::check(const Row &row)
+{
+    QCOMPARE(row.expected.size(), 7);
+    MainWindow &window = fixture->window();
+    const MainWindowProbe &probe = fixture->probe();
+    QCOMPARE(withoutSlotTwo(stateOf(window)), state);
+    const QString path = fixture->path(QStringLiteral("bad.tdr"));
+    corpus::writeTrace(row.recipe, path);
+
+    window.add_Selected_RFG(path, 1);
+    QCOMPARE(withoutSlotTwo(stateOf(window)), state);
+    QCOMPARE(probe.rfg_read_index(), 7);
+    QCOMPARE(probe.rfg_ID(), 0);
+    QCOMPARE(probe.rfg_master_ID(), 0);
+    QVERIFY(probe.rfg_series()[1]->isVisible());
+    QCOMPARE(probe.rfg_DATA()[1].name, QStringLiteral("RFG 2"));
+    QCOMPARE(probe.rfg_DATA()[1].full_path, path);
+    QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), row.expected[0]);
+
+    probe.rfg_buttons()->button(1)->setChecked(true);
+    window.cursorSetup_slot(cursorColumn);
+    QCOMPARE(selectedText(*fixture), row.expected[1]);
+    QCOMPARE(captions(probe), row.expected[2]);
+
+    probe.difference_button()->setChecked(true);
+    QCOMPARE(QStringLiteral("difference: ") + pointsText(*probe.rfg_series()[1]), row.expected[3]);
+    QCOMPARE(probe.cursor_A_pos_Y(), 129);
+    probe.difference_button()->setChecked(false);
+    QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), row.expected[0]);
+
+    probe.smooth_button()->setChecked(true);
+    QCOMPARE(QStringLiteral("smooth: ") + pointsText(*probe.rfg_series_sp()[1]), row.expected[4]);
+    probe.smooth_button()->setChecked(false);
+
+    window.setMasterID(1);
+    QCOMPARE(masterText(probe), row.expected[5]);
+
+    const QString good = slotText(probe, 0);
+    window.add_Selected_RFG(path, 2);
+    QCOMPARE(QStringLiteral("over: ") + slotText(probe, 2), row.expected[6]);
+    QCOMPARE(slotText(probe, 0), good);
+    QCOMPARE(masterText(probe), row.expected[5]);
+    QVERIFY(!window.grab().isNull());
+}
 
 QTEST_MAIN(TestTraceCorpus)
 #include "tst_trace_corpus.moc"
