@@ -143,7 +143,8 @@ private:
 
     // ---- Style (window/style.cpp) ----
 public slots:
-    /// Applies the current style sheet and paints chart and scene near-black.
+    /// Applies the current style sheet, or none when it is not acceptable, and paints chart and
+    /// scene near-black.
     void set_CSS();
     /// Makes the file at \a path the current style sheet, an empty one when it cannot be read. The
     /// watched file is watched again when it was replaced, its folder while it is missing.

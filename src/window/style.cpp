@@ -11,8 +11,8 @@
 
 void MainWindow::set_CSS()
 {
-    // The store keeps the text as it was read; only what the toolkit would open is looked at here.
-    const QString sheet = style_text::withoutPipes(settingsData->current_CSS);
+    const QString &text = settingsData->current_CSS;
+    const QString sheet = style_text::isAcceptable(text) ? text : QString();
     setStyleSheet(sheet);
     input_dialog->setStyleSheet(sheet);
     Plot_View->invalidate();

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "each.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowtest.h"
@@ -149,6 +150,34 @@ private slots:
         fixture->open();
         QCOMPARE(look(), QByteArray());
         QCOMPARE(currentPath(), QStringLiteral("/nowhere/at/all.qss"));
+    }
+
+    // Each of these ended the program, or used a gigabyte, or needed ten seconds to start.
+    void refusedSheetIsStoredAndNotApplied()
+    {
+        struct Row
+        {
+            const char *name;
+            QByteArray text;
+        };
+        each<Row>(
+            {
+                { "range without a middle", "QDial { qproperty-minimum: 100 }" },
+                { "sheet within itself",
+                  "* { qproperty-styleSheet: \"* { qproperty-styleSheet: '* {}' }\" }" },
+                { "gradient without numbers",
+                  "* { background: qradialgradient(cx:nan, cy:inf, radius:0, fx:1e300) }" },
+                { "width", "* { min-width: 40000px }" },
+                { "index without bounds", "* { button-layout: 1000000 }" },
+                { "selectors of every widget", QByteArray("*,").repeated(2500) + "* {}" },
+                { "size", QByteArray("QLabel { color: red }").repeated(20000) },
+            },
+            [this](const Row &row) {
+                openWithSheet(row.text);
+                QCOMPARE(look(), QByteArray());
+                QCOMPARE(dialogLook(), QByteArray());
+                QCOMPARE(window().settings()->current_CSS.toLatin1(), row.text);
+            });
     }
 
     void withoutADeveloperSheetNothingIsWatched()
