@@ -21,7 +21,7 @@ constexpr QLatin1String visibleIcon = constants::latin1(":/icons/eye_opened");
 
 } // namespace
 
-/// The pictures of a slot's menu.
+/// The icons of a slot's menu.
 struct LegendButton::MenuIcons
 {
     explicit MenuIcons(const QStyle &style)
@@ -94,7 +94,7 @@ void LegendButton::buildMenu()
 
 std::shared_ptr<const LegendButton::MenuIcons> LegendButton::sharedIcons() const
 {
-    // Not kept beyond the last button: pictures must not outlive the application.
+    // Released with the last button, because pixmaps must not outlive the application.
     static std::weak_ptr<const MenuIcons> shared;
     auto icons = shared.lock();
     if (!icons) {
@@ -112,7 +112,7 @@ void LegendButton::connectActions()
     connect(master_action, &QAction::triggered, this, [this] { emit master_signal(id); });
     connect(visible_action, &QAction::triggered, this, [this] {
         emit visible_signal(id, !vis());
-        // The click moved the check mark; only the window's answer counts.
+        // The click toggled the check mark, but only the window changes the visibility.
         visible_action->setChecked(vis());
     });
     connect(this, &QWidget::customContextMenuRequested, this,
@@ -136,7 +136,7 @@ void LegendButton::retranslateUI()
 
 void LegendButton::menuEnable(bool on)
 {
-    // On a master this enables "Set as Master" again; the caller minds the order.
+    // On a master this enables "Set as Master" again, until the next setMast.
     master_action->setEnabled(on);
     reset_action->setEnabled(on);
     clear_action->setEnabled(on);
@@ -145,13 +145,10 @@ void LegendButton::menuEnable(bool on)
 
 void LegendButton::setVis(bool on)
 {
-    const bool changed = m_visible_st != on;
     m_visible_st = on;
     visible_action->setChecked(on);
     emit visChanged(on);
-    if (changed) {
-        restyle();
-    }
+    restyle();
 }
 
 bool LegendButton::vis() const
@@ -161,13 +158,10 @@ bool LegendButton::vis() const
 
 void LegendButton::setMast(bool on)
 {
-    const bool changed = m_master_st != on;
     m_master_st = on;
     emit mastChanged(on);
     master_action->setEnabled(!on);
-    if (changed) {
-        restyle();
-    }
+    restyle();
 }
 
 bool LegendButton::mast() const
