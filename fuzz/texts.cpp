@@ -11,12 +11,14 @@
 #include <QTemporaryDir>
 
 /// \file
-/// The bytes of the list of languages or, when the first byte is odd, of a style sheet. The toolkit
-/// takes a second for a sheet of some hundred kilobytes; the scripts keep inputs at four.
+/// The first byte says what the rest is: even, a list of languages; odd, a style sheet.
 
 using fuzz::expect;
 
 namespace {
+
+/// px; what the limits of a sheet leave possible for one widget: 32 em and the box around it
+constexpr int maxMinimumSize = 8192;
 
 MainWindow *window = nullptr;
 
@@ -59,9 +61,15 @@ void styleSheet(const QByteArray &bytes)
     SettingsData &live = *window->settings();
     live.current_CSS_path = path;
     live.parse_CSS();
-    expect(live.current_CSS.isEmpty() || live.current_CSS.toLatin1() == bytes,
-           "a style sheet is taken as it is or not at all");
+    expect(live.current_CSS.toLatin1() == bytes, "a style sheet is stored as it was read");
+    expect(window->styleSheet().isEmpty() || window->styleSheet() == live.current_CSS,
+           "a style sheet is applied as it is or not at all");
     fuzz::settle();
+    const QList<QWidget *> widgets = window->findChildren<QWidget *>() << window;
+    for (const QWidget *widget : widgets)
+        expect(widget->minimumWidth() <= maxMinimumSize
+                   && widget->minimumHeight() <= maxMinimumSize,
+               "no style sheet makes a widget larger than a screen");
 }
 
 } // namespace

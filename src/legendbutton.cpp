@@ -82,7 +82,7 @@ void LegendButton::connectActions()
     connect(master_action, &QAction::triggered, this, [this] { emit master_signal(id); });
     connect(visible_action, &QAction::triggered, this, [this] {
         emit visible_signal(id, !vis());
-        // The click moved the check mark; only the window's answer counts.
+        // The click toggled the check mark, but only the window changes the visibility.
         visible_action->setChecked(vis());
     });
     connect(this, &QWidget::customContextMenuRequested, this,
@@ -106,7 +106,7 @@ void LegendButton::retranslateUI()
 
 void LegendButton::menuEnable(bool on)
 {
-    // On a master this enables "Set as Master" again; the caller minds the order.
+    // On a master this enables "Set as Master" again, until the next setMast.
     master_action->setEnabled(on);
     reset_action->setEnabled(on);
     clear_action->setEnabled(on);
@@ -115,13 +115,10 @@ void LegendButton::menuEnable(bool on)
 
 void LegendButton::setVis(bool on)
 {
-    const bool changed = m_visible_st != on;
     m_visible_st = on;
     visible_action->setChecked(on);
     emit visChanged(on);
-    if (changed) {
-        restyle();
-    }
+    restyle();
 }
 
 bool LegendButton::vis() const
@@ -131,13 +128,10 @@ bool LegendButton::vis() const
 
 void LegendButton::setMast(bool on)
 {
-    const bool changed = m_master_st != on;
     m_master_st = on;
     emit mastChanged(on);
     master_action->setEnabled(!on);
-    if (changed) {
-        restyle();
-    }
+    restyle();
 }
 
 bool LegendButton::mast() const

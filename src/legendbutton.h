@@ -7,9 +7,9 @@
 class QAction;
 class QMenu;
 
-/// Button of one trace slot, with the context menu of the slot and two properties for style sheets.
-/// It reports what the user requests by a signal and changes nothing itself; the window calls the
-/// setters, none of which emits a request.
+/// The button of one trace slot, with the slot's context menu and two properties for style sheets.
+/// Its signals report requests of the user and change nothing; the window calls the setters, which
+/// emit no request.
 class LegendButton : public InterfaceButton
 {
     Q_OBJECT
@@ -17,26 +17,27 @@ class LegendButton : public InterfaceButton
     Q_PROPERTY(bool mast READ mast WRITE setMast NOTIFY mastChanged)
 
 public:
-    /// \a slot counts from 0; the object name and first name are "rfg_" and \a slot + 1. The
-    /// actions get their texts with the first \c retranslateUI.
+    /// \a slot counts from 0; the object name and the initial name are "rfg_" and \a slot + 1. The
+    /// actions have no texts before the first \c retranslateUI.
     LegendButton(Dictionary *words, char slot);
     ~LegendButton() override;
 
     /// Names the trace: \c name and the title of the context menu, not the button's own text.
     void setName(const QString &text);
 
-    /// Reads the five action texts again.
+    /// Sets the texts of the five actions from the dictionary.
     void retranslateUI();
 
-    /// Enables or disables everything in the menu but "Load": an empty slot can be loaded.
+    /// Enables or disables all actions but "Load", which an empty slot needs.
     void menuEnable(bool on);
 
-    /// Notes whether the trace is shown; the check mark of the menu follows.
+    /// Sets the property \c vis, whether the trace is shown, and the check mark of the menu.
+    /// Applies the style sheets again.
     void setVis(bool on);
     bool vis() const;
 
-    /// Notes whether the slot is the master; a master cannot be made master again, so its menu
-    /// entry is enabled exactly while \a on is false.
+    /// Sets the property \c mast, whether the slot is the master, and enables "Set as Master" when
+    /// it is not. Applies the style sheets again.
     void setMast(bool on);
     bool mast() const;
 
@@ -57,7 +58,7 @@ signals:
     void load_signal(char id);
     void reset_signal(char id);
     void clear_signal(char id);
-    /// The user asks for the opposite of the present visibility.
+    /// \a wanted is the opposite of \c vis.
     void visible_signal(char id, bool wanted);
     void master_signal(char id);
     void contextMenu_signal(char id);
@@ -67,6 +68,6 @@ signals:
 private:
     void buildMenu();
     void connectActions();
-    /// Lets the style sheets look at the properties again.
+    /// Applies the style sheets again, with the present values of the properties.
     void restyle();
 };

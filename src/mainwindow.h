@@ -122,10 +122,11 @@ private:
 
     // ---- Style (window/style.cpp) ----
 public slots:
-    /// Applies the current style sheet and paints chart and scene near-black.
+    /// Applies the current style sheet, or none when it is not acceptable, and paints chart and
+    /// scene near-black.
     void set_CSS();
-    /// Makes the changed file the current style sheet. A file that is being replaced and is not
-    /// there at this moment changes nothing.
+    /// Makes the file at \a path the current style sheet, an empty one when it cannot be read. The
+    /// watched file is watched again when it was replaced, its folder while it is missing.
     void CSS_watcher_slot(const QString &path);
 
 private:

@@ -5,7 +5,6 @@
 #include "base/constants.h"
 #include "base/ini_text.h"
 #include "base/program_files.h"
-#include "base/style_text.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -187,10 +186,8 @@ void SettingsData::copy(const SettingsData *from, state_index mask)
 
 void SettingsData::parse_CSS()
 {
-    QByteArray sheet
+    const QByteArray sheet
         = program_files::readRegularFile(current_CSS_path, constants::maxStyleSheetBytes);
-    if (!style_text::isReasonable(sheet))
-        sheet.clear();
     // With its length: a NUL is a character like any other and ends nothing.
     current_CSS = QString::fromLatin1(sheet.constData(), sheet.size());
     emit CSS_changed();

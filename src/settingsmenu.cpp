@@ -15,6 +15,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabBar>
@@ -31,14 +32,35 @@ constexpr int speedStep = 10;
 constexpr int labelStretch = 2;
 constexpr int speedStretch = 1;
 
-// The built-in sheet writes the captions of tabs in the very grey that it gives their ground, and
-// counts on a style that draws tabs by itself. So the dialog brings a light ground of its own.
+// The built-in sheet gives the captions of tabs the colour of their ground.
 constexpr QLatin1String tabGround
     = constants::latin1("QTabBar::tab { background: rgb(185, 187, 190); padding: 4px 12px;"
                         " border: 1px solid rgb(110, 112, 115); }"
                         "QTabBar::tab:selected { background: rgb(225, 227, 230); }");
-/// Where no sheet speaks of tabs their captions would be as light as all other texts.
-constexpr QRgb tabCaption = 0xFF404142;
+constexpr int tabFrame = 4; ///< px; the frame of a tab may have any colour
+constexpr int darkGray = 96; ///< of 255; black on it has a contrast of 3.3
+
+/// True when \a sheet gives tabs a background.
+bool hasTabGround(QString sheet)
+{
+    static const QRegularExpression comment(QStringLiteral("/\\*.*?\\*/"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression ground(QStringLiteral("QTabBar::tab[^{}]*\\{[^{}]*background"));
+    return sheet.remove(comment).contains(ground);
+}
+
+/// True when the tabs of \a bar have dark captions on a dark ground.
+bool isDark(QTabBar *bar)
+{
+    const QRect tab = bar->tabRect(bar->currentIndex());
+    const QImage picture
+        = bar->grab(tab.adjusted(tabFrame, tabFrame, -tabFrame, -tabFrame)).toImage();
+    int lightest = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            lightest = qMax(lightest, qGray(picture.pixel(x, y)));
+    return lightest < darkGray;
+}
 
 /// Styles draw the outline of a box in a shade of the ground. This grey has a contrast of 3:1 to
 /// the built-in sheet's ground and to white.
@@ -193,10 +215,6 @@ void SettingsMenu::layOutDialog()
     // The first page stays empty: the dialog is always opened on the second.
     tabs->addTab(files_widget, QString());
     tabs->addTab(settings_widget, QString());
-    tabs->setStyleSheet(tabGround);
-    for (int tab = 0; tab < tabs->count(); ++tab) {
-        tabs->tabBar()->setTabTextColor(tab, QColor::fromRgb(tabCaption));
-    }
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(ok_button);
@@ -249,6 +267,9 @@ void SettingsMenu::interfaceUpdate()
     // The box holds names, the store a code: this finds nothing and the box keeps its choice.
     language_select->setCurrentText(data_ex->current_language);
     apply_button->setEnabled(false);
+    tabs->setStyleSheet(QString());
+    if (!hasTabGround(data_ex->current_CSS) && isDark(tabs->tabBar()))
+        tabs->setStyleSheet(tabGround);
 }
 
 void SettingsMenu::interfaceInit()

@@ -33,8 +33,9 @@ public:
     /// Sets every text in the language that is installed.
     void retranslateUI();
 
-    /// Brings the dialog up to the live store; to be called before it is shown. Edits that were
-    /// not applied are dropped, but their sections stay marked in \c update_index.
+    /// Copies the live store to the dialog and makes its tabs readable with the present style
+    /// sheet. The window calls it before it shows the dialog. Edits that were not applied are
+    /// dropped, but their sections stay marked in \c update_index.
     void interfaceUpdate();
 
     /// Fills the language box from the live store, once.

@@ -116,8 +116,6 @@ constexpr char developerFolderVariable[] = "VELKOR_DEV_FOLDER";
 constexpr QLatin1String developerStyle = latin1("Velkor/style/style_%1.qss");
 constexpr int developerStyleNumber = 2; ///< the only sheet that is ever watched
 constexpr qint64 maxStyleSheetBytes = 4 << 20; ///< a larger sheet counts as unreadable
-constexpr int maxStyleSheetParts
-    = 10000; ///< rules, declarations and the like; several times a large sheet
 
 // ---- Keys of the settings file ----
 

@@ -2,194 +2,247 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/style_text.h"
 
-#include "base/constants.h"
-
 #include <QFileInfo>
 #include <QImageReader>
+#include <QRegularExpression>
 #include <QString>
-#include <QVector>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int longestEscape = 6; ///< hexadecimal digits of one character
+constexpr int maxSize = 256 * 1024; ///< characters
+constexpr int maxCost = 16384; ///< takes about 2 s with the widgets of the main window
+constexpr int pictureCost = 32; ///< Qt looks for a missing picture under every known suffix
+constexpr int generalFactor = 4; ///< for a rule that may match every widget
+constexpr double maxNumber = 1e6;
+constexpr double maxLength = 4096.0; ///< px
+constexpr double maxBox = 256.0; ///< px; padding, margin and border add to a length on both sides
+constexpr double maxFont = 128.0; ///< px or pt
+constexpr double maxButtonLayout = 3.0; ///< Qt uses the number as an index, unchecked
 
-/// A sheet as the toolkit reads it, each character with its place in the text.
-struct Decoded
+/// The kinds of tokens, numbered as the groups of \c tokenPattern.
+enum TokenKind {
+    Sign,
+    Blank,
+    String,
+    Word,
+    Function
+};
+
+/// Matches one token as Qt splits a sheet; a sign is what matches none of the groups. A string that
+/// is left open ends with its line.
+const QRegularExpression &tokenPattern()
 {
+    static const QRegularExpression pattern(
+        QStringLiteral(
+            R"((\s++|/\*.*?(?:\*/|\z)))" // blanks, a comment
+            R"(|("(?:[^"\\\n\r\f]++|\\(?:\r\n|.))*+"?+|'(?:[^'\\\n\r\f]++|\\(?:\r\n|.))*+'?+))"
+            R"(|(\.?\d[\d.]*+(?:%|(?:[-\w]|[^\x00-\x7f]|\\.)*+))" // a number with its unit
+            R"(|-?(?![-\d])(?:[-\w]|[^\x00-\x7f]|\\.)++(\()?)|.)"),
+        QRegularExpression::DotMatchesEverythingOption);
+    return pattern;
+}
+
+/// \a sheet with its hexadecimal escapes replaced, which Qt does before it looks for tokens.
+QString decoded(const QString &sheet)
+{
+    static const QRegularExpression escape(QStringLiteral(R"(\\([\dA-Fa-f]{1,6}))"));
     QString text;
-    QVector<int> origin; ///< one more than characters: the last is the end of the text
-};
-
-/// Characters \a begin up to, not including, \a end of a decoded sheet.
-struct Stretch
-{
-    int begin;
-    int end;
-};
-
-bool isHexDigit(QChar c)
-{
-    const ushort u = c.unicode();
-    return (u >= '0' && u <= '9') || (u >= 'a' && u <= 'f') || (u >= 'A' && u <= 'F');
-}
-
-bool isQuote(QChar c)
-{
-    return c == QLatin1Char('"') || c == QLatin1Char('\'');
-}
-
-Decoded decoded(const QString &sheet)
-{
-    Decoded result;
-    result.text.reserve(sheet.size());
-    result.origin.reserve(sheet.size() + 1);
-    for (int i = 0; i < sheet.size();) {
-        const int start = i;
-        QChar c = sheet[i++];
-        if (c == QLatin1Char('\\')) {
-            int digits = 0;
-            while (digits < longestEscape && i + digits < sheet.size()
-                   && isHexDigit(sheet[i + digits]))
-                ++digits;
-            bool fits = false;
-            const QString number = sheet.mid(i, digits);
-            const ushort code = number.toUShort(&fits, 16);
-            // Any other backslash is left out, as the toolkit does, and what follows stands as it
-            // is.
-            if (!fits)
-                continue;
-            c = QChar(code);
-            i += digits;
-        }
-        result.text.append(c);
-        result.origin.append(start);
-    }
-    result.origin.append(static_cast<int>(sheet.size()));
-    return result;
-}
-
-Stretch trimmed(const QString &text, Stretch part)
-{
-    while (part.begin < part.end && text[part.begin].isSpace())
-        ++part.begin;
-    while (part.begin < part.end && text[part.end - 1].isSpace())
-        --part.end;
-    return part;
-}
-
-/// What stands in the brackets that opened before \a begin, without quotes and blanks around it.
-Stretch argumentAt(const QString &text, int begin)
-{
-    Stretch part{ begin, begin };
-    int depth = 1;
-    QChar quote;
-    for (; part.end < text.size(); ++part.end) {
-        const QChar c = text[part.end];
-        if (!quote.isNull())
-            quote = c == quote ? QChar() : quote;
-        else if (isQuote(c))
-            quote = c;
-        else if (c == QLatin1Char('('))
-            ++depth;
-        else if (c == QLatin1Char(')') && --depth == 0)
-            break;
-    }
-    part = trimmed(text, part);
-    if (part.end - part.begin >= 2 && isQuote(text[part.begin])
-        && text[part.end - 1] == text[part.begin])
-        return { part.begin + 1, part.end - 1 };
-    return part;
-}
-
-QVector<Stretch> urlArguments(const QString &text)
-{
-    const QLatin1String opening("url(");
-    const int length = static_cast<int>(opening.size());
-    QVector<Stretch> arguments;
-    for (int at = static_cast<int>(text.indexOf(opening)); at >= 0;) {
-        const Stretch part = argumentAt(text, at + length);
-        arguments.append(part);
-        // From here and not from its end: an unclosed bracket must not hide what comes after.
-        at = static_cast<int>(text.indexOf(opening, at + length));
-    }
-    return arguments;
-}
-
-/// Words that may be paths: a slash is in them.
-QVector<Stretch> pathWords(const QString &text)
-{
-    const QLatin1String separators("()<>={};,\"'");
-    QVector<Stretch> words;
-    Stretch word{ 0, 0 };
-    bool hasSlash = false;
-    for (int i = 0; i <= text.size(); ++i) {
-        if (i < text.size() && !text[i].isSpace() && !separators.contains(text[i])) {
-            hasSlash = hasSlash || text[i] == QLatin1Char('/');
+    int end = 0;
+    for (auto matches = escape.globalMatch(sheet); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        bool fits = false;
+        const ushort code = match.captured(1).toUShort(&fits, 16);
+        if (!fits)
             continue;
-        }
-        word.end = i;
-        if (hasSlash)
-            words.append(word);
-        word.begin = i + 1;
-        hasSlash = false;
+        text += sheet.mid(end, int(match.capturedStart()) - end) + QChar(code);
+        end = int(match.capturedEnd());
     }
-    return words;
+    return text + sheet.mid(end);
 }
 
-bool mayHoldUp(const QString &path)
+QString withoutBackslashes(QString text)
+{
+    static const QRegularExpression pair(QStringLiteral(R"(\\(.))"),
+                                         QRegularExpression::DotMatchesEverythingOption);
+    return text.contains(QLatin1Char('\\')) ? text.replace(pair, QStringLiteral(R"(\1)")) : text;
+}
+
+bool isOneOf(QChar c, const char *characters)
+{
+    return QLatin1String(characters).contains(c);
+}
+
+/// True when reading \a path may not return: a pipe, a device, or a file of the system that says
+/// that it is empty.
+bool mayBlock(const QString &path)
 {
     const QFileInfo info(path);
     return info.exists() && !info.isDir() && (!info.isFile() || info.size() == 0);
 }
 
-/// True when the toolkit, asked for the picture \a path, might open what it must not.
-bool isDangerous(const QString &path)
+/// True when Qt opens no file that may block when it loads the picture \a path.
+bool isSafePicture(const QString &path)
 {
     if (path.isEmpty() || path.startsWith(QLatin1Char(':')) || path.contains(QChar(0)))
+        return true;
+    // A scaled screen prefers "name@2x.png"; a missing picture is looked for under every suffix.
+    QStringList names{ path, path.trimmed() };
+    const int dot = int(path.lastIndexOf(QLatin1Char('.')));
+    for (int n = 2; n <= 9; ++n)
+        names += QString(path).insert(dot < 0 ? path.size() : dot, QStringLiteral("@%1x").arg(n));
+    static const QList<QByteArray> suffixes = QImageReader::supportedImageFormats();
+    for (const QByteArray &suffix : suffixes)
+        names += path + QLatin1Char('.') + QLatin1String(suffix);
+    return std::none_of(names.cbegin(), names.cend(), mayBlock);
+}
+
+/// Reads a sheet once, token by token. A part is what ends with a brace or a semicolon.
+class Checker
+{
+public:
+    bool accepts(const QString &sheet);
+
+private:
+    bool acceptsToken(TokenKind kind, const QString &token);
+    bool acceptsNumber(const QString &text) const;
+    bool acceptsUrl() const;
+    void countSign(QChar sign);
+    void spend(int cost)
+    {
+        m_cost += m_isGeneral ? generalFactor * cost : cost;
+    }
+
+    int m_cost = 0; ///< of what was read so far
+    QChar m_closing; ///< ends the outermost open bracket, null outside
+    int m_depth = 0; ///< of brackets, braces within them included
+    int m_urlDepth = 0; ///< m_depth at the begin of a url(, 0 outside
+    QString m_url; ///< what was read of its argument
+    QString m_part; ///< what was read of this part, comments as blanks
+    QString m_property; ///< first word of this part, in lower case
+    QChar m_sign; ///< the last sign of this part, null after a word
+    int m_commas = 0; ///< in this part
+    bool m_isInRule = false;
+    bool m_isGeneral = false; ///< the rule may match every widget; declarations without a rule do
+};
+
+bool Checker::accepts(const QString &sheet)
+{
+    int end = 0;
+    for (auto tokens = tokenPattern().globalMatch(sheet); tokens.hasNext();) {
+        const QRegularExpressionMatch token = tokens.next();
+        if (!acceptsToken(TokenKind(token.lastCapturedIndex()), token.captured()))
+            return false;
+        end = int(token.capturedEnd());
+    }
+    // No match is found in a text with half of a surrogate pair.
+    return end == sheet.size() && (m_urlDepth == 0 || acceptsUrl());
+}
+
+bool Checker::acceptsToken(TokenKind kind, const QString &token)
+{
+    const QChar sign = kind == Sign ? token[0] : QChar();
+    m_part += kind == Blank ? QStringLiteral(" ") : withoutBackslashes(token);
+    if (kind == Sign || kind == Function)
+        countSign(token.back());
+
+    if (sign == QLatin1Char(')') && m_depth < m_urlDepth) {
+        m_urlDepth = 0;
+        return acceptsUrl();
+    }
+    if (m_urlDepth > 0 && (kind != Blank || !m_url.isEmpty()))
+        m_url += token;
+    if (m_urlDepth > 0 || kind == Blank)
+        return true;
+    const QString text
+        = withoutBackslashes(kind == String ? token.mid(1, token.size() - 2) : token);
+    if (kind == Function && text.toLower() == QLatin1String("url(")) {
+        spend(pictureCost);
+        m_urlDepth = m_depth;
+        m_url.clear();
+    }
+    if (kind == Word && text.contains(QLatin1String("qproperty-"), Qt::CaseInsensitive))
         return false;
-    if (QFileInfo::exists(path))
-        return mayHoldUp(path);
-    // A picture that is not found is looked for under each ending of a picture.
-    static const QList<QByteArray> endings = QImageReader::supportedImageFormats();
-    return std::any_of(endings.begin(), endings.end(), [&path](const QByteArray &ending) {
-        return mayHoldUp(path + QLatin1Char('.') + QLatin1String(ending));
-    });
+    if (kind == Word && m_property.isEmpty())
+        m_property = text.toLower();
+    // Object names, colours and the values of selectors are no numbers.
+    const bool isValue = (kind == Word || kind == String) && !isOneOf(m_sign, "#=");
+    m_sign = sign;
+    return m_cost <= maxCost && (!isValue || acceptsNumber(text));
+}
+
+bool Checker::acceptsNumber(const QString &text) const
+{
+    static const QRegularExpression number(
+        QStringLiteral(R"(^\s*+([-+]?(?:inf|nan|(?:\d++\.?\d*+|\.\d++)(?:e[-+]?\d++)?)))"
+                       R"(\s*+(px|pt|em|ex|cm|mm|in|pc|%)?\s*+$)"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression box(
+        QStringLiteral("^(padding|margin|border(?!.*(radius|image)))"));
+    static const QRegularExpression length(QStringLiteral("width|height|size|spacing|radius"));
+    const QRegularExpressionMatch match = number.match(text);
+    if (!match.hasMatch())
+        return true;
+    const double value = qAbs(match.captured(1).toLower().toDouble());
+    const QString unit = match.captured(2).toLower();
+    const bool hasUnit = !unit.isEmpty() && unit != QLatin1String("%");
+    const double pixels = unit.startsWith(QLatin1Char('e')) ? value * maxFont : value;
+    // Qt takes a number without a unit, or with "%", for pixels. Within brackets none is a length.
+    // No comparison with NaN is true.
+    if (m_property == QLatin1String("button-layout"))
+        return value <= maxButtonLayout;
+    if (hasUnit && m_property.startsWith(QLatin1String("font")))
+        return value <= maxFont;
+    if (m_closing.isNull() && m_property.contains(box))
+        return pixels <= maxBox;
+    if (hasUnit || (m_closing.isNull() && m_property.contains(length)))
+        return pixels <= maxLength;
+    return value <= maxNumber;
+}
+
+bool Checker::acceptsUrl() const
+{
+    QString path = withoutBackslashes(m_url);
+    if (isOneOf(path.isEmpty() ? QChar() : path[0], "\"'"))
+        path = path.mid(1, path.size() - 2);
+    return !path.contains(QLatin1String("url(")) && isSafePicture(path) && acceptsNumber(path);
+}
+
+void Checker::countSign(QChar sign)
+{
+    static const QRegularExpression general(
+        QStringLiteral(R"((?:^|[\s,>+~])[*:.[]|(?:^|[^-\w])Q(?:Widget|Object)(?![-\w]))"));
+    if (m_closing.isNull() && isOneOf(sign, "([")) {
+        m_closing = sign == QLatin1Char('(') ? QLatin1Char(')') : QLatin1Char(']');
+        m_depth = 1;
+    } else if (!m_closing.isNull()) {
+        m_depth += int(isOneOf(sign, "([{")) - int(isOneOf(sign, ")]}"));
+        if (sign == m_closing && m_depth <= 0)
+            m_closing = QChar();
+    } else if (sign == QLatin1Char(','))
+        spend(++m_commas);
+    else if (isOneOf(sign, "{};")) {
+        if (sign == QLatin1Char(';'))
+            m_isGeneral = m_isGeneral || !m_isInRule;
+        else
+            m_isGeneral = sign == QLatin1Char('{') && m_part.contains(general);
+        m_isInRule = sign == QLatin1Char('{') || (m_isInRule && sign == QLatin1Char(';'));
+        if (sign == QLatin1Char('{') || (sign == QLatin1Char(';') && !m_property.isEmpty()))
+            spend(1);
+        m_part.clear();
+        m_property.clear();
+        m_commas = 0;
+    }
 }
 
 } // namespace
 
-bool style_text::isReasonable(const QByteArray &sheet)
+bool style_text::isAcceptable(const QString &sheet)
 {
-    const auto isCostly
-        = [](char c) { return c == '{' || c == ',' || c == ';' || c == '\\' || c == '('; };
-    return std::count_if(sheet.begin(), sheet.end(), isCostly) <= constants::maxStyleSheetParts;
-}
-
-QString style_text::withoutPipes(const QString &sheet)
-{
-    const Decoded plain = decoded(sheet);
-    QVector<Stretch> names = urlArguments(plain.text);
-    if (plain.text.contains(QLatin1String("qproperty-"), Qt::CaseInsensitive))
-        names += pathWords(plain.text);
-    names.erase(std::remove_if(names.begin(), names.end(),
-                               [&plain](const Stretch &name) {
-                                   return !isDangerous(
-                                       plain.text.mid(name.begin, name.end - name.begin));
-                               }),
-                names.end());
-    if (names.isEmpty())
-        return sheet;
-    std::sort(names.begin(), names.end(),
-              [](const Stretch &a, const Stretch &b) { return a.begin < b.begin; });
-    QString rest;
-    int done = 0;
-    for (const Stretch &name : qAsConst(names)) {
-        const int begin = plain.origin[name.begin];
-        if (begin > done)
-            rest.append(sheet.constData() + done, begin - done);
-        done = qMax(done, plain.origin[name.end]);
-    }
-    return rest + sheet.mid(done);
+    if (sheet.size() > maxSize)
+        return false;
+    const QString text = decoded(sheet);
+    // Qt decodes the arguments of a gradient again: an escape must not spell another escape.
+    return decoded(text) == text && Checker().accepts(text);
 }

@@ -11,8 +11,8 @@
 
 void MainWindow::set_CSS()
 {
-    // The store keeps the text as it was read; only what the toolkit would open is looked at here.
-    const QString sheet = style_text::withoutPipes(settingsData->current_CSS);
+    const QString &text = settingsData->current_CSS;
+    const QString sheet = style_text::isAcceptable(text) ? text : QString();
     setStyleSheet(sheet);
     input_dialog->setStyleSheet(sheet);
     Plot_View->invalidate();
@@ -41,24 +41,20 @@ void MainWindow::watchStyleSheet()
 
 void MainWindow::CSS_watcher_slot(const QString &path)
 {
-    if (!QFileInfo(path).isFile()) {
-        // An editor that writes a new file has taken the old one away and with it the watch; its
-        // folder tells when the new one is there.
-        CSS_watcher.addPath(QFileInfo(path).absolutePath());
-        // It may have come between the question and the watch, and then the folder stays silent.
-        if (!QFileInfo(path).isFile())
-            return;
+    if (path == watchedStyleSheet && !CSS_watcher.files().contains(path)) {
+        // Its folder is watched first, then the file, and the file is read last: whenever it comes
+        // back, it is either read here or reported again.
+        const QString folder = QFileInfo(path).path();
+        CSS_watcher.addPath(folder);
+        if (QFileInfo(path).isFile() && CSS_watcher.addPath(path))
+            CSS_watcher.removePath(folder);
     }
-    if (!CSS_watcher.files().contains(path))
-        CSS_watcher.addPath(path);
     settingsData->current_CSS_path = path;
     settingsData->parse_CSS();
 }
 
 void MainWindow::styleFolderChanged()
 {
-    if (!QFileInfo(watchedStyleSheet).isFile())
-        return;
-    CSS_watcher.removePaths(CSS_watcher.directories());
-    CSS_watcher_slot(watchedStyleSheet);
+    if (QFileInfo(watchedStyleSheet).isFile())
+        CSS_watcher_slot(watchedStyleSheet);
 }

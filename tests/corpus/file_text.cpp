@@ -78,22 +78,22 @@ QByteArray corpus::bytesOfText(const QString &text)
     }
 }
 
-QVector<corpus::TextRow> corpus::textRows(const QString &path)
+std::vector<corpus::TextRow> corpus::textRows(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("no table %s", qPrintable(path));
-    QVector<TextRow> rows;
+    std::vector<TextRow> rows;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
             continue;
         if (line.startsWith(QLatin1String("  file")))
-            rows.last().bytes = bytesOfText(line.mid(7));
+            rows.back().bytes = bytesOfText(line.mid(7));
         else if (line.startsWith(QLatin1String("  then ")))
-            rows.last().expected = line.mid(7);
+            rows.back().expected = line.mid(7);
         else
-            rows.append({ line, {}, {} });
+            rows.push_back({ line.toUtf8(), {}, {} });
     }
     return rows;
 }

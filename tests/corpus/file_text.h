@@ -4,7 +4,8 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QVector>
+
+#include <vector>
 
 /// \file
 /// Settings, sheets and language lists told in a line of text, and the tables that hold them.
@@ -13,7 +14,7 @@ namespace corpus {
 /// A file of a table and what is expected of it.
 struct TextRow
 {
-    QString name;
+    QByteArray name;
     QByteArray bytes;
     QString expected;
 };
@@ -25,6 +26,6 @@ QByteArray bytesOfText(const QString &text);
 
 /// The rows of the table at \a path: a line with a name, then "  file TEXT" and "  then WORDS".
 /// Lines that begin with # are for people. A table that cannot be read ends the program.
-QVector<TextRow> textRows(const QString &path);
+std::vector<TextRow> textRows(const QString &path);
 
 } // namespace corpus

@@ -23,11 +23,9 @@ private slots:
         button.reset(new LegendButton(words.get(), 2));
     }
 
-    void aNewButtonIsHiddenAndNoMaster()
+    void newButtonIsHiddenAndNoMaster()
     {
         QCOMPARE(int(button->id), 2);
-        QCOMPARE(button->objectName(), QStringLiteral("rfg_3"));
-        QCOMPARE(button->name, QStringLiteral("rfg_3"));
         QCOMPARE(button->contextMenu->title(), QStringLiteral("rfg_3"));
         QVERIFY(!button->mast());
         QVERIFY(!button->vis());
@@ -38,64 +36,46 @@ private slots:
         QCOMPARE(button->dict, words.get());
         QCOMPARE(button->parent(), nullptr);
         QCOMPARE(button->contentsMargins(), QMargins(11, 0, 11, 0));
-        QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
-        QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Preferred);
+        QCOMPARE(button->sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred));
         QCOMPARE(button->contextMenuPolicy(), Qt::CustomContextMenu);
         QCOMPARE(button->contextMenu->parent(), button.get());
         QCOMPARE(button->contextMenu->minimumSize(), QSize(100, 100));
-    }
-
-    void theSlotsAreNamedFromOne_data()
-    {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("first") << 0 << QStringLiteral("rfg_1");
-        QTest::newRow("last") << 5 << QStringLiteral("rfg_6");
-    }
-
-    void theSlotsAreNamedFromOne()
-    {
-        QFETCH(int, slot);
-        const LegendButton other(words.get(), static_cast<char>(slot));
-        QTEST(other.objectName(), "name");
-        QTEST(other.name, "name");
-    }
-
-    void theMenuHasItsOrder()
-    {
-        const QList<QAction *> actions = button->contextMenu->actions();
-        QCOMPARE(actions.size(), 6);
-        QCOMPARE(actions.at(0), button->load_action);
-        QCOMPARE(actions.at(1), button->reset_action);
-        QCOMPARE(actions.at(2), button->clear_action);
-        QVERIFY(actions.at(3)->isSeparator());
-        QCOMPARE(actions.at(4), button->master_action);
-        QCOMPARE(actions.at(5), button->visible_action);
-        QVERIFY(button->visible_action->isCheckable());
-        QVERIFY(button->visible_action->isIconVisibleInMenu());
-        QVERIFY(!button->load_action->isCheckable());
-    }
-
-    void everyActionHasItsPicture()
-    {
-        for (const QAction *action : own()) {
-            QVERIFY(!action->icon().pixmap(32).isNull());
-            QCOMPARE(action->parent(), nullptr);
+        for (const char slot : { char(0), char(2), char(5) }) {
+            const LegendButton other(words.get(), slot);
+            QCOMPARE(other.objectName(), QStringLiteral("rfg_%1").arg(slot + 1));
+            QCOMPARE(other.name, other.objectName());
         }
-        const auto picture = [](const QString &path) { return QPixmap(path).toImage(); };
-        const QIcon reset = button->reset_action->icon();
-        QCOMPARE(reset.pixmap(64).toImage(), picture(QStringLiteral("://icons/rest_64/reset")));
-        QCOMPARE(reset.pixmap(64, QIcon::Disabled).toImage(),
-                 picture(QStringLiteral("://icons/rest_64/reset_disable")));
-        QCOMPARE(button->load_action->icon().pixmap(64).toImage(),
-                 picture(QStringLiteral("://icons/rest_64/load")));
-        QCOMPARE(button->clear_action->icon().pixmap(64).toImage(),
-                 picture(QStringLiteral("://icons/rest_64/clear")));
+    }
+
+    void menuHasItsOrder()
+    {
+        QList<QAction *> actions = button->contextMenu->actions();
+        QVERIFY(actions.value(3) && actions.takeAt(3)->isSeparator());
+        QCOMPARE(actions,
+                 (QList<QAction *>{ button->load_action, button->reset_action, button->clear_action,
+                                    button->master_action, button->visible_action }));
+        for (const QAction *action : own())
+            QCOMPARE(action->isCheckable(), action == button->visible_action);
+        QVERIFY(button->visible_action->isIconVisibleInMenu());
+    }
+
+    void actionsHaveTheirIcons()
+    {
+        const auto shows = [](const QAction *action, const char *path, QIcon::Mode mode) {
+            return action->icon().pixmap(64, mode).toImage()
+                == QPixmap(QString::fromLatin1(path)).toImage();
+        };
+        QVERIFY(shows(button->load_action, "://icons/rest_64/load", QIcon::Normal));
+        QVERIFY(shows(button->reset_action, "://icons/rest_64/reset", QIcon::Normal));
+        QVERIFY(shows(button->reset_action, "://icons/rest_64/reset_disable", QIcon::Disabled));
+        QVERIFY(shows(button->clear_action, "://icons/rest_64/clear", QIcon::Normal));
         const QIcon up = button->style()->standardIcon(QStyle::SP_ArrowUp);
         QCOMPARE(button->master_action->icon().pixmap(16).toImage(), up.pixmap(16).toImage());
+        for (const QAction *action : own())
+            QVERIFY(!action->icon().pixmap(32).isNull());
     }
 
-    void allSlotsShareTheirPictures()
+    void buttonsShareTheirIcons()
     {
         const LegendButton other(words.get(), 3);
         const auto keyOf
@@ -104,22 +84,21 @@ private slots:
         QCOMPARE(keyOf(*other.clear_action), keyOf(*button->clear_action));
     }
 
-    void theTextsComeWithTheFirstRetranslation()
+    void textsComeWithTheFirstRetranslation()
     {
-        for (const QAction *action : own()) {
-            QCOMPARE(action->text(), QString());
-        }
+        const auto texts = [this] {
+            QStringList result;
+            for (const QAction *action : own())
+                result += action->text();
+            return result.join(QLatin1Char('|'));
+        };
+        QCOMPARE(texts(), QStringLiteral("||||"));
         words->setStrings();
         button->retranslateUI();
-        QStringList texts;
-        for (const QAction *action : own()) {
-            texts << action->text();
-        }
-        QCOMPARE(texts.join(QLatin1Char('|')),
-                 QStringLiteral("Load|Reset|Clear|set Visible|Set as Master"));
+        QCOMPARE(texts(), QStringLiteral("Load|Reset|Clear|set Visible|Set as Master"));
     }
 
-    void theNameIsTheTitleOfTheMenu()
+    void nameIsTheTitleOfTheMenu()
     {
         button->setText(QStringLiteral("caption"));
         button->setName(QStringLiteral("cable 7"));
@@ -129,71 +108,57 @@ private slots:
         QCOMPARE(button->objectName(), QStringLiteral("rfg_3"));
     }
 
-    void actionsAskWithTheNumberOfTheSlot()
+    void requestsCarryTheSlotAndChangeNothing()
     {
-        QSignalSpy load(button.get(), &LegendButton::load_signal);
-        QSignalSpy reset(button.get(), &LegendButton::reset_signal);
-        QSignalSpy clear(button.get(), &LegendButton::clear_signal);
-        QSignalSpy master(button.get(), &LegendButton::master_signal);
-        QSignalSpy visible(button.get(), &LegendButton::visible_signal);
-        QSignalSpy menu(button.get(), &LegendButton::contextMenu_signal);
-        const QList<QPair<QAction *, QSignalSpy *>> requests{
-            { button->load_action, &load },
-            { button->reset_action, &reset },
-            { button->clear_action, &clear },
-            { button->master_action, &master },
+        QStringList requests;
+        const auto log = [&requests](const char *name) {
+            return [&requests, name](char id) {
+                requests += QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(int(id));
+            };
         };
-        int asked = 0;
-        for (const auto &request : requests) {
-            request.first->trigger();
-            ++asked;
-            QCOMPARE(request.second->count(), 1);
-            QCOMPARE(request.second->at(0).at(0).value<char>(), char(2));
-            QCOMPARE(load.count() + reset.count() + clear.count() + master.count(), asked);
-        }
-        QCOMPARE(visible.count() + menu.count(), 0);
+        connect(button.get(), &LegendButton::load_signal, log("load"));
+        connect(button.get(), &LegendButton::reset_signal, log("reset"));
+        connect(button.get(), &LegendButton::clear_signal, log("clear"));
+        connect(button.get(), &LegendButton::master_signal, log("master"));
+        connect(button.get(), &LegendButton::contextMenu_signal, log("menu"));
+        connect(button.get(), &LegendButton::visible_signal, [&](char id, bool wanted) {
+            requests += QStringLiteral("visible %1 %2").arg(int(id)).arg(wanted);
+        });
+        for (QAction *action : own())
+            action->trigger();
+        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(3, 3));
+        QCoreApplication::sendEvent(button.get(), &rightClick);
+        QCOMPARE(requests.join(QLatin1Char('|')),
+                 QStringLiteral("load 2|reset 2|clear 2|visible 2 1|master 2|menu 2"));
         QVERIFY(!button->mast());
-    }
-
-    void visibilityIsAskedForTheOtherWayRound_data()
-    {
-        QTest::addColumn<bool>("shown");
-        QTest::newRow("shown") << true;
-        QTest::newRow("hidden") << false;
-    }
-
-    void visibilityIsAskedForTheOtherWayRound()
-    {
-        QFETCH(bool, shown);
-        button->setVis(shown);
-        QSignalSpy spy(button.get(), &LegendButton::visible_signal);
+        QVERIFY(!button->vis());
+        QVERIFY(!button->visible_action->isChecked());
+        QVERIFY(!button->contextMenu->isVisible());
+        requests.clear();
+        button->setVis(true);
         button->visible_action->trigger();
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).value<char>(), char(2));
-        QCOMPARE(spy.at(0).at(1).toBool(), !shown);
-        // Nobody answered: nothing has changed, the check mark included.
-        QCOMPARE(button->vis(), shown);
-        QCOMPARE(button->visible_action->isChecked(), shown);
+        QCOMPARE(requests, QStringList{ QStringLiteral("visible 2 0") });
+        QVERIFY(button->vis());
+        QVERIFY(button->visible_action->isChecked());
     }
 
-    void theCheckMarkFollowsTheAnswer()
+    void checkMarkFollowsTheAnswer()
     {
         connect(button.get(), &LegendButton::visible_signal, button.get(),
                 [this](char, bool wanted) { button->setVis(wanted); });
-        button->visible_action->trigger();
-        QVERIFY(button->vis());
-        QVERIFY(button->visible_action->isChecked());
-        button->visible_action->trigger();
-        QVERIFY(!button->vis());
-        QVERIFY(!button->visible_action->isChecked());
+        for (const bool expected : { true, false }) {
+            button->visible_action->trigger();
+            QCOMPARE(button->vis(), expected);
+            QCOMPARE(button->visible_action->isChecked(), expected);
+        }
     }
 
-    void settersNeverAsk()
+    void settersEmitTheirChangeAndNoRequest()
     {
-        QSignalSpy visible(button.get(), &LegendButton::visible_signal);
-        QSignalSpy master(button.get(), &LegendButton::master_signal);
-        QSignalSpy visChanged(button.get(), &LegendButton::visChanged);
-        QSignalSpy mastChanged(button.get(), &LegendButton::mastChanged);
+        const QSignalSpy visible(button.get(), &LegendButton::visible_signal);
+        const QSignalSpy master(button.get(), &LegendButton::master_signal);
+        const QSignalSpy visChanged(button.get(), &LegendButton::visChanged);
+        const QSignalSpy mastChanged(button.get(), &LegendButton::mastChanged);
         button->setVis(true);
         button->setVis(true);
         button->setMast(true);
@@ -204,67 +169,47 @@ private slots:
         QVERIFY(button->visible_action->isChecked());
     }
 
-    void aMasterIsNotMadeMasterAgain()
+    void masterIsNotMadeMasterAgain()
     {
         button->setMast(true);
         QVERIFY(button->mast());
         QVERIFY(!button->master_action->isEnabled());
+        button->menuEnable(true);
+        QVERIFY(button->master_action->isEnabled());
+        button->setMast(true);
         button->setMast(false);
         QVERIFY(button->master_action->isEnabled());
     }
 
-    void enablingTheMenuEnablesTheMasterEntryOnAMaster()
+    void emptySlotCanStillBeLoaded()
     {
-        button->setMast(true);
-        button->menuEnable(true);
-        QVERIFY(button->master_action->isEnabled());
-    }
-
-    void anEmptySlotCanStillBeLoaded()
-    {
-        button->menuEnable(false);
-        QVERIFY(button->load_action->isEnabled());
-        for (const QAction *action : { button->reset_action, button->clear_action,
-                                       button->visible_action, button->master_action }) {
-            QVERIFY(!action->isEnabled());
-        }
-        button->menuEnable(true);
-        for (const QAction *action : own()) {
-            QVERIFY(action->isEnabled());
+        for (const bool on : { false, true }) {
+            button->menuEnable(on);
+            for (const QAction *action : own())
+                QCOMPARE(action->isEnabled(), on || action == button->load_action);
         }
     }
 
-    void aRightClickAsksForTheMenu()
-    {
-        QSignalSpy spy(button.get(), &LegendButton::contextMenu_signal);
-        const QPoint place(3, 3);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, place, button->mapToGlobal(place));
-        QCoreApplication::sendEvent(button.get(), &event);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).value<char>(), char(2));
-        QVERIFY(!button->contextMenu->isVisible());
-    }
-
-    void theSignalsStandInTheirOrder()
+    void signalsAreDeclaredInTheirOrder()
     {
         const QMetaObject &meta = LegendButton::staticMetaObject;
-        QStringList names;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-            names << QString::fromLatin1(meta.method(i).methodSignature());
-        }
-        QCOMPARE(names.join(QLatin1Char(' ')),
-                 QStringLiteral("load_signal(char) reset_signal(char) clear_signal(char) "
-                                "visible_signal(char,bool) master_signal(char) "
-                                "contextMenu_signal(char) visChanged(bool) mastChanged(bool)"));
+        QByteArrayList names;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            names += meta.method(i).methodSignature();
+        QCOMPARE(names.join(' '),
+                 QByteArray("load_signal(char) reset_signal(char) clear_signal(char) "
+                            "visible_signal(char,bool) master_signal(char) "
+                            "contextMenu_signal(char) visChanged(bool) mastChanged(bool)"));
     }
 
-    void sheetsSeeTheProperties()
+    void sheetsAreAppliedAgainWithTheProperties()
     {
         QWidget window;
         window.setStyleSheet(
             QStringLiteral("LegendButton { border: none; background: rgb(1, 1, 1); }"
                            "LegendButton[vis=\"true\"] { background: rgb(0, 200, 0); }"
-                           "LegendButton[mast=\"true\"] { background: rgb(0, 0, 200); }"));
+                           "LegendButton[mast=\"true\"] { background: rgb(0, 0, 200); }"
+                           "LegendButton[other=\"true\"] { background: rgb(200, 0, 0); }"));
         LegendButton *child = button.release();
         child->setParent(&window);
         child->resize(40, 40);
@@ -281,18 +226,25 @@ private slots:
         QCOMPARE(colour(), QColor(0, 200, 0));
         child->setProperty("vis", false);
         QCOMPARE(colour(), QColor(1, 1, 1));
+        // Also when the value is the same.
+        child->setProperty("other", true);
+        child->setVis(false);
+        QCOMPARE(colour(), QColor(200, 0, 0));
+        child->setProperty("other", false);
+        child->setMast(false);
+        QCOMPARE(colour(), QColor(1, 1, 1));
     }
 
-    void theActionsDieWithTheButton()
+    void actionsAreDeletedWithTheButton()
     {
-        QList<QPointer<QAction>> actions;
+        QVector<QPointer<QAction>> actions;
         for (QAction *action : own()) {
-            actions << action;
+            QCOMPARE(action->parent(), nullptr);
+            actions += action;
         }
         button.reset();
-        for (const QPointer<QAction> &action : actions) {
+        for (const QPointer<QAction> &action : actions)
             QVERIFY(action.isNull());
-        }
     }
 
 private:

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "contrast.h"
+#include "each.h"
 #include "settingsfixture.h"
+#include "testfiles.h"
 
 #include <QCheckBox>
 #include <QHash>
@@ -14,57 +16,87 @@
 
 namespace {
 
-/// The best contrast of any point of \a picture against the colour that most of it has.
-double captionContrast(const QImage &picture)
+struct TabColours
+{
+    QColor ground; ///< that most of the tab has
+    double contrast; ///< the best of any other colour against it
+};
+
+TabColours coloursOf(const QImage &picture)
 {
     QHash<QRgb, int> counts;
     for (int y = 0; y < picture.height(); ++y)
         for (int x = 0; x < picture.width(); ++x)
             ++counts[picture.pixel(x, y)];
-    const auto ground = std::max_element(counts.cbegin(), counts.cend());
+    const QRgb ground = std::max_element(counts.cbegin(), counts.cend()).key();
     double best = 1.0;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it)
-        best = std::max(best, contrast(it.key(), ground.key()));
-    return best;
+        best = std::max(best, contrast(it.key(), ground));
+    return { QColor(ground), best };
+}
+
+QByteArray builtIn(int style)
+{
+    return contentOf(QStringLiteral(":/style/style_%1.qss").arg(style));
 }
 
 } // namespace
 
-/// Whether the dialog can be read, whatever sheet the window wears.
+/// The tabs of the settings dialog with different style sheets.
 class TestSettingsMenuLook : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void tabCaptionsStandOutFromTheirGround_data()
+    void tabsAreReadableAndKeepTheirOwnBackground()
     {
-        QTest::addColumn<QString>("sheet");
-        QTest::newRow("built-in sheet") << QStringLiteral(":/style/style_2.qss");
-        QTest::newRow("older sheet") << QStringLiteral(":/style/style_1.qss");
-        QTest::newRow("no sheet") << QString();
-    }
-
-    void tabCaptionsStandOutFromTheirGround()
-    {
-        QFETCH(QString, sheet);
+        struct Row
+        {
+            const char *name;
+            QByteArray sheet;
+            QColor ground; ///< that the sheet gives to tabs, if any
+            double contrast = 4.5;
+        };
         SettingsFixture f;
-        f.live.current_CSS_path = sheet;
-        f.live.parse_CSS();
-        QCOMPARE(f.live.current_CSS.isEmpty(), sheet.isEmpty());
-        f.menu.setStyleSheet(f.live.current_CSS);
-        f.open();
-        QTabWidget *tabs = f.menu.tabs;
-        const QTabBar *bar = tabs->findChild<QTabBar *>();
-        for (int current = 0; current < tabs->count(); ++current) {
-            tabs->setCurrentIndex(current);
-            const QImage picture = tabs->grab().toImage();
-            for (int page = 0; page < tabs->count(); ++page) {
-                // Without the frame, which may have any colour.
-                const QRect inside = bar->tabRect(page).adjusted(4, 4, -4, -4);
-                QVERIFY(!inside.isEmpty());
-                QVERIFY(captionContrast(picture.copy(inside.translated(bar->pos()))) > 4.5);
-            }
-        }
+        QTabBar *bar = f.menu.tabs->tabBar();
+        each<Row>(
+            {
+                { "built-in sheet", builtIn(2), {} },
+                { "older sheet", builtIn(1), {} },
+                { "no sheet", {}, {} },
+                { "changed copy of the built-in sheet",
+                  "/* QTabBar::tab { background: white } */" + builtIn(2) + "QLabel { color: red }",
+                  {} },
+                { "white captions on black",
+                  "QWidget { background: black; color: white } QTabBar::tab { color: white }",
+                  {} },
+                { "black captions on white",
+                  "QWidget { background: white } QTabBar::tab { color: black }",
+                  {} },
+                { "light captions on a dark background of their own",
+                  builtIn(2) + "QTabBar::tab { color: #f0f0c8; background: #14143c }",
+                  QColor(0x14, 0x14, 0x3c) },
+                { "dark captions on a dark background of their own",
+                  "QTabBar::tab { background-color: #1e1e1e; color: #1e1e1e }",
+                  QColor(0x1e, 0x1e, 0x1e), 1.0 },
+                { "built-in sheet again", builtIn(2), {} },
+            },
+            [&](const Row &row) {
+                f.live.current_CSS = QString::fromLatin1(row.sheet);
+                f.menu.setStyleSheet(f.live.current_CSS);
+                f.open();
+                for (const int current : { 0, 1 }) {
+                    f.menu.tabs->setCurrentIndex(current);
+                    for (const int tab : { 0, 1 }) {
+                        // The frame may have any colour.
+                        const QRect inside = bar->tabRect(tab).adjusted(4, 4, -4, -4);
+                        QVERIFY(!inside.isEmpty());
+                        const TabColours colours = coloursOf(bar->grab(inside).toImage());
+                        QVERIFY(colours.contrast >= row.contrast);
+                        QVERIFY(!row.ground.isValid() || colours.ground == row.ground);
+                    }
+                }
+            });
     }
 
     void untickedBoxesStandOutFromTheirGround()

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "each.h"
 #include "settingsdata.h"
-#include "windowfixture.h"
+#include "testfiles.h"
+#include "windowtest.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,9 +11,16 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QSettings>
 #include <QtTest>
 
 #include <cstdio>
+#include <functional>
+
+#ifdef Q_OS_LINUX
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -19,236 +28,259 @@ const QByteArray firstSheet = "QLabel { color: rgb(1, 2, 3); }";
 const QByteArray secondSheet = "QLabel { color: rgb(200, 100, 50); }";
 const QByteArray thirdSheet = "QLabel { color: rgb(9, 8, 7); } QWidget { margin: 0; }";
 
-/// Two edits within a few milliseconds and of equal size are not noticed.
-constexpr int betweenEdits = 20;
-
+/// Writes \a bytes and lets 20 ms pass: two changes of equal size within one clock tick of the file
+/// system look like one.
 void write(const QString &path, const QByteArray &bytes)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write the sheet");
-    file.close();
-    QTest::qSleep(betweenEdits);
+    writeFile(path, bytes);
+    QTest::qSleep(20);
 }
 
-/// As editors do it that never leave half a file: a new one takes the old one's place.
+/// Replaces the file at \a path by a new one, as editors do that never leave half a file.
 void replaceByRenaming(const QString &path, const QByteArray &bytes)
 {
     const QString fresh = path + QStringLiteral(".new");
     write(fresh, bytes);
-    if (std::rename(QFile::encodeName(fresh).constData(), QFile::encodeName(path).constData()) != 0)
-        qFatal("cannot rename the sheet");
+    QCOMPARE(std::rename(QFile::encodeName(fresh).constData(), QFile::encodeName(path).constData()),
+             0);
 }
+
+/// Called with each path right before Qt watches it.
+std::function<void(const QString &)> beforeWatching;
 
 } // namespace
 
-class TestStyle : public QObject
+#ifdef Q_OS_LINUX
+// Qt finds this function instead of the one of the C library.
+extern "C" int inotify_add_watch(int descriptor, const char *path, uint32_t mask) noexcept
+{
+    if (beforeWatching)
+        beforeWatching(QFile::decodeName(path));
+    return static_cast<int>(syscall(SYS_inotify_add_watch, descriptor, path, mask));
+}
+#endif
+
+class TestStyle : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
     QString sheet; ///< the watched one
 
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
-    /// Makes the developer's folder with the sheets 1 and 2.
-    void makeSheets()
+    /// Makes the developer's folder with the sheets 1 and 2, and opens the window.
+    void openWithSheets(const QByteArray &settings = {})
     {
         qputenv("VELKOR_DEV_FOLDER", QFile::encodeName(fixture->path(QString())));
         QDir(fixture->path(QString())).mkpath(QStringLiteral("Velkor/style"));
         sheet = fixture->path(QStringLiteral("Velkor/style/style_2.qss"));
         write(sheet, firstSheet);
         write(fixture->path(QStringLiteral("Velkor/style/style_1.qss")), firstSheet);
+        WindowFixture::writeSettings(settings);
+        fixture->open();
+    }
+    /// Opens the window with \a text as the user's sheet.
+    void openWithSheet(const QByteArray &text)
+    {
+        const QString path = fixture->path(QStringLiteral("user.qss"));
+        write(path, text);
+        WindowFixture::writeSettings("[General]\nCSS=" + QFile::encodeName(path) + '\n');
+        fixture->open();
     }
     QByteArray look() const
     {
-        return fixture->window().styleSheet().toLatin1();
+        return window().styleSheet().toLatin1();
     }
     QByteArray dialogLook() const
     {
         return probe().input_dialog()->styleSheet().toLatin1();
     }
-
-private slots:
-    void init()
+    QString currentPath() const
     {
-        qunsetenv("VELKOR_DEV_FOLDER");
-        fixture = std::make_unique<WindowFixture>();
+        return probe().settingsData()->current_CSS_path;
+    }
+    bool isOnlySheetWatched() const
+    {
+        return probe().CSS_watcher().files() == QStringList{ sheet }
+        && probe().CSS_watcher().directories().isEmpty();
     }
 
+private slots:
     void cleanup()
     {
+        beforeWatching = nullptr;
         fixture.reset();
         qunsetenv("VELKOR_DEV_FOLDER");
     }
 
-    void theBuiltInSheetIsTheDefault()
+    void builtInSheetIsTheDefault()
     {
         fixture->open();
-        QFile builtIn(QStringLiteral(":/style/style_2.qss"));
-        QVERIFY(builtIn.open(QIODevice::ReadOnly));
-        const QByteArray text = builtIn.readAll();
-        QVERIFY(!text.isEmpty());
+        const QByteArray text = contentOf(QStringLiteral(":/style/style_2.qss"));
         QCOMPARE(look(), text);
         QCOMPARE(dialogLook(), text);
-        QCOMPARE(probe().settingsData()->current_CSS_path, QStringLiteral(":/style/style_2.qss"));
+        QCOMPARE(currentPath(), QStringLiteral(":/style/style_2.qss"));
     }
 
-    void theSheetStylesWindowAndDialogApart()
+    void sheetStylesWindowAndInputDialogButNoFontSizesAndNoPlot()
     {
-        fixture->open();
-        probe().settingsData()->current_CSS = QString::fromLatin1(secondSheet);
-        fixture->window().set_CSS();
-        QCOMPARE(look(), secondSheet);
-        QCOMPARE(dialogLook(), secondSheet);
+        openWithSheet("* { background: red; } " + secondSheet);
+        QVERIFY(look().endsWith(secondSheet));
+        QCOMPARE(dialogLook(), look());
         QCOMPARE(probe().delta_lbl()->palette().color(QPalette::WindowText), QColor(200, 100, 50));
-    }
-
-    void thePlotIsNearBlackWhateverTheSheetSays()
-    {
-        fixture->open();
-        probe().settingsData()->current_CSS = QStringLiteral("* { background: red; }");
-        fixture->window().set_CSS();
+        QCOMPARE(probe().delta_lbl()->font().pointSize(), 18);
         const QBrush nearBlack(QColor(11, 12, 13, 255), Qt::SolidPattern);
         QCOMPARE(probe().m_brush(), nearBlack);
         QCOMPARE(probe().Plot_Chart()->backgroundBrush(), nearBlack);
         QCOMPARE(probe().Plot_Scene()->backgroundBrush(), nearBlack);
     }
 
-    void aNewSheetDarkensThePlotInDifferenceModeToo()
+    void newSheetDarkensThePlotInDifferenceModeToo()
     {
         fixture->open();
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QCOMPARE(probe().Plot_Scene()->backgroundBrush().color(), QColor(40, 40, 60));
-        fixture->window().set_CSS();
+        window().set_CSS();
         QCOMPARE(probe().Plot_Scene()->backgroundBrush().color(), QColor(11, 12, 13));
         QCOMPARE(int(probe().diff_flag()), int(MainWindow::DIFF));
     }
 
-    void fontsSetByTheWindowSurviveANewSheet()
-    {
-        fixture->open();
-        const int points = probe().delta_lbl()->font().pointSize();
-        probe().settingsData()->current_CSS = QString::fromLatin1(secondSheet);
-        fixture->window().set_CSS();
-        WindowFixture::settle();
-        QCOMPARE(probe().delta_lbl()->font().pointSize(), points);
-        QCOMPARE(points, 18);
-    }
-
-    void aSheetThatCannotBeReadIsEmpty()
+    void unreadableSheetIsEmpty()
     {
         WindowFixture::writeSettings("[General]\nCSS=/nowhere/at/all.qss\n");
         fixture->open();
         QCOMPARE(look(), QByteArray());
-        QCOMPARE(probe().settingsData()->current_CSS_path, QStringLiteral("/nowhere/at/all.qss"));
+        QCOMPARE(currentPath(), QStringLiteral("/nowhere/at/all.qss"));
     }
 
-    void withoutADeveloperFolderNothingIsWatched_data()
+    // Each of these ended the program, or used a gigabyte, or needed ten seconds to start.
+    void refusedSheetIsStoredAndNotApplied()
     {
-        QTest::addColumn<QByteArray>("folder");
-        QTest::newRow("unset") << QByteArray();
-        QTest::newRow("no such folder") << QByteArray("/nowhere/at/all");
-        QTest::newRow("a folder without the sheet") << QByteArray("/");
+        struct Row
+        {
+            const char *name;
+            QByteArray text;
+        };
+        each<Row>(
+            {
+                { "range without a middle", "QDial { qproperty-minimum: 100 }" },
+                { "sheet within itself",
+                  "* { qproperty-styleSheet: \"* { qproperty-styleSheet: '* {}' }\" }" },
+                { "gradient without numbers",
+                  "* { background: qradialgradient(cx:nan, cy:inf, radius:0, fx:1e300) }" },
+                { "width", "* { min-width: 40000px }" },
+                { "index without bounds", "* { button-layout: 1000000 }" },
+                { "selectors of every widget", QByteArray("*,").repeated(2500) + "* {}" },
+                { "size", QByteArray("QLabel { color: red }").repeated(20000) },
+            },
+            [this](const Row &row) {
+                openWithSheet(row.text);
+                QCOMPARE(look(), QByteArray());
+                QCOMPARE(dialogLook(), QByteArray());
+                QCOMPARE(window().settings()->current_CSS.toLatin1(), row.text);
+            });
     }
 
-    void withoutADeveloperFolderNothingIsWatched()
+    void withoutADeveloperSheetNothingIsWatched()
     {
-        QFETCH(const QByteArray, folder);
-        if (!folder.isNull())
+        for (const char *folder : { "", "/nowhere/at/all", "/" }) {
             qputenv("VELKOR_DEV_FOLDER", folder);
-        fixture->open();
-        QVERIFY(probe().CSS_watcher().files().isEmpty());
-        QVERIFY(probe().CSS_watcher().directories().isEmpty());
+            fixture->open();
+            QVERIFY2(probe().CSS_watcher().files().isEmpty(), folder);
+            QVERIFY2(probe().CSS_watcher().directories().isEmpty(), folder);
+        }
     }
 
-    void onlyTheSecondSheetIsWatchedAndNotAppliedAtStart()
+    void watchedSheetIsNotAppliedAtStart()
     {
-        makeSheets();
-        fixture->open();
-        QCOMPARE(probe().CSS_watcher().files(), QStringList{ sheet });
-        QVERIFY(probe().CSS_watcher().directories().isEmpty());
+        openWithSheets();
+        QVERIFY(isOnlySheetWatched());
         QVERIFY(look() != firstSheet);
     }
 
-    void aSavedSheetIsAppliedAtOnceAndKept()
+    void savedSheetIsAppliedAndBecomesTheCurrentOne()
     {
-        makeSheets();
-        fixture->open();
-        write(sheet, secondSheet);
-        QTRY_COMPARE(look(), secondSheet);
-        QCOMPARE(dialogLook(), secondSheet);
-        QCOMPARE(probe().settingsData()->current_CSS_path, sheet);
-        write(sheet, thirdSheet);
-        QTRY_COMPARE(look(), thirdSheet);
+        const QString chosen = fixture->path(QStringLiteral("Velkor/style/style_1.qss"));
+        openWithSheets("[General]\nCSS=" + QFile::encodeName(chosen) + '\n');
+        QCOMPARE(look(), firstSheet);
+        write(chosen, thirdSheet);
+        QTest::qWait(50);
+        QCOMPARE(look(), firstSheet);
+        for (const QByteArray &text : { secondSheet, thirdSheet }) {
+            write(sheet, text);
+            QTRY_COMPARE(look(), text);
+            QCOMPARE(dialogLook(), text);
+            QCOMPARE(currentPath(), sheet);
+        }
         fixture->close();
         const QSettings saved(WindowFixture::settingsFile(), QSettings::IniFormat);
         QCOMPARE(saved.value(QStringLiteral("CSS")).toString(), sheet);
     }
 
-    void theWatchedSheetTakesOverFromTheChosenOne()
+    void sheetReplacedByRenamingStaysWatched()
     {
-        makeSheets();
-        const QString chosen = fixture->path(QStringLiteral("Velkor/style/style_1.qss"));
-        WindowFixture::writeSettings("[General]\nCSS=" + chosen.toLatin1() + "\n");
-        fixture->open();
-        QCOMPARE(look(), firstSheet);
-        write(chosen, thirdSheet);
-        QTest::qWait(50);
-        QCOMPARE(look(), firstSheet);
-        write(sheet, secondSheet);
-        QTRY_COMPARE(look(), secondSheet);
-        QCOMPARE(probe().settingsData()->current_CSS_path, sheet);
-    }
-
-    void aSheetReplacedByRenamingStaysWatched()
-    {
-        makeSheets();
-        fixture->open();
+        openWithSheets();
         for (const QByteArray &text : { secondSheet, thirdSheet, firstSheet }) {
             replaceByRenaming(sheet, text);
             QTRY_COMPARE(look(), text);
-            QTRY_COMPARE(probe().CSS_watcher().files(), QStringList{ sheet });
+            QVERIFY(isOnlySheetWatched());
         }
         write(sheet, secondSheet);
         QTRY_COMPARE(look(), secondSheet);
     }
 
-    void aSheetDeletedAndWrittenAgainStaysWatched()
+    void deletedSheetIsEmptyUntilItIsBack()
     {
-        makeSheets();
-        fixture->open();
-        write(sheet, secondSheet);
-        QTRY_COMPARE(look(), secondSheet);
+        openWithSheets();
         for (const QByteArray &text : { thirdSheet, firstSheet }) {
-            const QByteArray before = look();
             QVERIFY(QFile::remove(sheet));
-            QTRY_VERIFY(probe().CSS_watcher().files().isEmpty());
-            // Something else that happens in its folder.
-            write(sheet + QStringLiteral("~"), secondSheet);
+            QTRY_COMPARE(look(), QByteArray());
+            QCOMPARE(currentPath(), sheet);
+            QVERIFY(probe().CSS_watcher().files().isEmpty());
+            // Other changes in its folder do not bring it back.
+            window().CSS_watcher_slot(QStringLiteral(":/style/style_1.qss"));
+            write(sheet + QLatin1Char('~'), secondSheet);
             QTest::qWait(30);
-            QCOMPARE(look(), before);
+            QCOMPARE(currentPath(), QStringLiteral(":/style/style_1.qss"));
             write(sheet, text);
             QTRY_COMPARE(look(), text);
-            QCOMPARE(probe().CSS_watcher().files(), QStringList{ sheet });
-            QVERIFY(probe().CSS_watcher().directories().isEmpty());
+            QVERIFY(isOnlySheetWatched());
         }
         write(sheet, secondSheet);
         QTRY_COMPARE(look(), secondSheet);
     }
 
-    void aSheetThatIsAwayChangesNothing()
+#ifdef Q_OS_LINUX
+    void sheetThatComesBackWhileItIsWatchedAgainIsApplied()
     {
-        makeSheets();
-        fixture->open();
-        const QByteArray before = look();
-        const QString path = probe().settingsData()->current_CSS_path;
-        fixture->window().CSS_watcher_slot(fixture->path(QStringLiteral("missing.qss")));
-        QCOMPARE(look(), before);
-        QCOMPARE(probe().settingsData()->current_CSS_path, path);
+        openWithSheets();
+        for (const QString &watched : { QFileInfo(sheet).path(), sheet }) {
+            QVERIFY(QFile::remove(sheet));
+            beforeWatching = [&](const QString &path) {
+                if (path == watched)
+                    writeFile(sheet, secondSheet);
+            };
+            if (watched == sheet)
+                writeFile(sheet, firstSheet);
+            QTRY_COMPARE(look(), secondSheet);
+            QTRY_VERIFY(isOnlySheetWatched());
+            beforeWatching = nullptr;
+            write(sheet, thirdSheet);
+            QTRY_COMPARE(look(), thirdSheet);
+        }
+    }
+#endif
+
+    void anyPathBecomesTheCurrentSheetAndIsNotWatched()
+    {
+        openWithSheets();
+        const QString other = fixture->path(QStringLiteral("Velkor/style/style_1.qss"));
+        const QString missing = fixture->path(QStringLiteral("missing.qss"));
+        for (const QString &path : { other, missing, fixture->path(QString()) }) {
+            window().CSS_watcher_slot(path);
+            QCOMPARE(currentPath(), path);
+            QCOMPARE(look(), path == other ? firstSheet : QByteArray());
+            QVERIFY(isOnlySheetWatched());
+        }
     }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 #include "file_text.h"
 #include "settingsdata.h"
 #include "testfiles.h"
@@ -18,12 +19,12 @@ namespace {
 
 using Values = QMap<QString, QString>;
 
-QString table(const char *name)
+std::vector<corpus::TextRow> rowsOf(const char *table)
 {
-    return QStringLiteral(VELKOR_TEST_DATA "/") + QLatin1String(name);
+    return corpus::textRows(QStringLiteral(VELKOR_TEST_DATA "/") + QLatin1String(table));
 }
 
-/// \a text for a table: short, and without signs that do not show.
+/// \a text for a table: short, and with escapes for what cannot be seen.
 QString shown(const QString &text)
 {
     if (text.size() > 100)
@@ -68,7 +69,7 @@ QString sheetName(int size)
     return QString::number(size);
 }
 
-/// What a window has of an empty settings file.
+/// The values of a window that started with an empty settings file.
 Values defaults()
 {
     return valuesOf(QStringLiteral(
@@ -77,9 +78,9 @@ Values defaults()
         "cursorSpeed=100; cursorDial=100; paramSpeed=100; paramDial=100; size=800x500"));
 }
 
+/// The settings; the path of the good trace is TRACE.
 Values valuesIn(const SettingsData &settings, const QString &trace)
 {
-    Values values;
     const auto path = [&trace](const QString &text) {
         return text == trace ? QStringLiteral("TRACE") : shown(text);
     };
@@ -89,44 +90,54 @@ Values valuesIn(const SettingsData &settings, const QString &trace)
             files.append(settings.current_files[slot].isEmpty()
                              ? QStringLiteral("-")
                              : path(settings.current_files[slot]));
-    values.insert(QStringLiteral("language"), shown(settings.current_language));
-    values.insert(QStringLiteral("style"), path(settings.current_CSS_path));
-    values.insert(QStringLiteral("last"),
-                  settings.last_folder == QDir::currentPath() ? QStringLiteral("CWD")
-                                                              : shown(settings.last_folder));
-    values.insert(QStringLiteral("folders"), QString::number(settings.work_folders.size()));
-    values.insert(QStringLiteral("mask"), QString::number(settings.read_index));
-    values.insert(QStringLiteral("files"), files.join(QLatin1Char(' ')));
-    values.insert(QStringLiteral("master"), QString::number(settings.master_ID));
-    values.insert(QStringLiteral("geometry"), QString::number(settings.window_geometry.size()));
-    values.insert(QStringLiteral("state"), QString::number(settings.window_state.size()));
-    values.insert(QStringLiteral("cursorSpeed"), QString::number(settings.cursor_dial_speed));
-    values.insert(QStringLiteral("paramSpeed"), QString::number(settings.param_dial_speed));
+    Values values;
+    const auto add = [&values](const char *key, const QString &value) {
+        values.insert(QLatin1String(key), value);
+    };
+    const auto addNumber
+        = [&add](const char *key, qint64 value) { add(key, QString::number(value)); };
+    add("language", shown(settings.current_language));
+    add("style", path(settings.current_CSS_path));
+    add("last",
+        settings.last_folder == QDir::currentPath() ? QStringLiteral("CWD")
+                                                    : shown(settings.last_folder));
+    add("files", files.join(QLatin1Char(' ')));
+    addNumber("folders", settings.work_folders.size());
+    addNumber("mask", settings.read_index);
+    addNumber("master", settings.master_ID);
+    addNumber("geometry", settings.window_geometry.size());
+    addNumber("state", settings.window_state.size());
+    addNumber("cursorSpeed", settings.cursor_dial_speed);
+    addNumber("paramSpeed", settings.param_dial_speed);
     return values;
 }
 
+/// The settings of a window and what it shows of them.
 Values valuesIn(const WindowFixture &fixture, const QString &trace)
 {
     const MainWindowProbe &probe = fixture.probe();
     const SettingsData &settings = *probe.settingsData();
-    Values values = valuesIn(settings, trace);
     const QString smooth = probe.smooth_button()->text();
-    values.insert(QStringLiteral("texts"),
-                  smooth == QString::fromUtf8("Сглаживание") ? QStringLiteral("Russian")
-                      : smooth == QLatin1String("Smooth")    ? QStringLiteral("English")
-                                                             : smooth);
-    values.insert(QStringLiteral("sheet"), sheetName(int(settings.current_CSS.size())));
-    values.insert(QStringLiteral("slots"), QString::number(probe.rfg_read_index()));
-    values.insert(QStringLiteral("selected"), QString::number(probe.rfg_ID()));
-    values.insert(QStringLiteral("cursorDial"), QString::number(probe.cursor_dial()->maximum()));
-    values.insert(QStringLiteral("paramDial"), QString::number(probe.param_dial()->maximum()));
-    values.insert(
-        QStringLiteral("size"),
-        QStringLiteral("%1x%2").arg(fixture.window().width()).arg(fixture.window().height()));
+    const QString texts = smooth == QString::fromUtf8("Сглаживание") ? QStringLiteral("Russian")
+        : smooth == QLatin1String("Smooth")                          ? QStringLiteral("English")
+                                                                     : smooth;
+    Values values = valuesIn(settings, trace);
+    const Values shownValues = valuesOf(
+        QStringLiteral("texts=%1; sheet=%2; slots=%3; selected=%4; cursorDial=%5; paramDial=%6; "
+                       "size=%7x%8")
+            .arg(texts, sheetName(int(settings.current_CSS.size())))
+            .arg(probe.rfg_read_index())
+            .arg(probe.rfg_ID())
+            .arg(probe.cursor_dial()->maximum())
+            .arg(probe.param_dial()->maximum())
+            .arg(fixture.window().width())
+            .arg(fixture.window().height()));
+    for (auto it = shownValues.begin(); it != shownValues.end(); ++it)
+        values.insert(it.key(), it.value());
     return values;
 }
 
-/// Empty when every slot that was given the good trace shows it.
+/// What is wrong with the slots that hold the good trace; empty when all show it.
 QString faultOfTraces(const WindowFixture &fixture, const QString &trace)
 {
     const MainWindowProbe &probe = fixture.probe();
@@ -141,138 +152,120 @@ QString faultOfTraces(const WindowFixture &fixture, const QString &trace)
     return {};
 }
 
-void addRows(const char *name)
+/// Gives the settings of \a row to a window with a good trace, saves them, loads them again and
+/// starts a window with them.
+void checkSettings(const corpus::TextRow &row)
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("expected");
-    const auto rows = corpus::textRows(table(name));
-    for (const corpus::TextRow &row : rows)
-        QTest::newRow(qPrintable(row.name)) << row.bytes << row.expected;
+    QString expected = row.expected;
+    // The table has these two bytes as one version of Qt reads them.
+    expected.replace(QStringLiteral("\\u00c3\\u00bc"), shown(qtcompat::settingsText("\xc3\xbc")));
+    Values values = defaults();
+    const Values named = valuesOf(expected);
+    for (auto it = named.begin(); it != named.end(); ++it) {
+        QVERIFY2(values.contains(it.key()), qPrintable(it.key()));
+        values.insert(it.key(), it.value());
+    }
+
+    WindowFixture fixture;
+    openWith(fixture, { TraceBuilder().samples(5) });
+    const QString trace = fixture.path(QStringLiteral("t1.tdr"));
+    const QByteArray bytes = QByteArray(row.bytes).replace("TRACE", trace.toUtf8());
+    const QString file = fixture.path(QStringLiteral("bad.ini"));
+    writeFile(file, bytes);
+    SettingsData *settings = fixture.window().settings();
+    settings->loadSettings(file, 63);
+    settings->updateSettings(63);
+    QCOMPARE(linesOf(valuesIn(fixture, trace)), linesOf(values));
+    QCOMPARE(faultOfTraces(fixture, trace), QString());
+
+    const Values before = valuesIn(*settings, trace);
+    settings->saveSettings(file, 63);
+    SettingsData again(nullptr);
+    again.loadSettings(file, 63);
+    Values after = valuesIn(again, trace);
+    // Three fixed entries are saved in place of the list.
+    after.insert(QStringLiteral("folders"), before.value(QStringLiteral("folders")));
+    QCOMPARE(linesOf(after), linesOf(before));
+
+    // Closing the fixture's window first would write its settings over the file.
+    WindowFixture::writeSettings(bytes);
+    MainWindow started;
+    started.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&started));
+    QCOMPARE(started.size(), QSize(800, 500));
+    QCOMPARE(MainWindowProbe(started).rfg_read_index(),
+             values.value(QStringLiteral("slots")).toInt());
+    QCOMPARE(linesOf(valuesIn(*started.settings(), trace)), linesOf(before));
+}
+
+/// Gives the sheet of \a row to a window with a good trace.
+void checkSheet(const corpus::TextRow &row)
+{
+    WindowFixture fixture;
+    MainWindow &window = openWith(fixture, { TraceBuilder().samples(5) });
+    const QString file = fixture.path(QStringLiteral("bad.qss"));
+    writeFile(file, row.bytes);
+    window.settings()->current_CSS_path = file;
+    window.settings()->parse_CSS();
+    const QColor colour = fixture.probe().delta_lbl()->palette().color(QPalette::WindowText);
+    const QByteArray kept = window.settings()->current_CSS.toLatin1();
+    const QString text = kept == row.bytes ? QStringLiteral("all")
+        : kept.isEmpty()                   ? QStringLiteral("none")
+                                           : QStringLiteral("another");
+    QCOMPARE(QStringLiteral("text=%1; colour=%2").arg(text, colour.name()), row.expected);
+    QCOMPARE(fixture.probe().rfg_read_index(), 1);
+    QCOMPARE(faultOfTraces(fixture, fixture.path(QStringLiteral("t1.tdr"))), QString());
+    QCOMPARE(fixture.probe().m_brush().color(), QColor(11, 12, 13));
+    QVERIFY(!window.grab().isNull());
+}
+
+void checkLanguages(const corpus::TextRow &row)
+{
+    QByteArray bytes = row.bytes;
+    QBuffer list(&bytes);
+    QVERIFY(list.open(QIODevice::ReadOnly));
+    SettingsData settings(nullptr);
+    settings.readLanguages(list);
+    QStringList entries;
+    for (int i = 0; i < SettingsData::languageCount; ++i) {
+        const language &entry = settings.languageList[i];
+        if (entry.id < 0)
+            break;
+        QCOMPARE(entry.id, i);
+        entries.append(shown(entry.CODE) + QLatin1Char('=') + shown(entry.label));
+    }
+    QCOMPARE(entries.isEmpty() ? QStringLiteral("nothing") : entries.join(QStringLiteral(", ")),
+             row.expected);
 }
 
 } // namespace
 
-/// Damaged settings, style sheets and language lists, each given to a window with a good trace.
+/// Damaged settings, style sheets and language lists.
 class TestTextCorpus : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void thereAreEnoughOfThem()
+    void tablesHaveAtLeastSixtyRows()
     {
-        QVERIFY(corpus::textRows(table("settings.txt")).size()
-                    + corpus::textRows(table("sheets.txt")).size()
-                    + corpus::textRows(table("languages.txt")).size()
+        QVERIFY(rowsOf("settings.txt").size() + rowsOf("sheets.txt").size()
+                    + rowsOf("languages.txt").size()
                 >= 60);
     }
 
-    void settingsLeaveTheWindowAsTheirRowSays_data()
+    void settingsGiveTheValuesOfTheirRow()
     {
-        addRows("settings.txt");
+        each(rowsOf("settings.txt"), checkSettings);
     }
 
-    void settingsLeaveTheWindowAsTheirRowSays()
+    void sheetGivesTheColourOfItsRow()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, expected);
-        // The table has these two bytes as one of the toolkits reads them.
-        expected.replace(QStringLiteral("\\u00c3\\u00bc"),
-                         shown(qtcompat::settingsText("\xc3\xbc")));
-        Values values = defaults();
-        const Values named = valuesOf(expected);
-        for (auto it = named.begin(); it != named.end(); ++it) {
-            QVERIFY2(values.contains(it.key()), qPrintable(it.key()));
-            values.insert(it.key(), it.value());
-        }
-
-        WindowFixture fixture;
-        openWith(fixture, { TraceBuilder().samples(5) });
-        const QString trace = fixture.path(QStringLiteral("t1.tdr"));
-        bytes.replace("TRACE", trace.toUtf8());
-        const QString file = fixture.path(QStringLiteral("bad.ini"));
-        writeFile(file, bytes);
-        SettingsData *settings = fixture.window().settings();
-        settings->loadSettings(file, 63);
-        settings->updateSettings(63);
-        QCOMPARE(linesOf(valuesIn(fixture, trace)), linesOf(values));
-        QCOMPARE(faultOfTraces(fixture, trace), QString());
-
-        // What is saved then is read as what it was.
-        const Values before = valuesIn(*settings, trace);
-        settings->saveSettings(file, 63);
-        SettingsData again(nullptr);
-        again.loadSettings(file, 63);
-        Values after = valuesIn(again, trace);
-        // Three entries that are always the same are saved in place of the list.
-        after.insert(QStringLiteral("folders"), before.value(QStringLiteral("folders")));
-        QCOMPARE(linesOf(after), linesOf(before));
-
-        // And the same for the file that a window starts with.
-        WindowFixture::writeSettings(bytes);
-        {
-            // Closing would write the settings over the file.
-            MainWindow started;
-            started.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&started));
-            QCOMPARE(started.size(), QSize(800, 500));
-            QCOMPARE(MainWindowProbe(started).rfg_read_index(),
-                     values.value(QStringLiteral("slots")).toInt());
-            QCOMPARE(linesOf(valuesIn(*started.settings(), trace)), linesOf(before));
-        }
+        each(rowsOf("sheets.txt"), checkSheet);
     }
 
-    void aSheetLeavesTheWindowAsItsRowSays_data()
+    void languageListGivesTheEntriesOfItsRow()
     {
-        addRows("sheets.txt");
-    }
-
-    void aSheetLeavesTheWindowAsItsRowSays()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, expected);
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder().samples(5) });
-        const QString trace = fixture.path(QStringLiteral("t1.tdr"));
-        const QString file = fixture.path(QStringLiteral("bad.qss"));
-        writeFile(file, bytes);
-        window.settings()->current_CSS_path = file;
-        window.settings()->parse_CSS();
-        const QColor colour = fixture.probe().delta_lbl()->palette().color(QPalette::WindowText);
-        const QString &kept = window.settings()->current_CSS;
-        const QString text = kept == QString::fromLatin1(bytes.constData(), bytes.size())
-            ? QStringLiteral("all")
-            : kept.isEmpty() ? QStringLiteral("none")
-                             : QStringLiteral("another");
-        QCOMPARE(QStringLiteral("text=%1; colour=%2").arg(text, colour.name()), expected);
-        QCOMPARE(fixture.probe().rfg_read_index(), 1);
-        QCOMPARE(faultOfTraces(fixture, trace), QString());
-        QCOMPARE(fixture.probe().m_brush().color(), QColor(11, 12, 13));
-        QVERIFY(!window.grab().isNull());
-    }
-
-    void aLanguageListIsReadAsItsRowSays_data()
-    {
-        addRows("languages.txt");
-    }
-
-    void aLanguageListIsReadAsItsRowSays()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, expected);
-        SettingsData settings(nullptr);
-        QBuffer list(&bytes);
-        QVERIFY(list.open(QIODevice::ReadOnly));
-        settings.readLanguages(list);
-        QStringList entries;
-        for (int i = 0; i < SettingsData::languageCount; ++i) {
-            const language &entry = settings.languageList[i];
-            if (entry.id < 0)
-                break;
-            QCOMPARE(entry.id, i);
-            entries.append(shown(entry.CODE) + QLatin1Char('=') + shown(entry.label));
-        }
-        QCOMPARE(entries.isEmpty() ? QStringLiteral("nothing") : entries.join(QStringLiteral(", ")),
-                 expected);
+        each(rowsOf("languages.txt"), checkLanguages);
     }
 };
 
