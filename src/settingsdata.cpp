@@ -134,7 +134,10 @@ void SettingsData::saveSettings(const QString &file, state_index mask) const
         ini.setValue(constants::keyCursorSpeed, cursor_dial_speed);
         ini.setValue(constants::keyParamSpeed, param_dial_speed);
     }
-    program_files::replaceFile(file, ini.bytes());
+    const QByteArray bytes = ini.bytes();
+    // A larger file would not be read again.
+    if (bytes.size() <= program_files::maxSettingsBytes)
+        program_files::replaceFile(file, bytes);
 }
 
 void SettingsData::updateSettings(state_index mask)

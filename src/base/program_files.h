@@ -15,7 +15,8 @@ class QFile;
 /// lie in the user's configuration folder, which the first save creates.
 namespace program_files {
 
-/// A larger settings file is neither read nor backed up. This size is read in half a second.
+/// A larger settings file is neither read nor written nor backed up. This size is read in half a
+/// second.
 constexpr qint64 maxSettingsBytes = 4 << 20;
 
 /// Folder of the executable, without a separator at its end.

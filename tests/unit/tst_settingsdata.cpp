@@ -163,6 +163,21 @@ private slots:
         expectDefaults(data);
     }
 
+    void aFileThatCouldNotBeReadAgainIsNotSaved()
+    {
+        writeFile(path, "[General]\nlanguage=former\n");
+        SettingsData data(nullptr);
+        // 4 bytes each.
+        data.current_language = QString(1024 * 1024, QChar(0xfc));
+        data.saveSettings(path, 8);
+        QCOMPARE(contentOf(path), QByteArray("[General]\nlanguage=former\n"));
+        data.current_language.chop(10);
+        data.saveSettings(path, 8);
+        SettingsData again(nullptr);
+        again.loadSettings(path, 8);
+        QVERIFY(again.current_language == data.current_language);
+    }
+
     void aChangedFileIsReadAgainWhateverItsTimeSays()
     {
         // Of one size, and with one time that lies in the future.

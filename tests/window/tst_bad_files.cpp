@@ -1,15 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cont_dial.h"
-#include "each.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowactions.h"
 #include "windowtest.h"
 
-#include <QButtonGroup>
 #include <QPushButton>
-#include <QRandomGenerator>
 #include <QtTest>
 
 #ifdef Q_OS_UNIX
@@ -91,65 +87,11 @@ private slots:
 
     // ---- Settings ----
 
-    void aNumberInTheSettingsMayBeAnything()
+    void aLastFolderThatIsNoPathOpensTheDialog()
     {
-        struct Row
-        {
-            const char *name; // the line of the settings
-            const char *section;
-            int loaded;
-            int master;
-        };
-        const QByteArray file
-            = fixture->trace(QStringLiteral("t1.tdr"), TraceBuilder().samples(5)).toUtf8();
-        each<Row>({ { "StateIndex=-1", "PrevFiles", 63, 0 },
-                    { "StateIndex=65", "PrevFiles", 1, 0 },
-                    { "StateIndex=64", "PrevFiles", 0, -1 },
-                    { "StateIndex=many", "PrevFiles", 0, -1 },
-                    { "MasterId=5", "PrevFiles", 1, 5 },
-                    { "MasterId=6", "PrevFiles", 1, 0 },
-                    { "MasterId=-1", "PrevFiles", 1, 0 },
-                    { "MasterId=300", "PrevFiles", 1, 0 },
-                    { "MasterId=257", "PrevFiles", 1, 1 },
-                    { "MasterId=-128", "PrevFiles", 1, 0 },
-                    { "paramSpeed=0", "Dials", 1, 0 },
-                    { "paramSpeed=2147483647", "Dials", 1, 0 },
-                    { "cursorSpeed=-2147483648", "Dials", 1, 0 },
-                    { "geometry=@ByteArray(x)", "WindowState", 1, 0 },
-                    { "windowState=@Size(3 4)", "WindowState", 1, 0 },
-                    { "lastFolder=\"\\x0\"", "WorkFolders", 1, 0 } },
-                  [&](const Row &row) {
-                      fixture->close();
-                      // The last of two equal keys counts.
-                      WindowFixture::writeSettings("[PrevFiles]\nStateIndex=1\nfile1=" + file
-                                                   + "\n[" + row.section + "]\n" + row.name + '\n');
-                      MainWindow &window = fixture->open();
-                      QCOMPARE(probe().rfg_read_index(), row.loaded);
-                      QCOMPARE(probe().rfg_master_ID(), row.master);
-                      QCOMPARE(probe().rfg_buttons()->checkedId(), qMax(0, row.master));
-                      QVERIFY(probe().param_dial()->maximum() >= 1);
-                      QVERIFY(probe().cursor_dial()->maximum() >= 1);
-                      if ((row.loaded & 1) != 0)
-                          QCOMPARE(probe().rfg_series()[0]->at(0).y(), 5.0);
-                      // Uses the last folder.
-                      QVERIFY(chooseFiles(*fixture, {}));
-                      window.grab();
-                  });
-    }
-
-    void settingsOfRandomBytesAreTaken()
-    {
-        for (quint32 seed = 1; seed <= 6; ++seed) {
-            QRandomGenerator random(seed);
-            QByteArray bytes(3000, Qt::Uninitialized);
-            for (char &byte : bytes)
-                byte = static_cast<char>(random.bounded(256));
-            WindowFixture::writeSettings(bytes);
-            fixture->open();
-            QCOMPARE(probe().rfg_read_index(), 0);
-            QCOMPARE(probe().master_scale(), 0);
-            QCOMPARE(fixture->window().size(), QSize(800, 500));
-        }
+        WindowFixture::writeSettings("[WorkFolders]\nlastFolder=\"\\x0\"\n");
+        fixture->open();
+        QVERIFY(chooseFiles(*fixture, {}));
     }
 
     void settingsWithOneWrongByteAreTaken()
