@@ -69,9 +69,8 @@ private slots:
     {
         const QMetaObject &meta = Cont_dial::staticMetaObject;
         QStringList names;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
             names << QString::fromLatin1(meta.method(i).methodSignature());
-        }
         QCOMPARE(names.join(QLatin1Char(' ')),
                  QStringLiteral("trueValueChanged(int) trueValue_slot(int) nullifier_slot() "
                                 "setAccuracy(int)"));

@@ -50,9 +50,8 @@ private slots:
         f->open();
         QTest::mouseClick(f->menu.files_settings_check, Qt::LeftButton, Qt::NoModifier, { 5, 5 });
         QCOMPARE(f->menu.save_load_index, 59);
-        for (QCheckBox *check : allChecks()) {
+        for (QCheckBox *check : allChecks())
             check->setChecked(false);
-        }
         QCOMPARE(f->menu.save_load_index, 0);
         const QList<QCheckBox *> checks = allChecks();
         for (int id = 0; id < 6; ++id) {
@@ -186,30 +185,26 @@ private slots:
 
     void openingFillsTheLanguagesOnce()
     {
-        f->menu.interfaceUpdate();
-        QVERIFY(f->menu.initiated);
-        QCOMPARE(f->menu.language_select->count(), 2);
-        QCOMPARE(f->menu.language_select->itemText(0), QStringLiteral("English"));
-        QCOMPARE(f->menu.language_select->itemText(1), QStringLiteral("Русский"));
-        f->menu.interfaceUpdate();
-        QCOMPARE(f->menu.language_select->count(), 2);
+        for (int opening = 0; opening < 2; ++opening) {
+            f->menu.interfaceUpdate();
+            QVERIFY(f->menu.initiated);
+            QCOMPARE(f->menu.language_select->count(), 2);
+            QCOMPARE(f->menu.language_select->itemText(0), QStringLiteral("English"));
+            QCOMPARE(f->menu.language_select->itemText(1), QStringLiteral("Русский"));
+        }
         QCOMPARE(f->menu.update_index, 0);
     }
 
-    void noLanguagesAndAllLanguagesFit()
+    void noLanguageAndTwentyLanguagesFit()
     {
-        for (language &entry : f->live.languageList) {
-            entry = language();
+        for (const int count : { 0, SettingsData::languageCount }) {
+            SettingsFixture fixture;
+            for (int i = 0; i < SettingsData::languageCount; ++i)
+                fixture.live.languageList[i]
+                    = { i < count ? i : -1, QString(), QString::number(i) };
+            fixture.menu.interfaceUpdate();
+            QCOMPARE(fixture.menu.language_select->count(), count);
         }
-        f->menu.interfaceUpdate();
-        QCOMPARE(f->menu.language_select->count(), 0);
-        SettingsFixture full;
-        for (int i = 0; i < SettingsData::languageCount; ++i) {
-            full.live.languageList[i].id = i;
-            full.live.languageList[i].label = QString::number(i);
-        }
-        full.menu.interfaceUpdate();
-        QCOMPARE(full.menu.language_select->count(), 20);
     }
 
     void theLanguageBoxDoesNotFollowTheLiveLanguage()
@@ -254,18 +249,6 @@ private slots:
         QCOMPARE(f->menu.data_in->current_language, QStringLiteral("en_GB"));
     }
 
-    void applyingSwitchesTheLanguage()
-    {
-        f->open();
-        f->menu.language_select->setCurrentIndex(1);
-        QSignalSpy spy(&f->live, &SettingsData::translation_changed);
-        SettingsFixture::press(f->menu.apply_button);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(f->live.current_language, QStringLiteral("ru_RU"));
-        QVERIFY(!f->menu.apply_button->isEnabled());
-        QVERIFY(f->menu.isVisible());
-    }
-
     void anEditedSpeedReachesTheStoreWithApply()
     {
         f->open();
@@ -294,8 +277,6 @@ private slots:
         f->menu.cursor_accur->setValue(100);
         QVERIFY(f->menu.apply_button->isEnabled());
         QCOMPARE(f->menu.update_index, 32);
-        SettingsFixture::press(f->menu.apply_button);
-        QCOMPARE(f->live.cursor_dial_speed, 100);
     }
 
     void cancelChangesNothing()

@@ -4,6 +4,7 @@
 #include "settingsdata.h"
 #include "windowactions.h"
 #include "windowstate.h"
+#include "windowtest.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -16,18 +17,17 @@
 namespace {
 
 constexpr int fewestReadings = 200;
-constexpr qint64 answerTime = 200; ///< milliseconds within which any file is dealt with
-constexpr qint64 patience = 20000; ///< milliseconds until both kinds of readings must have come
+constexpr qint64 answerTime = 200; ///< most milliseconds per reading, on average
+constexpr qint64 patience = 20000; ///< most milliseconds until both kinds of readings occurred
 
-/// What a reader got of a file that is changing.
+/// What one reading of a changing file returned.
 enum class Reading {
     Whole,
     Part,
     Wrong ///< what the file never held
 };
 
-/// A file that another program writes, cuts off, writes again, removes and makes anew, over and
-/// over, for as long as this object lives.
+/// A file that a thread writes, truncates and removes in a loop during its lifetime.
 class RestlessFile
 {
 public:
@@ -62,7 +62,8 @@ private:
     std::thread m_writer;
 };
 
-/// Has \a read the file until it got it whole and in part, and often. Empty when all went well.
+/// Calls \a read until it returned the whole file and a part of it, and often enough. Empty when no
+/// reading was wrong.
 QString faultOf(const std::function<Reading()> &read)
 {
     int whole = 0;
@@ -80,14 +81,14 @@ QString faultOf(const std::function<Reading()> &read)
     return timer.elapsed() > answerTime * (whole + part) ? QStringLiteral("too slow") : QString();
 }
 
-/// A system that cuts a file off clears the rest of the page before it moves the file's end: who
-/// reads in that moment gets zeros up to there, and goes on with what was written meanwhile.
+/// Linux zeroes the rest of the page before it moves the end of a truncated file, so a concurrent
+/// read can return zeros.
 bool isOfTheFile(qint8 sample)
 {
     return sample == 5 || sample == 0;
 }
 
-/// True when \a read is \a whole or what a cut left of it, with zeros where it was being made.
+/// True when \a read is a prefix of \a whole, apart from zeros.
 bool isBeginningOf(const QString &read, const char *whole)
 {
     const QString text = QString::fromLatin1(whole);
@@ -98,23 +99,21 @@ bool isBeginningOf(const QString &read, const char *whole)
 
 } // namespace
 
-/// Files that are removed, cut off or written while they are being read.
-class TestChangingFiles : public QObject
+/// Files that are removed, truncated or written while the program reads them.
+class TestChangingFiles : public WindowTest
 {
     Q_OBJECT
 
 private slots:
     void aTraceFillsWhatWasThere()
     {
-        WindowFixture fixture;
-        MainWindow &window
-            = openWith(fixture, { TraceBuilder().samples(7), TraceBuilder().samples(9) });
+        MainWindow &window = openOn({ TraceBuilder().samples(7), TraceBuilder().samples(9) });
         const QStringList before = stateOf(window).filter(QStringLiteral("[0]"));
-        const QString path = fixture.path(QStringLiteral("changing.tdr"));
+        const QString path = fixture->path(QStringLiteral("changing.tdr"));
         const RestlessFile file(path, TraceBuilder().samples(5).bytes());
         QCOMPARE(faultOf([&] {
-                     auto &record = fixture.probe().rfg_DATA()[1].f_p_840;
-                     // For a short reading to show.
+                     auto &record = probe().rfg_DATA()[1].f_p_840;
+                     // Shows where a short reading ended.
                      std::fill_n(record.samples, 32000, qint8{ 9 });
                      window.add_Selected_RFG(path, 1);
                      const qint8 *begin = record.samples;
@@ -130,11 +129,10 @@ private slots:
 
     void settingsAreWhatTheFileHeldAtSomeMoment()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder().samples(7) });
+        MainWindow &window = openOn({ TraceBuilder().samples(7) });
         const QStringList before = stateOf(window);
         SettingsData *settings = window.settings();
-        const QString path = fixture.path(QStringLiteral("changing.ini"));
+        const QString path = fixture->path(QStringLiteral("changing.ini"));
         const RestlessFile file(path,
                                 "[General]\nlanguage=ru_RU\nCSS=mine.qss\n"
                                 "[Dials]\ncursorSpeed=37\nparamSpeed=38\n");
@@ -160,11 +158,10 @@ private slots:
 
     void aSheetIsWhatTheFileHeldAtSomeMoment()
     {
-        WindowFixture fixture;
-        MainWindow &window = openWith(fixture, { TraceBuilder().samples(7) });
+        MainWindow &window = openOn({ TraceBuilder().samples(7) });
         const QStringList before = stateOf(window).filter(QStringLiteral("rfg_series"));
         SettingsData *settings = window.settings();
-        settings->current_CSS_path = fixture.path(QStringLiteral("changing.qss"));
+        settings->current_CSS_path = fixture->path(QStringLiteral("changing.qss"));
         const QByteArray sheet = QByteArray("QLabel { color: rgb(1, 2, 3) }\n").repeated(40);
         const RestlessFile file(settings->current_CSS_path, sheet);
         QCOMPARE(faultOf([&] {

@@ -3,19 +3,12 @@
 #include "base/ini_text.h"
 #include "cont_dial.h"
 #include "curarrow.h"
-#include "parambutton.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowtest.h"
 
 #include <QButtonGroup>
-#include <QGraphicsView>
-#include <QGroupBox>
 #include <QInputDialog>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QtTest>
 
 namespace {
@@ -89,14 +82,10 @@ class TestLifecycle : public WindowTest
 private slots:
     void horizontalShiftAndCursorAAreSelectedWhateverTheSettingsHeld()
     {
-        const QStringList traces{ fixture->trace(QStringLiteral("one.tdr"), TraceBuilder()) };
-        WindowFixture::writePreviousRun(traces);
-        fixture->open();
+        openOn({ TraceBuilder() });
         QCOMPARE(probe().down_buttons()->checkedId(), int(MainWindow::H_OFFSET));
         QCOMPARE(probe().up_buttons()->checkedId(), int(MainWindow::CURSOR_A));
         QCOMPARE(probe().rfg_buttons()->checkedId(), 0);
-        QCOMPARE(probe().rfg_read_index(), 1);
-        QVERIFY(probe().master_is_set());
     }
 
     void readOnlyParametersCanNeverBePressed()
@@ -161,14 +150,6 @@ private slots:
         QVERIFY(probe().dist_coef() > 0.125 && probe().dist_coef() < 0.125000001);
     }
 
-    void theWindowHasItsMinimumSizes()
-    {
-        fixture->open();
-        QCOMPARE(probe().centralWidget()->minimumSize(), QSize(800, 500));
-        QCOMPARE(probe().Plot_View()->minimumSize(), QSize(500, 310));
-        QCOMPARE(probe().chartMenu()->minimumSize(), QSize(100, 100));
-    }
-
     void theInputDialogIsOpenedAndRejectedThreeTimesAtStart()
     {
         InputDialogWatch watch;
@@ -179,21 +160,6 @@ private slots:
         QCOMPARE(watch.modes, expected);
         QVERIFY(!probe().input_dialog()->isVisible());
         QVERIFY(probe().input_dialog()->comboBoxItems().isEmpty());
-    }
-
-    void controlsOutsideTheLayoutExistAndStayHidden()
-    {
-        fixture->open();
-        for (const QWidget *widget : { static_cast<QWidget *>(probe().bat_bar()),
-                                       static_cast<QWidget *>(probe().legend_group()),
-                                       static_cast<QWidget *>(probe().misc_group()),
-                                       static_cast<QWidget *>(probe().info_dialog()) }) {
-            QVERIFY(widget != nullptr);
-            QVERIFY(!widget->isVisible());
-        }
-        for (const QSpacerItem *spacer :
-             { probe().blank_1(), probe().blank_2(), probe().blank_3() })
-            QVERIFY(spacer != nullptr);
     }
 
     void theSizesAreTwoLinesOfTheDebugLog()
@@ -207,23 +173,12 @@ private slots:
         QVERIFY2(debugLines[0].contains(QStringLiteral("800, 500")), qPrintable(debugLines[0]));
     }
 
-    // ---- Dial speeds ----
-
-    void theScaleKeepsItsOwnDialSpeed()
+    void theDialsHaveTheirSpeedsFromTheStart()
     {
         WindowFixture::writeSettings("[Dials]\nparamSpeed=50\ncursorSpeed=60\n");
-        MainWindow &window = fixture->open();
+        fixture->open();
         QCOMPARE(probe().param_dial()->maximum(), 50);
         QCOMPARE(probe().cursor_dial()->maximum(), 60);
-        probe().scale_button()->click();
-        QCOMPARE(probe().param_dial()->maximum(), 8);
-        probe().settingsData()->param_dial_speed = 200;
-        probe().settingsData()->cursor_dial_speed = 300;
-        window.setDialSettings();
-        QCOMPARE(probe().param_dial()->maximum(), 8);
-        QCOMPARE(probe().cursor_dial()->maximum(), 300);
-        probe().KU_button()->click();
-        QCOMPARE(probe().param_dial()->maximum(), 200);
     }
 
     // ---- Geometry ----

@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr qint64 answerTime = 200; ///< milliseconds within which any file is dealt with
+constexpr qint64 answerTime = 200; ///< most milliseconds for any file
 
-/// The lines of the state that tell of traces and view; a style sheet may change the others.
+/// The lines of the state about traces and view, which no style sheet changes.
 QStringList tracesOf(MainWindow &window)
 {
     QStringList lines = stateOf(window);
@@ -30,7 +30,7 @@ QStringList tracesOf(MainWindow &window)
     return lines;
 }
 
-/// True when following \a link never ends.
+/// True when \a link is part of a cycle.
 bool leadsRound(QFileInfo link)
 {
     for (int i = 0; i < 8 && link.isSymLink(); ++i)
@@ -91,8 +91,8 @@ private slots:
     }
 
 #ifdef Q_OS_LINUX
-    // The kernel's messages are such a file; whoever may read them waits for the next one.
-    void aFileThatSaysItIsEmptyIsTakenAtItsWord()
+    // Reading the kernel's messages blocks until there is one.
+    void aFileOfSizeZeroIsNotRead()
     {
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
@@ -171,8 +171,6 @@ private slots:
         }
     }
 
-    // Where nothing or a plain file lies, an ordinary user may save; anything else stays what it
-    // is.
     void settingsAreNotWrittenOverSpecialFiles()
     {
         const OddPlaces places;
@@ -181,7 +179,7 @@ private slots:
         for (const OddPlace &place : places.all()) {
             const QFileInfo before(place.path);
             const bool isSpecial = before.exists() && !before.isFile();
-            // One that leads back to itself gives way to the file.
+            // A link to itself is replaced by the file.
             const bool isLink = before.isSymLink() && !leadsRound(before);
             const qint64 took
                 = fastest([&] { asOrdinaryUser([&] { settings.saveSettings(place.path, 63); }); });
@@ -194,8 +192,8 @@ private slots:
         QVERIFY(special > 0);
     }
 
-    // 255 bytes, the most that file systems take. Nothing can be written beside such a file under a
-    // name that is longer still, which is how the toolkit goes about a save.
+    // 255 bytes, the longest name of most file systems. QSaveFile writes under a longer name, which
+    // fails here.
     void settingsWithTheLongestNameAreReadAndNeverTorn()
     {
         SettingsData *settings = fixture->open().settings();

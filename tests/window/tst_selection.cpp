@@ -233,19 +233,13 @@ private slots:
 
     // ---- Menu ----
 
-    void theMenuOpensAtTheCornerOfItsButtonInTheWindowsFont()
+    void theMenuHasTheFontOfTheWindow()
     {
         MainWindow &window = openOn({ TraceBuilder() });
-        LegendButton *button = probe().selected_rfg()[0];
-        QPoint corner;
         QFont font;
-        const auto answer = answerMenu([&](const QMenu &menu) {
-            corner = menu.pos();
-            font = menu.font();
-        });
-        emit button->customContextMenuRequested(QPoint(1, 1));
+        const auto answer = answerMenu([&font](const QMenu &menu) { font = menu.font(); });
+        emit probe().selected_rfg()[0]->customContextMenuRequested(QPoint(1, 1));
         QVERIFY(answer->served());
-        QCOMPARE(corner, window.mapToGlobal(button->geometry().topRight()));
         QCOMPARE(font.pointSize(), window.font().pointSize());
     }
 
