@@ -10,6 +10,7 @@
 #include <QPixmap>
 #include <QPointF>
 #include <QString>
+#include <QVariant>
 #include <QVector>
 #include <QWidget>
 #include <QtGlobal>
@@ -51,6 +52,13 @@ constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
 
 /// Size type of containers: int in Qt 5, qsizetype in Qt 6.
 using Size = decltype(QVector<QPointF>().size());
+
+/// Type of the data that QMimeData::retrieveData() is asked for.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+using DataType = QVariant::Type;
+#else
+using DataType = QMetaType;
+#endif
 
 /// Position of \a event, a QDropEvent or a subclass, in the widget.
 template <typename Event> QPoint placeOf(const Event &event)

@@ -3,12 +3,12 @@
 #pragma once
 
 #include <QPointer>
+#include <QStringList>
 
 class LegendButton;
 class MainWindow;
 class QDropEvent;
 class QPoint;
-class QStringList;
 
 namespace extras {
 

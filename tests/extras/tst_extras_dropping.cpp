@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/qtcompat.h"
 #include "cont_dial.h"
 #include "dialoganswer.h"
 #include "legendbutton.h"
@@ -123,8 +124,6 @@ QStringList everythingOf(const WindowFixture &fixture)
     return lines;
 }
 
-} // namespace
-
 /// Files that another program offers, counting the times that it is asked for them.
 class OfferedFiles : public QMimeData
 {
@@ -137,12 +136,14 @@ public:
     }
 
 protected:
-    QVariant retrieveData(const QString &format, QVariant::Type type) const override
+    QVariant retrieveData(const QString &format, qtcompat::DataType type) const override
     {
         ++const_cast<OfferedFiles *>(this)->asked;
         return QMimeData::retrieveData(format, type);
     }
 };
+
+} // namespace
 
 class TestExtrasDropping : public QObject
 {

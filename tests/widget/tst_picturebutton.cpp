@@ -85,7 +85,7 @@ private slots:
         button.resize(100, 80);
         // Two words over one another, in the same size.
         const int wordWidth = QFontMetrics(button.font()).horizontalAdvance(word);
-        QCOMPARE(captionWidth(), wordWidth);
+        QVERIFY(qAbs(captionWidth() - wordWidth) <= 1);
         QVERIFY(oneLine > 2 * wordWidth);
         for (const int width : { 70, 60, 50 }) {
             button.resize(width, 80);
@@ -93,7 +93,7 @@ private slots:
             QVERIFY(columns.second < width - 2);
             QVERIFY(columns.first > columnsOf(button, pictureColour).second);
             QVERIFY(columnsOf(button, pictureColour).first > 1);
-            QVERIFY(captionWidth() < wordWidth);
+            QVERIFY(captionWidth() < wordWidth - 1);
         }
         QCOMPARE(button.text().count(QLatin1Char('\n')), 1);
     }
