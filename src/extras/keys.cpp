@@ -195,23 +195,23 @@ template <std::size_t size> const Key *find(const Key (&table)[size], const Stro
 
 } // namespace
 
-bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *control)
+bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *receiver)
 {
     if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
         return false;
     const Stroke stroke = strokeOf(event);
     const MainWindowParts &parts = window.parts();
-    const Key *onControl = control == parts.Plot_View ? find(keysOnPlot, stroke)
-        : control == parts.param_dial                 ? find(keysOnParamDial, stroke)
-        : control == parts.cursor_dial                ? find(keysOnCursorDial, stroke)
-                                                      : nullptr;
+    const Key *onControl = receiver == parts.Plot_View ? find(keysOnPlot, stroke)
+        : receiver == parts.param_dial                 ? find(keysOnParamDial, stroke)
+        : receiver == parts.cursor_dial                ? find(keysOnCursorDial, stroke)
+                                                       : nullptr;
     const Key *key = onControl ? onControl : find(keys, stroke);
     if (!key)
         return false;
     if (!event.isAutoRepeat() || key->when == Repeated)
         key->action(window);
     // A dial turns its mark by the same key.
-    return !onControl || control == parts.Plot_View;
+    return !onControl || receiver == parts.Plot_View;
 }
 
 } // namespace extras

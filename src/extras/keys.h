@@ -8,12 +8,12 @@ class QObject;
 
 namespace extras {
 
-/// Runs the action of the key in \a event, which arrived at \a control: the window, the plot or one
-/// of the dials. The plot and the dials have keys of their own besides those of the window. Returns
-/// true when \a control must not get the event.
+/// Runs the action of the key in \a event, which arrived at \a receiver: the window, the plot or
+/// one of the dials. The plot and the dials have keys of their own besides those of the window.
+/// Returns true when \a receiver must not get the event.
 ///
 /// A letter counts by its place on the keyboard: on a Russian layout the key that types Т is N. No
 /// key counts while a dialog or a menu is open.
-bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *control);
+bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *receiver);
 
 } // namespace extras
