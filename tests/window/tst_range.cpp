@@ -139,6 +139,7 @@ private slots:
             QCOMPARE(probe().scale_up_button()->isEnabled(), up);
         };
         verify(0, false, true);
+        verify(8, false, false);
         verify(4, true, true);
         verify(8, true, false);
         verify(0, false, false);

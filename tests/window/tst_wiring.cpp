@@ -123,6 +123,7 @@ private slots:
         openOn({});
         input::click(probe().curB_nav_button());
         QVERIFY(probe().curB_button()->isChecked());
+        QVERIFY(probe().curB_action()->isChecked());
         QVERIFY(!probe().curA_button()->isChecked());
         QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
         input::click(probe().curA_nav_button());
