@@ -42,15 +42,6 @@ using QT_PREPEND_NAMESPACE(QXYSeries);
 
 namespace qtcompat {
 
-/// By these class names one knows the items that draw a line and a curve of a chart.
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-constexpr char lineItemClass[] = "LineChartItem";
-constexpr char splineItemClass[] = "SplineChartItem";
-#else
-constexpr char lineItemClass[] = "QtCharts::LineChartItem";
-constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
-#endif
-
 /// What containers count in: int, since Qt 6 a number as wide as a pointer.
 using Size = decltype(QVector<QPointF>().size());
 
@@ -84,14 +75,6 @@ inline QString settingsText(const QByteArray &bytes)
     return QString::fromUtf8(bytes);
 #endif
 }
-
-/// Whether a line of the chart that moves has the place repainted that it leaves, not only the one
-/// that it comes to. In Qt 6 a level line is left standing where nothing else covers both.
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-constexpr bool linesTellWhereTheyWere = true;
-#else
-constexpr bool linesTellWhereTheyWere = false;
-#endif
 
 /// What \a icon shows in \a window in \a size units, in the pixels that are there for it.
 inline QPixmap pixmapOf(const QIcon &icon, QWindow *window, QSize size)

@@ -174,13 +174,12 @@ void MainWindow::setUpPlotView()
     Plot_View->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     Plot_View->setRenderHint(QPainter::Antialiasing);
     // Half a pixel off, so that view and scene coordinates are the same numbers.
-    Plot_View->setSceneRect(-0.5, -0.5, 400.0, 250.0);
-    // One clip rectangle instead of a ragged region, against which every antialiased span would be
-    // cut: a fifth of a repaint. And what lies under an opaque plot need not be painted.
-    Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);
+    const QRectF sceneRect(-0.5, -0.5, 400.0, 250.0);
+    Plot_Scene->setSceneRect(sceneRect);
+    Plot_View->setSceneRect(sceneRect);
+    // The scene paints the whole viewport: the window need not paint anything below it.
     Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    // Some seventy items, most of which change at a time: to keep an index of them costs more than
-    // to look at all, a tenth of a selection.
+    // Most of the 70 items change together: updating an index takes a tenth of a selection.
     Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
 }
 

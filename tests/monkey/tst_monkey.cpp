@@ -221,7 +221,6 @@ void TestMonkey::whatIsWrongIsSeen_data()
     row("a cursor stands on the axis", [](const Probe &p) { p.cursor_B_pos() = 64001; });
     row("the velocity factor is 1 to 10", [](const Probe &p) { p.master_params().KU = 0.5F; });
     row("metres per count follow the factor", [](const Probe &p) { p.dist_coef() = 0.1; });
-    row("no user action is left open", [](const Probe &p) { p.openActions() = 1; });
     row("the range is as wide as its scale", [](const Probe &p) { p.master_scale() = 5; });
     row("right is offered unless at the right end",
         [](const Probe &p) { p.scroll_right_button()->setEnabled(false); });
