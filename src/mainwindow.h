@@ -21,7 +21,6 @@
 /// | window/range.cpp | scale, scroll, shifts, velocity factor |
 /// | window/params.cpp | parameter selection, parameter dial |
 /// | window/cursors.cpp | cursor model, readouts, going to a cursor |
-/// | window/action.cpp | what is put off to the end of a user action |
 /// | window/input.cpp | the event filter and one handler per watched object and event |
 /// | window/dialogs.cpp | the entry dialogs that a right click opens |
 ///
@@ -114,6 +113,8 @@ private:
     void setParameterTexts();
     /// Two-line caption: the word over the value.
     static void setCaption(QAbstractButton *button, const QString &word, const QString &value);
+    /// Sets the caption of \a dial, to be painted with the next repaint.
+    static void setDialText(Cont_dial *dial, const QString &text);
     QString cursorReadout(const QString &name, const QString &distance, int level) const;
     QString scaleText() const;
     QString velocityText() const;
@@ -182,7 +183,8 @@ public slots:
 public:
     /// Slot of the master, -1 before there was one.
     int getMasterID() const;
-    /// Raises the series of the selected slot and draws them with the thick pen.
+    /// Raises the series of the selected slot above all but those of the cursors, and draws them
+    /// with the thick pen.
     void seriaIsSelected();
     /// Sets the text of the trace button and the name of slot \a id.
     void setRfgButtonText(int id);
@@ -215,7 +217,6 @@ public:
     QString count_to_level(int level) const;
 
 private:
-    void raiseNow(QtCharts::QXYSeries *series);
     void buildChart();
     void createChartAxes();
     void createChartTexts();
@@ -311,28 +312,14 @@ public:
 
 private:
     calc::CursorPoint pointUnder(int column) const;
+    /// As cursorSetup_slot, but leaves the drawing order as it is.
+    void moveCursor(int column);
     void showCursor(const calc::CursorPoint &point);
+    /// Both series of cursor \a which, as drawn: the level below the line. None in delta mode.
+    QVector<QtCharts::QXYSeries *> cursorSeries(int which) const;
+    /// The series of both cursors as drawn, the active one on top. None in delta mode.
+    QVector<QtCharts::QXYSeries *> cursorSeries() const;
     void colourCursors();
-
-    // ---- User actions (window/action.cpp) ----
-    /// One user action: raises and dial captions are noted and happen at its end, once each in this
-    /// order: a raise lays the chart out anew (40 % of a cursor step), a caption paints at once.
-    class Action
-    {
-    public:
-        enum Kind {
-            AnyChange,
-            CursorMove, ///< of the active cursor, and nothing else in the plot
-        };
-        explicit Action(MainWindow &window, Kind kind = AnyChange);
-        ~Action();
-        Q_DISABLE_COPY(Action)
-    private:
-        MainWindow &m_window;
-    };
-    void finishAction();
-    bool raisePending();
-    void setDialText(Cont_dial *dial, const QString &text);
 
     // ---- Input (window/input.cpp) ----
 public:

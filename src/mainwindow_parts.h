@@ -20,6 +20,7 @@ class Dictionary;
 class InterfaceButton;
 class LegendButton;
 class ParamButton;
+class SeriesLayer;
 class SettingsData;
 class SettingsMenu;
 
@@ -110,6 +111,7 @@ struct MainWindowParts
     PlotView *Plot_View = nullptr;
     QGraphicsScene *Plot_Scene = nullptr;
     QtCharts::QChart *Plot_Chart = nullptr;
+    SeriesLayer *seriesLayer = nullptr; ///< child item of the chart, paints its series
     QtCharts::QLineSeries *rfg_series[constants::slotCount] = {};
     QtCharts::QSplineSeries *rfg_series_sp[constants::slotCount] = {};
     QtCharts::QLineSeries *cursor_A = nullptr;

@@ -14,7 +14,6 @@
 #include <QPen>
 #include <QPointF>
 #include <QVector>
-#include <QtCharts/QXYSeries>
 
 /// The numbers by which the window's buttons, markers and modes are known.
 struct MainWindowModes
@@ -115,12 +114,6 @@ struct MainWindowState
     int cursor_B_pos = 0;
     int cursor_A_pos_Y = 0; ///< sample steps, or 129
     int cursor_B_pos_Y = 0;
-
-    // ---- User actions ----
-    int openActions = 0; ///< nested user actions
-    bool onlyCursorMoves = false; ///< in all that are open
-    QVector<QtCharts::QXYSeries *> pendingRaises; ///< in the order they will be drawn, last on top
-    QString pendingCaptions[2]; ///< parameter dial, cursor dial
 
     // ---- Input ----
     bool zoom_wheel_flag = false; ///< the wheel changes the scale instead of moving cursors

@@ -41,15 +41,6 @@ using QT_PREPEND_NAMESPACE(QXYSeries);
 
 namespace qtcompat {
 
-/// Class names of the chart items that draw a line and a curve.
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-constexpr char lineItemClass[] = "LineChartItem";
-constexpr char splineItemClass[] = "SplineChartItem";
-#else
-constexpr char lineItemClass[] = "QtCharts::LineChartItem";
-constexpr char splineItemClass[] = "QtCharts::SplineChartItem";
-#endif
-
 /// Size type of containers: int in Qt 5, qsizetype in Qt 6.
 using Size = decltype(QVector<QPointF>().size());
 
@@ -89,14 +80,6 @@ inline QString settingsText(const QByteArray &bytes)
     return QString::fromUtf8(bytes);
 #endif
 }
-
-/// True when a chart line that moves also repaints its old position. Qt 6 repaints the new position
-/// only, which leaves an old level line on the screen.
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-constexpr bool linesTellWhereTheyWere = true;
-#else
-constexpr bool linesTellWhereTheyWere = false;
-#endif
 
 /// The picture of \a icon in \a widget for \a size units, in device pixels.
 inline QPixmap pixmapOf(const QIcon &icon, const QWidget &widget, QSize size,

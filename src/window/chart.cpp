@@ -6,6 +6,7 @@
 #include "dictionary.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
+#include "serieslayer.h"
 
 #include <QGraphicsScene>
 #include <QtCharts/QLegend>
@@ -25,17 +26,20 @@ void resizeTo(QVector<QPointF> &buffer, qtcompat::Size size)
 
 void MainWindow::buildChart()
 {
-    Plot_Scene->addItem(Plot_Chart);
     Plot_Chart->setMargins(QMargins(constants::chartMargin, constants::chartMargin,
                                     constants::chartMargin, constants::chartMargin));
     // The scene's background shows through, so that difference mode can colour it.
     Plot_Chart->setPlotAreaBackgroundVisible(false);
     Plot_Chart->setBackgroundVisible(false);
     Plot_Chart->legend()->hide();
+    // An attached legend, also a hidden one, has the chart laid out for every new pen of a series.
+    Plot_Chart->legend()->detachFromChart();
 
     createChartAxes();
     addTraceSeries();
     addCursorSeries();
+    seriesLayer = new SeriesLayer(*Plot_Chart, *cust_axisX, *cust_axisY);
+    Plot_Scene->addItem(Plot_Chart);
     createChartTexts();
     points.resize(constants::stepPointCount);
     points_sp.resize(constants::drawnSamples);
@@ -84,7 +88,7 @@ void MainWindow::addTraceSeries()
 {
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         rfg_series[slot] = new QLineSeries(this);
-        rfg_series_sp[slot] = new QSplineSeries(this);
+        rfg_series_sp[slot] = new MarkableSpline(this);
         m_pen.setWidth(constants::tracePen);
         m_pen.setColor(QColor::fromRgba(constants::slotColours[slot]));
         for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
@@ -124,7 +128,6 @@ void MainWindow::load_rfg(int id)
 {
     if (!isSlot(id))
         return;
-    Plot_View->invalidate();
     const calc::TraceRef trace = traceRef(id);
     const bool difference = isDrawnAsDifference(id);
     // The series of the other form keeps its old points; it is rebuilt when it comes to sight. Its
@@ -148,7 +151,6 @@ void MainWindow::load_rfg(int id)
 
 void MainWindow::setSmoothFlag(bool on)
 {
-    const Action action(*this);
     smooth_rfg_flag = on;
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         if (!isLoaded(slot))
@@ -161,7 +163,6 @@ void MainWindow::setSmoothFlag(bool on)
 
 void MainWindow::setDiff_flag(bool on)
 {
-    const Action action(*this);
     diff_flag = on ? DIFF : NORMAL;
     m_brush = QBrush(
         QColor::fromRgba(on ? constants::differenceBackground : constants::normalBackground),
@@ -175,29 +176,7 @@ void MainWindow::setDiff_flag(bool on)
 
 void MainWindow::seriesUp(QXYSeries *series)
 {
-    if (openActions == 0) {
-        raiseNow(series);
-        return;
-    }
-    pendingRaises.removeOne(series);
-    pendingRaises.append(series);
-}
-
-void MainWindow::raiseNow(QXYSeries *series)
-{
-    Plot_View->invalidate();
-    // Adding and each attaching compute an outline of all points, so those of a trace come last.
-    const QVector<QPointF> kept = qtcompat::pointsOf(*series);
-    const bool emptied = kept.size() > 2;
-    if (emptied)
-        series->replace(QVector<QPointF>());
-    // Later series are drawn over earlier ones, and there is no other way to change the order.
-    Plot_Chart->removeSeries(series);
-    Plot_Chart->addSeries(series);
-    series->attachAxis(cust_axisX);
-    series->attachAxis(cust_axisY);
-    if (emptied)
-        series->replace(kept);
+    seriesLayer->raise({ series });
 }
 
 QString MainWindow::count_to_distance(int count) const

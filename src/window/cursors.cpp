@@ -7,6 +7,7 @@
 #include "curarrow.h"
 #include "dictionary.h"
 #include "mainwindow.h"
+#include "serieslayer.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -17,7 +18,12 @@ QT_CHARTS_USE_NAMESPACE
 
 void MainWindow::cursorSetup_slot(int column)
 {
-    const Action action(*this, Action::CursorMove);
+    moveCursor(column);
+    seriesLayer->raise(cursorSeries(Cur_flag));
+}
+
+void MainWindow::moveCursor(int column)
+{
     if (Cur_flag == DELTA)
         return;
     const int clamped = calc::clampedColumn(column);
@@ -52,13 +58,27 @@ void MainWindow::showCursor(const calc::CursorPoint &point)
     const double y = point.level;
     line->replace(QVector<QPointF>{ { x, constants::levelMin }, { x, constants::levelMax } });
     level->replace(QVector<QPointF>{ { 0.0, y }, { double(x_length), y } });
-    seriesUp(level);
-    seriesUp(line);
+}
+
+QVector<QXYSeries *> MainWindow::cursorSeries(int which) const
+{
+    if (which == CURSOR_A)
+        return { cursor_A_add, cursor_A };
+    if (which == CURSOR_B)
+        return { cursor_B_add, cursor_B };
+    return {};
+}
+
+QVector<QXYSeries *> MainWindow::cursorSeries() const
+{
+    if (Cur_flag_true == DELTA)
+        return {};
+    return cursorSeries(Cur_flag_true == CURSOR_A ? CURSOR_B : CURSOR_A)
+        + cursorSeries(Cur_flag_true);
 }
 
 void MainWindow::cursorSelect_slot(int mode)
 {
-    const Action action(*this);
     const bool isCursor = mode == CURSOR_A || mode == CURSOR_B;
     Cur_flag = Cur_flag_true = isCursor ? static_cast<CURSOR_MODE>(mode) : DELTA;
     if (QAbstractButton *button = cur_nav_group->button(mode))
@@ -70,18 +90,15 @@ void MainWindow::cursorSelect_slot(int mode)
         cursor_dial->trueValue = cursor_A_pos;
         caption = count_to_distance(cursor_A_pos);
         cur_arrowB->group->stackBefore(cur_arrowA->group);
-        seriesUp(cursor_A_add);
-        seriesUp(cursor_A);
     } else if (mode == CURSOR_B) {
         curB_action->setChecked(true);
         cursor_dial->trueValue = cursor_B_pos;
         caption = count_to_distance(cursor_B_pos);
         cur_arrowA->group->stackBefore(cur_arrowB->group);
-        seriesUp(cursor_B_add);
-        seriesUp(cursor_B);
     } else {
         cursor_dial->ring_color = Qt::black;
     }
+    seriesLayer->raise(cursorSeries(mode));
     colourCursors();
     setCursorDialText(caption);
 }
@@ -124,7 +141,6 @@ void MainWindow::cursorInfo_update()
 
 void MainWindow::cursors_update()
 {
-    const Action action(*this);
     Cur_flag_true = Cur_flag;
     if (Cur_flag == DELTA)
         return;
@@ -132,8 +148,9 @@ void MainWindow::cursors_update()
     const CURSOR_MODE other = Cur_flag == CURSOR_A ? CURSOR_B : CURSOR_A;
     for (const CURSOR_MODE cursor : { other, Cur_flag_true }) {
         Cur_flag = cursor;
-        cursorSetup_slot(cursorPosition(cursor));
+        moveCursor(cursorPosition(cursor));
     }
+    seriesLayer->raise(cursorSeries());
 }
 
 int MainWindow::cursorPosition(int which) const

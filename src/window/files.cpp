@@ -112,7 +112,6 @@ void MainWindow::openFiles(const QStringList &files)
 
 void MainWindow::show_AllSelected_RFGs(state_index mask)
 {
-    const Action action(*this);
     rfg_read_index = mask & constants::slotMask;
     loadAllTraces();
     if (rfg_read_index == 0) {
@@ -162,7 +161,6 @@ void MainWindow::loadSingle_slot(int id)
 
 void MainWindow::add_Selected_RFG(const QString &path, int id)
 {
-    const Action action(*this);
     if (!isSlot(id))
         return;
     read_rfg_DATA(path, id);
@@ -186,7 +184,6 @@ void MainWindow::add_Selected_RFG(const QString &path, int id)
 
 void MainWindow::remove_Selected_RFG(int id)
 {
-    const Action action(*this);
     if (!isSlot(id))
         return;
     rfg_read_index = unsetbit(rfg_read_index, id);
@@ -208,7 +205,6 @@ void MainWindow::remove_Selected_RFG(int id)
 
 void MainWindow::resetCurrent_slot(int id)
 {
-    const Action action(*this);
     if (!isSlot(id))
         return;
     if (id == rfg_master_ID) {
@@ -225,7 +221,6 @@ void MainWindow::resetCurrent_slot(int id)
 
 void MainWindow::reset_slot()
 {
-    const Action action(*this);
     plotScroll(-axisMin());
     diff_flag = NORMAL;
     difference_button->setChecked(false);

@@ -158,13 +158,12 @@ void setUpPlotView(const MainWindowParts &parts)
     parts.Plot_View->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     parts.Plot_View->setRenderHint(QPainter::Antialiasing);
     // Offset by half a pixel, so that view and scene coordinates are equal.
-    parts.Plot_View->setSceneRect(-0.5, -0.5, 400.0, 250.0);
-    // One clip rectangle instead of a region of several, with which every antialiased span would be
-    // intersected: saves 20 % of a repaint. The opaque viewport saves painting what is below it.
-    parts.Plot_View->setViewportUpdateMode(QGraphicsView::BoundingRectViewportUpdate);
+    const QRectF sceneRect(-0.5, -0.5, 400.0, 250.0);
+    parts.Plot_Scene->setSceneRect(sceneRect);
+    parts.Plot_View->setSceneRect(sceneRect);
+    // The scene paints the whole viewport: the window need not paint anything below it.
     parts.Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    // With about seventy items, most of which change together, updating an index costs more than
-    // searching all items: 10 % of selecting a trace.
+    // Most of the 70 items change together: updating an index takes a tenth of a selection.
     parts.Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
 }
 

@@ -18,7 +18,6 @@ struct MainWindow::DialSetup
 
 void MainWindow::paramSelect_slot(int id)
 {
-    const Action action(*this);
     const rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     const int speed = settingsData->param_dial_speed;
     switch (id) {
@@ -61,7 +60,6 @@ void MainWindow::setUpParamDial(const DialSetup &setup)
 
 void MainWindow::paramSetup_slot(int x)
 {
-    const Action action(*this);
     switch (checkedParameter()) {
     case KU:
         KU_change(calc::kuOfDial(x));

@@ -25,7 +25,6 @@ int MainWindow::axisMax() const
 
 void MainWindow::setPlotRange(int min, int max)
 {
-    Plot_View->invalidate();
     cust_axisX->setRange(min, max);
     const auto width = static_cast<float>(Plot_Chart->plotArea().width());
     if (trueWidth != width) {
@@ -59,7 +58,6 @@ void MainWindow::plotScroll(int step)
 
 void MainWindow::scale_change(int scaleN)
 {
-    const Action action(*this);
     master_scale = calc::clampedScale(scaleN);
     setPlotRange(0, calc::visibleCounts(master_scale));
     showScale();
@@ -67,7 +65,6 @@ void MainWindow::scale_change(int scaleN)
 
 void MainWindow::zoomAtCursor(int scaleN)
 {
-    const Action action(*this);
     // The range between the two would be laid out for nobody.
     master_scale = calc::clampedScale(scaleN);
     const calc::Range range
@@ -95,7 +92,6 @@ void MainWindow::showScale()
 
 void MainWindow::H_Offset_change(int value)
 {
-    const Action action(*this);
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     const int step = stepOf(rfg_ID);
     const int samples = calc::wholeSamples(value, step);
@@ -111,7 +107,6 @@ void MainWindow::H_Offset_change(int value)
 
 void MainWindow::V_Offset_change(int value)
 {
-    const Action action(*this);
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     trace.offset = calc::clampedVerticalOffset(value);
     redrawAfterShift();
@@ -137,7 +132,6 @@ void MainWindow::redrawAfterShift()
 
 void MainWindow::KU_change(double ku)
 {
-    const Action action(*this);
     master_params.KU = calc::clampedKU(ku);
     dist_coef = dist_coef_0 / double{ master_params.KU };
     setXAxis();
@@ -160,7 +154,6 @@ void MainWindow::plotCorrection()
         return;
     // The plot area's own place in a chart of the usual margins.
     constexpr double plotX = 74.0;
-    Plot_View->invalidate();
     Plot_Chart->resize(double{ trueWidth } + Plot_Chart->size().width() - plotWidth,
                        Plot_Chart->size().height());
     Plot_Chart->setPos(plotX - Plot_Chart->plotArea().x() + constants::chartPosition,

@@ -6,6 +6,7 @@
 #include "dictionary.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
+#include "serieslayer.h"
 #include "settingsdata.h"
 
 #include <QButtonGroup>
@@ -15,7 +16,6 @@ QT_CHARTS_USE_NAMESPACE
 
 void MainWindow::rfgSelect_slot(int id)
 {
-    const Action action(*this);
     if (!isSlot(id))
         return;
     rfg_ID = id;
@@ -47,9 +47,6 @@ void MainWindow::selectTrace(int id)
 
 void MainWindow::seriaIsSelected()
 {
-    Plot_View->invalidate();
-    // Pens first: `removeSeries` leaves the old item alive until the event loop runs; a pen set
-    // after raising would show it again.
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
                                    static_cast<QXYSeries *>(rfg_series_sp[slot]) }) {
@@ -58,8 +55,9 @@ void MainWindow::seriaIsSelected()
             series->setPen(pen);
         }
     }
-    seriesUp(rfg_series[rfg_ID]);
-    seriesUp(rfg_series_sp[rfg_ID]);
+    // Together with the cursors, so that selecting the same slot again raises nothing.
+    seriesLayer->raise(QVector<QXYSeries *>{ rfg_series[rfg_ID], rfg_series_sp[rfg_ID] }
+                       + cursorSeries());
 }
 
 void MainWindow::setRfgButtonText(int id)
@@ -81,7 +79,6 @@ void MainWindow::setRfgButtonText(int id)
 
 void MainWindow::RFG_visibleToggle(int id, bool visible)
 {
-    const Action action(*this);
     if (!isSlot(id))
         return;
     if (smooth_rfg_flag)
@@ -105,7 +102,6 @@ void MainWindow::setSlotIcon(int id, QLatin1String path)
 
 void MainWindow::setMasterID(int id)
 {
-    const Action action(*this);
     const int previous = rfg_master_ID;
     rfg_master_ID = isSlot(id) ? id : 0;
     if (rfg_master_ID == previous && master_is_set)

@@ -15,7 +15,6 @@ void MainWindow::set_CSS()
     const QString sheet = style_text::isAcceptable(text) ? text : QString();
     setStyleSheet(sheet);
     input_dialog->setStyleSheet(sheet);
-    Plot_View->invalidate();
     // The plot is near-black whatever the sheet says; it comes back so in difference mode too.
     m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);
     Plot_Chart->setBackgroundBrush(m_brush);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/readout.h"
+#include "cont_dial.h"
 #include "dictionary.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
@@ -16,7 +17,6 @@
 
 void MainWindow::retranslateUi()
 {
-    const Action action(*this);
     d->setStrings();
     retranslateButtons();
     // Loaded slots carry the word in their own names.
@@ -103,6 +103,14 @@ void MainWindow::setParameterTexts()
 void MainWindow::setCaption(QAbstractButton *button, const QString &word, const QString &value)
 {
     button->setText(word + QLatin1Char('\n') + value);
+}
+
+void MainWindow::setDialText(Cont_dial *dial, const QString &text)
+{
+    // Not setText: it repaints at once, together with any part of the plot that has an update
+    // pending. The scene would then forget where its moved items were before.
+    dial->titleText = text;
+    dial->update();
 }
 
 QString MainWindow::cursorReadout(const QString &name, const QString &distance, int level) const

@@ -215,7 +215,6 @@ void TestMonkey::eachBrokenInvariantIsReported()
             { "the velocity factor is 1 to 10",
               [](const Probe &p) { p.master_params().KU = 0.5F; } },
             { "metres per count follow the factor", [](const Probe &p) { p.dist_coef() = 0.1; } },
-            { "no user action is left open", [](const Probe &p) { p.openActions() = 1; } },
             { "the range is as wide as its scale", [](const Probe &p) { p.master_scale() = 5; } },
             { "right is offered unless at the right end",
               [](const Probe &p) { p.scroll_right_button()->setEnabled(false); } },

@@ -3,12 +3,14 @@
 #include "windowstate.h"
 
 #include "cont_dial.h"
+#include "contrast.h"
 #include "curarrow.h"
 #include "datetime_lbl.h"
 #include "mainwindowprobe.h"
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QDir>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QGuiApplication>
@@ -18,9 +20,13 @@
 #include <QPainter>
 #include <QScreen>
 
+#include <algorithm>
+
 QT_CHARTS_USE_NAMESPACE
 
 namespace {
+
+constexpr int letterRounding = 64; ///< of 255, for the edges of an outlined letter
 
 QString numbers(std::initializer_list<double> values)
 {
@@ -98,7 +104,7 @@ void addScene(const MainWindowProbe &probe, QStringList &lines)
     addText(QStringLiteral("cursor step"), probe.cursor_step_lbl(), lines);
     const auto addPair = [&lines](const QString &name, const QGraphicsLineItem &line,
                                   const QGraphicsSimpleTextItem &label) {
-        // What a hidden line last showed is nobody's business; it is set anew before it is shown.
+        // A hidden pair is set before it is shown.
         if (!line.isVisible() && !label.isVisible()) {
             lines.append(name + QLatin1String(": hidden"));
             return;
@@ -156,7 +162,7 @@ QImage withoutClock(const QPixmap &picture, MainWindow &window)
 {
     QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
     const QWidget *clock = MainWindowProbe(window).date_bar();
-    // The screen tells pixels, the clock's place is in units.
+    // The picture is in pixels, the place of the clock in device-independent units.
     image.setDevicePixelRatio(window.devicePixelRatioF());
     QPainter(&image).fillRect(QRect(clock->mapTo(&window, QPoint()), clock->size()), Qt::black);
     return image;
@@ -224,9 +230,41 @@ QRegion lettersOf(MainWindow &window)
     QRegion letters;
     for (const CurArrow *marker : { probe.cur_arrowA(), probe.cur_arrowB() }) {
         const QRect inView = view->mapFromScene(marker->cur_lbl.sceneBoundingRect()).boundingRect();
-        // The pen is wider than the letter's own rectangle knows.
+        // The bounding rectangle of a letter does not include its pen.
         letters += QRect(view->viewport()->mapTo(&window, inView.topLeft()), inView.size())
                        .adjusted(-2, -2, 2, 2);
     }
     return letters;
+}
+
+QString differenceOf(const QImage &one, const QImage &other, const QRegion &letters)
+{
+    if (one.size() != other.size())
+        return QStringLiteral("the sizes differ");
+    int pixels = 0;
+    int most = 0;
+    QRect where;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const int found = apart(one.pixel(x, y), other.pixel(x, y));
+            if (found == 0 || (found <= letterRounding && letters.contains(QPoint(x, y))))
+                continue;
+            ++pixels;
+            most = std::max(most, found);
+            where |= QRect(x, y, 1, 1);
+        }
+    if (pixels == 0)
+        return {};
+    const QDir folder(QCoreApplication::applicationDirPath());
+    one.save(folder.filePath(QStringLiteral("one.png")));
+    other.save(folder.filePath(QStringLiteral("other.png")));
+    return QStringLiteral(
+               "%1 pixels differ by up to %2 within %3,%4 %5x%6; see %7/one.png, other.png")
+        .arg(pixels)
+        .arg(most)
+        .arg(where.x())
+        .arg(where.y())
+        .arg(where.width())
+        .arg(where.height())
+        .arg(folder.path());
 }

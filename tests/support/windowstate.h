@@ -8,22 +8,26 @@
 
 class MainWindow;
 
-/// What is behind the picture of \a window, one "name: value" a line: the chart's series in their
-/// drawing order, each with visibility, points, pen and axes; the range; the texts of the scene and
-/// of every control. Two windows with equal lines will go on alike.
+/// State of \a window, one "name: value" a line: the chart's series in their drawing order, each
+/// with visibility, points, pen and axes; the range; the texts of the scene and of every control.
 QStringList stateOf(MainWindow &window);
 
-/// What \a window is made of and offers, a line for each widget and each entry of its menus. No use
-/// of the window changes these lines, but a change of language does.
+/// One line for each widget of \a window and each entry of its menus. Only a change of language
+/// changes these lines.
 QStringList outfitOf(const MainWindow &window);
 
-/// What a user sees: \a window as the offscreen platform last had it from the program, without the
-/// clock, which shows another second each time. Only what was painted by itself is in it.
+/// Content of the backing store of \a window on the offscreen platform, which is what a user sees.
+/// The clock is blackened.
 QImage screenOf(MainWindow &window);
 
-/// \a window painted anew on a fresh picture, without the clock.
+/// \a window painted again as a whole. The clock is blackened. Also repaints what is stale on the
+/// screen, so take screenOf() first.
 QImage freshPictureOf(MainWindow &window);
 
-/// Where the letters of the cursor markers stand in both pictures. They are painted as outlines,
-/// whose edges the toolkit rounds one way or another from one time to the next.
+/// Places of the markers' letters in both pictures. Qt rounds the edges of outlined letters
+/// differently from one repaint to the next.
 QRegion lettersOf(MainWindow &window);
+
+/// Which pixels of \a one and \a other differ, and how much; empty when they are equal. Small
+/// differences within \a letters do not count. Saves both pictures beside the test program.
+QString differenceOf(const QImage &one, const QImage &other, const QRegion &letters = QRegion());
