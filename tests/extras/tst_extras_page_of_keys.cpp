@@ -253,9 +253,9 @@ void TestExtrasPageOfKeys::nothingStaysBehind()
         QCoreApplication::sendEvent(widget, &help);
     }
     WindowFixture::settle();
-    // The toolkit's label of the last tooltip goes by itself.
+    // The label of the last tooltip and the note of the last export disappear by themselves.
     QToolTip::hideText();
-    QTRY_COMPARE(sorted(changesOf(outfit, outfitOf(window))), QStringList());
+    QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(), 15000);
     fixture.close();
     QCOMPARE(namesOfSettings(), kept);
 }
