@@ -188,20 +188,108 @@
         <translation>Здесь нет уровня</translation>
     </message>
     <message>
-        <source>Save what is shown</source>
-        <translation>Сохранить то, что показано</translation>
+        <source>Save as</source>
+        <translation>Сохранить как</translation>
     </message>
     <message>
-        <source>Picture, 300 dpi</source>
-        <translation>Рисунок, 300 точек на дюйм</translation>
+        <source>PNG picture</source>
+        <translation>Рисунок PNG</translation>
     </message>
     <message>
-        <source>Scalable page</source>
-        <translation>Масштабируемая страница</translation>
+        <source>PNG picture for paper</source>
+        <translation>Рисунок PNG для печати</translation>
     </message>
     <message>
-        <source>Table of the levels</source>
-        <translation>Таблица уровней</translation>
+        <source>PDF page</source>
+        <translation>Страница PDF</translation>
+    </message>
+    <message>
+        <source>SVG drawing</source>
+        <translation>Чертёж SVG</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>Таблица CSV</translation>
+    </message>
+    <message>
+        <source>%1 saved</source>
+        <translation>Сохранено: %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Не сохранено: %1</translation>
+    </message>
+    <message>
+        <source>a folder has this name</source>
+        <translation>так называется папка</translation>
+    </message>
+    <message>
+        <source>this is not a regular file</source>
+        <translation>это не обычный файл</translation>
+    </message>
+    <message>
+        <source>the file is read-only</source>
+        <translation>файл только для чтения</translation>
+    </message>
+    <message>
+        <source>the folder does not exist</source>
+        <translation>такой папки нет</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>на диске нет места</translation>
+    </message>
+    <message>
+        <source>the folder is read-only</source>
+        <translation>в эту папку нельзя писать</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>не хватает памяти</translation>
+    </message>
+    <message>
+        <source>Picture and readings copied</source>
+        <translation>Рисунок и показания скопированы</translation>
+    </message>
+    <message>
+        <source>Readings copied as text; there is not enough memory for the picture</source>
+        <translation>Показания скопированы текстом; на рисунок не хватает памяти</translation>
+    </message>
+    <message>
+        <source>Velocity factor 1/KU</source>
+        <translation>Относительная скорость 1/КУ</translation>
+    </message>
+    <message>
+        <source>%1 m/µs</source>
+        <translation>%1 м/мкс</translation>
+    </message>
+    <message>
+        <source>%1 Ω</source>
+        <translation>%1 Ом</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Выбрана</translation>
+    </message>
+    <message>
+        <source>selected</source>
+        <translation>выбрана</translation>
+    </message>
+    <message>
+        <source>master</source>
+        <translation>мастер</translation>
+    </message>
+    <message>
+        <source>%1 minus each</source>
+        <translation>%1 минус каждая</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>вкл.</translation>
+    </message>
+    <message>
+        <source>Reflection %1</source>
+        <translation>Отражение %1</translation>
     </message>
 </context>
 </TS>

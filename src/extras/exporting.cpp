@@ -3,6 +3,7 @@
 #include "extras/exporting.h"
 
 #include "base/catalogue.h"
+#include "extras/exporting_note.h"
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
 #include "mainwindow.h"
@@ -18,137 +19,201 @@
 #include <QPointer>
 #include <QSaveFile>
 
+#include <iterator>
+
 namespace extras {
 
 namespace {
 
-bool writeAll(QIODevice &file, const QByteArray &bytes)
+QByteArray pngOf(const MainWindow &window, Ground ground)
 {
-    return file.write(bytes) == bytes.size();
-}
-
-bool savePicture(const MainWindow &window, QIODevice &file)
-{
-    // By way of memory, where no write fails: the toolkit loses some when one does.
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    return chartPicture(window).save(&buffer, "PNG") && writeAll(file, buffer.data());
+    const QImage picture = chartPicture(window, ground);
+    return picture.save(&buffer, "PNG") ? buffer.data() : QByteArray();
 }
 
-bool saveTable(const MainWindow &window, QIODevice &file)
+struct FormatRow
 {
-    return writeAll(file, table(window));
-}
-
-struct Format
-{
-    QLatin1String ending;
-    const char *description;
-    bool (*save)(const MainWindow &window, QIODevice &file);
+    Format format;
+    QLatin1String suffix;
+    const char *name;
+    /// The whole file; empty when there is not enough memory.
+    QByteArray (*make)(const MainWindow &window);
 };
 
-const Format formats[] = {
-    { QLatin1String("png"), QT_TRANSLATE_NOOP("Extras", "Picture, 300 dpi"), savePicture },
-    { QLatin1String("pdf"), QT_TRANSLATE_NOOP("Extras", "Scalable page"), writeChartPdf },
-    { QLatin1String("csv"), QT_TRANSLATE_NOOP("Extras", "Table of the levels"), saveTable },
+const FormatRow formats[] = {
+    { Format::Picture, QLatin1String("png"), QT_TRANSLATE_NOOP("Extras", "PNG picture"),
+      [](const MainWindow &window) { return pngOf(window, Ground::Screen); } },
+    { Format::PaperPicture, QLatin1String("png"),
+      QT_TRANSLATE_NOOP("Extras", "PNG picture for paper"),
+      [](const MainWindow &window) { return pngOf(window, Ground::White); } },
+    { Format::Page, QLatin1String("pdf"), QT_TRANSLATE_NOOP("Extras", "PDF page"), chartPage },
+    { Format::Drawing, QLatin1String("svg"), QT_TRANSLATE_NOOP("Extras", "SVG drawing"),
+      chartDrawing },
+    { Format::Table, QLatin1String("csv"), QT_TRANSLATE_NOOP("Extras", "CSV table"), table },
 };
 
-const Format *formatOf(const QString &path)
+const FormatRow &rowOf(Format format)
 {
-    const QString ending = QFileInfo(path).suffix();
-    for (const Format &format : formats)
-        if (ending.compare(format.ending, Qt::CaseInsensitive) == 0)
-            return &format;
-    return nullptr;
+    return formats[static_cast<int>(format)];
 }
 
-/// The filter lines of the dialog, in the order of the formats.
+/// Filters of the dialog, in the order of the formats.
 QStringList filters(const Catalogue &texts)
 {
     QStringList lines;
-    for (const Format &format : formats)
-        lines.append(
-            QStringLiteral("%1 (*.%2)").arg(texts.text(format.description), format.ending));
+    for (const FormatRow &row : formats)
+        lines.append(QStringLiteral("%1 (*.%2)").arg(texts.text(row.name), row.suffix));
     return lines;
 }
 
+/// Without a suffix, so that the dialog adds the one of the filter.
 QString proposedPath(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
     QString name;
-    if (state.isLoaded(state.rfg_ID))
+    if (checkbit(state.rfg_read_index, state.rfg_ID))
         name = state.rfg_DATA[state.rfg_ID].file_name;
     if (name.isEmpty())
         name = QStringLiteral("velkor");
-    return QDir(window.settings()->last_folder)
-        .filePath(name + QLatin1Char('.') + formats[0].ending);
+    return QDir(window.settings()->last_folder).filePath(name);
+}
+
+/// Why nothing can be written to \a path, as far as the file that is there tells; else empty.
+QString obstacle(const QString &path, const Catalogue &texts)
+{
+    const QFileInfo former(path);
+    if (former.isDir())
+        return texts.text(QT_TRANSLATE_NOOP("Extras", "a folder has this name"));
+    if (former.exists() && !former.isFile())
+        return texts.text(QT_TRANSLATE_NOOP("Extras", "this is not a regular file"));
+    // An administrator could write it all the same.
+    constexpr auto anyWriter = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    if (former.exists() && !(former.permissions() & anyWriter))
+        return texts.text(QT_TRANSLATE_NOOP("Extras", "the file is read-only"));
+    if (!former.dir().exists())
+        return texts.text(QT_TRANSLATE_NOOP("Extras", "the folder does not exist"));
+    if (!QFileInfo(former.path()).isWritable())
+        return texts.text(QT_TRANSLATE_NOOP("Extras", "the folder is read-only"));
+    return {};
+}
+
+/// False, with the reason in \a file, unless all of \a bytes are written.
+bool writeAll(QSaveFile &file, const QByteArray &bytes)
+{
+    // A disk that gets full takes a part without an error; only the next write fails.
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 part = file.write(bytes.constData() + written, bytes.size() - written);
+        if (part <= 0)
+            return false;
+        written += part;
+    }
+    return file.flush();
+}
+
+/// Saves and tells the outcome.
+void saveAndTell(const MainWindow &window, const QString &path, Format format)
+{
+    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const QString shownPath = QDir::toNativeSeparators(path);
+    const QString reason = saveShown(window, path, format);
+    if (reason.isEmpty())
+        showNote(window,
+                 { texts.text(QT_TRANSLATE_NOOP("Extras", "%1 saved"))
+                       .arg(texts.text(rowOf(format).name)),
+                   shownPath });
+    else
+        showNote(
+            window,
+            { texts.text(QT_TRANSLATE_NOOP("Extras", "Not saved: %1")).arg(reason), shownPath });
 }
 
 } // namespace
 
 void copyShown(MainWindow &window)
 {
+    const Catalogue texts(window.settings(), QLatin1String("Extras"));
     auto *data = new QMimeData;
-    const QImage picture = chartPicture(window);
+    const QImage picture = chartPicture(window, Ground::Screen);
     if (!picture.isNull())
         data->setImageData(picture);
     data->setText(readings(window));
     QGuiApplication::clipboard()->setMimeData(data);
+    showNote(window,
+             { picture.isNull()
+                   ? texts.text(QT_TRANSLATE_NOOP("Extras",
+                                                  "Readings copied as text; there is not "
+                                                  "enough memory for the picture"))
+                   : texts.text(QT_TRANSLATE_NOOP("Extras", "Picture and readings copied")) });
 }
 
 void askAndSaveShown(MainWindow &window)
 {
     const Catalogue texts(window.settings(), QLatin1String("Extras"));
     const QStringList lines = filters(texts);
-    // Guarded, because the window may be gone when the dialog returns, and the dialog with it.
+    // The window, and the dialog with it, can be destroyed while the dialog is open.
     const QPointer<QFileDialog> dialog
-        = new QFileDialog(&window, texts.text(QT_TRANSLATE_NOOP("Extras", "Save what is shown")));
-    const auto chosenEnding = [&lines, dialog] {
-        const auto line = qMax(0, lines.indexOf(dialog->selectedNameFilter()));
-        return QString(formats[line].ending);
-    };
+        = new QFileDialog(&window, texts.text(QT_TRANSLATE_NOOP("Extras", "Save as")));
+    const auto chosenFormat
+        = [&] { return formats[qMax(0, lines.indexOf(dialog->selectedNameFilter()))].format; };
+    const auto setSuffix = [&] { dialog->setDefaultSuffix(rowOf(chosenFormat()).suffix); };
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(lines);
     const QFileInfo proposed(proposedPath(window));
     dialog->setDirectory(proposed.path());
     dialog->selectFile(proposed.fileName());
-    dialog->setDefaultSuffix(chosenEnding());
-    QObject::connect(dialog, &QFileDialog::filterSelected, dialog,
-                     [&] { dialog->setDefaultSuffix(chosenEnding()); });
+    setSuffix();
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, setSuffix);
     while (dialog->exec() == QDialog::Accepted) {
         const QString chosen = dialog->selectedFiles().value(0);
-        const QString path = withKnownEnding(chosen, chosenEnding());
+        QString path = chosen;
+        const Format format = formatFor(path, chosenFormat());
         if (path == chosen || !QFileInfo::exists(path)) {
-            saveShown(window, path);
+            saveAndTell(window, path, format);
             break;
         }
-        // The dialog has not asked whether this file may be overwritten. Now it will.
+        // The dialog has not asked whether the file with the added suffix may be replaced.
         dialog->selectFile(path);
     }
     delete dialog;
 }
 
-bool saveShown(const MainWindow &window, const QString &path)
+QString saveShown(const MainWindow &window, const QString &path, Format format)
 {
-    const Format *format = formatOf(path);
-    const QFileInfo former(path);
-    if (!format || (former.exists() && !former.isFile()))
-        return false;
+    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    QString inTheWay = obstacle(path, texts);
+    if (!inTheWay.isEmpty())
+        return inTheWay;
+    // Made in memory: the writers of pictures and pages ignore a write that fails.
+    const QByteArray bytes = rowOf(format).make(window);
+    if (bytes.isEmpty())
+        return texts.text(QT_TRANSLATE_NOOP("Extras", "there is not enough memory"));
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    // What was written so far is thrown away with the file. Flushed here, because the toolkit does
-    // not look at what becomes of the last bytes when it commits.
-    if (!format->save(window, file) || !file.flush())
-        file.cancelWriting();
-    return file.commit();
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, bytes)
+        && file.commit())
+        return {};
+    return file.error() == QFileDevice::ResourceError
+        ? texts.text(QT_TRANSLATE_NOOP("Extras", "the disk is full"))
+        : file.errorString();
 }
 
-QString withKnownEnding(const QString &path, const QString &ending)
+Format formatFor(QString &path, Format chosen)
 {
-    if (formatOf(path))
-        return path;
-    return path + (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + ending;
+    const QString suffix = QFileInfo(path).suffix();
+    const auto fits = [&suffix](const FormatRow &row) {
+        return suffix.compare(row.suffix, Qt::CaseInsensitive) == 0;
+    };
+    if (fits(rowOf(chosen)))
+        return chosen;
+    for (const FormatRow &row : formats)
+        if (fits(row))
+            return row.format;
+    if (!path.endsWith(QLatin1Char('.')))
+        path += QLatin1Char('.');
+    path += rowOf(chosen).suffix;
+    return chosen;
 }
 
 } // namespace extras

@@ -8,22 +8,30 @@ class MainWindow;
 
 namespace extras {
 
-/// Puts what \a window shows on the clipboard, for programs that take pictures as a picture of the
-/// chart and for all others as its readings.
+/// The forms in which a window can be saved, in the order of the dialog.
+enum class Format {
+    Picture,
+    PaperPicture, ///< white ground
+    Page, ///< PDF, A4
+    Drawing, ///< SVG
+    Table, ///< CSV
+};
+
+/// Puts what \a window shows on the clipboard, as a picture and as text, and says so in a note.
 void copyShown(MainWindow &window);
 
-/// Asks for a file name and saves what \a window shows there. The name proposed is that of the
-/// selected trace, in the folder from which traces were opened last; that folder is not changed.
-/// A failure is not reported.
+/// Asks for a file name and a format and saves what \a window shows; a note says where, or why it
+/// could not be written. The proposed name is that of the selected trace, in the folder from which
+/// traces were opened last; that folder stays the same.
 void askAndSaveShown(MainWindow &window);
 
-/// Saves what \a window shows as \a path says by its ending: .png is a picture, .pdf a page, .csv a
-/// table of the levels. The file is there whole or not at all, and what was there before stays
-/// until it is. False when it cannot be written, for any other ending, and where something lies
-/// that is no file.
-bool saveShown(const MainWindow &window, const QString &path);
+/// Writes what \a window shows to \a path. A former file is replaced only by a complete new one;
+/// what is no regular file, or read-only, is left alone. Returns why it could not be written, in
+/// the window's language; empty on success.
+QString saveShown(const MainWindow &window, const QString &path, Format format);
 
-/// \a path with an ending that saveShown knows: its own, in capitals or not, or \a ending added.
-QString withKnownEnding(const QString &path, const QString &ending);
+/// The format that \a path asks for by its suffix: \a chosen if that has the suffix, else the first
+/// one with it. For any other suffix \a chosen; its own suffix is then added to \a path.
+Format formatFor(QString &path, Format chosen);
 
 } // namespace extras

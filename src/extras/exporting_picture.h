@@ -2,23 +2,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "extras/exporting_chart.h"
+
+#include <QByteArray>
 #include <QImage>
 
 class MainWindow;
-class QIODevice;
+
+/// \file
+/// The chart of a window with a caption strip under it. Nothing of the screen is copied; the window
+/// stays as it is.
 
 namespace extras {
 
-/// Dots per inch of a picture.
-constexpr int pictureResolution = 300;
+/// A picture in the proportions of the plot, at 300 dots per inch of a page no wider than A4. Null
+/// when there is not enough memory.
+QImage chartPicture(const MainWindow &window, Ground ground);
 
-/// The chart of \a window as it is shown, drawn anew at 300 dots per inch and as large on paper as
-/// on the screen: lines and letters grow with the resolution, and no pixel of the screen is in it.
-/// Null when there is no memory for so large a picture, or no chart to be seen.
-QImage chartPicture(const MainWindow &window);
+/// A page of A4 in landscape format as PDF, on white.
+QByteArray chartPage(const MainWindow &window);
 
-/// Writes the same as one page of PDF, of the chart's size and made of lines and letters, to
-/// \a device. False when that fails.
-bool writeChartPdf(const MainWindow &window, QIODevice &device);
+/// A drawing as SVG, on white, in the proportions of the plot.
+QByteArray chartDrawing(const MainWindow &window);
 
 } // namespace extras

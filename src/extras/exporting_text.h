@@ -3,29 +3,36 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPair>
 #include <QString>
+#include <QVector>
 
 class MainWindow;
 
 namespace extras {
 
-/// What a reader of the chart wants beside it, in the words and numbers of \a window, a line each:
-/// file, time of the test and shifts of every loaded slot, both cursors with their levels, the
-/// distance between them, the velocity factor. It ends with a line break.
+/// True when the trace of \a slot is loaded and not hidden.
+bool isShown(const MainWindow &window, int slot);
+
+/// File name of the trace of \a slot, on one line.
+QString fileOf(const MainWindow &window, int slot);
+
+/// Date and time of the measurement of \a slot, as the window shows them; empty when the file has
+/// no date.
+QString measuredOf(const MainWindow &window, int slot);
+
+/// Name and value of everything that belongs to the chart as a whole or to the selected trace, in
+/// the window's language: cursors, distance between them, velocity, parameters, modes.
+QVector<QPair<QString, QString>> factsOf(const MainWindow &window);
+
+/// What \a window shows, as lines of text in its language: all loaded traces, factsOf, and the
+/// reflections of the selected trace. Ends with a line break.
 QString readings(const MainWindow &window);
 
-/// The visible traces within the view as comma-separated values, UTF-8, with a decimal point
-/// whatever the language and as many digits as lead back to the same number.
-///
-/// Lines that begin with # come first and hold all parameters of view, cursors and loaded slots.
-/// Then a line of titles and one line for each column of the chart on which a visible trace has a
-/// sample: metres, and the level that each of them has there. A trace drawn in steps has the level
-/// of a sample up to its next one, as under a cursor; one drawn as a curve has levels at its
-/// samples only. Where a trace has none the field is empty.
+/// The visible traces of \a window as calc::tableText writes them, in UTF-8. A byte order mark
+/// leads when a name is not all ASCII, because spreadsheets misread it otherwise; where it is not
+/// needed it would hide the first comment from simple scripts. Decimals are those of the default
+/// locale, because a spreadsheet on the same system reads no others.
 QByteArray table(const MainWindow &window);
-
-/// \a text in quotes on one line: quotes, backslashes and what is not to be printed are escaped as
-/// in C.
-QString quoted(const QString &text);
 
 } // namespace extras

@@ -1,177 +1,342 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "extras/dashing_canvas.h"
+#include "contrast.h"
+#include "each.h"
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
-#include "legendbutton.h"
-#include "windowactions.h"
+#include "settingsdata.h"
 #include "windowstate.h"
+#include "windowtest.h"
 
-#include <QBuffer>
+#include <QFontMetricsF>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
 #include <QtTest>
 
 #include <cmath>
 #include <limits>
 
+using extras::Ground;
+
 namespace {
 
-const QColor secondColour = QColor::fromRgba(constants::slotColours[1]);
+/// What a drawing holds.
+struct Drawing
+{
+    struct Text
+    {
+        QString text;
+        QRectF place;
+    };
+    struct Line
+    {
+        QRgb colour = 0;
+        bool dashed = false;
+        QPolygonF points;
+    };
+    QRectF area;
+    QVector<Text> texts;
+    QVector<Line> lines;
 
-/// A sample at level 20 and the next at -20, all the way: a trace with lines in every column.
+    /// A text of two scripts comes in two parts.
+    void add(const QString &text, QPointF base, const QFontMetricsF &metrics)
+    {
+        // A drawing has six digits; texts that touch do not overlap.
+        const QRectF place = QRectF(base.x(), base.y() - metrics.ascent(),
+                                    metrics.horizontalAdvance(text), metrics.height())
+                                 .adjusted(0.0, 0.01, 0.0, -0.01);
+        if (!texts.isEmpty() && std::abs(place.left() - texts.last().place.right()) < 0.5
+            && place.top() == texts.last().place.top()) {
+            texts.last().text += text;
+            texts.last().place |= place;
+        } else {
+            texts.append({ text, place });
+        }
+    }
+
+    QStringList words() const
+    {
+        QStringList all;
+        for (const Text &one : texts)
+            all.append(one.text);
+        return all;
+    }
+};
+
+QPolygonF pointsOf(const QString &numbers)
+{
+    static const QRegularExpression pair(QStringLiteral("([-+0-9.einf]+),([-+0-9.einf]+)"));
+    QPolygonF points;
+    for (auto match = pair.globalMatch(numbers); match.hasNext();) {
+        const QRegularExpressionMatch one = match.next();
+        points.append({ one.captured(1).toDouble(), one.captured(2).toDouble() });
+    }
+    return points;
+}
+
+Drawing drawingOf(const MainWindow &window)
+{
+    QXmlStreamReader reader(extras::chartDrawing(window));
+    Drawing drawing;
+    Drawing::Line pen;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (!reader.isStartElement())
+            continue;
+        const QXmlStreamAttributes attributes = reader.attributes();
+        const auto value
+            = [&](const char *name) { return attributes.value(QLatin1String(name)).toString(); };
+        const QString kind = reader.name().toString();
+        if (kind == QLatin1String("svg")) {
+            const QStringList box = value("viewBox").split(QLatin1Char(' '));
+            drawing.area = { 0.0, 0.0, box[2].toDouble(), box[3].toDouble() };
+        } else if (kind == QLatin1String("g")) {
+            pen.colour = QColor(value("stroke")).rgb();
+            pen.dashed = attributes.hasAttribute(QStringLiteral("stroke-dasharray"));
+        } else if (kind == QLatin1String("text")) {
+            QFont font(value("font-family"));
+            font.setPixelSize(value("font-size").toInt());
+            font.setBold(value("font-weight").toInt() > 500);
+            font.setHintingPreference(QFont::PreferNoHinting);
+            const QFontMetricsF metrics(font);
+            const QPointF base(value("x").toDouble(), value("y").toDouble());
+            drawing.add(reader.readElementText(), base, metrics);
+        } else if (kind == QLatin1String("path") || kind == QLatin1String("polyline")) {
+            pen.points = pointsOf(value(kind == QLatin1String("path") ? "d" : "points"));
+            drawing.lines.append(pen);
+        }
+    }
+    if (reader.hasError())
+        qFatal("the drawing is no XML");
+    return drawing;
+}
+
+/// A sample at level 20 and the next at -20: lines in every column.
 TraceBuilder comb()
 {
     return TraceBuilder().minstep(5.0F).samples([](int i) { return i % 2 == 0 ? 20 : -20; });
 }
 
-/// Pixels of exactly \a colour in row \a y of \a picture.
-int inRow(const QImage &picture, int y, QColor colour)
+QVector<TraceBuilder> sixTraces()
 {
-    int count = 0;
-    for (int x = 0; x < picture.width(); ++x)
-        count += picture.pixelColor(x, y) == colour ? 1 : 0;
-    return count;
+    return { comb(),           comb().shiftY(40),     comb().shiftY(-200),
+             comb().shiftX(9), comb().minstep(10.0F), comb().shiftX(quint32(-30)) };
 }
 
-int inAll(const QImage &picture, QColor colour)
+void speak(MainWindow &window, const char *language)
 {
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y)
-        count += inRow(picture, y, colour);
-    return count;
-}
-
-double scaleOf(const WindowFixture &fixture)
-{
-    return 300.0 / fixture.probe().Plot_View()->logicalDpiX();
-}
-
-/// Row of the picture on which \a level is drawn.
-int rowOf(const WindowFixture &fixture, double level)
-{
-    QtCharts::QChart *chart = fixture.probe().Plot_Chart();
-    const QPointF point = chart->mapToScene(chart->mapToPosition({ 0.0, level }));
-    const QPointF corner = fixture.probe().Plot_View()->mapToScene(QPoint());
-    return qRound((point.y() - corner.y()) * scaleOf(fixture));
-}
-
-QByteArray pdfOf(const MainWindow &window)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    return extras::writeChartPdf(window, buffer) ? buffer.data() : QByteArray();
+    window.settings()->current_language = QLatin1String(language);
+    window.settings()->setTranslation();
+    emit window.settings()->translation_changed();
 }
 
 } // namespace
 
-/// Pictures and pages of what the window shows.
-class TestExportingPicture : public QObject
+/// Pictures, pages and drawings of what the window shows.
+class TestExportingPicture : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void aPictureHasThreeHundredDotsPerInch();
-    void linesGrowWithTheResolution();
-    void levelLinesAreDashedAtEveryScale();
-    void hiddenTracesAreNotInThePicture();
-    void differencesHaveTheirBackground();
-    void theLastDistanceIsWhole();
+    void captionTellsEverything();
+    void nothingIsClippedNorCovered();
+    void tracesKeepTheirHueOnWhite();
+    void pictureHasTheGroundOfTheScreen();
+    void pictureFitsOnAPage();
+    void levelLinesAreDashedWithinTheView();
+    void curvesGoThroughTheirSamples();
+    void hiddenTracesAreLeftOut();
+    void pageIsOneOfA4();
     void drawingChangesNothing();
     void oddRecordsCanBeDrawn();
-    void aPageIsMadeOfLinesAndLetters();
-    void aLongLineIsCutWithinItsPattern();
-    void aPainterFindsTheCanvasAsItFindsAPicture();
+    void linesAreClipped();
 };
 
-void TestExportingPicture::aPictureHasThreeHundredDotsPerInch()
+void TestExportingPicture::captionTellsEverything()
 {
-    WindowFixture fixture;
-    const QImage picture = extras::chartPicture(openWith(fixture, { comb() }));
-    QCOMPARE(picture.dotsPerMeterX(), 11811);
-    QCOMPARE(picture.dotsPerMeterY(), 11811);
-    const QSizeF view = fixture.probe().Plot_View()->viewport()->size() * scaleOf(fixture);
-    QVERIFY(std::abs(picture.height() - view.height()) <= 2.0);
-    QVERIFY(picture.width() >= view.width() - 1.0);
-    QVERIFY(picture.width() <= view.width() + 60.0 * scaleOf(fixture));
+    MainWindow &window = openOn({ comb(), comb().date(2031, 12, 5), comb() }, 1);
+    QTest::mouseClick(probe().rfg_buttons()->button(2), Qt::LeftButton);
+    QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+    QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+    struct Row
+    {
+        const char *name; ///< of the language
+        QStringList words;
+    };
+    each<Row>({ { "en_US",
+                  { QStringLiteral("m"), QStringLiteral("RFG 1"), QStringLiteral("master"),
+                    QStringLiteral("selected"), QStringLiteral("RFG 2 minus each"),
+                    QStringLiteral("Smooth") } },
+                { "ru_RU",
+                  { QStringLiteral("м"), QStringLiteral("РФГ 1"), QStringLiteral("мастер"),
+                    QStringLiteral("выбрана"), QStringLiteral("РФГ 2 минус каждая"),
+                    QStringLiteral("Сглаживание") } } },
+              [&](const Row &row) {
+                  speak(window, row.name);
+                  QStringList words = row.words;
+                  for (int slot = 0; slot < 3; ++slot)
+                      words << extras::fileOf(window, slot) << extras::measuredOf(window, slot);
+                  for (const auto &[name, value] : extras::factsOf(window))
+                      words << name << value;
+                  const QStringList drawn = drawingOf(window).words();
+                  for (const QString &word : std::as_const(words))
+                      QVERIFY2(drawn.contains(word), qPrintable(word));
+              });
 }
 
-void TestExportingPicture::linesGrowWithTheResolution()
+void TestExportingPicture::nothingIsClippedNorCovered()
 {
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { comb(), TraceBuilder().minstep(5.0F).samples(-100) });
-    window.cursorSetup_slot(500);
-    // Half way up there is nothing yellow but the cursor, two pixels wide on the screen.
-    const QImage picture = extras::chartPicture(window);
-    const int wide = inRow(picture, rowOf(fixture, 50.0), Qt::yellow);
-    QVERIFY2(std::abs(wide - 2.0 * scaleOf(fixture)) <= 1.5, qPrintable(QString::number(wide)));
-    // The trace that is not selected is one pixel thick there, and nearly as wide as the picture.
-    const int level = rowOf(fixture, -100.0);
-    int thick = 0;
-    for (int y = level - 20; y < level + 20; ++y)
-        thick += inRow(picture, y, secondColour) > picture.width() / 2 ? 1 : 0;
-    QVERIFY2(std::abs(thick - scaleOf(fixture)) <= 1.5, qPrintable(QString::number(thick)));
+    QStringList paths;
+    const QVector<TraceBuilder> traces = sixTraces();
+    for (int i = 0; i < traces.size(); ++i)
+        paths.append(fixture->trace(QString(20 * i + 1, QLatin1Char('n')) + QStringLiteral(".tdr"),
+                                    traces[i]));
+    WindowFixture::writePreviousRun(paths);
+    MainWindow &window = fixture->open();
+    // Twenty labels of four digits at the widest scale.
+    window.KU_change(1.2);
+    // Both at one place, near the right edge.
+    for (QPushButton *cursor : { probe().curB_nav_button(), probe().curA_nav_button() }) {
+        QTest::mouseClick(cursor, Qt::LeftButton);
+        window.cursorSetup_slot(996);
+    }
+    for (const QSize size : { QSize(800, 500), QSize(1280, 800), QSize(2560, 1440) }) {
+        window.resize(size);
+        for (const char *language : { "en_US", "ru_RU" }) {
+            speak(window, language);
+            QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+            QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+            window.scale_change(probe().difference_button()->isChecked() ? 8 : 2);
+            const Drawing drawing = drawingOf(window);
+            for (const Drawing::Line &line : drawing.lines)
+                for (const QPointF &point : line.points)
+                    QVERIFY(drawing.area.contains(point));
+            for (int i = 0; i < drawing.texts.size(); ++i) {
+                const auto &[text, place] = drawing.texts[i];
+                QVERIFY2(drawing.area.contains(place), qPrintable(text));
+                for (int j = 0; j < i; ++j)
+                    QVERIFY2(!place.intersects(drawing.texts[j].place),
+                             qPrintable(text + QStringLiteral(" and ") + drawing.texts[j].text));
+            }
+        }
+    }
 }
 
-void TestExportingPicture::levelLinesAreDashedAtEveryScale()
+void TestExportingPicture::tracesKeepTheirHueOnWhite()
 {
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { TraceBuilder().samples(64) });
-    window.V_Offset_change(16);
-    for (int scale = 0; scale <= 8; ++scale) {
+    const extras::Ink ink(openOn({ comb() }), Ground::White);
+    QCOMPARE(ink.ground(), QColor(Qt::white));
+    for (const quint32 screen : constants::slotColours) {
+        const QColor colour = ink.of(QColor::fromRgba(screen));
+        QVERIFY(contrast(colour.rgb(), 0xFFFFFFFF) >= 3.0);
+        QCOMPARE(colour.hsvHue(), QColor::fromRgba(screen).hsvHue());
+        QCOMPARE(colour.hsvSaturation(), 255);
+    }
+    QVERIFY(contrast(ink.text().rgb(), 0xFFFFFFFF) >= 4.5);
+    QVERIFY(contrast(ink.of(Qt::gray).rgb(), 0xFFFFFFFF) >= 4.5);
+}
+
+void TestExportingPicture::pictureHasTheGroundOfTheScreen()
+{
+    const MainWindow &window = openOn({ comb() });
+    QCOMPARE(extras::chartPicture(window, Ground::Screen).pixelColor(0, 0), QColor(11, 12, 13));
+    QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+    const QImage picture = extras::chartPicture(window, Ground::Screen);
+    QCOMPARE(picture.pixelColor(0, 0), QColor(40, 40, 60));
+    QCOMPARE(picture.pixelColor(picture.width() - 1, picture.height() - 1), QColor(40, 40, 60));
+    QCOMPARE(extras::chartPicture(window, Ground::White).pixelColor(0, 0), QColor(Qt::white));
+}
+
+void TestExportingPicture::pictureFitsOnAPage()
+{
+    MainWindow &window = openOn({ comb() });
+    const QImage small = extras::chartPicture(window, Ground::Screen);
+    QCOMPARE(small.dotsPerMeterX(), 11811);
+    QCOMPARE(small.dotsPerMeterY(), 11811);
+    const double dots = viewport()->width() * 300.0 / window.logicalDpiX();
+    QVERIFY(std::abs(small.width() - dots) <= 1.0);
+    window.resize(2560, 1440);
+    QCOMPARE(extras::chartPicture(window, Ground::Screen).width(), 3300);
+}
+
+void TestExportingPicture::levelLinesAreDashedWithinTheView()
+{
+    MainWindow &window = openOn({ comb() });
+    window.cursorSetup_slot(100);
+    for (const int scale : { 0, 2, 8 }) {
         window.scale_change(scale);
-        // Out of sight, so that all yellow is the level line's. The trace itself is at its left.
-        window.cursorSetup_slot(200);
-        window.RFG_visibleToggle(0, false);
-        const QImage picture = extras::chartPicture(window);
-        const double width = fixture.probe().Plot_Chart()->plotArea().width() * scaleOf(fixture);
-        const double share = inRow(picture, rowOf(fixture, 80.0), Qt::yellow) / width;
-        // Four parts of line, rounded by half a part at both ends, and two of gap in all.
-        QVERIFY2(share > 0.6 && share < 0.9, qPrintable(QString::number(share)));
+        const Drawing drawing = drawingOf(window);
+        int dashed = 0;
+        for (const Drawing::Line &line : drawing.lines) {
+            dashed += line.dashed ? 1 : 0;
+            QVERIFY(!line.dashed || line.points.size() == 2);
+            QVERIFY(!line.dashed || drawing.area.contains(line.points.last()));
+        }
+        QCOMPARE(dashed, 2);
     }
 }
 
-void TestExportingPicture::hiddenTracesAreNotInThePicture()
+void TestExportingPicture::curvesGoThroughTheirSamples()
 {
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { comb(), TraceBuilder().samples(70) });
-    QVERIFY(inAll(extras::chartPicture(window), secondColour) > 500);
+    openOn({ TraceBuilder().samples([](int i) { return i % 5 == 0 ? 100 : 0; }) });
+    QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+    const QRgb green = extras::Ink(window(), Ground::White).of(QColor(0, 255, 0)).rgb();
+    QPolygonF curve;
+    const QVector<Drawing::Line> lines = drawingOf(window()).lines;
+    for (const Drawing::Line &line : lines)
+        if (line.colour == green && line.points.size() > curve.size())
+            curve = line.points;
+    // Between the crests, which are five samples apart, the curve falls and rises in many pieces.
+    QVERIFY(curve.size() > 1000);
+    const double top = curve.first().y();
+    int crests = 0;
+    for (int i = 1; i + 1 < curve.size(); ++i) {
+        QVERIFY(curve[i].x() >= curve[i - 1].x());
+        crests += std::abs(curve[i].y() - top) < 0.01 ? 1 : 0;
+    }
+    QVERIFY2(crests >= 49, qPrintable(QString::number(crests)));
+}
+
+void TestExportingPicture::hiddenTracesAreLeftOut()
+{
+    MainWindow &window = openOn({ comb(), comb().shiftY(40) });
+    const QRgb second = extras::Ink(window, Ground::White).of(QColor(0, 255, 255)).rgb();
+    const auto linesOfSecond = [&] {
+        const Drawing drawing = drawingOf(window);
+        return std::count_if(drawing.lines.begin(), drawing.lines.end(),
+                             [&](const Drawing::Line &line) { return line.colour == second; });
+    };
+    // The trace, and its sample in the caption.
+    QCOMPARE(linesOfSecond(), 2);
     window.RFG_visibleToggle(1, false);
-    QCOMPARE(inAll(extras::chartPicture(window), secondColour), 0);
+    QCOMPARE(linesOfSecond(), 0);
+    QVERIFY(!drawingOf(window).words().contains(QStringLiteral("t2.tdr")));
 }
 
-void TestExportingPicture::differencesHaveTheirBackground()
+void TestExportingPicture::pageIsOneOfA4()
 {
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { comb() });
-    QCOMPARE(extras::chartPicture(window).pixelColor(2, 2), QColor(11, 12, 13));
-    QTest::mouseClick(fixture.probe().difference_button(), Qt::LeftButton);
-    QCOMPARE(extras::chartPicture(window).pixelColor(2, 2), QColor(40, 40, 60));
-}
-
-void TestExportingPicture::theLastDistanceIsWhole()
-{
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { comb() });
-    const double scale = scaleOf(fixture);
-    for (int scaleN = 0; scaleN <= 8; ++scaleN) {
-        window.scale_change(scaleN);
-        const int width = extras::chartPicture(window).width();
-        for (const QGraphicsSimpleTextItem &label : fixture.probe().axis_lbl())
-            if (label.isVisible())
-                QVERIFY(label.sceneBoundingRect().right() * scale <= width);
-    }
+    const QByteArray pdf = extras::chartPage(openOn({ comb() }));
+    QVERIFY(pdf.startsWith("%PDF-1."));
+    QVERIFY(pdf.trimmed().endsWith("%%EOF"));
+    QCOMPARE(pdf.count("/Type /Page\n"), 1);
+    QCOMPARE(pdf.count("/Subtype /Image"), 0);
+    QVERIFY(pdf.contains("/FontFile2"));
+    const QList<QByteArray> box = pdf.mid(pdf.indexOf("/MediaBox [") + 11, 40).split(' ');
+    QCOMPARE(box[2].toDouble(), 842.0); // points
+    QCOMPARE(box[3].left(3), QByteArray("595"));
 }
 
 void TestExportingPicture::drawingChangesNothing()
 {
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { comb(), comb().minstep(2.5F) });
+    MainWindow &window = openOn({ comb(), comb().minstep(2.5F) });
     window.cursorSetup_slot(80);
     WindowFixture::settle();
     const QStringList state = stateOf(window);
     const QImage screen = screenOf(window);
-    QVERIFY(!extras::chartPicture(window).isNull());
-    QVERIFY(!pdfOf(window).isEmpty());
+    QVERIFY(!extras::chartPicture(window, Ground::White).isNull());
+    QVERIFY(!extras::chartPage(window).isEmpty());
+    QVERIFY(!extras::chartDrawing(window).isEmpty());
     QVERIFY(!extras::table(window).isEmpty());
     WindowFixture::settle();
     QCOMPARE(stateOf(window), state);
@@ -180,90 +345,56 @@ void TestExportingPicture::drawingChangesNothing()
 
 void TestExportingPicture::oddRecordsCanBeDrawn()
 {
-    WindowFixture fixture;
     const float none = std::numeric_limits<float>::quiet_NaN();
-    MainWindow &window = openWith(
-        fixture,
+    MainWindow &window = openOn(
         { TraceBuilder().minstep(none).ku(none), comb().delay(0xFFFFFFFF).shiftX(0xFFFFFFFF),
           comb().minstep(1.0e30F).shiftX(0x7FFFFFFF), comb().delay(1).shiftY(-32768) });
-    for (QPushButton *mode : { fixture.probe().smooth_button(), fixture.probe().difference_button(),
-                               fixture.probe().smooth_button() }) {
+    for (QPushButton *mode :
+         { probe().smooth_button(), probe().difference_button(), probe().smooth_button() }) {
         QTest::mouseClick(mode, Qt::LeftButton);
         for (int slot = 0; slot < 4; ++slot) {
             window.rfgSelect_slot(slot);
             window.cursorSetup_slot(constants::xLength);
-            QVERIFY(!extras::chartPicture(window).isNull());
-            QVERIFY(pdfOf(window).trimmed().endsWith("%%EOF"));
+            const Drawing drawing = drawingOf(window);
+            for (const Drawing::Line &line : drawing.lines)
+                for (const QPointF &point : line.points)
+                    QVERIFY(drawing.area.contains(point));
+            QVERIFY(!extras::chartPicture(window, Ground::Screen).isNull());
+            QVERIFY(extras::chartPage(window).trimmed().endsWith("%%EOF"));
         }
     }
 }
 
-void TestExportingPicture::aPageIsMadeOfLinesAndLetters()
-{
-    WindowFixture fixture;
-    MainWindow &window = openWith(fixture, { comb() });
-    const QByteArray pdf = pdfOf(window);
-    QVERIFY(pdf.startsWith("%PDF-1."));
-    QVERIFY(pdf.trimmed().endsWith("%%EOF"));
-    QCOMPARE(pdf.count("/Type /Page\n"), 1);
-    QCOMPARE(pdf.count("/Subtype /Image"), 0);
-    QVERIFY(pdf.contains("/FontFile2"));
-    // As large as the picture, in points.
-    const QImage picture = extras::chartPicture(window);
-    const auto from = pdf.indexOf("/MediaBox [") + 11;
-    const QList<QByteArray> box = pdf.mid(from, pdf.indexOf(']', from) - from).split(' ');
-    QCOMPARE(box.size(), 4);
-    QVERIFY(std::abs(box[2].toDouble() - picture.width() * 72.0 / 300.0) <= 1.0);
-    QVERIFY(std::abs(box[3].toDouble() - picture.height() * 72.0 / 300.0) <= 1.0);
-}
-
-void TestExportingPicture::aLongLineIsCutWithinItsPattern()
+void TestExportingPicture::linesAreClipped()
 {
     const QRectF area(0.0, 0.0, 100.0, 100.0);
-    using extras::cutToPattern;
-    QCOMPARE(cutToPattern({ 10, 50, 90, 50 }, area, 6.0), QLineF(10, 50, 90, 50));
-    QCOMPARE(cutToPattern({ -601, 50, 9000, 50 }, area, 6.0), QLineF(-1, 50, 100, 50));
-    QCOMPARE(cutToPattern({ 50, 9000, 50, -8 }, area, 0.0), QLineF(50, 100, 50, 0));
-    QVERIFY(cutToPattern({ -10, 150, 9000, 150 }, area, 6.0).isNull());
-    QVERIFY(cutToPattern({ 200, 50, 9000, 50 }, area, 6.0).isNull());
-    QVERIFY(cutToPattern({ 20, 20, 20, 20 }, area, 6.0).length() <= 6.0);
-}
-
-void TestExportingPicture::aPainterFindsTheCanvasAsItFindsAPicture()
-{
-    QPixmap stamp(7, 5);
-    stamp.fill(QColor(200, 30, 40));
-    const auto draw = [&stamp](QPaintDevice &device) {
-        QPainter painter(&device);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.drawPixmap(3, 4, stamp);
-        painter.setOpacity(0.5);
-        painter.drawPixmap(QRect(20, 4, 14, 10), stamp);
-        painter.setOpacity(1.0);
-        painter.setCompositionMode(QPainter::CompositionMode_Difference);
-        painter.fillRect(5, 5, 20, 3, QColor(0, 90, 200));
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        painter.setBackground(QColor(10, 20, 30));
-        painter.setBackgroundMode(Qt::OpaqueMode);
-        painter.fillRect(40, 5, 18, 20, QBrush(Qt::white, Qt::Dense4Pattern));
+    struct Row
+    {
+        const char *name;
+        QPolygonF line;
+        QVector<QPolygonF> parts;
     };
-    QImage expected(64, 32, QImage::Format_RGB32);
-    expected.fill(Qt::black);
-    QImage picture = expected;
-    draw(expected);
-    extras::DashingCanvas canvas(picture, 254);
-    draw(canvas);
-    QCOMPARE(picture, expected);
-    QVERIFY(inAll(picture, QColor(200, 30, 40)) > 0);
-
-    QCOMPARE(canvas.width(), 64);
-    QCOMPARE(canvas.height(), 32);
-    // 254 dots per inch are ten per millimetre.
-    QCOMPARE(canvas.widthMM(), 6);
-    QCOMPARE(canvas.heightMM(), 3);
-    QCOMPARE(canvas.logicalDpiX(), 254);
-    QCOMPARE(canvas.depth(), 32);
-    QCOMPARE(canvas.devicePixelRatio(), 1);
+    const auto line
+        = [](std::initializer_list<QPointF> points) { return QPolygonF(QVector<QPointF>(points)); };
+    each<Row>({ { "within",
+                  line({ { 1, 2 }, { 3, 4 }, { 5, 2 } }),
+                  { line({ { 1, 2 }, { 3, 4 }, { 5, 2 } }) } },
+                { "through",
+                  line({ { -9000, 50 }, { 9000, 50 } }),
+                  { line({ { 0, 50 }, { 100, 50 } }) } },
+                { "out and in again",
+                  line({ { 50, 50 }, { 50, 150 }, { 60, 150 }, { 60, 50 } }),
+                  { line({ { 50, 50 }, { 50, 100 } }), line({ { 60, 100 }, { 60, 50 } }) } },
+                { "beside", line({ { -10, 150 }, { 9000, 150 } }), {} },
+                { "around the corner", line({ { -50, 20 }, { 20, -60 } }), {} },
+                { "nothing", {}, {} } },
+              [&](const Row &row) {
+                  QVector<QPolygonF> parts;
+                  const auto all = extras::clipped(row.line, area).toSubpathPolygons();
+                  for (const QPolygonF &part : all)
+                      parts.append(part);
+                  QCOMPARE(parts, row.parts);
+              });
 }
 
 QTEST_MAIN(TestExportingPicture)

@@ -132,9 +132,9 @@ private slots:
         askFor(m_fixture.probe().Plot_View());
         auto *chapters = openPage()->window()->findChild<QListWidget *>();
         const auto actions = openPage()->window()->findChild<QToolBar *>()->actions();
-        QCOMPARE(chapters->count(), 9);
+        QCOMPARE(chapters->count(), 10);
         QCOMPARE(chapters->currentItem()->text(), QStringLiteral("Every control"));
-        chapters->setCurrentRow(8);
+        chapters->setCurrentRow(9);
         QCOMPARE(headingInView(), QStringLiteral("Keys"));
         actions.at(0)->trigger();
         QCOMPARE(chapters->currentItem()->text(), QStringLiteral("Every control"));

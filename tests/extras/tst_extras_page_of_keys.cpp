@@ -235,7 +235,7 @@ private slots:
         WindowFixture::settle();
         // The toolkit's label of the last tooltip goes by itself.
         QToolTip::hideText();
-        QTRY_COMPARE(sorted(changesOf(outfit, outfitOf(window))), QStringList());
+        QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(), 15000);
         fixture.close();
         QCOMPARE(namesOfSettings(), kept);
     }

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <QRectF>
+
+class MainWindow;
+class QPainter;
+
+namespace extras {
+
+enum class Ground {
+    Screen, ///< the colours of the window
+    White,
+};
+
+/// Colours of a picture.
+class Ink
+{
+public:
+    Ink(const MainWindow &window, Ground ground);
+
+    QColor ground() const;
+    QColor text() const;
+    /// What \a screen, a colour of the window, becomes in the picture. On white, greys are inverted
+    /// and other colours darkened until their contrast is at least 3:1; the hue stays.
+    QColor of(const QColor &screen) const;
+
+private:
+    QColor m_ground;
+    bool m_onWhite;
+};
+
+/// The parts of \a line within \a area.
+QPainterPath clipped(const QPolygonF &line, const QRectF &area);
+
+/// Draws the chart of \a window into \a area: title, grid, axes, visible series, cursors. It is
+/// drawn from the window's data, not from its widgets, so that the screen does not change. Letters
+/// have the size of \a font in units of \a painter; lines are as thick as on the screen, thicker
+/// with large letters.
+void drawChart(QPainter &painter, const QRectF &area, const QFont &font, const MainWindow &window,
+               const Ink &ink);
+
+} // namespace extras
