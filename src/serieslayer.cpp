@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
 QT_CHARTS_USE_NAMESPACE
@@ -165,12 +166,12 @@ void SeriesLayer::follow(const QXYSeries &series)
 
 void SeriesLayer::repaintLine(const QXYSeries &line)
 {
-    // Rectangles of the scene, not of this item: those would be repainted with all between them.
     const QRectF former = std::exchange(m_lines[&line], placeOf(line));
     // Qt clips fast only in rows of the window whose number is below the number of spans in the
     // exposed region (qt_intersect_spans in 5.15 and 6.4). This strip adds a span to every row.
     const QRectF plot = m_chart.plotArea();
     const QRectF strip(plot.width() - 1.0, 0.0, 1.0, plot.height());
+    // Updates of the item would be united into one rectangle; updates of the scene are not.
     for (const QRectF &place : { former, m_lines[&line], strip })
         if (place.intersects(boundingRect()))
             scene()->update(mapRectToScene(place & boundingRect()));

@@ -7,10 +7,11 @@
 
 namespace calc {
 
-/// True when \a record, a geometry as QWidget::saveGeometry makes it (versions 1 to 3), can be given
-/// to restoreGeometry: it is complete, and each of its rectangles has its edges in order and is at
-/// most four times as wide and high as \a desktop, in pixels, and at most 32767. restoreGeometry
-/// itself takes any size: one damaged byte makes it request more memory than there is.
+/// True when \a record, a geometry as QWidget::saveGeometry makes it (versions 1 to 3), can be
+/// given to restoreGeometry: it is complete, and each of its rectangles has its edges in order and
+/// is at most four times as wide and high as \a desktop, in pixels, and at most 32767.
+/// restoreGeometry itself takes any size: one damaged byte makes it request more memory than there
+/// is.
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 
 /// True when \a record is a state that QMainWindow::saveState can have made of this window: no

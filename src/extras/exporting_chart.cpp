@@ -3,8 +3,8 @@
 #include "extras/exporting_chart.h"
 
 #include "calc/axis_grid.h"
-#include "calc/curve.h"
 #include "calc/numeric.h"
+#include "calc/spline.h"
 #include "curarrow.h"
 #include "dictionary.h"
 #include "mainwindow.h"
@@ -58,7 +58,7 @@ void narrow(double start, double delta, double low, double high, double &from, d
 
 QPolygonF curveThrough(const QVector<QPointF> &points)
 {
-    const QVector<QPointF> controls = calc::curveControls(points);
+    const QVector<QPointF> controls = calc::splineControls(points);
     if (controls.isEmpty())
         return {};
     QPainterPath path(points.first());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtualscreen.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -9,9 +10,9 @@
 
 namespace {
 
-// Places in the window at its first size of 800 x 500.
-constexpr QRect plot(203, 99, 425, 252);
-constexpr QRect clockArea(656, 9, 135, 50);
+constexpr QSize windowSize(1280, 800);
+constexpr QRect insideOfThePlot(300, 200, 700, 300);
+constexpr QRect clockArea(1048, 9, 223, 90);
 constexpr int wheelUp = 4;
 constexpr int notches = 40;
 const QString viewer = QStringLiteral("^Velkor$");
@@ -25,11 +26,11 @@ bool isYellow(QRgb colour)
 /// the active cursor; -1 without one.
 int cursorColumn(const QImage &window)
 {
-    for (int x = plot.right(); x >= plot.left(); --x) {
+    for (int x = insideOfThePlot.right(); x >= insideOfThePlot.left(); --x) {
         int yellow = 0;
-        for (int y = plot.top(); y <= plot.bottom(); ++y)
+        for (int y = insideOfThePlot.top(); y <= insideOfThePlot.bottom(); ++y)
             yellow += isYellow(window.pixel(x, y)) ? 1 : 0;
-        if (yellow > plot.height() * 9 / 10)
+        if (yellow > insideOfThePlot.height() * 9 / 10)
             return x;
     }
     return -1;
@@ -45,7 +46,7 @@ class TestStalePixels : public QObject
 
 private:
     QTemporaryDir m_folder;
-    VirtualScreen m_screen;
+    VirtualScreen m_screen{ QSize(1400, 900) };
     QProcess m_viewer;
     QRect m_window;
 
@@ -68,8 +69,10 @@ private:
         m_viewer.setProcessChannelMode(QProcess::ForwardedChannels);
         m_viewer.start(program(), QStringList());
         QVERIFY(m_viewer.waitForStarted());
+        QVERIFY(!m_screen.waitForWindow(viewer).isEmpty());
+        m_screen.resizeWindow(viewer, windowSize);
         m_window = m_screen.waitForWindow(viewer);
-        QCOMPARE(m_window.size(), QSize(800, 500));
+        QCOMPARE(m_window.size(), windowSize);
     }
     void close()
     {
@@ -81,7 +84,7 @@ private:
     QImage settledPicture() const
     {
         // Where the pointer highlights no button.
-        m_screen.moveTo(inWindow(QPoint(400, 496)));
+        m_screen.moveTo(inWindow(QPoint(windowSize.width() / 2, windowSize.height() - 4)));
         QImage last;
         m_screen.waitUntil([&](const QImage &now) {
             QImage inside = now.copy(m_window).convertToFormat(QImage::Format_RGB32);
@@ -110,7 +113,8 @@ private slots:
     void aCursorLeavesNothingBehind()
     {
         start();
-        const QPoint leftOfTheReflection(plot.left() + 100, plot.center().y());
+        const QPoint leftOfTheReflection(insideOfThePlot.left() + 100,
+                                         insideOfThePlot.center().y());
         m_screen.click(inWindow(leftOfTheReflection));
         for (int notch = 0; notch < notches; ++notch)
             m_screen.click(inWindow(leftOfTheReflection), wheelUp);
@@ -120,13 +124,16 @@ private slots:
         QVERIFY(column > leftOfTheReflection.x());
 
         start();
-        m_screen.click(inWindow(QPoint(column + 1, plot.center().y())));
+        m_screen.click(inWindow(QPoint(column + 1, insideOfThePlot.center().y())));
         const QImage fresh = settledPicture();
         close();
         QCOMPARE(cursorColumn(fresh), column);
-        moved.save(QStringLiteral("moved.png"));
-        fresh.save(QStringLiteral("fresh.png"));
-        QVERIFY(moved == fresh);
+        if (moved == fresh)
+            return;
+        const QDir folder(QCoreApplication::applicationDirPath());
+        moved.save(folder.filePath(QStringLiteral("moved.png")));
+        fresh.save(folder.filePath(QStringLiteral("fresh.png")));
+        QFAIL(qPrintable(QStringLiteral("see moved.png and fresh.png in ") + folder.path()));
     }
 };
 

@@ -63,8 +63,7 @@ bool readCell(const QString &cell, QSet<QString> &names)
 
 QString pageIn(const char *language)
 {
-    QFile file(
-        QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QLatin1String(language)));
+    QFile file(QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QLatin1String(language)));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -235,7 +234,8 @@ private slots:
         WindowFixture::settle();
         // The toolkit's label of the last tooltip goes by itself.
         QToolTip::hideText();
-        QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(), 15000);
+        QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(),
+                                  15000);
         fixture.close();
         QCOMPARE(namesOfSettings(), kept);
     }

@@ -6,6 +6,15 @@
 
 using Points = QVector<QPointF>;
 
+namespace {
+
+bool isZero(QPointF vector)
+{
+    return vector.manhattanLength() < 1e-12;
+}
+
+} // namespace
+
 /// That the curve is the chart module's, to the pixel, is shown on the window.
 class TestSpline : public QObject
 {
@@ -38,13 +47,12 @@ private slots:
         for (int i = 1; i < 4; ++i) {
             const QPointF before = controls[2 * i - 1];
             const QPointF after = controls[2 * i];
-            QCOMPARE(after - knots[i], knots[i] - before);
-            QCOMPARE(controls[2 * i - 2] - 2 * before + knots[i],
-                     knots[i] - 2 * after + controls[2 * i + 1]);
+            QVERIFY(isZero((after - knots[i]) - (knots[i] - before)));
+            QVERIFY(isZero((controls[2 * i - 2] - 2 * before) - (controls[2 * i + 1] - 2 * after)));
         }
         // No curvature at the ends.
-        QCOMPARE(knots.first() + controls[1], 2 * controls[0]);
-        QCOMPARE(knots.last() + controls[6], 2 * controls[7]);
+        QVERIFY(isZero(knots.first() - 2 * controls[0] + controls[1]));
+        QVERIFY(isZero(knots.last() - 2 * controls[7] + controls[6]));
     }
 };
 

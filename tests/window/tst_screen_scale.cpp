@@ -157,8 +157,7 @@ private slots:
         const auto buttons = buttonsWithIcons();
         QCOMPARE(buttons.size(), 23);
         for (const QAbstractButton *button : buttons) {
-            const QPixmap icon
-                = qtcompat::pixmapOf(button->icon(), *button, button->iconSize());
+            const QPixmap icon = qtcompat::pixmapOf(button->icon(), *button, button->iconSize());
             QCOMPARE(icon.devicePixelRatioF(), wantedFactor());
             QCOMPARE(icon.size(), button->iconSize() * wantedFactor());
         }
