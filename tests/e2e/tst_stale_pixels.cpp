@@ -36,6 +36,23 @@ int cursorColumn(const QImage &window)
     return -1;
 }
 
+/// True when no pixel differs visibly. Qt rounds the edges of an outlined letter differently from
+/// one paint to the next, by a few of 255; a stale line differs by 50 and more.
+bool looksLike(const QImage &one, const QImage &other)
+{
+    constexpr int letterRounding = 16;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            if (qAbs(qRed(a) - qRed(b)) > letterRounding
+                || qAbs(qGreen(a) - qGreen(b)) > letterRounding
+                || qAbs(qBlue(a) - qBlue(b)) > letterRounding)
+                return false;
+        }
+    return one.size() == other.size();
+}
+
 } // namespace
 
 /// What the X server shows of the program after many moves of a cursor, against a program that has
@@ -128,7 +145,7 @@ private slots:
         const QImage fresh = settledPicture();
         close();
         QCOMPARE(cursorColumn(fresh), column);
-        if (moved == fresh)
+        if (looksLike(moved, fresh))
             return;
         const QDir folder(QCoreApplication::applicationDirPath());
         moved.save(folder.filePath(QStringLiteral("moved.png")));
