@@ -6,6 +6,7 @@
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
 #include "extras/extras.h"
+#include "savedialog.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowtest.h"
@@ -13,10 +14,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
 #include <QtTest>
@@ -29,28 +28,6 @@
 #endif
 
 using extras::Format;
-
-namespace {
-
-QFileDialog &fileDialog(QDialog &dialog)
-{
-    return static_cast<QFileDialog &>(dialog);
-}
-
-/// Chooses the filter of \a format, as a click in the dialog does.
-void chooseFormat(QDialog &dialog, Format format)
-{
-    const QString filter = fileDialog(dialog).nameFilters().at(static_cast<int>(format));
-    fileDialog(dialog).selectNameFilter(filter);
-    emit fileDialog(dialog).filterSelected(filter);
-}
-
-void agree(QDialog &question)
-{
-    static_cast<QMessageBox &>(question).button(QMessageBox::Yes)->click();
-}
-
-} // namespace
 
 /// Copying and saving what the window shows, and what is said about it.
 class TestExporting : public WindowTest

@@ -38,7 +38,6 @@ struct Drawing
     QRectF area;
     QVector<Text> texts;
     QVector<Line> lines;
-
     /// A text of two scripts comes in two parts.
     void add(const QString &text, QPointF base, const QFontMetricsF &metrics)
     {
