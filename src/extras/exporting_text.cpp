@@ -45,7 +45,8 @@ QVector<calc::Reflection> reflectionsOf(const MainWindow &window)
     else
         calc::splinePoints(traceOf(window, state.rfg_ID), points);
     QVector<calc::Reflection> list;
-    for (const calc::Reflection &reflection : calc::reflectionList(points))
+    const QVector<calc::Reflection> found = calc::reflectionList(points);
+    for (const calc::Reflection &reflection : found)
         if (reflection.column >= 0 && reflection.column <= constants::xLength)
             list.append(reflection);
     return list;
@@ -152,7 +153,8 @@ QString readings(const MainWindow &window)
         facts.removeAll(QString());
         add(slotTitle(window, slot), facts.join(QStringLiteral(", ")));
     }
-    for (const auto &[name, value] : factsOf(window))
+    const auto facts = factsOf(window);
+    for (const auto &[name, value] : facts)
         add(name, value);
     const QVector<calc::Reflection> reflections = reflectionsOf(window);
     for (int i = 0; i < reflections.size(); ++i) {

@@ -71,11 +71,12 @@ Section sectionOf(const QWidget *control, const MainWindowParts &parts)
         return ResetAll;
     if (control == parts.settings_button)
         return Settings;
-    for (const QButtonGroup *group :
-         { parts.scale_nav_group, parts.scroll_nav_group, parts.cur_nav_group })
-        for (const QAbstractButton *button : group->buttons())
-            if (control == button)
-                return Navigation;
+    const auto *button = qobject_cast<const QAbstractButton *>(control);
+    const QButtonGroup *group = button == nullptr ? nullptr : button->group();
+    if (group != nullptr
+        && (group == parts.scale_nav_group || group == parts.scroll_nav_group
+            || group == parts.cur_nav_group))
+        return Navigation;
     return Chart;
 }
 
@@ -83,7 +84,8 @@ Section sectionOf(const QWidget *control, const MainWindowParts &parts)
 QString anchorOf(const QString &heading)
 {
     QString anchor;
-    for (const QChar c : heading.toLower()) {
+    const QString lower = heading.toLower();
+    for (const QChar c : lower) {
         if (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'))
             anchor += c;
         else if (c == QLatin1Char(' '))
