@@ -5,6 +5,8 @@
 #include <QGraphicsSceneWheelEvent>
 #include <QPaintEvent>
 
+#include <cmath>
+
 void PlotScene::wheelEvent(QGraphicsSceneWheelEvent *event)
 {
     event->ignore();
@@ -23,7 +25,16 @@ void PlotView::paintEvent(QPaintEvent *event)
 
 void PlotView::drawBackground(QPainter *painter, const QRectF &rect)
 {
-    // On a screen with a fractional scale the edges of the rectangle lie within pixels, which would
-    // keep part of their former colour.
-    QGraphicsView::drawBackground(painter, rect.adjusted(-1.0, -1.0, 1.0, 1.0));
+    Q_UNUSED(rect)
+    // Qt fills a rectangle slowly when it has to clip it to a region, or to antialias it. On a
+    // screen with a fractional scale the edges of a rectangle lie within pixels, so it is made
+    // larger.
+    const int margin = std::trunc(devicePixelRatioF()) == devicePixelRatioF() ? 0 : 1;
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    for (const QRect &exposed : m_exposed) {
+        const QRectF part
+            = mapToScene(exposed.adjusted(-margin, -margin, margin, margin)).boundingRect();
+        painter->setClipRect(part);
+        QGraphicsView::drawBackground(painter, part);
+    }
 }

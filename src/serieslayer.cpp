@@ -20,6 +20,7 @@ QT_CHARTS_USE_NAMESPACE
 namespace {
 
 constexpr qreal aboveAxes = 100.0;
+constexpr qreal beside = 7.0; ///< pixels right of the plot, where nothing is drawn
 constexpr qreal reach = 4.0; ///< pixels beside its points that a line touches, at most
 
 qreal fraction(qreal number)
@@ -168,9 +169,9 @@ void SeriesLayer::repaintLine(const QXYSeries &line)
 {
     const QRectF former = std::exchange(m_lines[&line], placeOf(line));
     // Qt clips fast only in rows of the window whose number is below the number of spans in the
-    // exposed region (qt_intersect_spans in 5.15 and 6.4). This strip adds a span to every row.
-    const QRectF plot = m_chart.plotArea();
-    const QRectF strip(plot.width() - 1.0, 0.0, 1.0, plot.height());
+    // exposed region (qt_intersect_spans in 5.15 and 6.4). This strip adds a span to every row,
+    // where nothing is drawn.
+    const QRectF strip = boundingRect().adjusted(boundingRect().width() - 1.0, 0.0, 0.0, 0.0);
     // Updates of the item would be united into one rectangle; updates of the scene are not.
     for (const QRectF &place : { former, m_lines[&line], strip })
         if (place.intersects(boundingRect()))
@@ -203,7 +204,7 @@ void SeriesLayer::raise(const QVector<QXYSeries *> &wanted)
 
 QRectF SeriesLayer::boundingRect() const
 {
-    return QRectF(QPointF(), m_chart.plotArea().size()).adjusted(-2, -2, 2, 2);
+    return QRectF(QPointF(), m_chart.plotArea().size()).adjusted(-2, -2, beside, 2);
 }
 
 QVector<QPointF> SeriesLayer::pixelsOf(const QXYSeries &series) const
