@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "each.h"
-#include "hand.h"
+#include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
@@ -34,7 +34,7 @@ Act click(Button button, int times = 1)
 {
     return [=](const WindowFixture &f) {
         for (int i = 0; i < times; ++i)
-            hand::click(button(f.probe()));
+            input::click(button(f.probe()));
     };
 }
 
@@ -47,7 +47,7 @@ Act choose(QAction *LegendButton::*action)
 
 Act wheel(Button dial, int notches)
 {
-    return [=](const WindowFixture &f) { hand::turnWheel(dial(f.probe()), notches); };
+    return [=](const WindowFixture &f) { input::turnWheel(dial(f.probe()), notches); };
 }
 
 Act keys(int key, Qt::KeyboardModifiers modifiers = {}, int times = 1)
