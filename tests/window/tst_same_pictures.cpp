@@ -5,6 +5,7 @@
 #include "inputevents.h"
 #include "player.h"
 #include "serieslayer.h"
+#include "settingsdata.h"
 #include "windowstate.h"
 #include "windowtest.h"
 
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int runLength = 60; ///< events without a grab between them
 constexpr int moves = 60;
+constexpr int stateCount = 6; ///< of the window in which the layer is compared, see setState
 
 /// Six traces of unlike steps, delays and shifts, so that grids have common columns in some pairs
 /// only.
@@ -37,11 +39,11 @@ QVector<TraceBuilder> unlikeTraces()
 }
 
 /// How many events the layer is compared after, for each seed and scale. The environment variable
-/// VELKOR_EVENTS asks for more.
-int comparedEvents()
+/// VELKOR_ACTIONS asks for more.
+int comparedActions()
 {
-    const int wanted = qEnvironmentVariableIntValue("VELKOR_EVENTS");
-    return wanted > 0 ? wanted : 60;
+    const int wanted = qEnvironmentVariableIntValue("VELKOR_ACTIONS");
+    return wanted >= stateCount ? wanted : 60;
 }
 
 /// Compares what the screen shows of \a window with a new picture of it.
@@ -86,6 +88,29 @@ QImage modulePlotAt(const MainWindowProbe &probe, double scale)
     const QImage picture = plotAt(probe, scale);
     setMarks(probe, true);
     return picture;
+}
+
+/// How the plot that the layer paints differs from the module's; empty if it does not.
+QString differenceFromModule(const MainWindowProbe &probe, double scale)
+{
+    for (CurArrow *marker : { probe.cur_arrowA(), probe.cur_arrowB() })
+        marker->cur_lbl.setOpacity(0.0);
+    const QImage layer = plotAt(probe, scale);
+    return differenceOf(layer, modulePlotAt(probe, scale));
+}
+
+/// Loads \a traces and sets one of the states: English or Russian; normal, difference or smoothed.
+void setState(Player &player, const QStringList &traces, int state)
+{
+    player.reset();
+    player.window().openFiles(traces);
+    SettingsData &settings = *player.probe().settingsData();
+    settings.current_language = state % 2 == 0 ? QStringLiteral("en_US") : QStringLiteral("ru_RU");
+    settings.setTranslation();
+    if (state / 2 % 3 == 1)
+        input::click(player.probe().difference_button());
+    if (state / 2 % 3 == 2)
+        input::click(player.probe().smooth_button());
 }
 
 } // namespace
@@ -192,21 +217,20 @@ private slots:
             for (const double scale : { 1.0, 1.5, 2.0 }) {
                 Player player;
                 player.chooseFrom(traces);
-                const Script script = randomScript(seed, comparedEvents());
-                for (const Event &event : script) {
-                    player.play(event);
+                const Script script = randomScript(seed, comparedActions());
+                for (int i = 0; i < script.size(); ++i) {
+                    // Each state for an equal part of the script, whatever the events change in it
+                    if (i % (comparedActions() / stateCount) == 0)
+                        setState(player, traces, i / (comparedActions() / stateCount));
+                    player.play(script[i]);
                     WindowFixture::settle();
-                    for (CurArrow *marker :
-                         { player.probe().cur_arrowA(), player.probe().cur_arrowB() })
-                        marker->cur_lbl.setOpacity(0.0);
-                    const QImage layer = plotAt(player.probe(), scale);
-                    const QString difference
-                        = differenceOf(layer, modulePlotAt(player.probe(), scale));
+                    const QString difference = differenceFromModule(player.probe(), scale);
                     QVERIFY2(difference.isEmpty(),
-                             qPrintable(QStringLiteral("seed %1, scale %2, after %3: ")
+                             qPrintable(QStringLiteral("seed %1, scale %2, event %3, %4: ")
                                             .arg(seed)
                                             .arg(scale)
-                                            .arg(QString::fromLatin1(lineOf(event)))
+                                            .arg(i)
+                                            .arg(QString::fromLatin1(lineOf(script[i])))
                                         + difference));
                 }
             }
