@@ -158,20 +158,19 @@ std::vector<Row> keysAndMouse()
 } // namespace
 
 /// Every key against the mouse.
-class TestExtrasKeys : public QObject
+class TestExtrasKeys : public ThreeTracesTest
 {
     Q_OBJECT
 
 private slots:
     void aKeyDoesWhatTheMouseDoes()
     {
-        WindowFixture fixture;
         const auto stateAfter = [&](const Act &before, const Act &act) {
-            openThree(fixture);
-            before(fixture);
-            act(fixture);
+            openThree();
+            before(*fixture);
+            act(*fixture);
             WindowFixture::settle();
-            return stateWithoutMarks(fixture.window());
+            return stateWithoutMarks(window());
         };
         each<Row>(keysAndMouse(), [&](const Row &row) {
             const QStringList expected = stateAfter(row.before, row.byMouse);
@@ -181,8 +180,7 @@ private slots:
 
     void withoutExtrasNoKeyDoesAnything()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture, false);
+        MainWindow &window = openThree(false);
         const QStringList before = stateOf(window);
         for (int key = Qt::Key_Space; key <= Qt::Key_AsciiTilde; ++key)
             for (const Qt::KeyboardModifier modifier :
@@ -202,9 +200,8 @@ private slots:
             int english;
             Qt::KeyboardModifier modifier;
         };
-        WindowFixture fixture;
         const auto stateAfter = [&](int key, Qt::KeyboardModifier modifier, const QString &text) {
-            MainWindow &window = openThree(fixture);
+            MainWindow &window = openThree();
             press(&window, Qt::Key_K);
             press(&window, key, modifier, text);
             WindowFixture::settle();
