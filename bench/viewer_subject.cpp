@@ -4,7 +4,7 @@
 
 #include "base/program_files.h"
 #include "cont_dial.h"
-#include "hand.h"
+#include "inputevents.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"
@@ -91,7 +91,7 @@ void ViewerSubject::load()
 void ViewerSubject::begin(Operation operation)
 {
     if (isSmoothed(operation))
-        hand::click(m_probe.smooth_button());
+        input::click(m_probe.smooth_button());
     switch (operation) {
     case Operation::CursorDrag:
         startDrag(Qt::LeftButton);
@@ -101,13 +101,13 @@ void ViewerSubject::begin(Operation operation)
         startDrag(Qt::MiddleButton);
         break;
     case Operation::VerticalShift:
-        hand::click(m_probe.V_offset_button());
+        input::click(m_probe.V_offset_button());
         break;
     case Operation::HorizontalShift:
-        hand::click(m_probe.H_offset_button());
+        input::click(m_probe.H_offset_button());
         break;
     case Operation::VelocityFactor:
-        hand::click(m_probe.KU_button());
+        input::click(m_probe.KU_button());
         break;
     case Operation::Resize:
         m_window->resize(workload::resized(m_size, 1));
@@ -124,14 +124,14 @@ void ViewerSubject::startDrag(Qt::MouseButton button)
     const QRect view = canvas().rect();
     m_pointer = QPoint(static_cast<int>(view.width() * share), view.center().y());
     m_held = button;
-    hand::press(&canvas(), m_pointer, button);
+    input::press(&canvas(), m_pointer, button);
 }
 
 void ViewerSubject::dragBy(int counts)
 {
     const double pixels = double{ m_probe.trueWidth() } / constants::drawnSamples * counts;
     m_pointer.rx() += static_cast<int>(counts < 0 ? std::floor(pixels) : std::ceil(pixels));
-    hand::move(&canvas(), m_pointer, m_held);
+    input::move(&canvas(), m_pointer, m_held);
 }
 
 void ViewerSubject::act(Operation operation, int number)
@@ -141,7 +141,7 @@ void ViewerSubject::act(Operation operation, int number)
     switch (operation) {
     case Operation::CursorStep:
     case Operation::CursorStepSmoothed:
-        hand::turnWheel(&canvas(), way);
+        input::turnWheel(&canvas(), way);
         break;
     case Operation::CursorDrag:
         dragBy(way * workload::dragCounts);
@@ -152,24 +152,24 @@ void ViewerSubject::act(Operation operation, int number)
         dragBy(workload::direction(number, workload::panTurn) * workload::panCounts);
         break;
     case Operation::ZoomStep:
-        hand::click(number % 2 == 0 ? m_probe.scale_up_button() : m_probe.scale_down_button());
+        input::click(number % 2 == 0 ? m_probe.scale_up_button() : m_probe.scale_down_button());
         break;
     case Operation::VerticalShift:
     case Operation::HorizontalShift:
     case Operation::VelocityFactor:
-        hand::turnWheel(m_probe.param_dial(), way);
+        input::turnWheel(m_probe.param_dial(), way);
         break;
     case Operation::SelectTrace:
-        hand::click(m_probe.selected_rfg()[(number + 1) % m_files.size()]);
+        input::click(m_probe.selected_rfg()[(number + 1) % m_files.size()]);
         break;
     case Operation::LoadSix:
         load();
         break;
     case Operation::DifferenceOn:
-        hand::click(m_probe.difference_button());
+        input::click(m_probe.difference_button());
         break;
     case Operation::SmoothingOn:
-        hand::click(m_probe.smooth_button());
+        input::click(m_probe.smooth_button());
         break;
     case Operation::Resize:
         m_window->resize(workload::resized(m_size, number));
@@ -188,18 +188,18 @@ void ViewerSubject::act(Operation operation, int number)
 void ViewerSubject::takeBack(Operation operation)
 {
     if (operation == Operation::DifferenceOn)
-        hand::click(m_probe.difference_button());
+        input::click(m_probe.difference_button());
     else if (operation == Operation::SmoothingOn)
-        hand::click(m_probe.smooth_button());
+        input::click(m_probe.smooth_button());
 }
 
 void ViewerSubject::end(Operation operation)
 {
     if (m_held != Qt::NoButton)
-        hand::release(&canvas(), m_pointer, m_held);
+        input::release(&canvas(), m_pointer, m_held);
     m_held = Qt::NoButton;
     if (isSmoothed(operation))
-        hand::click(m_probe.smooth_button());
+        input::click(m_probe.smooth_button());
     else if (operation == Operation::Resize)
         m_window->resize(m_size);
     else if (operation == Operation::Language)

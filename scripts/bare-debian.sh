@@ -1,16 +1,14 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
-# A Debian with nothing on it but what a package depends on. Sourced after common.sh, as root, in a
-# mount namespace of the caller's own: what is mounted here goes with it.
-#
-# Nothing of this machine's /dev comes into that system; it has the few nodes that debootstrap makes.
+# A Debian that has only the dependencies of a package. Sourced after common.sh, as root, in a mount
+# namespace of its own, so that its mounts go with it. Its /dev is what debootstrap makes.
 
 : "${root:?}"
 bare=''
 
-# bare_debian PACKAGE.deb: a fresh folder with the system, ready for chroot; its path in bare.
-# The system itself is made once from this machine's own package sources and then copied.
+# bare_debian PACKAGE.deb: a new folder with the system, ready for chroot; its path is in bare. The
+# system is made once from the package sources of this machine and then copied.
 bare_debian() {
     local codename mirror depends key base
     codename=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME-}")
@@ -24,7 +22,7 @@ bare_debian() {
     base=${XDG_CACHE_HOME:-$HOME/.cache}/velkor/bare-debian/$key
 
     if [ ! -e "$base/.ready" ]; then
-        # Older ones belong to other dependencies.
+        # Older ones have other dependencies.
         remove_tree "${base%/*}"
         make_base "$base" "$codename" "$mirror" "$depends"
         touch "$base/.ready"
@@ -36,7 +34,7 @@ bare_debian() {
     mount -t proc proc "$bare/proc"
 }
 
-# Takes the system away again; does nothing when there is none.
+# Removes the system, if there is one.
 remove_bare_debian() {
     if [ -n "$bare" ]; then
         umount "$bare/proc" 2>/dev/null || true
@@ -45,7 +43,7 @@ remove_bare_debian() {
     fi
 }
 
-# Never into anything that is mounted below.
+# Does not descend into mounts.
 remove_tree() {
     rm -rf --one-file-system "$1"
 }
@@ -56,7 +54,7 @@ make_base() {
     mkdir -p "$base"
     debootstrap --variant=minbase --include=ca-certificates "$codename" "$base" "$mirror" \
         >"$log" 2>&1 || { tail -n 30 "$log" >&2; die "debootstrap failed"; }
-    # The same sources and the same way to them as outside; keys come with the system.
+    # The package sources and the network configuration of this machine.
     # shellcheck disable=SC2016
     apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' \
         'Created-By: Packages' 'Origin: Debian' | sort -u >"$base/etc/apt/sources.list"
@@ -74,7 +72,7 @@ make_base() {
     bare=''
 }
 
-# in_bare COMMAND...: as root in the bare system, with this machine's way to the network.
+# in_bare COMMAND...: as root in the bare system, with the proxy of this machine.
 in_bare() {
     chroot "$bare" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 \
         DEBIAN_FRONTEND=noninteractive \

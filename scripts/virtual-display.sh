@@ -1,10 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
-# A display in memory with a window manager, for machines that have none. Sourced after common.sh.
-#
-# The window manager is there for two reasons: the viewer meets the conditions of a real desktop,
-# and a window can be asked to close, which is when the viewer writes its settings.
+# A display in memory with a window manager. Sourced after common.sh. The window manager is what asks
+# a window to close, which is when the viewer writes its settings.
 
 display_folder=''
 display_pids=()
@@ -42,7 +40,7 @@ start_display() {
 
 stop_display() {
     local pid i
-    # Last started, first stopped: the display goes when nothing draws on it any more.
+    # In reverse order: the display last.
     for ((i = ${#display_pids[@]} - 1; i >= 0; i--)); do
         pid=${display_pids[i]}
         kill "$pid" 2>/dev/null || true
@@ -52,7 +50,7 @@ stop_display() {
     rm -rf "$display_folder"
 }
 
-# wait_until SECONDS COMMAND...: true as soon as the command is, false when the time is over.
+# wait_until SECONDS COMMAND...: repeats the command until it succeeds; false after the time.
 wait_until() {
     local end=$((SECONDS + $1))
     shift
@@ -81,7 +79,7 @@ open_viewer() {
         fi
         die "the viewer showed no window"
     fi
-    # The first picture is not the last: fonts follow the size that the window manager granted.
+    # Fonts follow the size that the window manager granted.
     sleep 1
 }
 
@@ -101,15 +99,15 @@ resize_viewer() {
     sleep 1
 }
 
-# take_picture FILE.png: the window without its frame. Dates and the like are left out, so that
-# the same window gives the same file.
+# take_picture FILE.png: the window without its frame, and without dates, so that the same window
+# gives the same file.
 take_picture() {
     mkdir -p "$(dirname "$1")"
     import -window "$viewer_window" -define png:exclude-chunks=date,time +set date:create \
         +set date:modify "$1"
 }
 
-# Closes the window as its user would and gives the viewer's own exit code.
+# Closes the window as a user does; dies unless the viewer exits with 0.
 close_viewer() {
     local code=0
     wmctrl -i -c "$(printf '0x%x' "$viewer_window")"

@@ -3,20 +3,18 @@
 #include "threetraces.h"
 
 #include "extras/extras.h"
-#include "windowactions.h"
 
 #include <QtTest>
 
-MainWindow &openThree(WindowFixture &fixture, bool attached)
+MainWindow &ThreeTracesTest::openThree(bool attached)
 {
     // Before its settings are written: it would write its own over them.
-    fixture.close();
+    fixture->close();
     const auto ramp = [](int i) { return i % 50; };
-    MainWindow &window = openWith(fixture,
-                                  { TraceBuilder().samples(ramp).shiftX(3).delay(8),
-                                    TraceBuilder().samples(ramp).minstep(2.5F).shiftY(9),
-                                    TraceBuilder().samples(3).minstep(5.0F) },
-                                  1);
+    MainWindow &window = openOn({ TraceBuilder().samples(ramp).shiftX(3).delay(8),
+                                  TraceBuilder().samples(ramp).minstep(2.5F).shiftY(9),
+                                  TraceBuilder().samples(3).minstep(5.0F) },
+                                1);
     if (attached)
         extras::attach(window);
     window.plotScroll(100);

@@ -2,11 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "windowfixture.h"
+#include "windowtest.h"
 
-/// Three traces of unlike steps, the second one the master, at a place in the middle of the cable;
-/// the extras attached or, without \a attached, not. The window that was open before is closed.
-MainWindow &openThree(WindowFixture &fixture, bool attached = true);
+/// Base of the tests of the extras.
+class ThreeTracesTest : public WindowTest
+{
+    Q_OBJECT
+
+protected:
+    /// Opens the window on three traces of unlike steps, the second one the master, at a place in
+    /// the middle of the cable; with the extras unless \a attached is false.
+    MainWindow &openThree(bool attached = true);
+};
 
 /// Presses and releases a key on \a widget; what it does not use goes on to its window. \a text is
 /// what the key types.

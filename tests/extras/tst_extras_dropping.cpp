@@ -145,7 +145,7 @@ protected:
 
 } // namespace
 
-class TestExtrasDropping : public QObject
+class TestExtrasDropping : public ThreeTracesTest
 {
     Q_OBJECT
 
@@ -157,54 +157,50 @@ private slots:
 
     void filesFillTheEmptySlotsFromTheFirstOn()
     {
-        WindowFixture fixture;
-        const QStringList files = makeTraces(fixture, 2);
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        const QStringList files = makeTraces(*fixture, 2);
+        MainWindow &window = openThree();
         window.remove_Selected_RFG(0);
         QStringList open;
         for (const int slot : { 1, 2 })
-            open.append(probe.rfg_DATA()[slot].full_path);
+            open.append(probe().rfg_DATA()[slot].full_path);
         Drag drag(window, urlsOf(files));
-        QVERIFY(drag.drop(middleOf(probe.Plot_View())));
-        QCOMPARE(probe.rfg_read_index(), 15);
+        QVERIFY(drag.drop(middleOf(probe().Plot_View())));
+        QCOMPARE(probe().rfg_read_index(), 15);
         for (int slot = 0; slot < 4; ++slot)
-            QCOMPARE(probe.rfg_DATA()[slot].full_path,
+            QCOMPARE(probe().rfg_DATA()[slot].full_path,
                      (QStringList{ files[0], open[0], open[1], files[1] })[slot]);
         // Nothing else changes.
-        QCOMPARE(probe.rfg_ID(), 1);
-        QCOMPARE(probe.rfg_master_ID(), 1);
+        QCOMPARE(probe().rfg_ID(), 1);
+        QCOMPARE(probe().rfg_master_ID(), 1);
         QCOMPARE(window.settings()->last_folder, QFileInfo(files.last()).path());
     }
 
     void theFirstFilesOfAnEmptyWindowAreSelected()
     {
-        WindowFixture fixture;
-        const QStringList files = makeTraces(fixture, 2);
-        MainWindow &window = openThree(fixture);
+        const QStringList files = makeTraces(*fixture, 2);
+        MainWindow &window = openThree();
         for (const int slot : { 0, 1, 2 })
             window.remove_Selected_RFG(slot);
-        QTest::mouseClick(fixture.probe().selected_rfg()[4], Qt::LeftButton);
+        QTest::mouseClick(probe().selected_rfg()[4], Qt::LeftButton);
         Drag drag(window, urlsOf(files));
-        QVERIFY(drag.drop(middleOf(fixture.probe().Plot_View())));
-        QCOMPARE(fixture.probe().rfg_read_index(), 3);
-        QCOMPARE(fixture.probe().rfg_ID(), 0);
-        QCOMPARE(fixture.probe().rfg_master_ID(), 0);
-        QVERIFY(fixture.probe().selected_rfg()[0]->isChecked());
+        QVERIFY(drag.drop(middleOf(probe().Plot_View())));
+        QCOMPARE(probe().rfg_read_index(), 3);
+        QCOMPARE(probe().rfg_ID(), 0);
+        QCOMPARE(probe().rfg_master_ID(), 0);
+        QVERIFY(probe().selected_rfg()[0]->isChecked());
     }
 
     void moreFilesThanEmptySlotsReplaceTheSetAsTheFilesButtonDoes()
     {
         for (const int count : { 4, 6, 7 }) {
-            WindowFixture fixture;
-            const QStringList files = makeTraces(fixture, count);
-            openThree(fixture);
-            QVERIFY(chooseFiles(fixture, files));
-            const QStringList expected = everythingOf(fixture);
-            Drag drag(openThree(fixture), urlsOf(files));
-            QVERIFY(drag.drop(middleOf(fixture.probe().Plot_View())));
-            QCOMPARE(everythingOf(fixture), expected);
-            QCOMPARE(fixture.probe().rfg_DATA()[0].full_path, files.first());
+            const QStringList files = makeTraces(*fixture, count);
+            openThree();
+            QVERIFY(chooseFiles(*fixture, files));
+            const QStringList expected = everythingOf(*fixture);
+            Drag drag(openThree(), urlsOf(files));
+            QVERIFY(drag.drop(middleOf(probe().Plot_View())));
+            QCOMPARE(everythingOf(*fixture), expected);
+            QCOMPARE(probe().rfg_DATA()[0].full_path, files.first());
         }
     }
 
@@ -212,43 +208,39 @@ private slots:
     {
         // A loaded one, the master's, an empty one.
         for (const int slot : { 0, 1, 5 }) {
-            WindowFixture fixture;
-            const QStringList files = makeTraces(fixture, 1);
-            openThree(fixture);
-            QVERIFY(loadInto(fixture, slot, files.first()));
-            const QStringList expected = everythingOf(fixture);
-            Drag drag(openThree(fixture), urlsOf(files));
-            const QPoint button = middleOf(fixture.probe().selected_rfg()[slot]);
+            const QStringList files = makeTraces(*fixture, 1);
+            openThree();
+            QVERIFY(loadInto(*fixture, slot, files.first()));
+            const QStringList expected = everythingOf(*fixture);
+            Drag drag(openThree(), urlsOf(files));
+            const QPoint button = middleOf(probe().selected_rfg()[slot]);
             QVERIFY(drag.drop(button));
-            QCOMPARE(everythingOf(fixture), expected);
-            QCOMPARE(fixture.probe().rfg_DATA()[slot].full_path, files.first());
+            QCOMPARE(everythingOf(*fixture), expected);
+            QCOMPARE(probe().rfg_DATA()[slot].full_path, files.first());
         }
     }
 
     void severalFilesOnASlotCountAsDroppedOnTheWindow()
     {
-        WindowFixture fixture;
-        const QStringList files = makeTraces(fixture, 2);
-        Drag drag(openThree(fixture), urlsOf(files));
-        QVERIFY(drag.drop(middleOf(fixture.probe().selected_rfg()[0])));
-        QCOMPARE(fixture.probe().rfg_read_index(), 31);
-        QCOMPARE(fixture.probe().rfg_DATA()[3].full_path, files.first());
+        const QStringList files = makeTraces(*fixture, 2);
+        Drag drag(openThree(), urlsOf(files));
+        QVERIFY(drag.drop(middleOf(probe().selected_rfg()[0])));
+        QCOMPARE(probe().rfg_read_index(), 31);
+        QCOMPARE(probe().rfg_DATA()[3].full_path, files.first());
     }
 
     void theSlotUnderTheFilesLightsUp()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
-        const QList<QUrl> files = urlsOf(makeTraces(fixture, 1));
-        for (LegendButton *slot : { probe.selected_rfg()[0], probe.selected_rfg()[5] }) {
+        MainWindow &window = openThree();
+        const QList<QUrl> files = urlsOf(makeTraces(*fixture, 1));
+        for (LegendButton *slot : { probe().selected_rfg()[0], probe().selected_rfg()[5] }) {
             const QPoint place = middleOf(slot);
             const QImage dark = slot->grab().toImage();
             const auto isLit = [&] { return slot->grab().toImage() != dark; };
             Drag drag(window, files);
             QVERIFY(drag.enter(place));
             QVERIFY(isLit());
-            QVERIFY(drag.move(middleOf(probe.Plot_View())));
+            QVERIFY(drag.move(middleOf(probe().Plot_View())));
             QVERIFY(!isLit());
             QVERIFY(drag.move(place));
             QVERIFY(isLit());
@@ -265,48 +257,44 @@ private slots:
 
     void everyPlaceOfTheWindowTakesFiles()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         const QWidget *const places[]
-            = { probe.logo_lbl(),        probe.curA_button(), probe.delta_lbl(),
-                probe.legend_button(),   probe.Plot_View(),   probe.settings_button(),
-                probe.scale_up_button(), probe.param_dial(),  probe.gain_button() };
-        Drag drag(window, urlsOf(makeTraces(fixture, 1)));
+            = { probe().logo_lbl(),        probe().curA_button(), probe().delta_lbl(),
+                probe().legend_button(),   probe().Plot_View(),   probe().settings_button(),
+                probe().scale_up_button(), probe().param_dial(),  probe().gain_button() };
+        Drag drag(window, urlsOf(makeTraces(*fixture, 1)));
         QVERIFY(drag.enter(QPoint(1, 1)));
         for (const QWidget *place : places)
             QVERIFY(drag.move(middleOf(place)));
         QVERIFY(drag.drop(middleOf(places[8])));
-        QCOMPARE(probe.rfg_read_index(), 15);
+        QCOMPARE(probe().rfg_read_index(), 15);
     }
 
     void theFilesAreAskedForWhenTheyAreDropped()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         OfferedFiles files;
-        files.setUrls(urlsOf(makeTraces(fixture, 1)));
+        files.setUrls(urlsOf(makeTraces(*fixture, 1)));
         Drag drag(window, files);
-        const QPoint place = middleOf(fixture.probe().selected_rfg()[4]);
+        const QPoint place = middleOf(probe().selected_rfg()[4]);
         QVERIFY(drag.enter(place));
-        QVERIFY(drag.move(middleOf(fixture.probe().Plot_View())));
+        QVERIFY(drag.move(middleOf(probe().Plot_View())));
         QCOMPARE(files.asked, 0);
         QVERIFY(drag.drop(place));
         QVERIFY(files.asked > 0);
-        QCOMPARE(fixture.probe().rfg_read_index(), 23);
+        QCOMPARE(probe().rfg_read_index(), 23);
     }
 
     void anythingButTraceFilesIsRefused()
     {
-        WindowFixture fixture;
-        makeTraces(fixture, 1);
-        writeFile(fixture.path(QStringLiteral("notes.txt")), "notes");
-        writeFile(fixture.path(QStringLiteral("atdr")), "notes");
-        QVERIFY(QDir().mkdir(fixture.path(QStringLiteral("folder.tdr"))));
-        MainWindow &window = openThree(fixture);
-        const QStringList before = everythingOf(fixture);
-        const QPoint places[] = { middleOf(fixture.probe().Plot_View()),
-                                  middleOf(fixture.probe().selected_rfg()[2]) };
+        makeTraces(*fixture, 1);
+        writeFile(fixture->path(QStringLiteral("notes.txt")), "notes");
+        writeFile(fixture->path(QStringLiteral("atdr")), "notes");
+        QVERIFY(QDir().mkdir(fixture->path(QStringLiteral("folder.tdr"))));
+        MainWindow &window = openThree();
+        const QStringList before = everythingOf(*fixture);
+        const QPoint places[]
+            = { middleOf(probe().Plot_View()), middleOf(probe().selected_rfg()[2]) };
         for (const QStringList &names :
              { QStringList{ QStringLiteral("notes.txt") },
                QStringList{ QStringLiteral("dropped0.tdr"), QStringLiteral("notes.txt") },
@@ -314,7 +302,7 @@ private slots:
                QStringList{ QStringLiteral("gone.tdr") } }) {
             QStringList paths;
             for (const QString &name : names)
-                paths.append(fixture.path(name));
+                paths.append(fixture->path(name));
             for (const QPoint place : places) {
                 Drag drag(window, urlsOf(paths));
                 QVERIFY(drag.enter(place));
@@ -327,26 +315,24 @@ private slots:
         text.setText(QStringLiteral("a.tdr"));
         Drag noFiles(window, text);
         QVERIFY(!noFiles.enter(places[0]));
-        QCOMPARE(everythingOf(fixture), before);
+        QCOMPARE(everythingOf(*fixture), before);
     }
 
     void fileNamesMayHoldAnyLetters()
     {
         for (const char *name : { "TRACE.TDR", "кабель №7.tdr", "a b%20.c.tdr" }) {
-            WindowFixture fixture;
-            const QString path = fixture.trace(QString::fromUtf8(name), TraceBuilder());
-            Drag drag(openThree(fixture), urlsOf({ path }));
-            QVERIFY(drag.drop(middleOf(fixture.probe().Plot_View())));
-            QCOMPARE(fixture.probe().rfg_DATA()[3].full_path, path);
+            const QString path = fixture->trace(QString::fromUtf8(name), TraceBuilder());
+            Drag drag(openThree(), urlsOf({ path }));
+            QVERIFY(drag.drop(middleOf(probe().Plot_View())));
+            QCOMPARE(probe().rfg_DATA()[3].full_path, path);
         }
     }
 
     void theOtherProgramIsNeverToldToDeleteItsFiles()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const QList<QUrl> files = urlsOf(makeTraces(fixture, 1));
-        const QPoint place = middleOf(fixture.probe().Plot_View());
+        MainWindow &window = openThree();
+        const QList<QUrl> files = urlsOf(makeTraces(*fixture, 1));
+        const QPoint place = middleOf(probe().Plot_View());
         const QPair<Qt::DropActions, Qt::DropAction> rows[]
             = { { Qt::CopyAction, Qt::CopyAction },
                 { Qt::MoveAction | Qt::CopyAction, Qt::CopyAction },
@@ -363,35 +349,33 @@ private slots:
 
     void nothingIsTakenWhileADialogIsOpen()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const QPoint plot = middleOf(fixture.probe().Plot_View());
-        Drag drag(window, urlsOf(makeTraces(fixture, 1)));
+        MainWindow &window = openThree();
+        const QPoint plot = middleOf(probe().Plot_View());
+        Drag drag(window, urlsOf(makeTraces(*fixture, 1)));
         bool taken = true;
         const auto answer = answerDialog([&](QDialog &dialog) {
             taken = drag.enter(plot);
             cancelDialog(dialog);
         });
-        QTest::mouseClick(fixture.probe().settings_button(), Qt::LeftButton);
+        QTest::mouseClick(probe().settings_button(), Qt::LeftButton);
         QVERIFY(answer->served());
         QVERIFY(!taken);
-        QCOMPARE(fixture.probe().rfg_read_index(), 7);
+        QCOMPARE(probe().rfg_read_index(), 7);
         QVERIFY(drag.enter(plot));
     }
 
     void withoutExtrasTheWindowTakesNothing()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture, false);
+        MainWindow &window = openThree(false);
         QVERIFY(!window.acceptDrops());
-        Drag drag(window, urlsOf(makeTraces(fixture, 1)));
-        for (const QWidget *place : { static_cast<const QWidget *>(fixture.probe().Plot_View()),
-                                      static_cast<const QWidget *>(fixture.probe().delta_lbl()) }) {
+        Drag drag(window, urlsOf(makeTraces(*fixture, 1)));
+        for (const QWidget *place : { static_cast<const QWidget *>(probe().Plot_View()),
+                                      static_cast<const QWidget *>(probe().delta_lbl()) }) {
             QVERIFY(!drag.enter(middleOf(place)));
             QVERIFY(!drag.move(middleOf(place)));
             drag.leave();
         }
-        QCOMPARE(fixture.probe().rfg_read_index(), 7);
+        QCOMPARE(probe().rfg_read_index(), 7);
     }
 };
 

@@ -55,13 +55,11 @@ QVector<QUrl> linksOf(QTextBrowser &page)
 } // namespace
 
 /// The manual in its window.
-class TestExtrasHelp : public QObject
+class TestExtrasHelp : public ThreeTracesTest
 {
     Q_OBJECT
 
 private:
-    WindowFixture m_fixture;
-
     /// Presses F1 while \a control has the focus.
     static void askFor(QWidget *control)
     {
@@ -79,11 +77,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        openThree(m_fixture);
-    }
-
     void helpOpensAtTheFocusedControl()
     {
         struct Row
@@ -93,32 +86,32 @@ private slots:
             QString english;
             QString russian;
         };
-        const MainWindowProbe probe = m_fixture.probe();
+        const MainWindowParts &parts = openThree().parts();
         const std::vector<Row> rows = {
-            { "cursor", probe.curA_button(), QStringLiteral("Cursors and readings"),
+            { "cursor", parts.curA_button, QStringLiteral("Cursors and readings"),
               QStringLiteral("Курсоры и отсчёты") },
-            { "files", probe.legend_button(), QStringLiteral("Files and trace slots"),
+            { "files", parts.legend_button, QStringLiteral("Files and trace slots"),
               QStringLiteral("Файлы и ячейки") },
-            { "slot", probe.selected_rfg()[2], QStringLiteral("Files and trace slots"),
+            { "slot", parts.selected_rfg[2], QStringLiteral("Files and trace slots"),
               QStringLiteral("Файлы и ячейки") },
-            { "plot", probe.Plot_View(), QStringLiteral("The chart"), QStringLiteral("График") },
-            { "scroll", probe.scroll_right_button(),
+            { "plot", parts.Plot_View, QStringLiteral("The chart"), QStringLiteral("График") },
+            { "scroll", parts.scroll_right_button,
               QStringLiteral("Scale, scrolling, cursor choice"),
               QStringLiteral("Масштаб, прокрутка, выбор курсора") },
-            { "parameter", probe.KU_button(), QStringLiteral("Parameters"),
+            { "parameter", parts.KU_button, QStringLiteral("Parameters"),
               QStringLiteral("Параметры") },
-            { "dial", probe.cursor_dial(), QStringLiteral("Dials"), QStringLiteral("Энкодеры") },
-            { "difference", probe.difference_button(), QStringLiteral("Difference"),
+            { "dial", parts.cursor_dial, QStringLiteral("Dials"), QStringLiteral("Энкодеры") },
+            { "difference", parts.difference_button, QStringLiteral("Difference"),
               QStringLiteral("Вычитание") },
-            { "smooth", probe.smooth_button(), QStringLiteral("Smooth"),
+            { "smooth", parts.smooth_button, QStringLiteral("Smooth"),
               QStringLiteral("Сглаживание") },
-            { "reset", probe.reset_all_button(), QStringLiteral("Reset All"),
+            { "reset", parts.reset_all_button, QStringLiteral("Reset All"),
               QStringLiteral("Сбросить всё") },
-            { "settings", probe.settings_button(), QStringLiteral("Settings"),
+            { "settings", parts.settings_button, QStringLiteral("Settings"),
               QStringLiteral("Настройки") },
         };
         for (const char *language : { "en_US", "ru_RU" }) {
-            probe.settingsData()->current_language = QLatin1String(language);
+            parts.settingsData->current_language = QLatin1String(language);
             each<Row>(rows, [language](const Row &row) {
                 askFor(row.control);
                 QCOMPARE(headingInView(), language[0] == 'e' ? row.english : row.russian);
@@ -127,9 +120,18 @@ private slots:
         }
     }
 
+    void languageWithoutAManualGetsTheEnglishOne()
+    {
+        MainWindow &window = openThree();
+        window.settings()->current_language = QStringLiteral("fr_FR");
+        askFor(window.parts().Plot_View);
+        QCOMPARE(headingInView(), QStringLiteral("The chart"));
+        closeHelp();
+    }
+
     void contentsLeadToEveryChapterAndBack()
     {
-        askFor(m_fixture.probe().Plot_View());
+        askFor(openThree().parts().Plot_View);
         auto *chapters = openPage()->window()->findChild<QListWidget *>();
         const auto actions = openPage()->window()->findChild<QToolBar *>()->actions();
         QCOMPARE(chapters->count(), 10);
@@ -172,7 +174,7 @@ private slots:
 
     void linkToAHeadingScrollsThere()
     {
-        askFor(m_fixture.probe().Plot_View());
+        askFor(openThree().parts().Plot_View);
         for (const auto &[link, heading] :
              { std::pair{ "qrc:/docs/manual/en/controls.md#the-master", "The master" },
                std::pair{ "qrc:/docs/manual/ru/controls.md#вычитание", "Вычитание" } }) {
@@ -184,8 +186,8 @@ private slots:
 
     void helpGoesWithTheWindow()
     {
-        askFor(m_fixture.probe().Plot_View());
-        m_fixture.close();
+        askFor(openThree().parts().Plot_View);
+        fixture->close();
         QVERIFY(openPage() == nullptr);
     }
 };

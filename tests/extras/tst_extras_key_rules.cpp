@@ -27,7 +27,7 @@ int rightOf(const MainWindowProbe &probe)
 } // namespace
 
 /// What keys do that the mouse does not, and when they do nothing.
-class TestExtrasKeyRules : public QObject
+class TestExtrasKeyRules : public ThreeTracesTest
 {
     Q_OBJECT
 
@@ -39,59 +39,58 @@ private slots:
 
     void homeAndEndGoToTheEndsOfTheSelectedTrace()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         press(&window, Qt::Key_1);
         press(&window, Qt::Key_Home);
         // Shifted by 3 samples of one count each; the first sample is 8 after the pulse.
-        QCOMPARE(probe.cursor_A_pos(), 3 + 8);
-        QCOMPARE(probe.cursor_A_pos_Y(), 0);
+        QCOMPARE(probe().cursor_A_pos(), 3 + 8);
+        QCOMPARE(probe().cursor_A_pos_Y(), 0);
         press(&window, Qt::Key_End);
-        QCOMPARE(probe.cursor_A_pos(), 3 + 8 + 249);
-        QCOMPARE(probe.cursor_A_pos_Y(), 249 % 50);
+        QCOMPARE(probe().cursor_A_pos(), 3 + 8 + 249);
+        QCOMPARE(probe().cursor_A_pos_Y(), 249 % 50);
         press(&window, Qt::Key_Period);
-        QCOMPARE(probe.cursor_A_pos_Y(), 129);
+        QCOMPARE(probe().cursor_A_pos_Y(), 129);
         press(&window, Qt::Key_3);
         press(&window, Qt::Key_End);
-        QCOMPARE(probe.cursor_A_pos(), 249 * 4);
+        QCOMPARE(probe().cursor_A_pos(), 249 * 4);
         // In an empty slot, to the edges of the view.
         press(&window, Qt::Key_5);
         press(&window, Qt::Key_End);
-        QCOMPARE(probe.cursor_A_pos(), rightOf(probe));
+        QCOMPARE(probe().cursor_A_pos(), rightOf(probe()));
         press(&window, Qt::Key_Home);
-        QCOMPARE(probe.cursor_A_pos(), leftOf(probe));
+        QCOMPARE(probe().cursor_A_pos(), leftOf(probe()));
     }
 
     void theViewFollowsACursorThatLeavesIt()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         press(&window, Qt::Key_3);
         press(&window, Qt::Key_End);
         QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
-        QCOMPARE(probe.scrollfactorX(), 249 * 4 - 250);
+        QCOMPARE(probe().scrollfactorX(), 249 * 4 - 250);
         // Inside the view it moves alone.
         press(&window, Qt::Key_Comma);
-        QCOMPARE(probe.cursor_A_pos(), 248 * 4);
-        QCOMPARE(probe.scrollfactorX(), 249 * 4 - 250);
+        QCOMPARE(probe().cursor_A_pos(), 248 * 4);
+        QCOMPARE(probe().scrollfactorX(), 249 * 4 - 250);
+        // Ten samples a press: the seventh leaves it.
+        for (int i = 0; i < 7; ++i)
+            press(&window, Qt::Key_Comma, Qt::ShiftModifier);
+        QCOMPARE(probe().cursor_A_pos(), 178 * 4);
+        QCOMPARE(probe().scrollfactorX(), 178 * 4 - 250);
     }
 
     void theKeyForTheCursorBringsItIntoTheMiddleOfTheView()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         window.setPlotRange(9000, 9500);
         press(&window, Qt::Key_B);
         window.cursorSetup_slot(4000);
         press(&window, Qt::Key_G);
-        QCOMPARE(leftOf(probe), 4000 - 250);
-        QCOMPARE(rightOf(probe), 4000 + 250);
+        QCOMPARE(leftOf(probe()), 4000 - 250);
+        QCOMPARE(rightOf(probe()), 4000 + 250);
         window.cursorSelect_slot(MainWindow::DELTA);
         press(&window, Qt::Key_G);
-        QCOMPARE(leftOf(probe), 4000 - 250);
+        QCOMPARE(leftOf(probe()), 4000 - 250);
     }
 
     void theKeyForTheTraceShowsAllOfIt()
@@ -103,9 +102,7 @@ private slots:
             int left;
             int scale;
         };
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         // Steps of one, two and four counts; the first trace begins 8 samples after the pulse.
         for (const Row &row :
              { Row{ Qt::Key_1, 3, 11, 0 }, Row{ Qt::Key_2, 0, 0, 1 }, Row{ Qt::Key_3, 0, 0, 2 },
@@ -115,43 +112,41 @@ private slots:
             press(&window, row.slot);
             window.H_Offset_change(row.shift);
             press(&window, Qt::Key_F);
-            QCOMPARE(probe.master_scale(), row.scale);
-            QCOMPARE(leftOf(probe), row.left);
-            QCOMPARE(rightOf(probe), row.left + (250 << row.scale));
+            QCOMPARE(probe().master_scale(), row.scale);
+            QCOMPARE(leftOf(probe()), row.left);
+            QCOMPARE(rightOf(probe()), row.left + (250 << row.scale));
         }
         // The dial goes on from the new scale.
         press(&window, Qt::Key_Z);
         press(&window, Qt::Key_3);
         press(&window, Qt::Key_F);
         press(&window, Qt::Key_Plus);
-        QCOMPARE(probe.master_scale(), 3);
+        QCOMPARE(probe().master_scale(), 3);
         // A trace outside the chart, and none.
         window.H_Offset_change(-64000);
         press(&window, Qt::Key_F);
         press(&window, Qt::Key_6);
         press(&window, Qt::Key_F);
-        QCOMPARE(probe.master_scale(), 3);
+        QCOMPARE(probe().master_scale(), 3);
     }
 
     void scrollingStopsAtTheEnds()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         // Steps of 2 counts, ten at a time, from 107 on.
         window.plotScroll(7);
         for (int i = 0; i < 5; ++i)
             press(&window, Qt::Key_BraceLeft, Qt::ShiftModifier);
-        QCOMPARE(probe.scrollfactorX(), 7);
+        QCOMPARE(probe().scrollfactorX(), 7);
         press(&window, Qt::Key_BraceLeft, Qt::ShiftModifier);
-        QCOMPARE(probe.scrollfactorX(), 0);
+        QCOMPARE(probe().scrollfactorX(), 0);
         press(&window, Qt::Key_BracketLeft);
-        QCOMPARE(probe.scrollfactorX(), 0);
+        QCOMPARE(probe().scrollfactorX(), 0);
         window.plotScroll(constants::xLength - 500 - 7);
         press(&window, Qt::Key_BraceRight, Qt::ShiftModifier);
-        QCOMPARE(rightOf(probe), constants::xLength);
+        QCOMPARE(rightOf(probe()), constants::xLength);
         press(&window, Qt::Key_BracketRight);
-        QCOMPARE(rightOf(probe), constants::xLength);
+        QCOMPARE(rightOf(probe()), constants::xLength);
     }
 
     void arrowsOnADialChangeItsValueAsTheWheelDoes()
@@ -161,77 +156,69 @@ private slots:
             Qt::Key key;
             int steps;
         };
-        WindowFixture fixture;
-        openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
-        const auto shift = [&] { return probe.rfg_DATA()[1].scroll; };
+        openThree();
+        const auto shift = [&] { return probe().rfg_DATA()[1].scroll; };
         for (const Row &row :
              { Row{ Qt::Key_Up, 1 }, Row{ Qt::Key_Right, 1 }, Row{ Qt::Key_Down, -1 },
                Row{ Qt::Key_Left, -1 }, Row{ Qt::Key_PageUp, 10 }, Row{ Qt::Key_PageDown, -10 } }) {
             // The selected trace has two counts to a sample.
             const int before = shift();
-            const int mark = probe.param_dial()->value();
-            const int column = probe.cursor_A_pos();
-            press(probe.param_dial(), row.key);
+            const int mark = probe().param_dial()->value();
+            const int column = probe().cursor_A_pos();
+            press(probe().param_dial(), row.key);
             QCOMPARE(shift() - before, 2 * row.steps);
-            QCOMPARE(probe.param_dial()->trueValue, shift());
-            QVERIFY(probe.param_dial()->value() != mark);
-            QCOMPARE(probe.cursor_A_pos(), column);
-            press(probe.cursor_dial(), row.key);
-            QCOMPARE(probe.cursor_A_pos() - column, 2 * row.steps);
+            QCOMPARE(probe().param_dial()->trueValue, shift());
+            QVERIFY(probe().param_dial()->value() != mark);
+            QCOMPARE(probe().cursor_A_pos(), column);
+            press(probe().cursor_dial(), row.key);
+            QCOMPARE(probe().cursor_A_pos() - column, 2 * row.steps);
         }
         // The other keys are the window's.
-        press(probe.cursor_dial(), Qt::Key_Home);
-        QCOMPARE(probe.cursor_A_pos(), shift());
-        press(probe.param_dial(), Qt::Key_Period);
-        QCOMPARE(probe.cursor_A_pos(), shift() + 2);
+        press(probe().cursor_dial(), Qt::Key_Home);
+        QCOMPARE(probe().cursor_A_pos(), shift());
+        press(probe().param_dial(), Qt::Key_Period);
+        QCOMPARE(probe().cursor_A_pos(), shift() + 2);
     }
 
     void whatTheFocusedControlUsesIsItsOwn()
     {
-        WindowFixture fixture;
-        openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
-        const int column = probe.cursor_A_pos();
-        press(probe.smooth_button(), Qt::Key_Space);
-        QVERIFY(probe.smooth_rfg_flag());
-        probe.smooth_button()->setFocus();
-        press(probe.smooth_button(), Qt::Key_Right);
-        QVERIFY(!probe.smooth_button()->hasFocus());
-        QCOMPARE(probe.cursor_A_pos(), column);
-        press(probe.smooth_button(), Qt::Key_S);
-        QVERIFY(!probe.smooth_rfg_flag());
+        openThree();
+        const int column = probe().cursor_A_pos();
+        press(probe().smooth_button(), Qt::Key_Space);
+        QVERIFY(probe().smooth_rfg_flag());
+        probe().smooth_button()->setFocus();
+        press(probe().smooth_button(), Qt::Key_Right);
+        QVERIFY(!probe().smooth_button()->hasFocus());
+        QCOMPARE(probe().cursor_A_pos(), column);
+        press(probe().smooth_button(), Qt::Key_S);
+        QVERIFY(!probe().smooth_rfg_flag());
     }
 
     void arrowsMoveTheCursorWhileThePlotHasTheFocus()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
-        const int column = probe.cursor_A_pos();
-        press(probe.Plot_View(), Qt::Key_Right);
-        QCOMPARE(probe.cursor_A_pos(), column + 2);
-        press(probe.Plot_View(), Qt::Key_Left, Qt::ShiftModifier);
-        QCOMPARE(probe.cursor_A_pos(), column + 2 - 20);
-        press(probe.Plot_View(), Qt::Key_Left);
-        press(probe.Plot_View(), Qt::Key_Right, Qt::ShiftModifier);
-        QCOMPARE(probe.cursor_A_pos(), column);
+        MainWindow &window = openThree();
+        const int column = probe().cursor_A_pos();
+        press(probe().Plot_View(), Qt::Key_Right);
+        QCOMPARE(probe().cursor_A_pos(), column + 2);
+        press(probe().Plot_View(), Qt::Key_Left, Qt::ShiftModifier);
+        QCOMPARE(probe().cursor_A_pos(), column + 2 - 20);
+        press(probe().Plot_View(), Qt::Key_Left);
+        press(probe().Plot_View(), Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(probe().cursor_A_pos(), column);
         press(&window, Qt::Key_Y);
-        press(probe.Plot_View(), Qt::Key_Up);
-        QCOMPARE(probe.rfg_DATA()[1].offset, 10);
-        press(probe.Plot_View(), Qt::Key_Down);
-        press(probe.Plot_View(), Qt::Key_PageDown);
-        QCOMPARE(probe.rfg_DATA()[1].offset, -1);
+        press(probe().Plot_View(), Qt::Key_Up);
+        QCOMPARE(probe().rfg_DATA()[1].offset, 10);
+        press(probe().Plot_View(), Qt::Key_Down);
+        press(probe().Plot_View(), Qt::Key_PageDown);
+        QCOMPARE(probe().rfg_DATA()[1].offset, -1);
         // The window itself has no use for arrows.
         press(&window, Qt::Key_Right);
-        QCOMPARE(probe.cursor_A_pos(), column);
+        QCOMPARE(probe().cursor_A_pos(), column);
     }
 
     void aHeldKeyRepeatsStepsButNotSwitches()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         const auto hold = [&window](int key) {
             QTest::sendKeyEvent(QTest::Press, &window, Qt::Key(key), QString(), Qt::NoModifier);
             for (int i = 0; i < 4; ++i) {
@@ -241,11 +228,11 @@ private slots:
             }
             QTest::sendKeyEvent(QTest::Release, &window, Qt::Key(key), QString(), Qt::NoModifier);
         };
-        const int column = probe.cursor_A_pos();
+        const int column = probe().cursor_A_pos();
         hold(Qt::Key_Period);
-        QCOMPARE(probe.cursor_A_pos(), column + 5 * 2);
+        QCOMPARE(probe().cursor_A_pos(), column + 5 * 2);
         hold(Qt::Key_D);
-        QCOMPARE(probe.diff_flag(), MainWindow::DIFF);
+        QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
     }
 
     void keysOpenTheFileDialogs()
@@ -253,27 +240,24 @@ private slots:
         for (const Qt::KeyboardModifiers modifiers :
              { Qt::KeyboardModifiers(Qt::NoModifier),
                Qt::KeyboardModifiers(Qt::ControlModifier) }) {
-            WindowFixture fixture;
-            MainWindow &window = openThree(fixture);
-            const QString chosen = fixture.trace(QStringLiteral("new.tdr"), TraceBuilder());
+            MainWindow &window = openThree();
+            const QString chosen = fixture->trace(QStringLiteral("new.tdr"), TraceBuilder());
             const auto answer = answerDialog(typeFileNames({ chosen }));
             press(&window, Qt::Key_O, modifiers);
             QVERIFY(answer->served());
-            QCOMPARE(fixture.probe().rfg_read_index(), 1);
-            QCOMPARE(fixture.probe().rfg_DATA()[0].full_path, chosen);
+            QCOMPARE(probe().rfg_read_index(), 1);
+            QCOMPARE(probe().rfg_DATA()[0].full_path, chosen);
             const auto single = answerDialog(typeFileName(chosen));
             press(&window, Qt::Key_4);
             press(&window, Qt::Key_L);
             QVERIFY(single->served());
-            QCOMPARE(fixture.probe().rfg_DATA()[3].full_path, chosen);
+            QCOMPARE(probe().rfg_DATA()[3].full_path, chosen);
         }
     }
 
     void keysOpenTheEntryDialogs()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         const auto typing = [](double number) {
             return answerDialog([number](QDialog &dialog) {
                 static_cast<QInputDialog &>(dialog).setDoubleValue(number);
@@ -284,20 +268,18 @@ private slots:
         const auto factor = typing(1.25);
         press(&window, Qt::Key_F2);
         QVERIFY(factor->served());
-        QCOMPARE(probe.master_params().KU, 1.25F);
+        QCOMPARE(probe().master_params().KU, 1.25F);
 
         press(&window, Qt::Key_B);
-        const auto place = typing(100 * probe.dist_coef() + 0.01);
+        const auto place = typing(100 * probe().dist_coef() + 0.01);
         press(&window, Qt::Key_F2, Qt::ShiftModifier);
         QVERIFY(place->served());
-        QCOMPARE(probe.cursor_B_pos(), 100);
+        QCOMPARE(probe().cursor_B_pos(), 100);
     }
 
     void noKeyCountsWhileADialogOrAMenuIsOpen()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         const QDialog *opened = nullptr;
         const auto dialog = answerDialog([&](QDialog &settings) {
             opened = &settings;
@@ -307,24 +289,23 @@ private slots:
         });
         press(&window, Qt::Key_Comma, Qt::ControlModifier);
         QVERIFY(dialog->served());
-        QCOMPARE(opened, probe.settingsMenu());
-        QVERIFY(!probe.settings_button()->isDown());
-        QCOMPARE(probe.diff_flag(), MainWindow::NORMAL);
+        QCOMPARE(opened, probe().settingsMenu());
+        QVERIFY(!probe().settings_button()->isDown());
+        QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
         const auto menu = answerMenu([&](QMenu &slot) {
             press(&slot, Qt::Key_D);
             press(&window, Qt::Key_D);
         });
         window.rfgMenuRequested_slot(0);
         QVERIFY(menu->served());
-        QCOMPARE(probe.diff_flag(), MainWindow::NORMAL);
+        QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
         press(&window, Qt::Key_D);
-        QCOMPARE(probe.diff_flag(), MainWindow::DIFF);
+        QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
     }
 
     void aKeyDoesNothingThatTheMouseCannotDo()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         press(&window, Qt::Key_6);
         const QStringList before = stateOf(window);
         for (const int key : { Qt::Key_H, Qt::Key_M, Qt::Key_F5, Qt::Key_Delete })

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "each.h"
-#include "hand.h"
+#include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
@@ -34,7 +34,7 @@ Act click(Button button, int times = 1)
 {
     return [=](const WindowFixture &f) {
         for (int i = 0; i < times; ++i)
-            hand::click(button(f.probe()));
+            input::click(button(f.probe()));
     };
 }
 
@@ -47,7 +47,7 @@ Act choose(QAction *LegendButton::*action)
 
 Act wheel(Button dial, int notches)
 {
-    return [=](const WindowFixture &f) { hand::turnWheel(dial(f.probe()), notches); };
+    return [=](const WindowFixture &f) { input::turnWheel(dial(f.probe()), notches); };
 }
 
 Act keys(int key, Qt::KeyboardModifiers modifiers = {}, int times = 1)
@@ -158,20 +158,19 @@ std::vector<Row> keysAndMouse()
 } // namespace
 
 /// Every key against the mouse.
-class TestExtrasKeys : public QObject
+class TestExtrasKeys : public ThreeTracesTest
 {
     Q_OBJECT
 
 private slots:
     void aKeyDoesWhatTheMouseDoes()
     {
-        WindowFixture fixture;
         const auto stateAfter = [&](const Act &before, const Act &act) {
-            openThree(fixture);
-            before(fixture);
-            act(fixture);
+            openThree();
+            before(*fixture);
+            act(*fixture);
             WindowFixture::settle();
-            return stateWithoutMarks(fixture.window());
+            return stateWithoutMarks(window());
         };
         each<Row>(keysAndMouse(), [&](const Row &row) {
             const QStringList expected = stateAfter(row.before, row.byMouse);
@@ -181,8 +180,7 @@ private slots:
 
     void withoutExtrasNoKeyDoesAnything()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture, false);
+        MainWindow &window = openThree(false);
         const QStringList before = stateOf(window);
         for (int key = Qt::Key_Space; key <= Qt::Key_AsciiTilde; ++key)
             for (const Qt::KeyboardModifier modifier :
@@ -202,9 +200,8 @@ private slots:
             int english;
             Qt::KeyboardModifier modifier;
         };
-        WindowFixture fixture;
         const auto stateAfter = [&](int key, Qt::KeyboardModifier modifier, const QString &text) {
-            MainWindow &window = openThree(fixture);
+            MainWindow &window = openThree();
             press(&window, Qt::Key_K);
             press(&window, key, modifier, text);
             WindowFixture::settle();

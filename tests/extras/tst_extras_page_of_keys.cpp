@@ -158,7 +158,7 @@ QStringList namesOfSettings()
 } // namespace
 
 /// The manual's page of keys against the keys, and what their use leaves behind.
-class TestExtrasPageOfKeys : public QObject
+class TestExtrasPageOfKeys : public ThreeTracesTest
 {
     Q_OBJECT
 
@@ -170,8 +170,7 @@ private slots:
 
     void thePageNamesEachKeyAndNoOther()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         const QSet<QString> counting = keysThatCount(window, &window);
         for (const char *language : { "en", "ru" }) {
             QStringList unread;
@@ -182,8 +181,7 @@ private slots:
             QVERIFY(named.contains(QLatin1String("Shift+F2")));
             QVERIFY(named.contains(QLatin1String("4")));
         }
-        const MainWindowProbe &probe = fixture.probe();
-        QCOMPARE(sorted(keysThatCount(window, probe.Plot_View()) - counting),
+        QCOMPARE(sorted(keysThatCount(window, probe().Plot_View()) - counting),
                  QStringList({ QStringLiteral("Down"), QStringLiteral("Left"),
                                QStringLiteral("Right"), QStringLiteral("Shift+Left"),
                                QStringLiteral("Shift+Right"), QStringLiteral("Up") }));
@@ -217,14 +215,13 @@ private slots:
 
     void nothingStaysBehind()
     {
-        WindowFixture fixture;
-        openThree(fixture, false);
-        fixture.close();
+        openThree(false);
+        fixture->close();
         const QStringList kept = namesOfSettings();
 
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         const QStringList outfit = outfitOf(window);
-        QVERIFY(!keysThatCount(window, fixture.probe().Plot_View()).isEmpty());
+        QVERIFY(!keysThatCount(window, probe().Plot_View()).isEmpty());
         const auto widgets = window.findChildren<QWidget *>();
         for (QWidget *widget : widgets) {
             const QPoint middle = widget->rect().center();
@@ -236,7 +233,7 @@ private slots:
         QToolTip::hideText();
         QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(),
                                   15000);
-        fixture.close();
+        fixture->close();
         QCOMPARE(namesOfSettings(), kept);
     }
 };

@@ -80,7 +80,7 @@ QVector<QWidget *> controlsOf(const MainWindowProbe &probe)
 
 } // namespace
 
-class TestExtrasTooltips : public QObject
+class TestExtrasTooltips : public ThreeTracesTest
 {
     Q_OBJECT
 
@@ -93,9 +93,8 @@ private slots:
 
     void everyControlExplainsItselfInBothLanguages()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const QVector<QWidget *> controls = controlsOf(fixture.probe());
+        MainWindow &window = openThree();
+        const QVector<QWidget *> controls = controlsOf(probe());
         // The row of the cursors, files and slots, the right column, dials and parameters.
         QCOMPARE(controls.size(), 5 + 7 + 10 + 12);
         QVector<QStringList> english;
@@ -112,7 +111,7 @@ private slots:
             QVERIFY(russian.first().contains(cyrillic));
         }
         // The plot and the ground between the controls stay quiet.
-        for (QWidget *silent : { static_cast<QWidget *>(fixture.probe().Plot_View()->viewport()),
+        for (QWidget *silent : { static_cast<QWidget *>(probe().Plot_View()->viewport()),
                                  static_cast<QWidget *>(&window) }) {
             cleanup();
             QCOMPARE(shownOn(silent), QStringList());
@@ -121,10 +120,9 @@ private slots:
 
     void aTooltipNamesAKeyThatWorks()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         int keys = 0;
-        const QVector<QWidget *> controls = controlsOf(fixture.probe());
+        const QVector<QWidget *> controls = controlsOf(probe());
         for (const QWidget *control : controls) {
             const QStringList lines = extras::tooltipOf(window, control).split(QLatin1Char('\n'));
             const QString key = lines.value(1);
@@ -143,9 +141,8 @@ private slots:
 
     void buttonsThatTakeATypedValueSaySo()
     {
-        WindowFixture fixture;
-        openThree(fixture);
-        const MainWindowProbe &p = fixture.probe();
+        openThree();
+        const MainWindowProbe &p = probe();
         const QVector<QWidget *> typed{
             p.curA_button(),     p.curB_button(),     p.KU_button(),
             p.H_offset_button(), p.V_offset_button(), p.scale_button()
@@ -158,34 +155,30 @@ private slots:
 
     void theLogoTellsTheVersion()
     {
-        WindowFixture fixture;
-        openThree(fixture);
-        QCOMPARE(shownOn(fixture.probe().logo_lbl()),
+        openThree();
+        QCOMPARE(shownOn(probe().logo_lbl()),
                  QStringList{ line("Velkor " VELKOR_VERSION "; a click tells about Qt") });
     }
 
     void theFontGrowsWithTheWindow()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         for (const QSize size : { QSize(1280, 800), QSize(800, 500) }) {
             window.resize(size);
             WindowFixture::settle();
-            rest(fixture.probe().smooth_button());
-            QCOMPARE(QToolTip::font().pointSize(),
-                     fixture.probe().smooth_button()->font().pointSize());
+            rest(probe().smooth_button());
+            QCOMPARE(QToolTip::font().pointSize(), probe().smooth_button()->font().pointSize());
         }
     }
 
     void aSlotTellsItsFileItsSizeAndTheDateOfTheMeasurement()
     {
-        WindowFixture fixture;
-        openThree(fixture);
-        LegendButton *button = fixture.probe().selected_rfg()[1];
+        openThree();
+        LegendButton *button = probe().selected_rfg()[1];
         const QStringList facts = shownOn(button);
         QCOMPARE(facts.size(), 5);
         QCOMPARE(facts[1], line("Key: 2"));
-        QCOMPARE(facts[2], QDir::toNativeSeparators(fixture.path(QStringLiteral("t2.tdr"))));
+        QCOMPARE(facts[2], QDir::toNativeSeparators(fixture->path(QStringLiteral("t2.tdr"))));
         QCOMPARE(facts[3], line("Size: 37775 bytes"));
         QVERIFY(facts[4].startsWith(QLatin1String("Measured: ") + button->date));
         QVERIFY(facts[4].endsWith(QLatin1String(" 09:05:07")));
@@ -193,41 +186,38 @@ private slots:
 
     void aSlotTellsWhatIsMissing()
     {
-        WindowFixture fixture;
         MainWindow &window
-            = openWith(fixture, { TraceBuilder(), TraceBuilder().date(2024, 13, 40) });
+            = openWith(*fixture, { TraceBuilder(), TraceBuilder().date(2024, 13, 40) });
         const auto facts = [&](int slot) {
-            return extras::tooltipOf(window, fixture.probe().selected_rfg()[slot])
+            return extras::tooltipOf(window, probe().selected_rfg()[slot])
                 .split(QLatin1Char('\n'))
                 .mid(2);
         };
         QCOMPARE(facts(2), QStringList{ line("No trace in this slot") });
         QCOMPARE(facts(1).at(2), line("No date of the measurement in the file"));
-        writeFile(fixture.path(QStringLiteral("t1.tdr")), "short");
+        writeFile(fixture->path(QStringLiteral("t1.tdr")), "short");
         QCOMPARE(facts(0).at(1), line("Size: 5 bytes"));
-        QVERIFY(QFile::remove(fixture.path(QStringLiteral("t1.tdr"))));
+        QVERIFY(QFile::remove(fixture->path(QStringLiteral("t1.tdr"))));
         QCOMPARE(facts(0).at(1), line("The file does not exist any more"));
         // A slot counts as loaded whether its file could be read or not.
-        window.add_Selected_RFG(fixture.path(QStringLiteral("never.tdr")), 3);
+        window.add_Selected_RFG(fixture->path(QStringLiteral("never.tdr")), 3);
         QCOMPARE(facts(3), QStringList{ line("The file could not be read") });
     }
 
     void aPathIsShownAsItIsWritten()
     {
-        WindowFixture fixture;
-        const QString odd = fixture.trace(line("<b>Т & %1  &lt;.tdr"), TraceBuilder());
+        const QString odd = fixture->trace(line("<b>Т & %1  &lt;.tdr"), TraceBuilder());
         QString folder;
         for (int i = 0; i < 4; ++i)
             folder += QString(60, QLatin1Char('a' + char(i))) + QLatin1Char('/');
-        QVERIFY(QDir(fixture.path(QString())).mkpath(folder));
-        const QString longPath = fixture.trace(folder + QLatin1String("t.tdr"), TraceBuilder());
-        MainWindow &window = openThree(fixture);
+        QVERIFY(QDir(fixture->path(QString())).mkpath(folder));
+        const QString longPath = fixture->trace(folder + QLatin1String("t.tdr"), TraceBuilder());
+        MainWindow &window = openThree();
         window.add_Selected_RFG(odd, 0);
-        QCOMPARE(shownOn(fixture.probe().selected_rfg()[0]).value(2),
-                 QDir::toNativeSeparators(odd));
+        QCOMPARE(shownOn(probe().selected_rfg()[0]).value(2), QDir::toNativeSeparators(odd));
         window.add_Selected_RFG(longPath, 0);
         cleanup();
-        const QStringList facts = shownOn(fixture.probe().selected_rfg()[0]);
+        const QStringList facts = shownOn(probe().selected_rfg()[0]);
         QVERIFY(facts.size() > 6);
         for (const QString &fact : facts)
             QVERIFY(fact.size() <= 100);
@@ -236,71 +226,65 @@ private slots:
 
     void aReadingTellsAllItsDigits()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         window.KU_change(1.5);
         window.cursorSetup_slot(100);
         // 100 counts of 1.25 ns at 0.18737028625 m / 1.5 each. The samples of slot 2 are two counts
         // wide, 50 of them before this one, and it is lifted by 9.
         const QStringList reading{ line("12.491352416666667 m"), line("125 ns") };
-        QCOMPARE(shownOn(probe.curA_button()).mid(3), reading + QStringList{ line("Level: 9") });
-        QCOMPARE(shownOn(probe.cursor_dial()).mid(2), reading + QStringList{ line("Level: 9") });
-        QCOMPARE(shownOn(probe.curB_button()).mid(3),
+        QCOMPARE(shownOn(probe().curA_button()).mid(3), reading + QStringList{ line("Level: 9") });
+        QCOMPARE(shownOn(probe().cursor_dial()).mid(2), reading + QStringList{ line("Level: 9") });
+        QCOMPARE(shownOn(probe().curB_button()).mid(3),
                  (QStringList{ line("0 m"), line("0 ns"), line("Level: 9") }));
-        QCOMPARE(shownOn(probe.delta_lbl()).mid(1), reading);
+        QCOMPARE(shownOn(probe().delta_lbl()).mid(1), reading);
         window.cursorSetup_slot(60000);
-        QCOMPARE(shownOn(probe.curA_button()).last(), line("No level here"));
+        QCOMPARE(shownOn(probe().curA_button()).last(), line("No level here"));
         window.cursorSelect_slot(MainWindow::DELTA);
-        QCOMPARE(shownOn(probe.cursor_dial()).size(), 2);
+        QCOMPARE(shownOn(probe().cursor_dial()).size(), 2);
     }
 
     void aParameterTellsWhatTheDialDoes()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
-        const MainWindowProbe &probe = fixture.probe();
+        MainWindow &window = openThree();
         window.settings()->param_dial_speed = 70;
         const QString turn = line("Steps in a turn of the dial: 70");
-        QCOMPARE(shownOn(probe.KU_button()).mid(3),
+        QCOMPARE(shownOn(probe().KU_button()).mid(3),
                  (QStringList{ line("From 1 to 10 by 0.001 a step"), turn, line("Now: 1.49896228"),
                                line("Velocity factor v/c = 1/KU: 0.667") }));
         QCOMPARE(
-            shownOn(probe.V_offset_button()).mid(3),
+            shownOn(probe().V_offset_button()).mid(3),
             (QStringList{ line("From -256 to 256 levels, one a step"), turn, line("Now: 9") }));
         window.H_Offset_change(20);
-        const QStringList shift = shownOn(probe.H_offset_button()).mid(4);
+        const QStringList shift = shownOn(probe().H_offset_button()).mid(4);
         QCOMPARE(shift.first(), turn);
         QVERIFY(shift.last().startsWith(QLatin1String("Now: 2.50000")));
         QVERIFY(shift.last().endsWith(QLatin1String(" = 25 ns")));
-        const QStringList scale = shownOn(probe.scale_button()).mid(3);
+        const QStringList scale = shownOn(probe().scale_button()).mid(3);
         QCOMPARE(scale[0], line("From 31.25 m to 8000 m; each step doubles or halves it"));
         QCOMPARE(scale[1], line("Steps in a turn of the dial: 8"));
         QVERIFY(scale[2].endsWith(QLatin1String(" = 625 ns")));
         for (ParamButton *button :
-             { probe.KU_button(), probe.V_offset_button(), probe.scale_button() }) {
+             { probe().KU_button(), probe().V_offset_button(), probe().scale_button() }) {
             button->click();
-            QCOMPARE(shownOn(probe.param_dial()).mid(2), shownOn(button).mid(3));
+            QCOMPARE(shownOn(probe().param_dial()).mid(2), shownOn(button).mid(3));
         }
-        QTest::mouseClick(probe.selected_rfg()[4], Qt::LeftButton);
-        for (QWidget *button : { probe.V_offset_button(), probe.H_offset_button() })
+        QTest::mouseClick(probe().selected_rfg()[4], Qt::LeftButton);
+        for (QWidget *button : { probe().V_offset_button(), probe().H_offset_button() })
             QCOMPARE(shownOn(button).mid(3),
                      QStringList{ line("Nothing to shift: no trace in this slot") });
     }
 
     void aDamagedLanguageCodeLeavesEnglish()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         window.settings()->current_language = QString(1000000, QLatin1Char('_'));
-        QCOMPARE(shownOn(fixture.probe().scale_down_button()).first(), line("Magnifies"));
+        QCOMPARE(shownOn(probe().scale_down_button()).first(), line("Magnifies"));
         window.settings()->current_language = QStringLiteral("en_US");
     }
 
     void aTooltipChangesNothing()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture);
+        MainWindow &window = openThree();
         WindowFixture::settle();
         const QStringList before = stateOf(window);
         const auto widgets = window.findChildren<QWidget *>();
@@ -316,8 +300,7 @@ private slots:
 
     void withoutExtrasThereIsNoTooltip()
     {
-        WindowFixture fixture;
-        MainWindow &window = openThree(fixture, false);
+        MainWindow &window = openThree(false);
         const auto widgets = window.findChildren<QWidget *>();
         for (QWidget *widget : widgets) {
             QCOMPARE(widget->toolTip(), QString());

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
+#include "extras/exporting.h"
 #include "extras/extras.h"
 #include "inputevents.h"
 #include "interfacebutton.h"
@@ -18,6 +19,7 @@
 #include <QHash>
 #include <QMenu>
 #include <QPainter>
+#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 
@@ -86,6 +88,27 @@ public:
         return m_fixture.window().grab().toImage();
     }
 
+    /// What the window exports as \a format, in 128 colours; \a command writes a PNG of the file
+    /// that it gets as $0 to its output.
+    QImage exported(extras::Format format, const char *suffix, const char *command) const
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("export.") + QLatin1String(suffix));
+        const QString failure = extras::saveShown(m_fixture.window(), file, format);
+        if (!failure.isEmpty())
+            qFatal("no %s: %s", suffix, qPrintable(failure));
+        QProcess shell;
+        shell.start(
+            QStringLiteral("sh"),
+            { QStringLiteral("-c"),
+              QLatin1String(command) + QLatin1String(" | convert - +dither -colors 128 PNG8:-"),
+              file });
+        QImage picture;
+        if (!shell.waitForFinished() || !picture.loadFromData(shell.readAllStandardOutput()))
+            qFatal("no picture of %s", qPrintable(file));
+        return picture;
+    }
+
     /// A part of the window.
     void part(const char *name, QRect place) const
     {
@@ -94,7 +117,13 @@ public:
 
     void keep(const char *name, const QImage &picture) const
     {
-        save(m_folder + QLatin1String(name) + QStringLiteral(".png"), reduced(picture));
+        keepAll(name, reduced(picture));
+    }
+
+    /// Keeps all colours of \a picture.
+    void keepAll(const char *name, const QImage &picture) const
+    {
+        save(m_folder + QLatin1String(name) + QStringLiteral(".png"), picture);
     }
 
     /// A part of the window with the menu that \a open opens over it.
@@ -251,6 +280,28 @@ void makeSamples(const QString &language, const QString &docs, const QStringList
     }
 }
 
+/// What the window exports, as wide as the manual shows pictures.
+void makeExports(const QString &language, const QString &docs, const QStringList &traces)
+{
+    const Pictures pictures(language, docs, screenshotSize, traces);
+    pictures.placeCursors(38.0, 104.0);
+    struct Export
+    {
+        const char *name;
+        extras::Format format;
+        const char *suffix;
+        const char *command;
+    };
+    constexpr Export exports[] = {
+        { "export-picture", extras::Format::Picture, "png", "convert \"$0\" -resize 720x png:-" },
+        { "export-page", extras::Format::Page, "pdf",
+          "pdftoppm -scale-to-x 720 -scale-to-y -1 -png -singlefile \"$0\"" },
+        { "export-drawing", extras::Format::Drawing, "svg", "rsvg-convert --width 720 \"$0\"" }
+    };
+    for (const Export &one : exports)
+        pictures.keepAll(one.name, pictures.exported(one.format, one.suffix, one.command));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -284,6 +335,7 @@ int main(int argc, char **argv)
         makeControls(language, docs, traces);
         makeDifference(language, docs, traces);
         makeSamples(language, docs, traces);
+        makeExports(language, docs, traces);
     }
     QDir(folder).removeRecursively();
     return EXIT_SUCCESS;

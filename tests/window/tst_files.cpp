@@ -3,7 +3,6 @@
 #include "dialoganswer.h"
 #include "legendbutton.h"
 #include "settingsdata.h"
-#include "testfiles.h"
 #include "windowactions.h"
 #include "windowtest.h"
 
@@ -175,20 +174,6 @@ private slots:
         QCOMPARE(trace.full_path, fixture->path(QStringLiteral("t1.tdr")));
         for (const int id : { -1, 6 })
             QVERIFY(!window.read_rfg_DATA(trace.full_path, id));
-    }
-
-    void aShortFileKeepsTheFormerBytesBeyondItsEnd()
-    {
-        MainWindow &window = openOn({ level(7).gain(11) });
-        const QByteArray former = level(7).gain(11).bytes();
-        const QByteArray shorter = level(99).gain(22).bytes().left(100);
-        const QString path = fixture->path(QStringLiteral("short.tdr"));
-        writeFile(path, shorter);
-        window.add_Selected_RFG(path, 0);
-        const rfg_SHOWN &trace = probe().rfg_DATA()[0];
-        QCOMPARE(image(trace), shorter + former.mid(100));
-        QCOMPARE(firstLevel(0), 7.0);
-        QCOMPARE(trace.file_name, QStringLiteral("short"));
     }
 
     void neitherMagicNorLengthNorCheckByteIsLookedAt()

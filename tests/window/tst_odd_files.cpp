@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/program_files.h"
 #include "each.h"
+#include "inputevents.h"
 #include "oddplaces.h"
 #include "settingsdata.h"
 #include "testfiles.h"
@@ -145,7 +147,40 @@ private slots:
         });
     }
 
+    void aRunWithPathsThatCannotBeReadStartsAgain()
+    {
+        const OddPlaces places;
+        for (const OddPlace &place : places.all()) {
+            fixture->close();
+            WindowFixture::writePreviousRun({ place.path, place.path });
+            fixture->open();
+            input::click(probe().reset_all_button());
+            QVERIFY2(probe().rfg_read_index() == 3, place.kind);
+            QVERIFY2(probe().rfg_series()[1]->count() == 499, place.kind);
+            QVERIFY2(probe().dist_coef() > 0.0, place.kind);
+        }
+    }
+
     // ---- Settings ----
+
+    void aLastFolderThatIsNoPathOpensTheDialog()
+    {
+        WindowFixture::writeSettings("[WorkFolders]\nlastFolder=\"\\x0\"\n");
+        fixture->open();
+        QVERIFY(chooseFiles(*fixture, {}));
+    }
+
+    void aBackupThatCannotBeMadeDoesNotStopTheSaving()
+    {
+        const QString backup = program_files::settingsBackupFile();
+        WindowFixture::writeSettings("[Dials]\nparamSpeed=50\n");
+        QVERIFY(QDir().mkdir(backup));
+        fixture->open();
+        probe().settingsData()->param_dial_speed = 70;
+        fixture->close();
+        QVERIFY(QDir().rmdir(backup));
+        QVERIFY(contentOf(WindowFixture::settingsFile()).contains("paramSpeed=70\n"));
+    }
 
     void settingsFromAnywhereAreDefaultsAndLeaveTheTraces()
     {
