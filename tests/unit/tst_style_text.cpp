@@ -17,12 +17,13 @@ QString repeated(const char *text, int times)
     return QString::fromLatin1(text).repeated(times);
 }
 
-/// Names the first of \a sheets for which the answer is not \a expected; empty when there is none.
+/// The first of \a sheets, in quotes, for which the answer is not \a expected; empty when there is
+/// none.
 QString wrongAnswer(const QStringList &sheets, bool expected)
 {
     for (const QString &sheet : sheets)
         if (style_text::isAcceptable(sheet) != expected)
-            return sheet.left(80);
+            return QLatin1Char('"') + sheet.left(80) + QLatin1Char('"');
     return {};
 }
 
