@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QSocketNotifier>
-#include <QWidget>
 
 #include <climits>
 #include <csignal>
@@ -48,9 +47,6 @@ void closeAllWindows()
 {
     char any = 0;
     while (read(loopEnd, &any, sizeof any) > 0) { }
-    // Menus run event loops of their own and are no windows that closeAllWindows() would close.
-    while (QWidget *popup = QApplication::activePopupWidget())
-        popup->close();
     QApplication::closeAllWindows();
 }
 

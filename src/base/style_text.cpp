@@ -14,7 +14,7 @@ namespace {
 constexpr int maxSize = 256 * 1024; ///< characters
 constexpr int maxCost = 16384; ///< takes about 2 s with the widgets of the main window
 constexpr int pictureCost = 32; ///< Qt looks for a missing picture under every known suffix
-constexpr int generalFactor = 4; ///< for a rule that may match every widget
+constexpr int maxFactor = 5; ///< of the cost of a rule that may match every widget or button
 constexpr double maxNumber = 1e6;
 constexpr double maxLength = 4096.0; ///< px
 constexpr double maxBox = 256.0; ///< px; padding, margin and border add to a length on both sides
@@ -111,7 +111,7 @@ private:
     void countSign(QChar sign);
     void spend(int cost)
     {
-        m_cost += m_isGeneral ? generalFactor * cost : cost;
+        m_cost += m_factor * cost;
     }
 
     int m_cost = 0; ///< of what was read so far
@@ -124,7 +124,7 @@ private:
     QChar m_sign; ///< the last sign of this part, null after a word
     int m_commas = 0; ///< in this part
     bool m_isInRule = false;
-    bool m_isGeneral = false; ///< the rule may match every widget; declarations without a rule do
+    int m_factor = 1; ///< of the cost in this rule
 };
 
 bool Checker::accepts(const QString &sheet)
@@ -211,8 +211,10 @@ bool Checker::acceptsUrl() const
 
 void Checker::countSign(QChar sign)
 {
-    static const QRegularExpression general(
-        QStringLiteral(R"((?:^|[\s,>+~])[*:.[]|(?:^|[^-\w])Q(?:Widget|Object)(?![-\w]))"));
+    // Names with an object name match few widgets.
+    static const QRegularExpression general(QStringLiteral(
+        R"((?:^|[\s,>+~])[*:.[]|(?:^|[^-\w]))"
+        R"((?:Q(?:Widget|Object|AbstractButton|PushButton)|InterfaceButton)(?![-\w#]))"));
     if (m_closing.isNull() && isOneOf(sign, "([")) {
         m_closing = sign == QLatin1Char('(') ? QLatin1Char(')') : QLatin1Char(']');
         m_depth = 1;
@@ -223,10 +225,12 @@ void Checker::countSign(QChar sign)
     } else if (sign == QLatin1Char(','))
         spend(++m_commas);
     else if (isOneOf(sign, "{};")) {
-        if (sign == QLatin1Char(';'))
-            m_isGeneral = m_isGeneral || !m_isInRule;
-        else
-            m_isGeneral = sign == QLatin1Char('{') && m_part.contains(general);
+        if (sign == QLatin1Char('{'))
+            m_factor = m_part.contains(general) ? maxFactor : qMin(1 + m_commas, maxFactor);
+        else if (sign == QLatin1Char('}'))
+            m_factor = 1;
+        else if (!m_isInRule)
+            m_factor = maxFactor; // Qt applies declarations without a rule to every widget
         m_isInRule = sign == QLatin1Char('{') || (m_isInRule && sign == QLatin1Char(';'));
         if (sign == QLatin1Char('{') || (sign == QLatin1Char(';') && !m_property.isEmpty()))
             spend(1);

@@ -15,7 +15,8 @@ void MainWindow::set_CSS()
     const QString sheet = style_text::isAcceptable(text) ? text : QString();
     setStyleSheet(sheet);
     input_dialog->setStyleSheet(sheet);
-    // The plot is near-black whatever the sheet says; it comes back so in difference mode too.
+    // The plot is near-black with every sheet, in difference mode, too, until the mode is set
+    // again.
     m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);
     Plot_Chart->setBackgroundBrush(m_brush);
     m_brush.setColor(QColor::fromRgba(constants::normalBackground));

@@ -98,7 +98,7 @@ QByteArray VirtualScreen::run(const QString &program, const QStringList &argumen
     process.start(program, arguments);
     if (!process.waitForStarted())
         qFatal("%s is not installed", qPrintable(program));
-    process.waitForFinished();
+    process.waitForFinished(-1);
     return process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();
 }
 

@@ -17,12 +17,13 @@ QString repeated(const char *text, int times)
     return QString::fromLatin1(text).repeated(times);
 }
 
-/// Names the first of \a sheets for which the answer is not \a expected; empty when there is none.
+/// The first of \a sheets, in quotes, for which the answer is not \a expected; empty when there is
+/// none.
 QString wrongAnswer(const QStringList &sheets, bool expected)
 {
     for (const QString &sheet : sheets)
         if (style_text::isAcceptable(sheet) != expected)
-            return sheet.left(80);
+            return QLatin1Char('"') + sheet.left(80) + QLatin1Char('"');
     return {};
 }
 
@@ -206,19 +207,23 @@ private slots:
         };
         for (const Row &row : {
                  Row{ "", "QLabel{}", "", 16384 },
-                 Row{ "", "*{}", "", 4096 },
-                 Row{ "", "/**/ QLabel::item:!hover > A *{}", "", 4096 },
-                 Row{ "", "QLabel [a]{}", "", 4096 },
-                 Row{ "", "QWidget{}", "", 4096 },
-                 Row{ "", "@media screen{*{}", "", 3276 },
+                 Row{ "", "QPushButton#a{}", "", 16384 },
+                 Row{ "", "*{}", "", 3276 },
+                 Row{ "", "/**/ QLabel::item:!hover > A *{}", "", 3276 },
+                 Row{ "", "QLabel [a]{}", "", 3276 },
+                 Row{ "", "QWidget{}", "", 3276 },
+                 Row{ "", "QPushButton:hover{}", "", 3276 },
+                 Row{ "", "@media screen{*{}", "", 2730 },
                  Row{ "QLabel{", "a:b;", "}", 16383 },
-                 Row{ "*{", "a:b;", "}", 4095 },
-                 Row{ "", "a:b;", "", 4096 },
-                 Row{ "QLabel{} ", "a:b;", "", 4095 },
+                 Row{ "*{", "a:b;", "}", 3275 },
+                 Row{ "A,B,C{", "a:b;", "}", 5459 },
+                 Row{ "A,B,C,D,E,F{", "a:b;", "}", 3272 },
+                 Row{ "", "a:b;", "", 3276 },
+                 Row{ "QLabel{} ", "a:b;", "", 3276 },
                  Row{ "QLabel{", "image:url(x);", "}", 496 },
-                 Row{ "*{", "image:url(x);", "}", 124 },
+                 Row{ "*{", "image:url(x);", "}", 99 },
                  Row{ "", "*,", "*{}", 180 },
-                 Row{ "*{font-family:a", ",a", "}", 90 },
+                 Row{ "*{font-family:a", ",a", "}", 80 },
              }) {
             const auto sheet = [&](int times) {
                 return QLatin1String(row.begin) + repeated(row.repeated, times)
@@ -235,7 +240,7 @@ private slots:
             repeated("QLabel { color: rgb(4, 5, 6); }\n", 8000),
             repeated("QPushButton#one:hover, QPushButton#two {\n    background: rgb(4, 5, 6);\n"
                      "    border: 1px solid #0a0b0c;\n    padding: 4px;\n}\n",
-                     2000),
+                     1800),
             repeated("/* two, three; four { five } */\n", 8000),
             QStringLiteral("QLabel { color: red }") + repeated(" ;", 100000),
             QLatin1Char('*') + repeated(":enabled", 30000) + QStringLiteral("{ color: red }"),
