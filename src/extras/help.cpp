@@ -16,6 +16,7 @@
 #include <QButtonGroup>
 #include <QFile>
 #include <QFileDialog>
+#include <QFontInfo>
 #include <QImageReader>
 #include <QInputDialog>
 #include <QListWidget>
@@ -116,6 +117,9 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     // The program ends with its main window.
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(firstSize);
+    // The main window gives all widgets its letters, whose size follows its own; a sheet overrides.
+    setStyleSheet(QStringLiteral("* { font-size: %1px; }")
+                      .arg(QFontInfo(QApplication::font()).pixelSize()));
 
     auto *bar = new QToolBar;
     const QAction *backward = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), back,

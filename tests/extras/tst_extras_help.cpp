@@ -9,6 +9,7 @@
 #include "settingsdata.h"
 #include "threetraces.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -223,6 +224,18 @@ private slots:
             openPage()->setSource(QUrl(QString::fromUtf8(link)));
             QCOMPARE(headingInView(), QString::fromUtf8(heading));
         }
+        closeHelp();
+    }
+
+    void lettersOfTheManualStayAsTheWindowGrows()
+    {
+        askFor(m_fixture.probe().Plot_View());
+        const QTextBrowser &page = *openPage();
+        const qreal before = page.document()->documentLayout()->documentSize().height();
+        m_fixture.window().resize(1600, 1000);
+        WindowFixture::settle();
+        QVERIFY(m_fixture.window().font().pointSize() > QApplication::font().pointSize());
+        QCOMPARE(page.document()->documentLayout()->documentSize().height(), before);
         closeHelp();
     }
 
