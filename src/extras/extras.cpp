@@ -8,6 +8,7 @@
 #include "extras/tooltips.h"
 #include "mainwindow.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -16,8 +17,8 @@ namespace extras {
 
 namespace {
 
-/// Filters the events that the controls of the window do not use: Qt passes keys, drags and tooltip
-/// requests on to the window.
+/// Filters the events that the controls do not use: Qt passes keys, drags and tooltip requests on
+/// to the window, the dialog or the menu that they are in.
 class Attachment : public QObject
 {
 public:
@@ -26,23 +27,28 @@ public:
         , m_window(window)
         , m_dropping(window)
     {
-        window.installEventFilter(this);
-        // The plot and the dials use the arrow keys themselves.
-        const MainWindowParts &parts = window.parts();
-        for (QObject *control :
-             { static_cast<QObject *>(parts.Plot_View), static_cast<QObject *>(parts.param_dial),
-               static_cast<QObject *>(parts.cursor_dial) })
-            control->installEventFilter(this);
+        // Of the application, because dialogs and menus come and go.
+        qApp->installEventFilter(this);
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::KeyPress)
-            return keyPressed(m_window, *static_cast<QKeyEvent *>(event), watched);
-        return watched == &m_window ? windowEvent(event) : QObject::eventFilter(watched, event);
+            return hasKeys(watched)
+                && keyPressed(m_window, *static_cast<QKeyEvent *>(event), watched);
+        return watched == &m_window && windowEvent(event);
     }
 
 private:
+    /// True for the window, for the controls that use the arrow keys themselves, and for all of a
+    /// dialog or a menu that is open: some of their controls swallow every key.
+    bool hasKeys(const QObject *receiver) const
+    {
+        const MainWindowParts &parts = m_window.parts();
+        return receiver == &m_window || receiver == parts.Plot_View || receiver == parts.param_dial
+            || receiver == parts.cursor_dial || (receiver->isWidgetType() && isBlocked());
+    }
+
     bool windowEvent(QEvent *event)
     {
         switch (event->type()) {

@@ -9,13 +9,16 @@
 #include "mainwindow.h"
 #include "parambutton.h"
 #include "settingsdata.h"
+#include "settingsmenu.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QButtonGroup>
 #include <QFile>
+#include <QFileDialog>
+#include <QFontInfo>
 #include <QImageReader>
-#include <QLabel>
+#include <QInputDialog>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
@@ -25,6 +28,7 @@
 #include <QTextTable>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace extras {
 
@@ -57,7 +61,8 @@ Section sectionOf(const QWidget *control, const MainWindowParts &parts)
 {
     if (qobject_cast<const Cont_dial *>(control) != nullptr)
         return Dials;
-    if (qobject_cast<const LegendButton *>(control) != nullptr || control == parts.legend_button)
+    if (qobject_cast<const LegendButton *>(control) != nullptr || control == parts.legend_button
+        || qobject_cast<const QFileDialog *>(control) != nullptr)
         return Slots;
     if (qobject_cast<const ParamButton *>(control) != nullptr)
         return Parameters;
@@ -69,8 +74,10 @@ Section sectionOf(const QWidget *control, const MainWindowParts &parts)
         return Smooth;
     if (control == parts.reset_all_button)
         return ResetAll;
-    if (control == parts.settings_button)
+    if (control == parts.settings_button || control == parts.settingsMenu)
         return Settings;
+    if (control == parts.input_dialog)
+        return Parameters;
     const auto *button = qobject_cast<const QAbstractButton *>(control);
     const QButtonGroup *group = button == nullptr ? nullptr : button->group();
     if (group != nullptr
@@ -112,6 +119,9 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     // The program ends with its main window.
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(firstSize);
+    // The main window gives all widgets its letters, whose size follows its own; a sheet overrides.
+    setStyleSheet(
+        QStringLiteral("* { font-size: %1px; }").arg(QFontInfo(QApplication::font()).pixelSize()));
 
     auto *bar = new QToolBar;
     const QAction *backward = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), back,
@@ -155,6 +165,20 @@ void HelpWindow::readContents(const QUrl &index)
     for (QTextBlock block = m_page->document()->begin(); block.isValid(); block = block.next())
         if (block.textList() != nullptr)
             add(block.text(), index.resolved(block.begin().fragment().charFormat().anchorHref()));
+}
+
+void HelpWindow::open(const QWidget *dialog)
+{
+    winId(); // makes the native window
+    QWindow *below = dialog ? dialog->windowHandle() : nullptr;
+    if (windowHandle()->transientParent() != below) {
+        // Qt notes whether a window is blocked when it is shown.
+        hide();
+        windowHandle()->setTransientParent(below);
+    }
+    show();
+    raise();
+    activateWindow();
 }
 
 void HelpWindow::showControl(int section)
@@ -253,10 +277,11 @@ void showHelp(MainWindow &window)
                               texts.text(QT_TRANSLATE_NOOP("Extras", "Forward")));
         QObject::connect(&window, &QObject::destroyed, help, [help] { delete help; });
     }
-    help->show();
-    help->showControl(sectionOf(window.focusWidget(), window.parts()));
-    help->raise();
-    help->activateWindow();
+    if (QWidget *menu = QApplication::activePopupWidget())
+        menu->close();
+    const QWidget *dialog = QApplication::activeModalWidget();
+    help->open(dialog);
+    help->showControl(sectionOf(dialog ? dialog : window.focusWidget(), window.parts()));
 }
 
 } // namespace extras

@@ -22,6 +22,9 @@ public:
     /// in that language. \a back and \a forward are the names of the two buttons.
     HelpWindow(const QString &language, const QString &back, const QString &forward);
 
+    /// Opens the window, above \a dialog unless that is null: a modal dialog blocks all windows but
+    /// those above it.
+    void open(const QWidget *dialog);
     /// Shows the part with the number \a section, from 0 on, of the chapter on the controls.
     void showControl(int section);
 
@@ -38,8 +41,8 @@ private:
     QUrl m_controls; ///< chapter on the controls
 };
 
-/// Opens the manual, in the language of the interface, where it describes the control of \a window
-/// that has the focus.
+/// Opens the manual, in the language of the interface, where it describes the dialog that is open,
+/// else the control of \a window that has the focus. Closes an open menu.
 void showHelp(MainWindow &window);
 
 } // namespace extras

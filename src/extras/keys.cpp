@@ -195,11 +195,16 @@ template <std::size_t size> const Key *find(const Key (&table)[size], const Stro
 
 } // namespace
 
+bool isBlocked()
+{
+    return QApplication::activeModalWidget() || QApplication::activePopupWidget();
+}
+
 bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *receiver)
 {
-    if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
-        return false;
     const Stroke stroke = strokeOf(event);
+    if (isBlocked() && stroke.key != Qt::Key_F1)
+        return false;
     const MainWindowParts &parts = window.parts();
     const Key *onControl = receiver == parts.Plot_View ? find(keysOnPlot, stroke)
         : receiver == parts.param_dial                 ? find(keysOnParamDial, stroke)

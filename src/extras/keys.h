@@ -8,12 +8,14 @@ class QObject;
 
 namespace extras {
 
-/// Runs the action of the key in \a event, which arrived at \a receiver: the window, the plot or
-/// one of the dials. The plot and the dials have keys of their own besides those of the window.
-/// Returns true when \a receiver must not get the event.
+/// True while a dialog or a menu is open. Of the keys, only that of the manual counts then.
+bool isBlocked();
+
+/// Runs the action of the key in \a event, which arrived at \a receiver: the window, the plot, one
+/// of the dials, or a control of a dialog or menu. The plot and the dials have keys of their own
+/// besides those of the window. Returns true when \a receiver must not get the event.
 ///
-/// A letter counts by its place on the keyboard: on a Russian layout the key that types Т is N. No
-/// key counts while a dialog or a menu is open.
+/// A letter counts by its place on the keyboard: on a Russian layout the key that types Т is N.
 bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *receiver);
 
 } // namespace extras

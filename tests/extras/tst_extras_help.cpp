@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "dialoganswer.h"
 #include "each.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
@@ -8,10 +9,13 @@
 #include "settingsdata.h"
 #include "threetraces.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QInputDialog>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -129,6 +133,49 @@ private slots:
         closeHelp();
     }
 
+    void helpOpensAndWorksInADialog()
+    {
+        openThree();
+        const MainWindowProbe &probe = this->probe();
+        const std::pair<QWidget *, QString> rows[] = {
+            { probe.settings_button(), QStringLiteral("Settings") },
+            { probe.legend_button(), QStringLiteral("Files and trace slots") },
+            { probe.V_offset_button(), QStringLiteral("Parameters") },
+        };
+        for (const auto &[button, heading] : rows) {
+            const auto answer = answerDialog([heading = heading](QDialog &dialog) {
+                QWidget *focused = dialog.focusWidget();
+                askFor(focused ? focused : &dialog);
+                QCOMPARE(headingInView(), heading);
+                // By its native window, because only that is blocked by a dialog.
+                QWidget *help = openPage()->window();
+                const auto *chapters = help->findChild<QListWidget *>();
+                const QPoint first = chapters->visualItemRect(chapters->item(0)).center();
+                QTest::mouseClick(help->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                                  chapters->viewport()->mapTo(help, first));
+                QCOMPARE(headingInView(), QStringLiteral("Velkor manual"));
+                dialog.reject();
+            });
+            QTest::mouseClick(button,
+                              button == probe.V_offset_button() ? Qt::RightButton : Qt::LeftButton);
+            QVERIFY(answer->served());
+        }
+        closeHelp();
+    }
+
+    void helpClosesAMenu()
+    {
+        openThree();
+        const auto answer = answerMenu([](QMenu &menu) {
+            press(&menu, Qt::Key_F1);
+            QVERIFY(!menu.isVisible());
+            QVERIFY(openPage() != nullptr);
+        });
+        window().rfgMenuRequested_slot(0);
+        QVERIFY(answer->served());
+        closeHelp();
+    }
+
     void contentsLeadToEveryChapterAndBack()
     {
         askFor(openThree().parts().Plot_View);
@@ -181,6 +228,18 @@ private slots:
             openPage()->setSource(QUrl(QString::fromUtf8(link)));
             QCOMPARE(headingInView(), QString::fromUtf8(heading));
         }
+        closeHelp();
+    }
+
+    void lettersOfTheManualStayAsTheWindowGrows()
+    {
+        askFor(openThree().parts().Plot_View);
+        const QTextBrowser &page = *openPage();
+        const qreal before = page.document()->documentLayout()->documentSize().height();
+        window().resize(1600, 1000);
+        WindowFixture::settle();
+        QVERIFY(window().font().pointSize() > QApplication::font().pointSize());
+        QCOMPARE(page.document()->documentLayout()->documentSize().height(), before);
         closeHelp();
     }
 
