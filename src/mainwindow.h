@@ -80,7 +80,6 @@ protected:
 
 private:
     void interface_init();
-    void primeInputDialog();
     void storeWindowGeometry();
 
     // ---- Controls (window/controls.cpp) ----
@@ -335,29 +334,15 @@ public:
 private:
     void filterViewport(QEvent *event);
     void filterControls(QObject *watched, QEvent *event);
-    QString chartReport() const;
-    void resizeChart();
     void scaleInterface();
-    void scaleFonts();
-    void scaleIcons();
     void scaleMarkers(float ratio);
     void plotMouseMove(const QMouseEvent *event);
     void plotMousePress(const QMouseEvent *event);
     void plotWheel(const QWheelEvent *event);
     void setPointerShape(Qt::CursorShape shape);
-    void resizeSpacers();
 
     // ---- Entry dialogs (window/dialogs.cpp) ----
     void openEntryDialog(const QObject *button);
-    void setDialogTexts(const QString &word, const QString &from, const QString &to);
-    struct NumberQuestion;
-    bool askForNumber(const NumberQuestion &question);
-    bool isDialogAccepted();
-    void enterVelocityFactor();
-    void enterHorizontalOffset();
-    void enterVerticalOffset();
-    void enterScale();
-    void enterCursor(int which);
 
     friend class MainWindowProbe;
     QWidget *centralWidget = nullptr; ///< here, not among the parts: it hides the base's function
