@@ -142,7 +142,7 @@ public:
     {
     }
 
-    void velocityFactor()
+    void ku()
     {
         setDialogTexts(m_words.KU_STR, calc::generalText(double{ m_state.KU_min }),
                        calc::generalText(double{ m_state.KU_max }));
@@ -282,7 +282,7 @@ void MainWindow::openEntryDialog(const QObject *button)
 {
     Entry entry(*this);
     if (button == KU_button)
-        entry.velocityFactor();
+        entry.ku();
     else if (button == H_offset_button)
         entry.horizontalOffset();
     else if (button == V_offset_button)

@@ -121,6 +121,12 @@ void scaleIcons(const MainWindowParts &parts, float size)
         button->setIconSize(small);
 }
 
+void setPointerShape(MainWindow &window, QCursor &cursor, Qt::CursorShape shape)
+{
+    cursor.setShape(shape);
+    window.setCursor(cursor);
+}
+
 } // namespace
 
 // Consumes nothing: every event also reaches its target.
@@ -156,7 +162,7 @@ void MainWindow::filterViewport(QEvent *event)
         plotMousePress(static_cast<QMouseEvent *>(event));
         break;
     case QEvent::MouseButtonRelease:
-        setPointerShape(Qt::ArrowCursor);
+        setPointerShape(*this, chart_cursor_plot, Qt::ArrowCursor);
         break;
     case QEvent::Wheel:
         plotWheel(static_cast<QWheelEvent *>(event));
@@ -208,13 +214,8 @@ void MainWindow::scaleInterface()
     placeTitle();
     scaleIcons(*this, font_size);
     setAxisFonts();
-    axisSetup(plotInScene(), Plot_Chart->mapToScene(Plot_Chart->geometry()).boundingRect());
-    scaleMarkers(ratio);
-}
-
-void MainWindow::scaleMarkers(float ratio)
-{
     const QRectF plot = plotInScene();
+    axisSetup(plot, Plot_Chart->mapToScene(Plot_Chart->geometry()).boundingRect());
     for (CurArrow *marker : { cur_arrowA, cur_arrowB }) {
         const int cursor = marker->id;
         marker->setFont(font_size);
@@ -229,11 +230,11 @@ void MainWindow::plotMouseMove(const QMouseEvent *event)
 {
     const QPointF point = Plot_Chart->mapFromParent(QPointF(event->pos()));
     if (event->buttons() == Qt::MiddleButton) {
-        setPointerShape(Qt::ClosedHandCursor);
+        setPointerShape(*this, chart_cursor_plot, Qt::ClosedHandCursor);
         plotScroll(calc::panStep(master_scale, point.x() - mp, trueWidth));
     } else if (event->buttons() == Qt::LeftButton) {
         // Outside the plot area too, so that a drag that leaves it keeps the cursor.
-        setPointerShape(Qt::ClosedHandCursor);
+        setPointerShape(*this, chart_cursor_plot, Qt::ClosedHandCursor);
         cursorSetup_slot(calc::truncated(Plot_Chart->mapToValue(point).x()));
     }
     mp = calc::truncated(point.x());
@@ -281,10 +282,4 @@ void MainWindow::paramWheel(int notches)
                                                        : value;
     param_dial->trueValue = static_cast<int>(clamped);
     paramSetup_slot(param_dial->trueValue);
-}
-
-void MainWindow::setPointerShape(Qt::CursorShape shape)
-{
-    chart_cursor_plot.setShape(shape);
-    setCursor(chart_cursor_plot);
 }
