@@ -20,6 +20,25 @@
 #include <QScreen>
 #include <QSpacerItem>
 
+namespace {
+
+void primeInputDialog(QInputDialog &dialog)
+{
+    // Opened and rejected once per mode, so that the layout is settled before the first use.
+    for (const auto mode :
+         { QInputDialog::DoubleInput, QInputDialog::IntInput, QInputDialog::TextInput }) {
+        if (mode == QInputDialog::TextInput)
+            dialog.setComboBoxItems({});
+        dialog.setInputMode(mode);
+        dialog.setAttribute(Qt::WA_DontShowOnScreen);
+        dialog.open();
+        dialog.reject();
+        dialog.setAttribute(Qt::WA_DontShowOnScreen, false);
+    }
+}
+
+} // namespace
+
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
 {
@@ -82,7 +101,7 @@ void MainWindow::interface_init()
     settingsData->parse_translations();
     d->RFG_STR = tr("RFG");
     axisCreate();
-    primeInputDialog();
+    primeInputDialog(*input_dialog);
 
     settingsData->loadSettings(program_files::settingsFileToRead(), constants::allSections);
     settingsData->updateSettings(constants::allSections);
@@ -100,21 +119,6 @@ void MainWindow::interface_init()
     for (QAbstractButton *button : parameterButtons) {
         const int id = down_buttons->id(button);
         button->setEnabled(id == KU || id == V_OFFSET || id == H_OFFSET || id == SCALE);
-    }
-}
-
-void MainWindow::primeInputDialog()
-{
-    // Opened and rejected once per mode, so that the layout is settled before the first use.
-    for (const auto mode :
-         { QInputDialog::DoubleInput, QInputDialog::IntInput, QInputDialog::TextInput }) {
-        if (mode == QInputDialog::TextInput)
-            input_dialog->setComboBoxItems({});
-        input_dialog->setInputMode(mode);
-        input_dialog->setAttribute(Qt::WA_DontShowOnScreen);
-        input_dialog->open();
-        input_dialog->reject();
-        input_dialog->setAttribute(Qt::WA_DontShowOnScreen, false);
     }
 }
 

@@ -36,10 +36,8 @@ class QProgressBar;
 class QPushButton;
 class QSpacerItem;
 
-/// What the window is made of: everything in it that is created once, lives as long as the window
-/// and is seen or pressed. Pointers are owned through the toolkit's parents, but for the two
-/// markers and the spacers, which the window deletes. What changes while it runs is state of
-/// MainWindow.
+/// Objects that live as long as the window. Qt's parents own them, except for the two markers and
+/// the spacers, which the window deletes.
 struct MainWindowParts
 {
     // ---- Collaborators ----
@@ -85,15 +83,15 @@ struct MainWindowParts
     QPushButton *curA_nav_button = nullptr;
     QPushButton *curB_nav_button = nullptr;
 
-    QProgressBar *bat_bar = nullptr; ///< no place in the layout; hidden
+    QProgressBar *bat_bar = nullptr; ///< in no layout; hidden
     DateTime_lbl *date_bar = nullptr;
 
     // ---- Layout ----
-    QSpacerItem *blank_1 = nullptr; ///< in no layout, so the window deletes them itself
+    QSpacerItem *blank_1 = nullptr; ///< in no layout, so the window deletes the three spacers
     QSpacerItem *blank_2 = nullptr;
     QSpacerItem *blank_3 = nullptr;
-    QGroupBox *legend_group = nullptr; ///< no place in the layout; hidden
-    QGroupBox *misc_group = nullptr; ///< no place in the layout; hidden
+    QGroupBox *legend_group = nullptr; ///< in no layout; hidden
+    QGroupBox *misc_group = nullptr; ///< in no layout; hidden
 
     Cont_dial *param_dial = nullptr;
     Cont_dial *cursor_dial = nullptr;

@@ -15,20 +15,20 @@
 #include <QPointF>
 #include <QVector>
 
-/// The numbers by which the window's buttons, markers and modes are known.
+/// Ids of buttons, markers and modes.
 struct MainWindowModes
 {
-    /// Which cursor the cursor dial moves; also the ids of the cursor buttons and markers.
+    /// Cursor that the cursor dial moves; also the ids of the cursor buttons and markers.
     enum CURSOR_MODE {
         DELTA = 0, ///< none
         CURSOR_A = 1,
         CURSOR_B = 2,
     };
 
-    /// What a parameter button stands for; also its id.
+    /// Acquisition parameters; also the ids of their buttons.
     enum PARAMETER_MODE {
         GAIN = 0,
-        KU = 1, ///< velocity factor
+        KU = 1, ///< shortening factor, c/v
         AVERAGE = 2,
         V_OFFSET = 3,
         PULSE_WIDTH = 4,
@@ -38,7 +38,7 @@ struct MainWindowModes
         SCALE = 8,
     };
 
-    /// How traces are drawn: as they are, or as their difference from the master.
+    /// Traces are drawn as they are, or as their difference from the master.
     enum DIFF_MODE {
         NORMAL = 0,
         DIFF = 1,
@@ -99,17 +99,18 @@ struct MainWindowState
     float KU_min = constants::minKU;
     float KU_max = constants::maxKU;
     double dist_coef_0 = constants::distCoef0; ///< metres per count at the speed of light
-    double dist_coef = 0.0; ///< metres per count at the current velocity factor; 0 until known
+    double dist_coef = 0.0; ///< metres per count at the current KU; 0 before the first one
 
     // ---- Parameters ----
     MainWindowModes::PARAMETER_MODE parameter_flag
-        = MainWindowModes::V_OFFSET; ///< read by nothing; the checked button decides
+        = MainWindowModes::V_OFFSET; ///< unused; the checked button decides
 
     // ---- Cursors ----
     MainWindowModes::CURSOR_MODE Cur_flag
         = MainWindowModes::CURSOR_A; ///< cursor that the dial drives
     MainWindowModes::CURSOR_MODE Cur_flag_true
-        = MainWindowModes::CURSOR_A; ///< the user's choice while Cur_flag visits the other
+        = MainWindowModes::CURSOR_A; ///< the active cursor, also while cursors_update() sets
+                                     ///< Cur_flag
     int cursor_A_pos = 0; ///< counts
     int cursor_B_pos = 0;
     int cursor_A_pos_Y = 0; ///< sample steps, or 129

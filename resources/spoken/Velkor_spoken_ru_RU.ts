@@ -52,7 +52,7 @@
         <translation>Горизонтальный сдвиг</translation>
     </message>
     <message>
-        <source>Velocity factor</source>
+        <source>Shortening factor</source>
         <translation>Коэффициент укорочения</translation>
     </message>
     <message>

@@ -64,7 +64,7 @@ QVector<Wording> descriptions(const MainWindowParts &parts)
         { parts.Plot_View, QT_TRANSLATE_NOOP("Accessibility", "Plot") },
         { parts.param_dial, QT_TRANSLATE_NOOP("Accessibility", "Parameter dial") },
         { parts.H_offset_button, QT_TRANSLATE_NOOP("Accessibility", "Horizontal shift") },
-        { parts.KU_button, QT_TRANSLATE_NOOP("Accessibility", "Velocity factor") },
+        { parts.KU_button, QT_TRANSLATE_NOOP("Accessibility", "Shortening factor") },
         { parts.average_button, QT_TRANSLATE_NOOP("Accessibility", "Averaging") },
         { parts.V_offset_button, QT_TRANSLATE_NOOP("Accessibility", "Vertical shift") },
         { parts.pulse_amplitude_button, QT_TRANSLATE_NOOP("Accessibility", "Pulse amplitude") },

@@ -55,7 +55,6 @@ constexpr float startKU = 1.49896229F; ///< makes one count 0.125 m, to the prec
 constexpr double distCoef0 = 0.18737028625;
 constexpr float kuDialUnits = 1000.0F; ///< dial steps per unit of the velocity factor
 constexpr int kuDecimals = 3;
-constexpr double kuDialogStep = 0.001;
 
 // ---- Texts made of numbers ----
 
@@ -73,22 +72,11 @@ constexpr int scaleDialSpeed = 8; ///< steps per turn while the dial sets the sc
 
 // ---- Sizes ----
 
-constexpr double fontShare = 0.018; ///< base font size as a part of the window's smaller extent
-constexpr int fontWidthNumerator = 15; ///< of the window's width, 15/16 count as its extent
-constexpr int fontWidthDenominator = 16;
 constexpr double titleShare = 0.9; ///< chart title's font as a part of the base size
 constexpr double maxTitlePoints = 12.0;
 constexpr double minGridPixels = 10.0; ///< grid labels are never smaller than this
-constexpr double deltaFontFactor = 2.0; ///< distance between the cursors, of the base font size
-constexpr double navigationFontFactor = 1.5; ///< "A" and "B" of the navigation buttons, likewise
-constexpr float largeIconFactor = 3.0F; ///< icon side of trace and navigation buttons, likewise
-constexpr float smallIconFactor = 2.0F; ///< icon side of parameter and cursor buttons, likewise
 constexpr double titleGap = 2.0; ///< pixels between chart title and plot
 constexpr int chartMargin = 20; ///< pixels on each side of the plot
-/// The chart is this much wider and higher than its view, and moved by half of it, so that its own
-/// frame falls outside.
-constexpr double chartExtraWidth = 20.5;
-constexpr double chartExtraHeight = 20.0;
 constexpr double chartPosition = -10.25;
 
 // ---- Colours: 0xAARRGGBB, as QColor takes them ----

@@ -18,6 +18,15 @@ void hidePair(QGraphicsLineItem &line, QGraphicsSimpleTextItem &label)
     label.hide();
 }
 
+/// Point size of title and step label at the base font \a size, in points.
+int titlePoints(float size)
+{
+    // A very low window gives 0, which is no valid point size.
+    return std::max(1,
+                    calc::truncated(std::min(double{ size } * constants::titleShare,
+                                             constants::maxTitlePoints)));
+}
+
 } // namespace
 
 void MainWindow::axisCreate()
@@ -37,18 +46,6 @@ void MainWindow::axisCreate()
         add(axis_0_lbl[i], axis_0_lines[i]);
 }
 
-void MainWindow::createChartTexts()
-{
-    QFont bold = Plot_Chart->titleFont();
-    bold.setBold(true);
-    chart_title.setFont(bold);
-    chart_title.setBrush(QBrush(Qt::gray));
-    // Black, the brush it would have otherwise, cannot be seen on this background.
-    cursor_step_lbl.setBrush(QBrush(Qt::gray));
-    Plot_Scene->addItem(&chart_title);
-    Plot_Scene->addItem(&cursor_step_lbl);
-}
-
 QRectF MainWindow::plotInScene() const
 {
     return Plot_Chart->mapToScene(Plot_Chart->plotArea()).boundingRect();
@@ -57,24 +54,16 @@ QRectF MainWindow::plotInScene() const
 void MainWindow::placeTitle()
 {
     QFont font = chart_title.font();
-    font.setPointSize(titlePoints());
+    font.setPointSize(titlePoints(font_size));
     chart_title.setFont(font);
     const QPointF corner = plotInScene().topLeft();
     chart_title.setPos(corner.x() + double{ font_size },
                        corner.y() - chart_title.boundingRect().height() - constants::titleGap);
 
     QFont stepFont = cursor_step_lbl.font();
-    stepFont.setPointSize(titlePoints());
+    stepFont.setPointSize(titlePoints(font_size));
     cursor_step_lbl.setFont(stepFont);
     set_cur_step_lbl();
-}
-
-int MainWindow::titlePoints() const
-{
-    // A window of hardly any height would ask for no points at all, which no font can have.
-    return std::max(1,
-                    calc::truncated(std::min(double{ font_size } * constants::titleShare,
-                                             constants::maxTitlePoints)));
 }
 
 void MainWindow::setAxisFonts()
@@ -110,7 +99,7 @@ void MainWindow::setXAxis()
 {
     // One repaint of the whole plot is cheaper than one of 40 places that lines and labels leave.
     Plot_Scene->update();
-    const calc::GridPlan plan = calc::planGrid({ axisMin(), axisMax() }, dist_coef, trueWidth);
+    const calc::GridPlan plan = calc::planGrid(viewRange(), dist_coef, trueWidth);
     const int labelShift = axis_lbl[0].font().pixelSize() / 2;
     const double viewRight = Plot_View->viewport()->width();
     const auto apply = [&](const calc::GridPlan::Line &planned, QGraphicsLineItem &line,

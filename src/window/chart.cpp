@@ -15,11 +15,95 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-// Not resize alone: it copies a buffer that a series shares, even when there is nothing to change.
+// QVector::resize copies a buffer that a series shares even when the size is the same.
 void resizeTo(QVector<QPointF> &buffer, qtcompat::Size size)
 {
     if (buffer.size() != size)
         buffer.resize(size);
+}
+
+void createChartAxes(MainWindowParts &parts, QPen &pen, int length)
+{
+    const QColor axisColour = QColor::fromRgba(constants::axisColour);
+    parts.axisX->append(0.0, 0.0);
+    parts.axisX->append(length, 0.0);
+    pen.setColor(axisColour);
+    pen.setWidth(constants::baseLinePen);
+    parts.axisX->setPen(pen);
+    // Stays the first series of the chart, which QChart::mapToValue uses.
+    parts.Plot_Chart->addSeries(parts.axisX);
+    parts.Plot_Chart->createDefaultAxes();
+    parts.cust_axisX
+        = qobject_cast<QValueAxis *>(parts.Plot_Chart->axes(Qt::Horizontal).constFirst());
+    parts.cust_axisY
+        = qobject_cast<QValueAxis *>(parts.Plot_Chart->axes(Qt::Vertical).constFirst());
+
+    pen.setWidth(constants::axisLinePen);
+    for (QValueAxis *axis : { parts.cust_axisX, parts.cust_axisY }) {
+        axis->setLinePen(pen);
+        axis->setGridLineColor(axisColour);
+        axis->setTitleBrush(QBrush(Qt::gray));
+        axis->setLabelsColor(Qt::gray);
+        axis->setLabelFormat(QStringLiteral("%i"));
+    }
+    parts.cust_axisX->setRange(0, constants::drawnSamples);
+    parts.cust_axisX->setTickCount(2);
+    parts.cust_axisY->setRange(constants::levelMin, constants::levelMax);
+    parts.cust_axisY->setTickCount(9);
+
+    QFont labels = parts.cust_axisY->labelsFont();
+    labels.setPixelSize(10);
+    parts.cust_axisY->setLabelsFont(labels);
+    // The window draws the distances under the chart; the axis keeps the smallest height.
+    labels.setPixelSize(1);
+    parts.cust_axisX->setLabelsFont(labels);
+    parts.cust_axisX->setLabelsVisible(false);
+}
+
+void addTraceSeries(MainWindowParts &parts, QPen &pen, QObject *owner)
+{
+    for (int slot = 0; slot < constants::slotCount; ++slot) {
+        parts.rfg_series[slot] = new QLineSeries(owner);
+        parts.rfg_series_sp[slot] = new MarkableSpline(owner);
+        pen.setWidth(constants::tracePen);
+        pen.setColor(QColor::fromRgba(constants::slotColours[slot]));
+        for (QXYSeries *series : { static_cast<QXYSeries *>(parts.rfg_series[slot]),
+                                   static_cast<QXYSeries *>(parts.rfg_series_sp[slot]) }) {
+            series->setPen(pen);
+            parts.Plot_Chart->addSeries(series);
+            series->attachAxis(parts.cust_axisX);
+            series->attachAxis(parts.cust_axisY);
+        }
+        parts.rfg_series_sp[slot]->hide();
+    }
+}
+
+void addCursorSeries(const MainWindowParts &parts, int length)
+{
+    // Two points each from the start, because later code replaces them.
+    for (QLineSeries *line : { parts.cursor_A, parts.cursor_B })
+        line->replace(
+            QVector<QPointF>{ { 0.0, constants::levelMin }, { 0.0, constants::levelMax } });
+    for (QLineSeries *level : { parts.cursor_A_add, parts.cursor_B_add })
+        level->replace(QVector<QPointF>{ { 0.0, 0.0 }, { double(length), 0.0 } });
+    for (QLineSeries *series :
+         { parts.cursor_A_add, parts.cursor_A, parts.cursor_B_add, parts.cursor_B }) {
+        parts.Plot_Chart->addSeries(series);
+        series->attachAxis(parts.cust_axisX);
+        series->attachAxis(parts.cust_axisY);
+    }
+}
+
+void createChartTexts(MainWindowParts &parts)
+{
+    QFont bold = parts.Plot_Chart->titleFont();
+    bold.setBold(true);
+    parts.chart_title.setFont(bold);
+    parts.chart_title.setBrush(QBrush(Qt::gray));
+    // The default brush, black, is invisible on this background.
+    parts.cursor_step_lbl.setBrush(QBrush(Qt::gray));
+    parts.Plot_Scene->addItem(&parts.chart_title);
+    parts.Plot_Scene->addItem(&parts.cursor_step_lbl);
 }
 
 } // namespace
@@ -28,93 +112,24 @@ void MainWindow::buildChart()
 {
     Plot_Chart->setMargins(QMargins(constants::chartMargin, constants::chartMargin,
                                     constants::chartMargin, constants::chartMargin));
-    // The scene's background shows through, so that difference mode can colour it.
+    // The background is that of the scene, which difference mode colours.
     Plot_Chart->setPlotAreaBackgroundVisible(false);
     Plot_Chart->setBackgroundVisible(false);
     Plot_Chart->legend()->hide();
-    // An attached legend, also a hidden one, has the chart laid out for every new pen of a series.
+    // An attached legend, hidden or not, causes a layout of the chart for each new pen of a series.
     Plot_Chart->legend()->detachFromChart();
 
-    createChartAxes();
-    addTraceSeries();
-    addCursorSeries();
+    createChartAxes(*this, m_pen, x_length);
+    addTraceSeries(*this, m_pen, this);
+    addCursorSeries(*this, x_length);
     seriesLayer = new SeriesLayer(*Plot_Chart, *cust_axisX, *cust_axisY);
     Plot_Scene->addItem(Plot_Chart);
-    createChartTexts();
+    createChartTexts(*this);
     points.resize(constants::stepPointCount);
     points_sp.resize(constants::drawnSamples);
 
     Plot_Scene->addItem(cur_arrowA->group);
     Plot_Scene->addItem(cur_arrowB->group);
-}
-
-void MainWindow::createChartAxes()
-{
-    const QColor axisColour = QColor::fromRgba(constants::axisColour);
-    axisX->append(0.0, 0.0);
-    axisX->append(x_length, 0.0);
-    m_pen.setColor(axisColour);
-    m_pen.setWidth(constants::baseLinePen);
-    axisX->setPen(m_pen);
-    // The chart's first series for good: it is the one by which pixels become counts.
-    Plot_Chart->addSeries(axisX);
-    Plot_Chart->createDefaultAxes();
-    cust_axisX = qobject_cast<QValueAxis *>(Plot_Chart->axes(Qt::Horizontal).constFirst());
-    cust_axisY = qobject_cast<QValueAxis *>(Plot_Chart->axes(Qt::Vertical).constFirst());
-
-    m_pen.setWidth(constants::axisLinePen);
-    for (QValueAxis *axis : { cust_axisX, cust_axisY }) {
-        axis->setLinePen(m_pen);
-        axis->setGridLineColor(axisColour);
-        axis->setTitleBrush(QBrush(Qt::gray));
-        axis->setLabelsColor(Qt::gray);
-        axis->setLabelFormat(QStringLiteral("%i"));
-    }
-    cust_axisX->setRange(0, constants::drawnSamples);
-    cust_axisX->setTickCount(2);
-    cust_axisY->setRange(constants::levelMin, constants::levelMax);
-    cust_axisY->setTickCount(9);
-
-    QFont labels = cust_axisY->labelsFont();
-    labels.setPixelSize(10);
-    cust_axisY->setLabelsFont(labels);
-    // Distances under the chart are drawn by the window; the axis keeps the least possible height.
-    labels.setPixelSize(1);
-    cust_axisX->setLabelsFont(labels);
-    cust_axisX->setLabelsVisible(false);
-}
-
-void MainWindow::addTraceSeries()
-{
-    for (int slot = 0; slot < constants::slotCount; ++slot) {
-        rfg_series[slot] = new QLineSeries(this);
-        rfg_series_sp[slot] = new MarkableSpline(this);
-        m_pen.setWidth(constants::tracePen);
-        m_pen.setColor(QColor::fromRgba(constants::slotColours[slot]));
-        for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
-                                   static_cast<QXYSeries *>(rfg_series_sp[slot]) }) {
-            series->setPen(m_pen);
-            Plot_Chart->addSeries(series);
-            series->attachAxis(cust_axisX);
-            series->attachAxis(cust_axisY);
-        }
-        rfg_series_sp[slot]->hide();
-    }
-}
-
-void MainWindow::addCursorSeries()
-{
-    // Two points each from the start: they are only ever replaced.
-    for (QLineSeries *line : { cursor_A, cursor_B })
-        line->replace(
-            QVector<QPointF>{ { 0.0, constants::levelMin }, { 0.0, constants::levelMax } });
-    for (QLineSeries *level : { cursor_A_add, cursor_B_add })
-        level->replace(QVector<QPointF>{ { 0.0, 0.0 }, { double(x_length), 0.0 } });
-    for (QLineSeries *series : { cursor_A_add, cursor_A, cursor_B_add, cursor_B }) {
-        Plot_Chart->addSeries(series);
-        series->attachAxis(cust_axisX);
-        series->attachAxis(cust_axisY);
-    }
 }
 
 calc::TraceRef MainWindow::traceRef(int id) const
@@ -130,8 +145,8 @@ void MainWindow::load_rfg(int id)
         return;
     const calc::TraceRef trace = traceRef(id);
     const bool difference = isDrawnAsDifference(id);
-    // The series of the other form keeps its old points; it is rebuilt when it comes to sight. Its
-    // buffer takes the size that those points would have.
+    // The series of the other form is hidden and keeps its old points. Its buffer gets the size
+    // that its points would have.
     if (smooth_rfg_flag) {
         if (difference)
             calc::splineDifference(traceRef(rfg_master_ID), trace, points_sp);

@@ -16,10 +16,40 @@
 
 QT_CHARTS_USE_NAMESPACE
 
+namespace {
+
+/// Both series of cursor \a which in drawing order: the level below the line. None in delta mode.
+QVector<QXYSeries *> seriesOf(const MainWindowParts &parts, int which)
+{
+    if (which == MainWindow::CURSOR_A)
+        return { parts.cursor_A_add, parts.cursor_A };
+    if (which == MainWindow::CURSOR_B)
+        return { parts.cursor_B_add, parts.cursor_B };
+    return {};
+}
+
+void colourCursors(const MainWindowParts &parts, int active)
+{
+    const auto colour = [](bool isActive, QLineSeries *line, QLineSeries *level, CurArrow *marker) {
+        const QColor ink = isActive ? Qt::yellow : Qt::gray;
+        QPen pen(ink, constants::cursorPen);
+        line->setPen(pen);
+        pen.setWidth(constants::cursorLevelPen);
+        pen.setStyle(Qt::DashLine);
+        level->setPen(pen);
+        marker->setBr_style(isActive ? Qt::SolidPattern : Qt::NoBrush);
+        marker->setColor(ink);
+    };
+    colour(active == MainWindow::CURSOR_A, parts.cursor_A, parts.cursor_A_add, parts.cur_arrowA);
+    colour(active == MainWindow::CURSOR_B, parts.cursor_B, parts.cursor_B_add, parts.cur_arrowB);
+}
+
+} // namespace
+
 void MainWindow::cursorSetup_slot(int column)
 {
     moveCursor(column);
-    seriesLayer->raise(cursorSeries(Cur_flag));
+    seriesLayer->raise(seriesOf(*this, Cur_flag));
 }
 
 void MainWindow::moveCursor(int column)
@@ -27,23 +57,7 @@ void MainWindow::moveCursor(int column)
     if (Cur_flag == DELTA)
         return;
     const int clamped = calc::clampedColumn(column);
-    showCursor(pointUnder(clamped));
-    // The dial keeps the column that was asked for, so that slow turns add up to a sample.
-    cursor_dial->trueValue = clamped;
-    cursorInfo_update();
-}
-
-calc::CursorPoint MainWindow::pointUnder(int column) const
-{
-    if (!isLoaded(rfg_ID))
-        return { calc::snapped(column, stepOf(rfg_ID)), constants::noLevel };
-    if (isDrawnAsDifference(rfg_ID))
-        return calc::cursorOnDifference(column, traceRef(rfg_master_ID), traceRef(rfg_ID));
-    return calc::cursorOn(column, traceRef(rfg_ID));
-}
-
-void MainWindow::showCursor(const calc::CursorPoint &point)
-{
+    const calc::CursorPoint point = pointUnder(clamped);
     const bool isA = Cur_flag == CURSOR_A;
     (isA ? cursor_A_pos : cursor_B_pos) = point.column;
     (isA ? cursor_A_pos_Y : cursor_B_pos_Y) = point.level;
@@ -58,23 +72,27 @@ void MainWindow::showCursor(const calc::CursorPoint &point)
     const double y = point.level;
     line->replace(QVector<QPointF>{ { x, constants::levelMin }, { x, constants::levelMax } });
     level->replace(QVector<QPointF>{ { 0.0, y }, { double(x_length), y } });
+
+    // The dial keeps the requested column, so that slow turns add up to a sample.
+    cursor_dial->trueValue = clamped;
+    cursorInfo_update();
 }
 
-QVector<QXYSeries *> MainWindow::cursorSeries(int which) const
+calc::CursorPoint MainWindow::pointUnder(int column) const
 {
-    if (which == CURSOR_A)
-        return { cursor_A_add, cursor_A };
-    if (which == CURSOR_B)
-        return { cursor_B_add, cursor_B };
-    return {};
+    if (!isLoaded(rfg_ID))
+        return { calc::snapped(column, stepOf(rfg_ID)), constants::noLevel };
+    if (isDrawnAsDifference(rfg_ID))
+        return calc::cursorOnDifference(column, traceRef(rfg_master_ID), traceRef(rfg_ID));
+    return calc::cursorOn(column, traceRef(rfg_ID));
 }
 
 QVector<QXYSeries *> MainWindow::cursorSeries() const
 {
     if (Cur_flag_true == DELTA)
         return {};
-    return cursorSeries(Cur_flag_true == CURSOR_A ? CURSOR_B : CURSOR_A)
-        + cursorSeries(Cur_flag_true);
+    return seriesOf(*this, Cur_flag_true == CURSOR_A ? CURSOR_B : CURSOR_A)
+        + seriesOf(*this, Cur_flag_true);
 }
 
 void MainWindow::cursorSelect_slot(int mode)
@@ -98,25 +116,9 @@ void MainWindow::cursorSelect_slot(int mode)
     } else {
         cursor_dial->ring_color = Qt::black;
     }
-    seriesLayer->raise(cursorSeries(mode));
-    colourCursors();
+    seriesLayer->raise(seriesOf(*this, mode));
+    colourCursors(*this, Cur_flag);
     setCursorDialText(caption);
-}
-
-void MainWindow::colourCursors()
-{
-    const auto colour = [](bool active, QLineSeries *line, QLineSeries *level, CurArrow *marker) {
-        const QColor ink = active ? Qt::yellow : Qt::gray;
-        QPen pen(ink, constants::cursorPen);
-        line->setPen(pen);
-        pen.setWidth(constants::cursorLevelPen);
-        pen.setStyle(Qt::DashLine);
-        level->setPen(pen);
-        marker->setBr_style(active ? Qt::SolidPattern : Qt::NoBrush);
-        marker->setColor(ink);
-    };
-    colour(Cur_flag == CURSOR_A, cursor_A, cursor_A_add, cur_arrowA);
-    colour(Cur_flag == CURSOR_B, cursor_B, cursor_B_add, cur_arrowB);
 }
 
 void MainWindow::cursorInfo_update()
@@ -144,7 +146,7 @@ void MainWindow::cursors_update()
     Cur_flag_true = Cur_flag;
     if (Cur_flag == DELTA)
         return;
-    // The active cursor comes last, so that dial and caption end on it.
+    // The active cursor comes last, so that dial and caption show it.
     const CURSOR_MODE other = Cur_flag == CURSOR_A ? CURSOR_B : CURSOR_A;
     for (const CURSOR_MODE cursor : { other, Cur_flag_true }) {
         Cur_flag = cursor;
@@ -162,7 +164,7 @@ int MainWindow::cursorPosition(int which) const
 
 void MainWindow::gotoCursor(int which)
 {
-    const calc::Range range = calc::centredOn(cursorPosition(which), { axisMin(), axisMax() });
+    const calc::Range range = calc::centredOn(cursorPosition(which), viewRange());
     setPlotRange(range.min, range.max);
 }
 

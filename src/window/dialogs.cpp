@@ -9,6 +9,7 @@
 #include "mainwindow.h"
 #include "parambutton.h"
 
+#include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QKeyEvent>
@@ -19,6 +20,8 @@
 #include <QValidator>
 
 namespace {
+
+constexpr double kuDialogStep = 0.001;
 
 /// Reads what is typed or pasted into a number box. Point and comma are the decimal separator.
 /// Blanks at the ends, between groups of three digits and before the unit are ignored. Every other
@@ -114,11 +117,9 @@ QString metre()
     return QStringLiteral("[mм]");
 }
 
-} // namespace
-
 /// A question for a number: bounds, step, decimals (0 for an integer), the number to begin with and
 /// the pattern of a unit that may follow it.
-struct MainWindow::NumberQuestion
+struct NumberQuestion
 {
     double min;
     double max;
@@ -128,129 +129,168 @@ struct MainWindow::NumberQuestion
     QString unit;
 };
 
+/// One opening of the entry dialog of \a window.
+class Entry
+{
+public:
+    explicit Entry(MainWindow &window)
+        : m_window(window)
+        , m_parts(window.parts())
+        , m_state(window.state())
+        , m_words(*m_parts.d)
+        , m_dialog(*m_parts.input_dialog)
+    {
+    }
+
+    void ku()
+    {
+        setDialogTexts(m_words.KU_STR, calc::generalText(double{ m_state.KU_min }),
+                       calc::generalText(double{ m_state.KU_max }));
+        if (!askForNumber({ double{ m_state.KU_min },
+                            double{ m_state.KU_max },
+                            kuDialogStep,
+                            constants::kuDecimals,
+                            double{ m_state.master_params.KU },
+                            {} }))
+            return;
+        m_window.KU_change(m_dialog.doubleValue());
+        // KU itself and not its thousandths, as paramSelect_slot would set: the next turn of the
+        // dial starts there.
+        if (dialSets(MainWindow::KU))
+            m_parts.param_dial->trueValue = calc::truncated(m_state.master_params.KU);
+    }
+
+    void horizontalOffset()
+    {
+        const double limit = m_state.x_length * m_state.dist_coef;
+        setDialogTexts(m_words.H_OFFSET_STR, calc::generalText(-limit), calc::generalText(limit));
+        if (!askForNumber({ -limit, limit, m_state.stepOf(m_state.rfg_ID) * m_state.dist_coef,
+                            constants::distanceDecimals, trace().scroll * m_state.dist_coef,
+                            metre() }))
+            return;
+        m_window.H_Offset_change(calc::truncated(m_dialog.doubleValue() / m_state.dist_coef));
+        if (dialSets(MainWindow::H_OFFSET))
+            m_parts.param_dial->trueValue = trace().scroll;
+    }
+
+    void verticalOffset()
+    {
+        constexpr int limit = constants::verticalOffsetLimit;
+        setDialogTexts(m_words.V_OFFSET_STR, QString::number(-limit), QString::number(limit));
+        if (!askForNumber({ -limit, limit, 1, 0, double(trace().offset), {} }))
+            return;
+        m_window.V_Offset_change(m_dialog.intValue());
+        if (dialSets(MainWindow::V_OFFSET))
+            m_parts.param_dial->trueValue = trace().offset;
+    }
+
+    void scale()
+    {
+        QStringList items;
+        for (int exponent = constants::minScale; exponent <= constants::maxScale; ++exponent)
+            items << calc::generalText(double{ calc::scaleDistance(exponent) })
+                    + m_words.DIST_SUFFIX_STR;
+        setDialogTexts(m_words.SCALE_STR,
+                       calc::generalText(double{ calc::scaleDistance(constants::minScale) }),
+                       calc::generalText(double{ calc::scaleDistance(constants::maxScale) }));
+        m_dialog.setInputMode(QInputDialog::TextInput);
+        m_dialog.setComboBoxEditable(false);
+        m_dialog.setComboBoxItems(items);
+        m_dialog.setTextValue(items.at(m_state.master_scale));
+        if (!isDialogAccepted())
+            return;
+        QString text = m_dialog.textValue();
+        text.chop(m_words.DIST_SUFFIX_STR.length());
+        m_window.scale_change(calc::exponentOfDistance(text.toDouble()));
+        if (dialSets(MainWindow::SCALE))
+            m_parts.param_dial->trueValue = m_state.master_scale;
+    }
+
+    void cursor(int which)
+    {
+        const double limit = m_state.x_length * m_state.dist_coef;
+        setDialogTexts(which == MainWindow::CURSOR_A ? m_words.CURSOR_A_STR : m_words.CURSOR_B_STR,
+                       QString::number(0), calc::generalText(limit));
+        if (!askForNumber({ 0.0, limit, m_state.cursorStep() * m_state.dist_coef,
+                            constants::distanceDecimals,
+                            m_window.cursorPosition(which) * m_state.dist_coef, metre() }))
+            return;
+        // Moves the active cursor, also when the button is that of the other one.
+        m_window.cursorSetup_slot(calc::truncated(m_dialog.doubleValue() / m_state.dist_coef));
+        if (m_state.Cur_flag == which)
+            m_parts.cursor_dial->trueValue = m_window.cursorPosition(which);
+    }
+
+private:
+    const rfg_SHOWN &trace() const
+    {
+        return m_state.rfg_DATA[m_state.rfg_ID];
+    }
+
+    bool dialSets(int parameter) const
+    {
+        return m_parts.down_buttons->checkedId() == parameter;
+    }
+
+    void setDialogTexts(const QString &word, const QString &from, const QString &to)
+    {
+        m_dialog.setWindowTitle(word);
+        m_dialog.setLabelText(word + QLatin1Char('\n') + m_words.RANGE_STR
+                              + QStringLiteral(" : [%1; %2]").arg(from, to));
+    }
+
+    bool askForNumber(const NumberQuestion &question)
+    {
+        // In this order, because each setter rounds or clamps the values set before.
+        QAbstractSpinBox *box = nullptr;
+        if (question.decimals == 0) {
+            m_dialog.setInputMode(QInputDialog::IntInput);
+            m_dialog.setIntRange(int(question.min), int(question.max));
+            m_dialog.setIntStep(int(question.step));
+            m_dialog.setIntValue(int(question.value));
+            box = m_dialog.findChild<QSpinBox *>();
+        } else {
+            m_dialog.setInputMode(QInputDialog::DoubleInput);
+            m_dialog.setDoubleDecimals(question.decimals);
+            m_dialog.setDoubleRange(question.min, question.max);
+            m_dialog.setDoubleStep(question.step);
+            m_dialog.setDoubleValue(question.value);
+            box = m_dialog.findChild<QDoubleSpinBox *>();
+        }
+        const NumberReader reader(box, question.unit);
+        return isDialogAccepted();
+    }
+
+    bool isDialogAccepted()
+    {
+        // A dialog that was cancelled over a refused text left the button disabled for the next
+        // one.
+        m_dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->setEnabled(true);
+        return m_dialog.exec() == QDialog::Accepted;
+    }
+
+    MainWindow &m_window;
+    const MainWindowParts &m_parts;
+    const MainWindowState &m_state;
+    const Dictionary &m_words;
+    QInputDialog &m_dialog;
+};
+
+} // namespace
+
 void MainWindow::openEntryDialog(const QObject *button)
 {
+    Entry entry(*this);
     if (button == KU_button)
-        enterVelocityFactor();
+        entry.ku();
     else if (button == H_offset_button)
-        enterHorizontalOffset();
+        entry.horizontalOffset();
     else if (button == V_offset_button)
-        enterVerticalOffset();
+        entry.verticalOffset();
     else if (button == scale_button)
-        enterScale();
+        entry.scale();
     else if (button == curA_button)
-        enterCursor(CURSOR_A);
+        entry.cursor(CURSOR_A);
     else if (button == curB_button)
-        enterCursor(CURSOR_B);
-}
-
-void MainWindow::setDialogTexts(const QString &word, const QString &from, const QString &to)
-{
-    input_dialog->setWindowTitle(word);
-    input_dialog->setLabelText(word + QLatin1Char('\n') + d->RANGE_STR
-                               + QStringLiteral(" : [%1; %2]").arg(from, to));
-}
-
-bool MainWindow::askForNumber(const NumberQuestion &question)
-{
-    // In this order: each of them would round or clamp what the ones after it bring.
-    QAbstractSpinBox *box = nullptr;
-    if (question.decimals == 0) {
-        input_dialog->setInputMode(QInputDialog::IntInput);
-        input_dialog->setIntRange(int(question.min), int(question.max));
-        input_dialog->setIntStep(int(question.step));
-        input_dialog->setIntValue(int(question.value));
-        box = input_dialog->findChild<QSpinBox *>();
-    } else {
-        input_dialog->setInputMode(QInputDialog::DoubleInput);
-        input_dialog->setDoubleDecimals(question.decimals);
-        input_dialog->setDoubleRange(question.min, question.max);
-        input_dialog->setDoubleStep(question.step);
-        input_dialog->setDoubleValue(question.value);
-        box = input_dialog->findChild<QDoubleSpinBox *>();
-    }
-    const NumberReader reader(box, question.unit);
-    return isDialogAccepted();
-}
-
-bool MainWindow::isDialogAccepted()
-{
-    // A dialog that was cancelled over a refused text left the button disabled for the next one.
-    input_dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->setEnabled(true);
-    return input_dialog->exec() == QDialog::Accepted;
-}
-
-void MainWindow::enterVelocityFactor()
-{
-    setDialogTexts(d->KU_STR, calc::generalText(double{ KU_min }),
-                   calc::generalText(double{ KU_max }));
-    if (!askForNumber({ double{ KU_min },
-                        double{ KU_max },
-                        constants::kuDialogStep,
-                        constants::kuDecimals,
-                        double{ master_params.KU },
-                        {} }))
-        return;
-    KU_change(input_dialog->doubleValue());
-    // The factor itself, not its thousandths: the dial catches up with the next turn of it.
-    if (checkedParameter() == KU)
-        param_dial->trueValue = calc::truncated(master_params.KU);
-}
-
-void MainWindow::enterHorizontalOffset()
-{
-    const double limit = x_length * dist_coef;
-    setDialogTexts(d->H_OFFSET_STR, calc::generalText(-limit), calc::generalText(limit));
-    if (!askForNumber({ -limit, limit, stepOf(rfg_ID) * dist_coef, constants::distanceDecimals,
-                        rfg_DATA[rfg_ID].scroll * dist_coef, metre() }))
-        return;
-    H_Offset_change(calc::truncated(input_dialog->doubleValue() / dist_coef));
-    if (checkedParameter() == H_OFFSET)
-        param_dial->trueValue = rfg_DATA[rfg_ID].scroll;
-}
-
-void MainWindow::enterVerticalOffset()
-{
-    constexpr int limit = constants::verticalOffsetLimit;
-    setDialogTexts(d->V_OFFSET_STR, QString::number(-limit), QString::number(limit));
-    if (!askForNumber({ -limit, limit, 1, 0, double(rfg_DATA[rfg_ID].offset), {} }))
-        return;
-    V_Offset_change(input_dialog->intValue());
-    if (checkedParameter() == V_OFFSET)
-        param_dial->trueValue = rfg_DATA[rfg_ID].offset;
-}
-
-void MainWindow::enterScale()
-{
-    QStringList items;
-    for (int exponent = constants::minScale; exponent <= constants::maxScale; ++exponent)
-        items << calc::generalText(double{ calc::scaleDistance(exponent) }) + d->DIST_SUFFIX_STR;
-    setDialogTexts(d->SCALE_STR,
-                   calc::generalText(double{ calc::scaleDistance(constants::minScale) }),
-                   calc::generalText(double{ calc::scaleDistance(constants::maxScale) }));
-    input_dialog->setInputMode(QInputDialog::TextInput);
-    input_dialog->setComboBoxEditable(false);
-    input_dialog->setComboBoxItems(items);
-    input_dialog->setTextValue(items.at(master_scale));
-    if (!isDialogAccepted())
-        return;
-    QString text = input_dialog->textValue();
-    text.chop(d->DIST_SUFFIX_STR.length());
-    scale_change(calc::exponentOfDistance(text.toDouble()));
-    if (checkedParameter() == SCALE)
-        param_dial->trueValue = master_scale;
-}
-
-void MainWindow::enterCursor(int which)
-{
-    const double limit = x_length * dist_coef;
-    setDialogTexts(which == CURSOR_A ? d->CURSOR_A_STR : d->CURSOR_B_STR, QString::number(0),
-                   calc::generalText(limit));
-    if (!askForNumber({ 0.0, limit, cursorStep() * dist_coef, constants::distanceDecimals,
-                        cursorPosition(which) * dist_coef, metre() }))
-        return;
-    // Moves the active cursor, whichever button was asked.
-    cursorSetup_slot(calc::truncated(input_dialog->doubleValue() / dist_coef));
-    if (Cur_flag == which)
-        cursor_dial->trueValue = cursorPosition(which);
+        entry.cursor(CURSOR_B);
 }

@@ -51,11 +51,6 @@ int MainWindowState::cursorStep() const
     return stepOf(selectedCounts ? rfg_ID : rfg_master_ID);
 }
 
-int MainWindow::emptySlotStep() const
-{
-    return calc::countsPerSample(master_params.sample_minstep);
-}
-
 bool MainWindow::read_rfg_DATA(const QString &path, int id)
 {
     if (!isSlot(id))
@@ -113,25 +108,6 @@ void MainWindow::openFiles(const QStringList &files)
 void MainWindow::show_AllSelected_RFGs(state_index mask)
 {
     rfg_read_index = mask & constants::slotMask;
-    loadAllTraces();
-    if (rfg_read_index == 0) {
-        master_is_set = false;
-        selectTrace(0);
-        return;
-    }
-    const int former = rfg_master_ID;
-    rfg_master_ID = settingsData->master_ID;
-    master_is_set = false;
-    rfg_ID = isSlot(rfg_master_ID) ? rfg_master_ID : 0;
-    // setMasterID sees the new rfg_master_ID only, so the old mark is removed here.
-    if (former != rfg_ID)
-        unmarkMaster(former);
-    setMasterID(rfg_ID);
-    selectTrace(rfg_ID);
-}
-
-void MainWindow::loadAllTraces()
-{
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         if (isLoaded(slot)) {
             // The result is ignored: a trace whose file is gone keeps its slot.
@@ -146,6 +122,20 @@ void MainWindow::loadAllTraces()
         selected_rfg[slot]->menuEnable(isLoaded(slot));
         setRfgButtonText(slot);
     }
+    if (rfg_read_index == 0) {
+        master_is_set = false;
+        selectTrace(0);
+        return;
+    }
+    const int former = rfg_master_ID;
+    rfg_master_ID = settingsData->master_ID;
+    master_is_set = false;
+    rfg_ID = isSlot(rfg_master_ID) ? rfg_master_ID : 0;
+    // setMasterID sees the new rfg_master_ID only, so the old mark is removed here.
+    if (former != rfg_ID)
+        unmarkMaster(former);
+    setMasterID(rfg_ID);
+    selectTrace(rfg_ID);
 }
 
 void MainWindow::loadSingle_slot(int id)
@@ -188,7 +178,7 @@ void MainWindow::remove_Selected_RFG(int id)
         return;
     rfg_read_index = unsetbit(rfg_read_index, id);
     settingsData->read_index = rfg_read_index;
-    rfg_DATA[id].coef_from_min = emptySlotStep();
+    rfg_DATA[id].coef_from_min = calc::countsPerSample(master_params.sample_minstep);
     selected_rfg[id]->menuEnable(false);
     RFG_visibleToggle(id, false);
     setRfgButtonText(id);
@@ -221,7 +211,7 @@ void MainWindow::resetCurrent_slot(int id)
 
 void MainWindow::reset_slot()
 {
-    plotScroll(-axisMin());
+    plotScroll(-viewRange().min);
     diff_flag = NORMAL;
     difference_button->setChecked(false);
     show_AllSelected_RFGs(rfg_read_index);

@@ -26,6 +26,18 @@
 
 namespace {
 
+constexpr double fontShare = 0.018; ///< base font size as a share of the smaller window extent
+constexpr int fontWidthNumerator = 15; ///< 15/16 of the width count as its extent
+constexpr int fontWidthDenominator = 16;
+constexpr double deltaFontFactor = 2.0; ///< of the base font size, for the cursor distance
+constexpr double navigationFontFactor = 1.5; ///< same, for "A" and "B" of the navigation buttons
+constexpr float largeIconFactor = 3.0F; ///< same, icon side of trace and navigation buttons
+constexpr float smallIconFactor = 2.0F; ///< same, icon side of parameter and cursor buttons
+/// Pixels by which the chart is wider and higher than its view. It is moved by half of them, so
+/// that its frame is outside the view.
+constexpr double chartExtraWidth = 20.5;
+constexpr double chartExtraHeight = 20.0;
+
 constexpr QRgb linkOnDark = 0xFF5ADCFF;
 
 /// Rich text takes the colour of links from the palette of the application. Its blue cannot be read
@@ -40,6 +52,81 @@ void adaptLinks(const QColor &ground)
     QApplication::setPalette(palette);
 }
 
+QString chartReport(const MainWindowParts &parts)
+{
+    const QRectF plot = parts.Plot_Chart->plotArea();
+    const QSizeF chart = parts.Plot_Chart->size();
+    return QStringLiteral("plot %1,%2 %3x%4 chart %5x%6 frame %7 axis %8")
+        .arg(plot.x())
+        .arg(plot.y())
+        .arg(plot.width())
+        .arg(plot.height())
+        .arg(chart.width())
+        .arg(chart.height())
+        .arg(chart.width() - plot.width())
+        .arg(parts.cust_axisX->max());
+}
+
+void resizeChart(const MainWindowParts &parts)
+{
+    parts.Plot_Scene->setSceneRect(parts.Plot_View->sceneRect());
+    parts.Plot_Chart->resize(parts.Plot_View->width() + chartExtraWidth,
+                             parts.Plot_View->height() + chartExtraHeight);
+    parts.Plot_Chart->setPos(constants::chartPosition, constants::chartPosition);
+}
+
+void resizeSpacers(const MainWindowParts &parts)
+{
+    for (QSpacerItem *spacer : { parts.blank_1, parts.blank_2, parts.blank_3 })
+        spacer->changeSize(10, parts.selected_rfg[0]->height() / 5, QSizePolicy::Minimum,
+                           QSizePolicy::Minimum);
+}
+
+/// Derives all fonts from \a font and the base \a size, in points.
+void scaleFonts(const MainWindowParts &parts, QFont font, float size)
+{
+    const auto sized = [&font, size](double factor) {
+        font.setPointSize(std::max(1, calc::truncated(factor * double{ size })));
+        return font;
+    };
+    const QFont common = sized(1.0);
+    const auto widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets)
+        widget->setFont(common);
+    parts.delta_lbl->setFont(sized(deltaFontFactor));
+    parts.curA_nav_button->setFont(sized(navigationFontFactor));
+    parts.curB_nav_button->setFont(sized(navigationFontFactor));
+}
+
+/// Derives all icons from the base font \a size, in points.
+void scaleIcons(const MainWindowParts &parts, float size)
+{
+    const auto square = [size](float factor) {
+        const int side = calc::truncated(factor * size);
+        return QSize(side, side);
+    };
+    const QSize large = square(largeIconFactor);
+    const QSize small = square(smallIconFactor);
+    for (LegendButton *button : parts.selected_rfg)
+        button->setIconSize(large);
+    for (QPushButton *button : { parts.scale_up_button, parts.scale_down_button,
+                                 parts.scroll_left_button, parts.scroll_right_button })
+        button->setIconSize(large);
+    const auto parameterButtons = parts.down_buttons->buttons();
+    for (QAbstractButton *button : parameterButtons)
+        button->setIconSize(small);
+    for (QPushButton *button : { static_cast<QPushButton *>(parts.curA_button),
+                                 static_cast<QPushButton *>(parts.curB_button),
+                                 parts.settings_button, parts.difference_button })
+        button->setIconSize(small);
+}
+
+void setPointerShape(MainWindow &window, QCursor &cursor, Qt::CursorShape shape)
+{
+    cursor.setShape(shape);
+    window.setCursor(cursor);
+}
+
 } // namespace
 
 // Consumes nothing: every event also reaches its target.
@@ -47,12 +134,12 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == Plot_View->viewport()) {
         if (event->type() == QEvent::Resize && Plot_Chart) {
-            // Written here and not in a helper: the log shows the name of this function.
-            qDebug() << "1 before resize" << qUtf8Printable(chartReport());
-            resizeChart();
-            qDebug() << "2 after resize" << qUtf8Printable(chartReport());
+            // Not in a helper function: the log shows the name of this function.
+            qDebug() << "1 before resize" << qUtf8Printable(chartReport(*this));
+            resizeChart(*this);
+            qDebug() << "2 after resize" << qUtf8Printable(chartReport(*this));
             trueWidth = static_cast<float>(Plot_Chart->plotArea().width());
-            qDebug() << "5 after correction" << qUtf8Printable(chartReport()) << "view"
+            qDebug() << "5 after correction" << qUtf8Printable(chartReport(*this)) << "view"
                      << Plot_View->size();
         }
         filterViewport(event);
@@ -75,7 +162,7 @@ void MainWindow::filterViewport(QEvent *event)
         plotMousePress(static_cast<QMouseEvent *>(event));
         break;
     case QEvent::MouseButtonRelease:
-        setPointerShape(Qt::ArrowCursor);
+        setPointerShape(*this, chart_cursor_plot, Qt::ArrowCursor);
         break;
     case QEvent::Wheel:
         plotWheel(static_cast<QWheelEvent *>(event));
@@ -94,7 +181,7 @@ void MainWindow::filterControls(QObject *watched, QEvent *event)
         break;
     case QEvent::Resize:
         if (watched == legend_button)
-            resizeSpacers();
+            resizeSpacers(*this);
         break;
     case QEvent::Wheel: {
         const int notch = sign(static_cast<QWheelEvent *>(event)->angleDelta().y());
@@ -116,86 +203,19 @@ void MainWindow::filterControls(QObject *watched, QEvent *event)
     }
 }
 
-QString MainWindow::chartReport() const
-{
-    const QRectF plot = Plot_Chart->plotArea();
-    const QSizeF chart = Plot_Chart->size();
-    return QStringLiteral("plot %1,%2 %3x%4 chart %5x%6 frame %7 axis %8")
-        .arg(plot.x())
-        .arg(plot.y())
-        .arg(plot.width())
-        .arg(plot.height())
-        .arg(chart.width())
-        .arg(chart.height())
-        .arg(chart.width() - plot.width())
-        .arg(cust_axisX->max());
-}
-
-void MainWindow::resizeChart()
-{
-    Plot_Scene->setSceneRect(Plot_View->sceneRect());
-    Plot_Chart->resize(Plot_View->width() + constants::chartExtraWidth,
-                       Plot_View->height() + constants::chartExtraHeight);
-    Plot_Chart->setPos(constants::chartPosition, constants::chartPosition);
-}
-
 void MainWindow::scaleInterface()
 {
-    const int extent = std::min(
-        width() * constants::fontWidthNumerator / constants::fontWidthDenominator, height());
+    const int extent = std::min(width() * fontWidthNumerator / fontWidthDenominator, height());
     const float former = font_size;
-    font_size = static_cast<float>(extent * constants::fontShare);
+    font_size = static_cast<float>(extent * fontShare);
     const float ratio = former == 0.0F ? 1.0F : font_size / former;
 
-    scaleFonts();
+    scaleFonts(*this, font(), font_size);
     placeTitle();
-    scaleIcons();
+    scaleIcons(*this, font_size);
     setAxisFonts();
-    axisSetup(plotInScene(), Plot_Chart->mapToScene(Plot_Chart->geometry()).boundingRect());
-    scaleMarkers(ratio);
-}
-
-void MainWindow::scaleFonts()
-{
-    const auto sized = [this](double factor) {
-        QFont font = this->font();
-        font.setPointSize(std::max(1, calc::truncated(factor * double{ font_size })));
-        return font;
-    };
-    const QFont common = sized(1.0);
-    const auto widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets)
-        widget->setFont(common);
-    delta_lbl->setFont(sized(constants::deltaFontFactor));
-    curA_nav_button->setFont(sized(constants::navigationFontFactor));
-    curB_nav_button->setFont(sized(constants::navigationFontFactor));
-}
-
-void MainWindow::scaleIcons()
-{
-    const auto square = [this](float factor) {
-        const int side = calc::truncated(factor * font_size);
-        return QSize(side, side);
-    };
-    const QSize large = square(constants::largeIconFactor);
-    const QSize small = square(constants::smallIconFactor);
-    for (LegendButton *button : selected_rfg)
-        button->setIconSize(large);
-    for (QPushButton *button :
-         { scale_up_button, scale_down_button, scroll_left_button, scroll_right_button })
-        button->setIconSize(large);
-    const auto parameterButtons = down_buttons->buttons();
-    for (QAbstractButton *button : parameterButtons)
-        button->setIconSize(small);
-    for (QPushButton *button :
-         { static_cast<QPushButton *>(curA_button), static_cast<QPushButton *>(curB_button),
-           settings_button, difference_button })
-        button->setIconSize(small);
-}
-
-void MainWindow::scaleMarkers(float ratio)
-{
     const QRectF plot = plotInScene();
+    axisSetup(plot, Plot_Chart->mapToScene(Plot_Chart->geometry()).boundingRect());
     for (CurArrow *marker : { cur_arrowA, cur_arrowB }) {
         const int cursor = marker->id;
         marker->setFont(font_size);
@@ -210,11 +230,11 @@ void MainWindow::plotMouseMove(const QMouseEvent *event)
 {
     const QPointF point = Plot_Chart->mapFromParent(QPointF(event->pos()));
     if (event->buttons() == Qt::MiddleButton) {
-        setPointerShape(Qt::ClosedHandCursor);
+        setPointerShape(*this, chart_cursor_plot, Qt::ClosedHandCursor);
         plotScroll(calc::panStep(master_scale, point.x() - mp, trueWidth));
     } else if (event->buttons() == Qt::LeftButton) {
         // Outside the plot area too, so that a drag that leaves it keeps the cursor.
-        setPointerShape(Qt::ClosedHandCursor);
+        setPointerShape(*this, chart_cursor_plot, Qt::ClosedHandCursor);
         cursorSetup_slot(calc::truncated(Plot_Chart->mapToValue(point).x()));
     }
     mp = calc::truncated(point.x());
@@ -262,17 +282,4 @@ void MainWindow::paramWheel(int notches)
                                                        : value;
     param_dial->trueValue = static_cast<int>(clamped);
     paramSetup_slot(param_dial->trueValue);
-}
-
-void MainWindow::setPointerShape(Qt::CursorShape shape)
-{
-    chart_cursor_plot.setShape(shape);
-    setCursor(chart_cursor_plot);
-}
-
-void MainWindow::resizeSpacers()
-{
-    for (QSpacerItem *spacer : { blank_1, blank_2, blank_3 })
-        spacer->changeSize(10, selected_rfg[0]->height() / 5, QSizePolicy::Minimum,
-                           QSizePolicy::Minimum);
 }

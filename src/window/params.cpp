@@ -6,8 +6,10 @@
 #include "mainwindow.h"
 #include "settingsdata.h"
 
-/// Setup of the parameter dial for one parameter; \c speed in steps per turn.
-struct MainWindow::DialSetup
+namespace {
+
+/// Limits and value of the parameter dial; \c speed in steps per turn.
+struct DialSetup
 {
     bool startsAtZero;
     int min;
@@ -16,46 +18,50 @@ struct MainWindow::DialSetup
     int speed;
 };
 
+void setUp(Cont_dial &dial, const DialSetup &setup)
+{
+    dial.zeroOff = setup.startsAtZero;
+    dial.trueMin = setup.min;
+    dial.trueMax = setup.max;
+    dial.trueValue = setup.value;
+    dial.setAccuracy(setup.speed);
+    // QDial takes the value modulo its range; trueValue holds the real one.
+    dial.setValue(setup.value);
+}
+
+} // namespace
+
 void MainWindow::paramSelect_slot(int id)
 {
     const rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     const int speed = settingsData->param_dial_speed;
     switch (id) {
     case KU:
-        setUpParamDial(
-            { true, 0, calc::dialOfKU(KU_max), calc::dialOfKU(master_params.KU), speed });
-        setParamDialText(d->KU_STR, velocityText());
+        setUp(*param_dial,
+              { true, 0, calc::dialOfKU(KU_max), calc::dialOfKU(master_params.KU), speed });
+        setParamDialText(d->KU_STR, kuText());
         break;
     case V_OFFSET:
-        setUpParamDial({ false, -constants::verticalOffsetLimit, constants::verticalOffsetLimit,
-                         trace.offset, speed });
+        setUp(*param_dial,
+              { false, -constants::verticalOffsetLimit, constants::verticalOffsetLimit,
+                trace.offset, speed });
         setParamDialText(d->V_OFFSET_STR, count_to_level(trace.offset));
         break;
     case H_OFFSET:
-        setUpParamDial({ false, -x_length, x_length, trace.scroll, speed });
+        setUp(*param_dial, { false, -x_length, x_length, trace.scroll, speed });
         setParamDialText(d->H_OFFSET_STR, count_to_distance(trace.scroll));
         break;
     case SCALE:
         // At the user's speed a tenth of a turn would cross all nine levels.
-        setUpParamDial({ true, constants::minScale, constants::maxScale, master_scale,
-                         constants::scaleDialSpeed });
+        setUp(*param_dial,
+              { true, constants::minScale, constants::maxScale, master_scale,
+                constants::scaleDialSpeed });
         setParamDialText(d->SCALE_STR, scaleText());
         break;
     default:
         // A read-only parameter or none: the dial keeps its range and value.
         break;
     }
-}
-
-void MainWindow::setUpParamDial(const DialSetup &setup)
-{
-    param_dial->zeroOff = setup.startsAtZero;
-    param_dial->trueMin = setup.min;
-    param_dial->trueMax = setup.max;
-    param_dial->trueValue = setup.value;
-    param_dial->setAccuracy(setup.speed);
-    // QDial takes the value modulo its range; trueValue holds the real one.
-    param_dial->setValue(setup.value);
 }
 
 void MainWindow::paramSetup_slot(int x)

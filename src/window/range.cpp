@@ -13,14 +13,26 @@
 
 #include <algorithm>
 
-int MainWindow::axisMin() const
+namespace {
+
+void redrawAfterShift(MainWindow &window)
 {
-    return calc::truncated(cust_axisX->min());
+    const MainWindowState &state = window.state();
+    if (state.diff_flag == MainWindow::NORMAL || state.rfg_ID != state.rfg_master_ID) {
+        window.load_rfg(state.rfg_ID);
+        return;
+    }
+    // All differences depend on the master.
+    for (int slot = 0; slot < constants::slotCount; ++slot)
+        if (state.isLoaded(slot))
+            window.load_rfg(slot);
 }
 
-int MainWindow::axisMax() const
+} // namespace
+
+calc::Range MainWindow::viewRange() const
 {
-    return calc::truncated(cust_axisX->max());
+    return { calc::truncated(cust_axisX->min()), calc::truncated(cust_axisX->max()) };
 }
 
 void MainWindow::setPlotRange(int min, int max)
@@ -35,24 +47,19 @@ void MainWindow::setPlotRange(int min, int max)
     }
     scrollfactorX = min;
     setXAxis();
-    updateMarkers(min, max);
-    scroll_left_button->setEnabled(min != 0);
-    scroll_right_button->setEnabled(max != x_length);
-}
-
-void MainWindow::updateMarkers(int min, int max)
-{
     cur_arrowA->setXRes(max - min);
     cur_arrowB->setXRes(max - min);
     cur_arrowA->moveX(static_cast<float>(qint64{ cursor_A_pos } - min));
     cur_arrowB->moveX(static_cast<float>(qint64{ cursor_B_pos } - min));
     cur_arrowA->vis_state(isCursor_visible(CURSOR_A));
     cur_arrowB->vis_state(isCursor_visible(CURSOR_B));
+    scroll_left_button->setEnabled(min != 0);
+    scroll_right_button->setEnabled(max != x_length);
 }
 
 void MainWindow::plotScroll(int step)
 {
-    const calc::Range range = calc::scrolled({ axisMin(), axisMax() }, step);
+    const calc::Range range = calc::scrolled(viewRange(), step);
     setPlotRange(range.min, range.max);
 }
 
@@ -98,7 +105,7 @@ void MainWindow::H_Offset_change(int value)
     // Shifts to the left are kept in two's complement, as the instrument does.
     trace.f_p_840.ch.params.shiftX = static_cast<quint32>(samples);
     trace.scroll = samples * step;
-    redrawAfterShift();
+    redrawAfterShift(*this);
     setCaption(H_offset_button, d->H_OFFSET_STR, count_to_distance(trace.scroll));
     cursors_update();
     if (checkedParameter() == H_OFFSET)
@@ -109,7 +116,7 @@ void MainWindow::V_Offset_change(int value)
 {
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     trace.offset = calc::clampedVerticalOffset(value);
-    redrawAfterShift();
+    redrawAfterShift(*this);
     setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
     cursors_update();
     // An offset of exactly 129 is nothing here and 129 on the button: the dial shows levels, and
@@ -118,30 +125,18 @@ void MainWindow::V_Offset_change(int value)
         setParamDialText(d->V_OFFSET_STR, count_to_level(trace.offset));
 }
 
-void MainWindow::redrawAfterShift()
-{
-    if (diff_flag == NORMAL || rfg_ID != rfg_master_ID) {
-        load_rfg(rfg_ID);
-        return;
-    }
-    // All differences depend on the master.
-    for (int slot = 0; slot < constants::slotCount; ++slot)
-        if (isLoaded(slot))
-            load_rfg(slot);
-}
-
 void MainWindow::KU_change(double ku)
 {
     master_params.KU = calc::clampedKU(ku);
     dist_coef = dist_coef_0 / double{ master_params.KU };
     setXAxis();
     updateStepLabel();
-    setCaption(KU_button, d->KU_STR, velocityText());
+    setCaption(KU_button, d->KU_STR, kuText());
     const QString shift = count_to_distance(rfg_DATA[rfg_ID].scroll);
     if (isLoaded(rfg_ID))
         setCaption(H_offset_button, d->H_OFFSET_STR, shift);
     if (checkedParameter() == KU)
-        setParamDialText(d->KU_STR, velocityText());
+        setParamDialText(d->KU_STR, kuText());
     else if (checkedParameter() == H_OFFSET)
         setParamDialText(d->H_OFFSET_STR, shift);
     cursors_update();

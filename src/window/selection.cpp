@@ -14,6 +14,18 @@
 
 QT_CHARTS_USE_NAMESPACE
 
+namespace {
+
+void setSlotIcon(LegendButton *button, QLatin1String path)
+{
+    // The name of the hidden icon has no number.
+    const QString name = path;
+    const bool numbered = name.contains(QLatin1String("%1"));
+    button->setIcon(QIcon(bundledPicture(numbered ? name.arg(button->id + 1) : name)));
+}
+
+} // namespace
+
 void MainWindow::rfgSelect_slot(int id)
 {
     if (!isSlot(id))
@@ -86,18 +98,11 @@ void MainWindow::RFG_visibleToggle(int id, bool visible)
     else
         rfg_series[id]->setVisible(visible);
     if (!visible)
-        setSlotIcon(id, constants::hiddenSlotIcon);
+        setSlotIcon(selected_rfg[id], constants::hiddenSlotIcon);
     else
-        setSlotIcon(id, id == rfg_master_ID ? constants::masterSlotIcon : constants::slotIcon);
+        setSlotIcon(selected_rfg[id],
+                    id == rfg_master_ID ? constants::masterSlotIcon : constants::slotIcon);
     selected_rfg[id]->setVis(visible);
-}
-
-void MainWindow::setSlotIcon(int id, QLatin1String path)
-{
-    // The name of the hidden icon has no number.
-    const QString name = path;
-    const bool numbered = name.contains(QLatin1String("%1"));
-    selected_rfg[id]->setIcon(QIcon(bundledPicture(numbered ? name.arg(id + 1) : name)));
 }
 
 void MainWindow::setMasterID(int id)
@@ -108,7 +113,9 @@ void MainWindow::setMasterID(int id)
         return;
     if (previous != rfg_master_ID)
         unmarkMaster(previous);
-    markMaster(rfg_master_ID);
+    selected_rfg[rfg_master_ID]->setMast(true);
+    if (selected_rfg[rfg_master_ID]->vis())
+        setSlotIcon(selected_rfg[rfg_master_ID], constants::masterSlotIcon);
     settingsData->master_ID = static_cast<signed char>(rfg_master_ID);
 
     const auto params = rfg_DATA[rfg_master_ID].f_p_840.ch.params;
@@ -116,7 +123,7 @@ void MainWindow::setMasterID(int id)
     master_params.sample_minstep = params.sample_minstep;
     for (int slot = 0; slot < constants::slotCount; ++slot)
         if (!isLoaded(slot))
-            rfg_DATA[slot].coef_from_min = emptySlotStep();
+            rfg_DATA[slot].coef_from_min = calc::countsPerSample(params.sample_minstep);
     if (diff_flag == DIFF) {
         for (int slot = 0; slot < constants::slotCount; ++slot)
             if (isLoaded(slot))
@@ -150,14 +157,7 @@ void MainWindow::unmarkMaster(int id)
     // setMast(false) enables "Set as Master", which an empty slot must not offer.
     selected_rfg[id]->menuEnable(isLoaded(id));
     if (selected_rfg[id]->vis())
-        setSlotIcon(id, constants::slotIcon);
-}
-
-void MainWindow::markMaster(int id)
-{
-    selected_rfg[id]->setMast(true);
-    if (selected_rfg[id]->vis())
-        setSlotIcon(id, constants::masterSlotIcon);
+        setSlotIcon(selected_rfg[id], constants::slotIcon);
 }
 
 void MainWindow::addremove_aux(int id, bool shown)

@@ -15,10 +15,41 @@
 #include <QLocale>
 #include <QPushButton>
 
+namespace {
+
+void nameDialogButtons(const MainWindowParts &parts)
+{
+    parts.input_dialog->setOkButtonText(parts.d->OK_STR);
+    parts.input_dialog->setCancelButtonText(parts.d->CANCEL_STR);
+}
+
+void retranslateButtons(const MainWindowParts &parts)
+{
+    parts.legend_button->setText(parts.d->FILES_STR + QStringLiteral("..."));
+    parts.settings_button->setText(parts.d->SETTINGS_STR + QStringLiteral("..."));
+    parts.settingsMenu->retranslateUI();
+    parts.difference_button->setText(parts.d->DIFF_MODE_STR);
+    parts.smooth_button->setText(MainWindow::tr("Smooth"));
+    parts.reset_all_button->setText(MainWindow::tr("Reset All"));
+    nameDialogButtons(parts);
+    // And after Qt's own language change event, which is still queued: the dialog answers it with
+    // Qt's words, which have no translation here.
+    QMetaObject::invokeMethod(
+        parts.input_dialog, [&parts] { nameDialogButtons(parts); }, Qt::QueuedConnection);
+    parts.curA_nav_button->setText(QStringLiteral("A"));
+    parts.curB_nav_button->setText(QStringLiteral("B"));
+    parts.curA_action->setText(parts.d->CURSOR_A_STR);
+    parts.curB_action->setText(parts.d->CURSOR_B_STR);
+    parts.cur_wheel_action->setText(parts.d->CURSORS_MOVE_STR);
+    parts.scale_wheel_action->setText(parts.d->SCALE_CHG_STR);
+}
+
+} // namespace
+
 void MainWindow::retranslateUi()
 {
     d->setStrings();
-    retranslateButtons();
+    retranslateButtons(*this);
     // Loaded slots carry the word in their own names.
     for (int slot = 0; slot < constants::slotCount; ++slot)
         rfg_DATA[slot].name = slotTitle(slot);
@@ -36,32 +67,6 @@ void MainWindow::retranslateUi()
         rfgSelect_slot(rfg_ID);
 }
 
-void MainWindow::retranslateButtons()
-{
-    legend_button->setText(d->FILES_STR + QStringLiteral("..."));
-    settings_button->setText(d->SETTINGS_STR + QStringLiteral("..."));
-    settingsMenu->retranslateUI();
-    difference_button->setText(d->DIFF_MODE_STR);
-    smooth_button->setText(tr("Smooth"));
-    reset_all_button->setText(tr("Reset All"));
-    nameDialogButtons();
-    // Once more when the toolkit's own language change, still on its way, has come: the dialog
-    // answers it with the toolkit's words, which have no translation here.
-    QMetaObject::invokeMethod(this, &MainWindow::nameDialogButtons, Qt::QueuedConnection);
-    curA_nav_button->setText(QStringLiteral("A"));
-    curB_nav_button->setText(QStringLiteral("B"));
-    curA_action->setText(d->CURSOR_A_STR);
-    curB_action->setText(d->CURSOR_B_STR);
-    cur_wheel_action->setText(d->CURSORS_MOVE_STR);
-    scale_wheel_action->setText(d->SCALE_CHG_STR);
-}
-
-void MainWindow::nameDialogButtons()
-{
-    input_dialog->setOkButtonText(d->OK_STR);
-    input_dialog->setCancelButtonText(d->CANCEL_STR);
-}
-
 void MainWindow::voidInterface()
 {
     curA_button->setText(
@@ -76,7 +81,7 @@ void MainWindow::voidInterface()
     pulse_amplitude_button->setText(d->PULSE_A_STR);
     impedance_button->setText(d->IMPEDANCE_STR);
     H_offset_button->setText(d->H_OFFSET_STR);
-    setCaption(KU_button, d->KU_STR, velocityText());
+    setCaption(KU_button, d->KU_STR, kuText());
     setCaption(scale_button, d->SCALE_STR, scaleText());
 
     delta_lbl->setText(d->DELTA_STR + QStringLiteral(" = ") + count_to_distance(0));
@@ -88,7 +93,7 @@ void MainWindow::setParameterTexts()
     // Copied, because fields of a packed record must not be bound to references.
     const Protocol_VX840::CH_PARAMS_t params = trace.f_p_840.ch.params;
     setCaption(gain_button, d->GAIN_STR, QString::number(int{ params.gain }));
-    setCaption(KU_button, d->KU_STR, velocityText());
+    setCaption(KU_button, d->KU_STR, kuText());
     setCaption(average_button, d->AVERAGE_STR, QString::number(int{ params.average }));
     setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
     setCaption(pulse_width_button, d->PULSE_W_STR,
@@ -124,7 +129,7 @@ QString MainWindow::scaleText() const
     return calc::scaleText(scale_dist);
 }
 
-QString MainWindow::velocityText() const
+QString MainWindow::kuText() const
 {
     return calc::kuText(master_params.KU);
 }

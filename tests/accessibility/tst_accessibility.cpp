@@ -128,7 +128,7 @@ private:
             { p.curB_nav_button(), "Choose cursor B |" },
             { p.param_dial(), "X Shift 0.00 m | Parameter dial" },
             { p.H_offset_button(), "X Shift 0.00 m | Horizontal shift" },
-            { p.KU_button(), "KU 1.500 | Velocity factor" },
+            { p.KU_button(), "KU 1.500 | Shortening factor" },
             { p.scale_button(), "Scale 31.25 m |" },
             { p.reserve_button(), "Reserved |" },
             { p.cursor_dial(), "Cursor A 2.00 m | Cursor dial" },

@@ -47,7 +47,7 @@ const char *const english[] = {
     "radio button: RFG 5 (not loaded) (Trace 5)",
     "radio button: RFG 6 (not loaded) (Trace 6)",
     "radio button: X Shift 0.00 m (Horizontal shift)",
-    "radio button: KU 1.500 (Velocity factor)",
+    "radio button: KU 1.500 (Shortening factor)",
     "radio button: Pulse Width …",
     "radio button: Impedance …",
     "radio button: Average …",
