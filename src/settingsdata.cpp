@@ -16,6 +16,20 @@
 
 namespace {
 
+constexpr qint64 maxStyleSheetBytes = 4 << 20; ///< a larger sheet counts as unreadable
+constexpr QLatin1String keyLanguage = constants::latin1("language");
+constexpr QLatin1String keyStyle = constants::latin1("CSS");
+constexpr QLatin1String groupWorkFolders = constants::latin1("WorkFolders");
+constexpr QLatin1String keyLastFolder = constants::latin1("lastFolder");
+constexpr QLatin1String keyWorkFolder = constants::latin1("folder%1"); ///< counted from 1
+constexpr QLatin1String groupWindowState = constants::latin1("WindowState");
+constexpr QLatin1String keyGeometry = constants::latin1("geometry");
+constexpr QLatin1String keyWindowState = constants::latin1("windowState");
+constexpr QLatin1String groupDials = constants::latin1("Dials");
+constexpr QLatin1String keyCursorSpeed = constants::latin1("cursorSpeed");
+constexpr QLatin1String keyParamSpeed = constants::latin1("paramSpeed");
+constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are read
+
 enum Section {
     FilesSection,
     StyleSection,
@@ -38,8 +52,8 @@ QString numberedKey(QLatin1String pattern, int number)
 QStringList readFolders(const IniReader &ini)
 {
     QStringList folders;
-    for (int i = 1; i <= constants::maxWorkFolders; ++i) {
-        const QString folder = ini.value(numberedKey(constants::keyWorkFolder, i)).toString();
+    for (int i = 1; i <= maxWorkFolders; ++i) {
+        const QString folder = ini.value(numberedKey(keyWorkFolder, i)).toString();
         if (folder.isEmpty())
             break;
         folders.append(folder);
@@ -54,7 +68,7 @@ void writeFolders(IniWriter &ini)
                                 QCoreApplication::applicationDirPath(), QDir::currentPath() };
     int number = 0;
     for (const QString &folder : folders)
-        ini.setValue(numberedKey(constants::keyWorkFolder, ++number), folder);
+        ini.setValue(numberedKey(keyWorkFolder, ++number), folder);
 }
 
 } // namespace
@@ -70,14 +84,12 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
 {
     IniReader ini(program_files::readRegularFile(file, program_files::maxSettingsBytes));
     if (checkbit(mask, LanguageSection))
-        current_language
-            = ini.value(constants::keyLanguage, QString(constants::defaultLanguage)).toString();
+        current_language = ini.value(keyLanguage, QString(constants::defaultLanguage)).toString();
     if (checkbit(mask, StyleSection))
-        current_CSS_path
-            = ini.value(constants::keyStyle, QString(constants::defaultStyle)).toString();
-    ini.beginGroup(constants::groupWorkFolders);
+        current_CSS_path = ini.value(keyStyle, QString(constants::defaultStyle)).toString();
+    ini.beginGroup(groupWorkFolders);
     if (checkbit(mask, FoldersSection)) {
-        last_folder = ini.value(constants::keyLastFolder, QDir::currentPath()).toString();
+        last_folder = ini.value(keyLastFolder, QDir::currentPath()).toString();
         work_folders = readFolders(ini);
     }
     ini.beginGroup(constants::groupPrevFiles);
@@ -91,15 +103,15 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
                     = ini.value(numberedKey(constants::keyFile, slot + 1)).toString();
         }
     }
-    ini.beginGroup(constants::groupWindowState);
+    ini.beginGroup(groupWindowState);
     if (checkbit(mask, GeometrySection)) {
-        window_geometry = ini.value(constants::keyGeometry).toByteArray();
-        window_state = ini.value(constants::keyWindowState).toByteArray();
+        window_geometry = ini.value(keyGeometry).toByteArray();
+        window_state = ini.value(keyWindowState).toByteArray();
     }
-    ini.beginGroup(constants::groupDials);
+    ini.beginGroup(groupDials);
     if (checkbit(mask, DialsSection)) {
-        cursor_dial_speed = ini.value(constants::keyCursorSpeed, constants::dialSpeed).toInt();
-        param_dial_speed = ini.value(constants::keyParamSpeed, constants::dialSpeed).toInt();
+        cursor_dial_speed = ini.value(keyCursorSpeed, constants::dialSpeed).toInt();
+        param_dial_speed = ini.value(keyParamSpeed, constants::dialSpeed).toInt();
     }
     return false;
 }
@@ -108,12 +120,12 @@ void SettingsData::saveSettings(const QString &file, state_index mask) const
 {
     IniWriter ini;
     if (checkbit(mask, LanguageSection))
-        ini.setValue(constants::keyLanguage, current_language);
+        ini.setValue(keyLanguage, current_language);
     if (checkbit(mask, StyleSection))
-        ini.setValue(constants::keyStyle, current_CSS_path);
+        ini.setValue(keyStyle, current_CSS_path);
     if (checkbit(mask, FoldersSection)) {
-        ini.beginGroup(constants::groupWorkFolders);
-        ini.setValue(constants::keyLastFolder, last_folder);
+        ini.beginGroup(groupWorkFolders);
+        ini.setValue(keyLastFolder, last_folder);
         writeFolders(ini);
     }
     if (checkbit(mask, FilesSection)) {
@@ -125,14 +137,14 @@ void SettingsData::saveSettings(const QString &file, state_index mask) const
                 ini.setValue(numberedKey(constants::keyFile, slot + 1), current_files[slot]);
     }
     if (checkbit(mask, GeometrySection)) {
-        ini.beginGroup(constants::groupWindowState);
-        ini.setValue(constants::keyGeometry, window_geometry);
-        ini.setValue(constants::keyWindowState, window_state);
+        ini.beginGroup(groupWindowState);
+        ini.setValue(keyGeometry, window_geometry);
+        ini.setValue(keyWindowState, window_state);
     }
     if (checkbit(mask, DialsSection)) {
-        ini.beginGroup(constants::groupDials);
-        ini.setValue(constants::keyCursorSpeed, cursor_dial_speed);
-        ini.setValue(constants::keyParamSpeed, param_dial_speed);
+        ini.beginGroup(groupDials);
+        ini.setValue(keyCursorSpeed, cursor_dial_speed);
+        ini.setValue(keyParamSpeed, param_dial_speed);
     }
     const QByteArray bytes = ini.bytes();
     // A larger file would not be read again.
@@ -189,8 +201,7 @@ void SettingsData::copy(const SettingsData *from, state_index mask)
 
 void SettingsData::parse_CSS()
 {
-    const QByteArray sheet
-        = program_files::readRegularFile(current_CSS_path, constants::maxStyleSheetBytes);
+    const QByteArray sheet = program_files::readRegularFile(current_CSS_path, maxStyleSheetBytes);
     // With its length: a NUL is a character like any other and ends nothing.
     current_CSS = QString::fromLatin1(sheet.constData(), sheet.size());
     emit CSS_changed();

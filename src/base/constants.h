@@ -8,7 +8,7 @@
 #include <cstddef>
 
 /// \file
-/// Every number and fixed text of the viewer that has a meaning of its own, each in one place.
+/// Numbers and texts that more than one file or a test uses.
 ///
 /// The horizontal unit of the chart is the *count*, 1.25 ns of echo time; the vertical one is one
 /// raw sample step.
@@ -43,57 +43,35 @@ constexpr int xLength = drawnSamples << maxScale; ///< widest horizontal extent,
 constexpr int levelMin = -128; ///< lower end of the vertical axis, sample steps
 constexpr int levelMax = 128; ///< upper end of the vertical axis, sample steps
 constexpr int verticalOffsetLimit = 256; ///< a trace is shifted up or down by at most this
-/// Metres that the scale caption gives one count: a round number that knows no velocity factor.
-constexpr double captionMetresPerCount = nsPerCount / 10.0;
 
-// ---- Velocity factor ----
+// ---- KU: speed of light over speed in the cable ----
 
 constexpr float minKU = 1.0F;
 constexpr float maxKU = 10.0F;
 constexpr float startKU = 1.49896229F; ///< makes one count 0.125 m, to the precision of a float
 /// Metres per count at the speed of light, one way: 299792458 m/s x 1.25 ns / 2.
 constexpr double distCoef0 = 0.18737028625;
-constexpr float kuDialUnits = 1000.0F; ///< dial steps per unit of the velocity factor
+constexpr float kuDialUnits = 1000.0F; ///< dial steps per unit of KU
 constexpr int kuDecimals = 3;
 
-// ---- Texts made of numbers ----
+// ---- Chart ----
 
 constexpr int distanceDecimals = 2; ///< metres are shown to the centimetre
-
-// ---- Grid under the traces ----
-
 constexpr int gridLines = 20; ///< interior grid lines that exist; no range needs more
 constexpr int gridEdges = 2; ///< lines at the left and right edge of the plot
+constexpr double chartPosition = -10.25; ///< x and y of the chart in the scene
+constexpr int axisLinePen = 2;
+constexpr int tracePen = 2; ///< width of a trace, and of the selected one later on
+/// Pens of the six traces, 0xAARRGGBB as QColor takes them.
+constexpr quint32 slotColours[slotCount] = {
+    0xFF00FF00, 0xFF00FFFF, 0xFFFF00FF, 0xFFFF0000, 0xFFFFFF00, 0xFF0000FF,
+};
+constexpr quint32 normalBackground = 0xFF0B0C0D; ///< behind the traces
 
 // ---- Cursors and dials ----
 
 constexpr int dialSpeed = 100; ///< steps per turn of a dial unless the settings say otherwise
 constexpr int scaleDialSpeed = 8; ///< steps per turn while the dial sets the scale
-
-// ---- Sizes ----
-
-constexpr double titleShare = 0.9; ///< chart title's font as a part of the base size
-constexpr double maxTitlePoints = 12.0;
-constexpr double minGridPixels = 10.0; ///< grid labels are never smaller than this
-constexpr double titleGap = 2.0; ///< pixels between chart title and plot
-constexpr int chartMargin = 20; ///< pixels on each side of the plot
-constexpr double chartPosition = -10.25;
-
-// ---- Colours: 0xAARRGGBB, as QColor takes them ----
-
-/// Pens of the six traces.
-constexpr quint32 slotColours[slotCount] = {
-    0xFF00FF00, 0xFF00FFFF, 0xFFFF00FF, 0xFFFF0000, 0xFFFFFF00, 0xFF0000FF,
-};
-constexpr quint32 axisColour = 0xFF323232; ///< axes, base line and grid
-constexpr quint32 normalBackground = 0xFF0B0C0D; ///< behind the traces
-constexpr quint32 differenceBackground = 0xFF28283C; ///< behind differences
-constexpr int axisLinePen = 2;
-constexpr int baseLinePen = 3;
-constexpr int tracePen = 2; ///< width of a trace, and of the selected one later on
-constexpr double thinTracePen = 1.0; ///< width of the traces that are not selected
-constexpr int cursorPen = 2; ///< width of a cursor's upright line
-constexpr int cursorLevelPen = 1; ///< width of a cursor's level line
 
 // ---- Files beside the program ----
 
@@ -101,31 +79,16 @@ constexpr QLatin1String settingsFile = latin1("settings_current.ini");
 constexpr QLatin1String settingsBackupFile = latin1("settings_current_old.ini");
 /// Names the folder that holds the style sheet being worked on; unset, nothing is watched.
 constexpr char developerFolderVariable[] = "VELKOR_DEV_FOLDER";
-constexpr QLatin1String developerStyle = latin1("Velkor/style/style_%1.qss");
-constexpr int developerStyleNumber = 2; ///< the only sheet that is ever watched
-constexpr qint64 maxStyleSheetBytes = 4 << 20; ///< a larger sheet counts as unreadable
 
 // ---- Keys of the settings file ----
 
-constexpr QLatin1String keyLanguage = latin1("language");
-constexpr QLatin1String keyStyle = latin1("CSS");
-constexpr QLatin1String groupWorkFolders = latin1("WorkFolders");
-constexpr QLatin1String keyLastFolder = latin1("lastFolder");
-constexpr QLatin1String keyWorkFolder = latin1("folder%1"); ///< counted from 1
 constexpr QLatin1String groupPrevFiles = latin1("PrevFiles");
 constexpr QLatin1String keyStateIndex = latin1("StateIndex");
 constexpr QLatin1String keyMasterId = latin1("MasterId");
 constexpr QLatin1String keyFile = latin1("file%1"); ///< counted from 1
-constexpr QLatin1String groupWindowState = latin1("WindowState");
-constexpr QLatin1String keyGeometry = latin1("geometry");
-constexpr QLatin1String keyWindowState = latin1("windowState");
-constexpr QLatin1String groupDials = latin1("Dials");
-constexpr QLatin1String keyCursorSpeed = latin1("cursorSpeed");
-constexpr QLatin1String keyParamSpeed = latin1("paramSpeed");
 constexpr QLatin1String defaultLanguage = latin1("en_US");
-constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are read
 
-// ---- Resources. Pictures are named without their extension; the image reader finds it. ----
+// ---- Resources. ----
 
 constexpr QLatin1String defaultStyle = latin1(":/style/style_2.qss");
 constexpr QLatin1String defaultSettings = latin1(":/ini/settings_default.ini");
@@ -136,7 +99,6 @@ constexpr QLatin1String toolkitCatalogue = latin1("qt_%1");
 constexpr QLatin1String slotIcon
     = latin1("://icons/canal_64/canal_%1"); ///< visible, not the master
 constexpr QLatin1String masterSlotIcon = latin1("://icons/canal_64/canal_%1M"); ///< visible master
-constexpr QLatin1String hiddenSlotIcon = latin1("://icons/canal_64/Canal_Disabled");
 
 static_assert(xLength == 64000, "the widest view is 250 samples of 256 counts");
 

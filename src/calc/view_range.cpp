@@ -10,6 +10,13 @@
 #include <cmath>
 #include <limits>
 
+namespace {
+
+/// Metres that the scale caption gives one count: a round number that knows no velocity factor.
+constexpr double captionMetresPerCount = constants::nsPerCount / 10.0;
+
+} // namespace
+
 namespace calc {
 
 int clampedScale(int exponent)
@@ -24,7 +31,7 @@ int visibleCounts(int exponent)
 
 float scaleDistance(int exponent)
 {
-    return static_cast<float>(visibleCounts(exponent) * constants::captionMetresPerCount);
+    return static_cast<float>(visibleCounts(exponent) * captionMetresPerCount);
 }
 
 int exponentForMinstep(float minstep)

@@ -12,6 +12,11 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
+constexpr double titleShare = 0.9; ///< chart title's font as a part of the base size
+constexpr double maxTitlePoints = 12.0;
+constexpr double minGridPixels = 10.0; ///< grid labels are never smaller than this
+constexpr double titleGap = 2.0; ///< pixels between chart title and plot
+
 void hidePair(QGraphicsLineItem &line, QGraphicsSimpleTextItem &label)
 {
     line.hide();
@@ -22,9 +27,7 @@ void hidePair(QGraphicsLineItem &line, QGraphicsSimpleTextItem &label)
 int titlePoints(float size)
 {
     // A very low window gives 0, which is no valid point size.
-    return std::max(1,
-                    calc::truncated(std::min(double{ size } * constants::titleShare,
-                                             constants::maxTitlePoints)));
+    return std::max(1, calc::truncated(std::min(double{ size } * titleShare, maxTitlePoints)));
 }
 
 } // namespace
@@ -58,7 +61,7 @@ void MainWindow::placeTitle()
     chart_title.setFont(font);
     const QPointF corner = plotInScene().topLeft();
     chart_title.setPos(corner.x() + double{ font_size },
-                       corner.y() - chart_title.boundingRect().height() - constants::titleGap);
+                       corner.y() - chart_title.boundingRect().height() - titleGap);
 
     QFont stepFont = cursor_step_lbl.font();
     stepFont.setPointSize(titlePoints(font_size));
@@ -69,7 +72,7 @@ void MainWindow::placeTitle()
 void MainWindow::setAxisFonts()
 {
     QFont font = axis_lbl[0].font();
-    font.setPixelSize(calc::truncated(std::max(constants::minGridPixels, double{ font_size })));
+    font.setPixelSize(calc::truncated(std::max(minGridPixels, double{ font_size })));
     for (QGraphicsSimpleTextItem &label : axis_lbl)
         label.setFont(font);
     for (QGraphicsSimpleTextItem &label : axis_0_lbl)

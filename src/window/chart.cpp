@@ -15,6 +15,11 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
+constexpr int chartMargin = 20; ///< pixels on each side of the plot
+constexpr quint32 axisColour = 0xFF323232; ///< axes, base line and grid
+constexpr quint32 differenceBackground = 0xFF28283C; ///< behind differences
+constexpr int baseLinePen = 3;
+
 // QVector::resize copies a buffer that a series shares even when the size is the same.
 void resizeTo(QVector<QPointF> &buffer, qtcompat::Size size)
 {
@@ -24,11 +29,11 @@ void resizeTo(QVector<QPointF> &buffer, qtcompat::Size size)
 
 void createChartAxes(MainWindowParts &parts, QPen &pen, int length)
 {
-    const QColor axisColour = QColor::fromRgba(constants::axisColour);
+    const QColor colour = QColor::fromRgba(axisColour);
     parts.axisX->append(0.0, 0.0);
     parts.axisX->append(length, 0.0);
-    pen.setColor(axisColour);
-    pen.setWidth(constants::baseLinePen);
+    pen.setColor(colour);
+    pen.setWidth(baseLinePen);
     parts.axisX->setPen(pen);
     // Stays the first series of the chart, which QChart::mapToValue uses.
     parts.Plot_Chart->addSeries(parts.axisX);
@@ -41,7 +46,7 @@ void createChartAxes(MainWindowParts &parts, QPen &pen, int length)
     pen.setWidth(constants::axisLinePen);
     for (QValueAxis *axis : { parts.cust_axisX, parts.cust_axisY }) {
         axis->setLinePen(pen);
-        axis->setGridLineColor(axisColour);
+        axis->setGridLineColor(colour);
         axis->setTitleBrush(QBrush(Qt::gray));
         axis->setLabelsColor(Qt::gray);
         axis->setLabelFormat(QStringLiteral("%i"));
@@ -110,8 +115,7 @@ void createChartTexts(MainWindowParts &parts)
 
 void MainWindow::buildChart()
 {
-    Plot_Chart->setMargins(QMargins(constants::chartMargin, constants::chartMargin,
-                                    constants::chartMargin, constants::chartMargin));
+    Plot_Chart->setMargins(QMargins(chartMargin, chartMargin, chartMargin, chartMargin));
     // The background is that of the scene, which difference mode colours.
     Plot_Chart->setPlotAreaBackgroundVisible(false);
     Plot_Chart->setBackgroundVisible(false);
@@ -179,9 +183,8 @@ void MainWindow::setSmoothFlag(bool on)
 void MainWindow::setDiff_flag(bool on)
 {
     diff_flag = on ? DIFF : NORMAL;
-    m_brush = QBrush(
-        QColor::fromRgba(on ? constants::differenceBackground : constants::normalBackground),
-        Qt::SolidPattern);
+    m_brush = QBrush(QColor::fromRgba(on ? differenceBackground : constants::normalBackground),
+                     Qt::SolidPattern);
     Plot_Scene->setBackgroundBrush(m_brush);
     for (int slot = 0; slot < constants::slotCount; ++slot)
         if (isLoaded(slot))

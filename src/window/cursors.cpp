@@ -18,6 +18,9 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
+constexpr int cursorPen = 2; ///< width of a cursor's upright line
+constexpr int cursorLevelPen = 1; ///< width of a cursor's level line
+
 /// Both series of cursor \a which in drawing order: the level below the line. None in delta mode.
 QVector<QXYSeries *> seriesOf(const MainWindowParts &parts, int which)
 {
@@ -32,9 +35,9 @@ void colourCursors(const MainWindowParts &parts, int active)
 {
     const auto colour = [](bool isActive, QLineSeries *line, QLineSeries *level, CurArrow *marker) {
         const QColor ink = isActive ? Qt::yellow : Qt::gray;
-        QPen pen(ink, constants::cursorPen);
+        QPen pen(ink, cursorPen);
         line->setPen(pen);
-        pen.setWidth(constants::cursorLevelPen);
+        pen.setWidth(cursorLevelPen);
         pen.setStyle(Qt::DashLine);
         level->setPen(pen);
         marker->setBr_style(isActive ? Qt::SolidPattern : Qt::NoBrush);

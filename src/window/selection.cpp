@@ -16,6 +16,9 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
+constexpr double thinTracePen = 1.0; ///< width of the traces that are not selected
+constexpr QLatin1String hiddenSlotIcon = constants::latin1("://icons/canal_64/Canal_Disabled");
+
 void setSlotIcon(LegendButton *button, QLatin1String path)
 {
     // The name of the hidden icon has no number.
@@ -63,7 +66,7 @@ void MainWindow::seriaIsSelected()
         for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
                                    static_cast<QXYSeries *>(rfg_series_sp[slot]) }) {
             QPen pen = series->pen();
-            pen.setWidthF(slot == rfg_ID ? constants::tracePen : constants::thinTracePen);
+            pen.setWidthF(slot == rfg_ID ? constants::tracePen : thinTracePen);
             series->setPen(pen);
         }
     }
@@ -98,7 +101,7 @@ void MainWindow::RFG_visibleToggle(int id, bool visible)
     else
         rfg_series[id]->setVisible(visible);
     if (!visible)
-        setSlotIcon(selected_rfg[id], constants::hiddenSlotIcon);
+        setSlotIcon(selected_rfg[id], hiddenSlotIcon);
     else
         setSlotIcon(selected_rfg[id],
                     id == rfg_master_ID ? constants::masterSlotIcon : constants::slotIcon);

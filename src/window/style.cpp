@@ -9,6 +9,13 @@
 #include <QGraphicsScene>
 #include <QInputDialog>
 
+namespace {
+
+constexpr QLatin1String developerStyle = constants::latin1("Velkor/style/style_%1.qss");
+constexpr int developerStyleNumber = 2; ///< the only sheet that is ever watched
+
+} // namespace
+
 void MainWindow::set_CSS()
 {
     const QString &text = settingsData->current_CSS;
@@ -31,8 +38,8 @@ void MainWindow::watchStyleSheet()
     const QString folder = qEnvironmentVariable(constants::developerFolderVariable);
     if (folder.isEmpty())
         return;
-    const QString sheet = QDir(folder).absoluteFilePath(
-        QString(constants::developerStyle).arg(constants::developerStyleNumber));
+    const QString sheet
+        = QDir(folder).absoluteFilePath(QString(developerStyle).arg(developerStyleNumber));
     if (!QFileInfo(sheet).isFile())
         return;
     watchedStyleSheet = sheet;
