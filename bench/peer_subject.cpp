@@ -4,6 +4,7 @@
 
 #include "calc/readout.h"
 #include "cont_dial.h"
+#include "inputevents.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"
@@ -11,10 +12,19 @@
 #include <QButtonGroup>
 #include <QLabel>
 #include <QLayout>
+#include <QPushButton>
+#include <QSignalBlocker>
 
 namespace {
 
 const QString metres = QStringLiteral("m");
+
+/// Clicks \a button, which paints itself as in the viewer. The window does not learn of it.
+void clickUnheard(QAbstractButton *button)
+{
+    const QSignalBlocker blocker(button);
+    input::click(button);
+}
 
 } // namespace
 
@@ -131,10 +141,14 @@ void PeerSubject::act(Operation operation, int number)
         return show(false);
     case Operation::LoadSix:
         m_model.load(m_files);
+        for (LegendButton *button : m_probe.selected_rfg())
+            button->setVis(true);
         return show(true);
     case Operation::DifferenceOn:
+        clickUnheard(m_probe.difference_button());
         return set(&PeerModel::difference, true);
     case Operation::SmoothingOn:
+        clickUnheard(m_probe.smooth_button());
         return set(&PeerModel::smooth, true);
     case Operation::Resize:
     case Operation::Language:
@@ -145,10 +159,13 @@ void PeerSubject::act(Operation operation, int number)
 
 void PeerSubject::takeBack(Operation operation)
 {
-    if (operation == Operation::DifferenceOn)
+    if (operation == Operation::DifferenceOn) {
+        clickUnheard(m_probe.difference_button());
         set(&PeerModel::difference, false);
-    else if (operation == Operation::SmoothingOn)
+    } else if (operation == Operation::SmoothingOn) {
+        clickUnheard(m_probe.smooth_button());
         set(&PeerModel::smooth, false);
+    }
 }
 
 void PeerSubject::end(Operation operation)
