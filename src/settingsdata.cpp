@@ -243,7 +243,7 @@ void SettingsData::setTranslation()
     (void)m_translator.load(QString(constants::programCatalogue).arg(code), folder);
     QCoreApplication::installTranslator(&m_translator);
     const QString qtCode = code.left(qtCodeLength);
-    (void)qt_translator.load(QString(constants::toolkitCatalogue).arg(qtCode), folder);
+    (void)qt_translator.load(QString(constants::qtCatalogue).arg(qtCode), folder);
     QCoreApplication::installTranslator(&qt_translator);
     emit translation_changed();
 }

@@ -7,7 +7,7 @@
 
 /// A frame around the control of one window that the keyboard went to. The style sheets say nothing
 /// of the focus; this lies over the control, whatever sheet is in force, and only while the focus
-/// came by the keyboard: who uses the mouse never sees it. It is the toolkit's kind of frame in
+/// came by the keyboard: who uses the mouse never sees it. It is Qt's kind of frame in
 /// name only, so that assistive technologies are not told of it; that one lies under its control.
 class FocusFrame : public QFocusFrame
 {

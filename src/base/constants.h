@@ -95,7 +95,7 @@ constexpr QLatin1String defaultSettings = latin1(":/ini/settings_default.ini");
 constexpr QLatin1String languageFile = latin1(":/l10n/translation.ini");
 constexpr QLatin1String catalogueFolder = latin1(":/l10n");
 constexpr QLatin1String programCatalogue = latin1("Velkor_%1");
-constexpr QLatin1String toolkitCatalogue = latin1("qt_%1");
+constexpr QLatin1String qtCatalogue = latin1("qt_%1");
 constexpr QLatin1String slotIcon
     = latin1("://icons/canal_64/canal_%1"); ///< visible, not the master
 constexpr QLatin1String masterSlotIcon = latin1("://icons/canal_64/canal_%1M"); ///< visible master

@@ -222,7 +222,7 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         checkEnd(room.run());
-        // The toolkit's own way of saving waits 30 s for such a lock.
+        // Qt's own way of saving waits 30 s for such a lock.
         QVERIFY(clock.elapsed() < 25000);
         close(held);
         QVERIFY(room.settings() != room.oldSettings());

@@ -9,10 +9,10 @@
 //     VELKOR_CLOSE_SIGNAL=D  a byte is written to the descriptor D when the windows are to be
 //     closed VELKOR_CLOSE_WAIT=D    and a byte is waited for on D before they are
 //
-// Counting begins when the application object stands: without its platform the toolkit ends the
+// Counting begins when the application object stands: without its platform Qt ends the
 // program on purpose, and that is none of ours. From then on every call counts whoever makes it:
-// the viewer, the toolkit, the fonts' library. Reads and writes count on regular files only; on
-// pipes and event counters they are the toolkit's own heartbeat.
+// the viewer, Qt, the fonts' library. Reads and writes count on regular files only; on
+// pipes and event counters they are Qt's own heartbeat.
 #include <QApplication>
 #include <QTimer>
 

@@ -45,7 +45,7 @@ OddPlaces::~OddPlaces()
 #ifdef Q_OS_UNIX
     if (m_socket >= 0)
         ::close(m_socket);
-    // Else the folder could not be emptied: the toolkit cannot name the one, nor look into the
+    // Else the folder could not be emptied: Qt cannot name the one, nor look into the
     // other.
     ::unlink(nameOfBytes().constData());
     QFile::setPermissions(in("locked"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -171,7 +171,7 @@ private slots:
                                     QStringLiteral("qtxmlpatterns_ru") };
         QCOMPARE(names, expected);
         QTranslator translator;
-        QVERIFY(!translator.load(QString(constants::toolkitCatalogue).arg(QLatin1String("ru")),
+        QVERIFY(!translator.load(QString(constants::qtCatalogue).arg(QLatin1String("ru")),
                                  constants::catalogueFolder));
         QVERIFY(translator.isEmpty());
     }

@@ -98,7 +98,7 @@ private slots:
                  (QStringList{ text("Сохранить как"), text("файлы настроек (*.ini)") }));
     }
 
-    void theToolkitsOwnWordsStayEnglish()
+    void wordsOfQtStayEnglish()
     {
         fixture->open();
         speak("ru_RU");

@@ -19,7 +19,7 @@
 namespace {
 
 // What stands on the edge of two pixels may fall on either, and fonts grow in steps of their own,
-// which are not the same in all versions of the toolkit.
+// which are not the same in all versions of Qt.
 constexpr double unitsOff = 4.0;
 
 double wantedFactor()

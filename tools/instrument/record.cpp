@@ -30,7 +30,7 @@ quint32 toUnsigned(double value)
     return static_cast<quint32>(std::min(std::round(value), highest));
 }
 
-/// Echo time in ns of \a distance metres by the operator's velocity factor.
+/// Echo time in ns of \a distance metres by the operator's KU.
 double echoTimeOf(double distance, const Settings &settings)
 {
     const double counts
