@@ -91,7 +91,7 @@ void MainWindow::paramSetup_slot(int x)
 void MainWindow::setParamDialText(const QString &title, const QString &value)
 {
     const int parameter = checkedParameter();
-    // Velocity factor and scale belong to the view; an empty slot has no other value.
+    // KU and scale belong to the view; an empty slot has no other value.
     const bool hasValue = isLoaded(rfg_ID) || parameter == KU || parameter == SCALE;
     setDialText(param_dial, title + QLatin1Char('\n') + (hasValue ? value : QString()));
 }
