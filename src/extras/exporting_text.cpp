@@ -105,7 +105,14 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window)
         { QStringLiteral("v/2"),
           texts.text(QT_TRANSLATE_NOOP("Extras", "%1 m/µs")).arg(halfSpeed, 0, 'f', 1) },
     };
-    if (window.state().isLoaded(state.rfg_ID)) {
+    if (isDifference(window))
+        facts.append({ parts.difference_button->text(),
+                       texts.text(QT_TRANSLATE_NOOP("Extras", "%1 minus each"))
+                           .arg(slotTitle(window, state.rfg_master_ID)) });
+    if (state.smooth_rfg_flag)
+        facts.append(
+            { parts.smooth_button->text(), texts.text(QT_TRANSLATE_NOOP("Extras", "on")) });
+    if (state.isLoaded(state.rfg_ID)) {
         const auto params = state.rfg_DATA[state.rfg_ID].f_p_840.ch.params;
         facts += {
             { texts.text(QT_TRANSLATE_NOOP("Extras", "Selected")),
@@ -122,13 +129,6 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window)
             { words.AVERAGE_STR, QString::number(int{ params.average }) },
         };
     }
-    if (isDifference(window))
-        facts.append({ parts.difference_button->text(),
-                       texts.text(QT_TRANSLATE_NOOP("Extras", "%1 minus each"))
-                           .arg(slotTitle(window, state.rfg_master_ID)) });
-    if (state.smooth_rfg_flag)
-        facts.append(
-            { parts.smooth_button->text(), texts.text(QT_TRANSLATE_NOOP("Extras", "on")) });
     return facts;
 }
 
