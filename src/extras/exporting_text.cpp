@@ -4,7 +4,6 @@
 
 #include "base/catalogue.h"
 #include "calc/readout.h"
-#include "calc/tdr_record.h"
 #include "calc/trace_table.h"
 #include "dictionary.h"
 #include "legendbutton.h"
@@ -28,7 +27,7 @@ bool isDifference(const MainWindow &window)
 calc::TraceRef traceOf(const MainWindow &window, int slot)
 {
     const rfg_SHOWN &trace = window.state().rfg_DATA[slot];
-    return { trace.f_p_840.samples, calc::usableStep(trace.coef_from_min),
+    return { trace.f_p_840.samples, window.state().stepOf(slot),
              quint32{ trace.f_p_840.ch.params.delay }, trace.scroll, trace.offset };
 }
 
@@ -142,7 +141,7 @@ QString readings(const MainWindow &window)
         lines.append(name + QStringLiteral(": ") + value);
     };
     for (int slot = 0; slot < constants::slotCount; ++slot) {
-        if (!window.state().isLoaded(slot))
+        if (!state.isLoaded(slot))
             continue;
         const rfg_SHOWN &trace = state.rfg_DATA[slot];
         QStringList facts{
@@ -181,7 +180,7 @@ QByteArray table(const MainWindow &window)
                               trace.f_p_840.ch.params, traceOf(window, slot) });
     }
     table.selected = state.rfg_ID;
-    if (window.state().masterExists()) {
+    if (state.masterExists()) {
         table.master = state.rfg_master_ID;
         table.masterTrace = traceOf(window, state.rfg_master_ID);
     }

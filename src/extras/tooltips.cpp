@@ -43,7 +43,7 @@ struct Explanation
     bool isTyped = false; ///< a right click asks for a value
 };
 
-QVector<Explanation> readings(const MainWindowParts &parts)
+QVector<Explanation> valueControls(const MainWindowParts &parts)
 {
     constexpr auto recorded = QT_TRANSLATE_NOOP("Extras", "Recorded with the trace, read-only");
     return {
@@ -73,7 +73,7 @@ QVector<Explanation> readings(const MainWindowParts &parts)
     };
 }
 
-QVector<Explanation> tools(const MainWindowParts &parts)
+QVector<Explanation> toolControls(const MainWindowParts &parts)
 {
     return {
         { parts.logo_lbl, "", QT_TRANSLATE_NOOP("Extras", "Velkor %1; a click tells about Qt") },
@@ -181,7 +181,7 @@ QStringList Facts::explanationOf(const QWidget *control) const
         return { m_texts.text(
                      QT_TRANSLATE_NOOP("Extras", "Selects the trace; right click: its menu")),
                  key(QString::number(slot->id + 1)) };
-    const QVector<Explanation> all = readings(m_parts) + tools(m_parts);
+    const QVector<Explanation> all = valueControls(m_parts) + toolControls(m_parts);
     for (const Explanation &explanation : all) {
         if (explanation.control != control)
             continue;
