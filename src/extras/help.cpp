@@ -123,7 +123,7 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     resize(firstSize);
     // The main window gives all widgets its letters, whose size follows its own; a sheet overrides.
     setStyleSheet(
-        QStringLiteral("* { font-size: %1px; }").arg(QFontInfo(QApplication::font()).pixelSize()));
+        QStringLiteral("* { font-size: %1pt; }").arg(QFontInfo(QApplication::font()).pointSize()));
 
     auto *bar = new QToolBar;
     const QAction *backward = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), back,
