@@ -18,7 +18,7 @@ public:
     void setStrings();
 
     QString GAIN_STR; ///< parameter name
-    QString KU_STR; ///< name of the parameter KU
+    QString KU_STR; ///< parameter name (shortening factor)
     QString AVERAGE_STR; ///< parameter name
     QString V_OFFSET_STR; ///< parameter name (vertical offset)
     QString PULSE_W_STR; ///< parameter name

@@ -77,7 +77,7 @@ struct CH_PARAMS_t
     quint16 average; ///< number of averages
     quint16 gain;
     quint16 impedance;
-    float32_t KU; ///< shortening factor: speed of light over speed in the cable
+    float32_t KU; ///< shortening factor: the speed of light divided by the speed in the cable
     quint32 shiftX; ///< horizontal shift in steps; a negative one is stored in two's complement
     qint16 shiftY; ///< vertical shift in sample units
     quint8 diff_mode;
@@ -144,7 +144,7 @@ struct CABLE_MARK_t
 {
     quint8 id;
     quint32 distance_smpl; ///< position in samples
-    float32_t KU_left; ///< KU to the left of the mark
+    float32_t KU_left; ///< shortening factor to the left of the mark
     char note[64];
 };
 

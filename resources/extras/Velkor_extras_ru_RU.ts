@@ -120,7 +120,7 @@
         <translation>Правая кнопка: ввести значение</translation>
     </message>
     <message>
-        <source>Steps in a turn of the dial: %1</source>
+        <source>Steps per turn of the dial: %1</source>
         <translation>Шагов за оборот энкодера: %1</translation>
     </message>
     <message>
@@ -156,15 +156,15 @@
         <translation>Нечего сдвигать: в этой ячейке нет рефлектограммы</translation>
     </message>
     <message>
-        <source>From %1 to %2 levels, one a step</source>
+        <source>From %1 to %2 levels, one level per step</source>
         <translation>От %1 до %2 уровней, по одному за шаг</translation>
     </message>
     <message>
-        <source>In whole samples; one sample a notch of the wheel</source>
+        <source>In whole samples; one sample per notch of the wheel</source>
         <translation>Целыми отсчётами; по отсчёту за щелчок колеса</translation>
     </message>
     <message>
-        <source>From %1 to %2 by %3 a step</source>
+        <source>From %1 to %2, %3 per step</source>
         <translation>От %1 до %2 с шагом %3</translation>
     </message>
     <message>

@@ -11,7 +11,7 @@
 namespace calc {
 
 /// Metres along the cable for \a counts of echo time (one count is 1.25 ns, there and back).
-/// \a metresPerCount includes KU and the halving for the two ways.
+/// \a metresPerCount includes the shortening factor and the halving for the two ways.
 double countsToMetres(int counts, double metresPerCount);
 
 /// Distance text of \a counts: metres with two decimals, a blank and \a suffix.
@@ -21,7 +21,7 @@ QString distanceText(int counts, double metresPerCount, const QString &suffix);
 /// 129 shown with this function is therefore empty, too.
 QString levelText(int level);
 
-/// KU with three decimals.
+/// Shortening factor with three decimals.
 QString kuText(float ku);
 
 /// \a value in general notation with at most six significant digits: 31.25, 8000.

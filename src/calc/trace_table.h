@@ -45,7 +45,7 @@ struct TraceTable
     bool difference = false;
     TraceRef masterTrace; ///< read in difference mode only
     float ku = constants::startKU; ///< c / v
-    double metresPerCount = 0.0; ///< one way, KU included
+    double metresPerCount = 0.0; ///< one way, shortening factor included
     QVector<CursorPoint> cursors; ///< A and B, or empty
     QVector<Reflection> reflections; ///< of the selected trace
     Decimals decimals = Decimals::Point;

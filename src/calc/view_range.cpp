@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Metres that the scale caption gives one count: a round number without KU.
+/// Metres that the scale caption gives one count: a round number that leaves KU out.
 constexpr double captionMetresPerCount = constants::nsPerCount / 10.0;
 
 } // namespace

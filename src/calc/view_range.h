@@ -35,7 +35,7 @@ int clampedScale(int exponent);
 int visibleCounts(int exponent);
 
 /// Caption of the scale button for zoom \a exponent, clamped to 0..8: 31.25 * 2^exponent, the
-/// metres across the view at 0.125 m per count. KU is ignored.
+/// metres across the view at 0.125 m per count. The shortening factor is ignored.
 float scaleDistance(int exponent);
 
 /// Zoom exponent for a master with \a minstep ns between two samples: 0 for 1.25, 1 for 2.5, 2 for
@@ -74,20 +74,20 @@ int wholeSamples(int counts, int step);
 /// \a offset clamped to -256..256 sample steps.
 int clampedVerticalOffset(int offset);
 
-// ---- KU ----
+// ---- Shortening factor ----
 
 /// \a ku clamped to 1.0..10.0; NaN gives 1.0. Single precision on purpose: all distances are
 /// computed from the rounded factor.
 float clampedKU(double ku);
 
-/// Metres of cable per count, one-way, at KU \a ku, which is clamped as in clampedKU.
+/// Metres of cable per count, one-way, at shortening factor \a ku, clamped as in clampedKU.
 double metresPerCount(float ku);
 
-/// Dial position for KU \a ku: thousandths above 1.0, truncated in single precision;
+/// Dial position for shortening factor \a ku: thousandths above 1.0, truncated in single precision;
 /// 498 for the start-up factor 1.49896229.
 int dialOfKU(float ku);
 
-/// KU for dial position \a position, in thousandths above 1.0.
+/// Shortening factor for dial position \a position, in thousandths above 1.0.
 double kuOfDial(int position);
 
 } // namespace calc

@@ -55,7 +55,7 @@ void pressRight(QWidget *button)
 QVector<QPointF> selectedSamples(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
-    if (!window.state().isLoaded(state.rfg_ID))
+    if (!state.isLoaded(state.rfg_ID))
         return {};
     if (state.smooth_rfg_flag)
         return qtcompat::pointsOf(*window.parts().rfg_series_sp[state.rfg_ID]);
@@ -83,14 +83,14 @@ void moveCursorToEnd(MainWindow &window, bool last)
 {
     const MainWindowState &state = window.state();
     const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
-    if (!window.state().isLoaded(state.rfg_ID)) {
+    if (!state.isLoaded(state.rfg_ID)) {
         const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
         placeCursor(window, calc::truncated(last ? axis->max() : axis->min()));
         return;
     }
     const qint64 delay = quint32{ trace.f_p_840.ch.params.delay };
     const qint64 sample = delay + (last ? constants::lastSample : 0);
-    placeCursor(window, trace.scroll + sample * window.state().stepOf(state.rfg_ID));
+    placeCursor(window, trace.scroll + sample * state.stepOf(state.rfg_ID));
 }
 
 void scroll(MainWindow &window, int steps)

@@ -73,7 +73,7 @@ QString proposedPath(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
     QString name;
-    if (checkbit(state.rfg_read_index, state.rfg_ID))
+    if (state.isLoaded(state.rfg_ID))
         name = state.rfg_DATA[state.rfg_ID].file_name;
     if (name.isEmpty())
         name = QStringLiteral("velkor");
@@ -117,17 +117,11 @@ bool writeAll(QSaveFile &file, const QByteArray &bytes)
 void saveAndTell(const MainWindow &window, const QString &path, Format format)
 {
     const Catalogue texts(window.settings(), QLatin1String("Extras"));
-    const QString shownPath = QDir::toNativeSeparators(path);
     const QString reason = saveShown(window, path, format);
-    if (reason.isEmpty())
-        showNote(window,
-                 { texts.text(QT_TRANSLATE_NOOP("Extras", "%1 saved"))
-                       .arg(texts.text(rowOf(format).name)),
-                   shownPath });
-    else
-        showNote(
-            window,
-            { texts.text(QT_TRANSLATE_NOOP("Extras", "Not saved: %1")).arg(reason), shownPath });
+    const QString outcome = reason.isEmpty()
+        ? texts.text(QT_TRANSLATE_NOOP("Extras", "%1 saved")).arg(texts.text(rowOf(format).name))
+        : texts.text(QT_TRANSLATE_NOOP("Extras", "Not saved: %1")).arg(reason);
+    showNote(window, { outcome, QDir::toNativeSeparators(path) });
 }
 
 } // namespace
@@ -141,12 +135,12 @@ void copyShown(MainWindow &window)
         data->setImageData(picture);
     data->setText(readings(window));
     QGuiApplication::clipboard()->setMimeData(data);
-    showNote(window,
-             { picture.isNull()
-                   ? texts.text(QT_TRANSLATE_NOOP("Extras",
-                                                  "Readings copied as text; there is not "
-                                                  "enough memory for the picture"))
-                   : texts.text(QT_TRANSLATE_NOOP("Extras", "Picture and readings copied")) });
+    const char *outcome = picture.isNull()
+        ? QT_TRANSLATE_NOOP("Extras",
+                            "Readings copied as text; there is not enough memory for "
+                            "the picture")
+        : QT_TRANSLATE_NOOP("Extras", "Picture and readings copied");
+    showNote(window, { texts.text(outcome) });
 }
 
 void askAndSaveShown(MainWindow &window)

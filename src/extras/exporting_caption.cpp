@@ -69,7 +69,7 @@ void Caption::addFacts(const MainWindow &window, double width)
     // As many columns as have room. In three rows, what belongs together makes a column.
     for (int rows = leastRows; rows <= count && total > width; ++rows) {
         m_columns.clear();
-        total = 0.0;
+        total = -m_metrics.height(); // the gap after the last column
         for (int first = 0; first < count; first += rows) {
             Column column{ facts.mid(first, rows) };
             double values = 0.0;

@@ -4,7 +4,6 @@
 
 #include "base/catalogue.h"
 #include "calc/readout.h"
-#include "calc/tdr_record.h"
 #include "calc/trace_table.h"
 #include "dictionary.h"
 #include "legendbutton.h"
@@ -28,7 +27,7 @@ bool isDifference(const MainWindow &window)
 calc::TraceRef traceOf(const MainWindow &window, int slot)
 {
     const rfg_SHOWN &trace = window.state().rfg_DATA[slot];
-    return { trace.f_p_840.samples, calc::usableStep(trace.coef_from_min),
+    return { trace.f_p_840.samples, window.state().stepOf(slot),
              quint32{ trace.f_p_840.ch.params.delay }, trace.scroll, trace.offset };
 }
 
@@ -105,7 +104,14 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window)
         { QStringLiteral("v/2"),
           texts.text(QT_TRANSLATE_NOOP("Extras", "%1 m/µs")).arg(halfSpeed, 0, 'f', 1) },
     };
-    if (window.state().isLoaded(state.rfg_ID)) {
+    if (isDifference(window))
+        facts.append({ parts.difference_button->text(),
+                       texts.text(QT_TRANSLATE_NOOP("Extras", "%1 minus each"))
+                           .arg(slotTitle(window, state.rfg_master_ID)) });
+    if (state.smooth_rfg_flag)
+        facts.append(
+            { parts.smooth_button->text(), texts.text(QT_TRANSLATE_NOOP("Extras", "on")) });
+    if (state.isLoaded(state.rfg_ID)) {
         const auto params = state.rfg_DATA[state.rfg_ID].f_p_840.ch.params;
         facts += {
             { texts.text(QT_TRANSLATE_NOOP("Extras", "Selected")),
@@ -122,13 +128,6 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window)
             { words.AVERAGE_STR, QString::number(int{ params.average }) },
         };
     }
-    if (isDifference(window))
-        facts.append({ parts.difference_button->text(),
-                       texts.text(QT_TRANSLATE_NOOP("Extras", "%1 minus each"))
-                           .arg(slotTitle(window, state.rfg_master_ID)) });
-    if (state.smooth_rfg_flag)
-        facts.append(
-            { parts.smooth_button->text(), texts.text(QT_TRANSLATE_NOOP("Extras", "on")) });
     return facts;
 }
 
@@ -142,7 +141,7 @@ QString readings(const MainWindow &window)
         lines.append(name + QStringLiteral(": ") + value);
     };
     for (int slot = 0; slot < constants::slotCount; ++slot) {
-        if (!window.state().isLoaded(slot))
+        if (!state.isLoaded(slot))
             continue;
         const rfg_SHOWN &trace = state.rfg_DATA[slot];
         QStringList facts{
@@ -181,7 +180,7 @@ QByteArray table(const MainWindow &window)
                               trace.f_p_840.ch.params, traceOf(window, slot) });
     }
     table.selected = state.rfg_ID;
-    if (window.state().masterExists()) {
+    if (state.masterExists()) {
         table.master = state.rfg_master_ID;
         table.masterTrace = traceOf(window, state.rfg_master_ID);
     }

@@ -13,7 +13,6 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
-#include <QButtonGroup>
 #include <QFile>
 #include <QFileDialog>
 #include <QFontInfo>
@@ -29,6 +28,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <QWindow>
+
+#include <utility>
 
 namespace extras {
 
@@ -59,31 +60,32 @@ enum Section {
 
 Section sectionOf(const QWidget *control, const MainWindowParts &parts)
 {
-    if (qobject_cast<const Cont_dial *>(control) != nullptr)
+    if (qobject_cast<const Cont_dial *>(control))
         return Dials;
-    if (qobject_cast<const LegendButton *>(control) != nullptr || control == parts.legend_button
-        || qobject_cast<const QFileDialog *>(control) != nullptr)
+    if (qobject_cast<const LegendButton *>(control) || qobject_cast<const QFileDialog *>(control))
         return Slots;
-    if (qobject_cast<const ParamButton *>(control) != nullptr)
+    if (qobject_cast<const ParamButton *>(control))
         return Parameters;
-    if (qobject_cast<const InterfaceButton *>(control) != nullptr)
+    if (qobject_cast<const InterfaceButton *>(control))
         return Cursors;
-    if (control == parts.difference_button)
-        return Difference;
-    if (control == parts.smooth_button)
-        return Smooth;
-    if (control == parts.reset_all_button)
-        return ResetAll;
-    if (control == parts.settings_button || control == parts.settingsMenu)
-        return Settings;
-    if (control == parts.input_dialog)
-        return Parameters;
-    const auto *button = qobject_cast<const QAbstractButton *>(control);
-    const QButtonGroup *group = button == nullptr ? nullptr : button->group();
-    if (group != nullptr
-        && (group == parts.scale_nav_group || group == parts.scroll_nav_group
-            || group == parts.cur_nav_group))
-        return Navigation;
+    const std::pair<const QWidget *, Section> others[] = {
+        { parts.legend_button, Slots },
+        { parts.input_dialog, Parameters },
+        { parts.difference_button, Difference },
+        { parts.smooth_button, Smooth },
+        { parts.reset_all_button, ResetAll },
+        { parts.settings_button, Settings },
+        { parts.settingsMenu, Settings },
+        { parts.scale_up_button, Navigation },
+        { parts.scale_down_button, Navigation },
+        { parts.scroll_left_button, Navigation },
+        { parts.scroll_right_button, Navigation },
+        { parts.curA_nav_button, Navigation },
+        { parts.curB_nav_button, Navigation },
+    };
+    for (const auto &[other, section] : others)
+        if (control == other)
+            return section;
     return Chart;
 }
 
@@ -121,7 +123,7 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     resize(firstSize);
     // The main window gives all widgets its letters, whose size follows its own; a sheet overrides.
     setStyleSheet(
-        QStringLiteral("* { font-size: %1px; }").arg(QFontInfo(QApplication::font()).pixelSize()));
+        QStringLiteral("* { font-size: %1pt; }").arg(QFontInfo(QApplication::font()).pointSize()));
 
     auto *bar = new QToolBar;
     const QAction *backward = bar->addAction(style()->standardIcon(QStyle::SP_ArrowBack), back,

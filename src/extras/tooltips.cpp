@@ -9,6 +9,7 @@
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "dictionary.h"
+#include "extras/exporting_text.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
@@ -42,7 +43,7 @@ struct Explanation
     bool isTyped = false; ///< a right click asks for a value
 };
 
-QVector<Explanation> readings(const MainWindowParts &parts)
+QVector<Explanation> valueControls(const MainWindowParts &parts)
 {
     constexpr auto recorded = QT_TRANSLATE_NOOP("Extras", "Recorded with the trace, read-only");
     return {
@@ -72,7 +73,7 @@ QVector<Explanation> readings(const MainWindowParts &parts)
     };
 }
 
-QVector<Explanation> tools(const MainWindowParts &parts)
+QVector<Explanation> toolControls(const MainWindowParts &parts)
 {
     return {
         { parts.logo_lbl, "", QT_TRANSLATE_NOOP("Extras", "Velkor %1; a click tells about Qt") },
@@ -180,7 +181,7 @@ QStringList Facts::explanationOf(const QWidget *control) const
         return { m_texts.text(
                      QT_TRANSLATE_NOOP("Extras", "Selects the trace; right click: its menu")),
                  key(QString::number(slot->id + 1)) };
-    const QVector<Explanation> all = readings(m_parts) + tools(m_parts);
+    const QVector<Explanation> all = valueControls(m_parts) + toolControls(m_parts);
     for (const Explanation &explanation : all) {
         if (explanation.control != control)
             continue;
@@ -207,7 +208,7 @@ QStringList Facts::distance(int counts) const
 
 QString Facts::stepsPerTurn(int steps) const
 {
-    return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Steps in a turn of the dial: %1")).arg(steps);
+    return m_texts.text(QT_TRANSLATE_NOOP("Extras", "Steps per turn of the dial: %1")).arg(steps);
 }
 
 QString Facts::now(const QString &value) const
@@ -219,8 +220,7 @@ QStringList Facts::ofSlot(int slot) const
 {
     if (!m_state.isLoaded(slot))
         return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "No trace in this slot")) };
-    const rfg_SHOWN &trace = m_state.rfg_DATA[slot];
-    const QString &path = trace.full_path;
+    const QString &path = m_state.rfg_DATA[slot].full_path;
     if (path.isEmpty())
         return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file could not be read")) };
     QStringList facts{ folded(QDir::toNativeSeparators(path)) };
@@ -229,13 +229,10 @@ QStringList Facts::ofSlot(int slot) const
                      .arg(QFileInfo(path).size());
     else
         facts += m_texts.text(QT_TRANSLATE_NOOP("Extras", "The file does not exist any more"));
-    if (trace.date.isValid())
-        facts += m_texts.text(QT_TRANSLATE_NOOP("Extras", "Measured: %1"))
-                     .arg(QLocale::system().toString(trace.date, QLocale::ShortFormat)
-                          + QLatin1Char(' ') + trace.time.toString(Qt::TextDate));
-    else
-        facts
-            += m_texts.text(QT_TRANSLATE_NOOP("Extras", "No date of the measurement in the file"));
+    const QString measured = measuredOf(m_window, slot);
+    facts += measured.isEmpty()
+        ? m_texts.text(QT_TRANSLATE_NOOP("Extras", "No date of the measurement in the file"))
+        : m_texts.text(QT_TRANSLATE_NOOP("Extras", "Measured: %1")).arg(measured);
     return facts;
 }
 
@@ -251,13 +248,14 @@ QStringList Facts::ofParameter(int parameter) const
     case MainWindow::KU:
         return ofVelocity();
     case MainWindow::V_OFFSET:
-        return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2 levels, one a step"))
+        return { m_texts
+                     .text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2 levels, one level per step"))
                      .arg(-constants::verticalOffsetLimit)
                      .arg(constants::verticalOffsetLimit),
                  perTurn, now(QString::number(trace.offset)) };
     case MainWindow::H_OFFSET:
         return QStringList{ m_texts.text(QT_TRANSLATE_NOOP(
-                                "Extras", "In whole samples; one sample a notch of the wheel")),
+                                "Extras", "In whole samples; one sample per notch of the wheel")),
                             perTurn, now(distance(trace.scroll).join(QLatin1String(" = "))) };
     case MainWindow::SCALE:
         return ofScale();
@@ -270,7 +268,7 @@ QStringList Facts::ofVelocity() const
 {
     const auto atDial = [](int position) { return precisely(calc::kuOfDial(position)); };
     const double ku = double{ m_state.master_params.KU };
-    return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2 by %3 a step"))
+    return { m_texts.text(QT_TRANSLATE_NOOP("Extras", "From %1 to %2, %3 per step"))
                  .arg(precisely(double{ m_state.KU_min }), atDial(calc::dialOfKU(m_state.KU_max)),
                       precisely(1 / double{ constants::kuDialUnits })),
              stepsPerTurn(m_window.settings()->param_dial_speed),

@@ -189,8 +189,7 @@ void TestExportingPicture::nothingIsClippedNorCovered()
     QStringList paths;
     const QVector<TraceBuilder> traces = sixTraces();
     for (int i = 0; i < traces.size(); ++i)
-        paths.append(fixture->trace(QString(20 * i + 1, QLatin1Char('n')) + QStringLiteral(".tdr"),
-                                    traces[i]));
+        paths.append(fixture->trace(QString(20 * i + 1, u'n') + QLatin1String(".tdr"), traces[i]));
     WindowFixture::writePreviousRun(paths);
     MainWindow &window = fixture->open();
     // Twenty labels of four digits at the widest scale.
@@ -200,26 +199,27 @@ void TestExportingPicture::nothingIsClippedNorCovered()
         QTest::mouseClick(cursor, Qt::LeftButton);
         window.cursorSetup_slot(996);
     }
-    for (const QSize size : { QSize(800, 500), QSize(1280, 800), QSize(2560, 1440) }) {
-        window.resize(size);
-        for (const char *language : { "en_US", "ru_RU" }) {
-            speak(window, language);
-            QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-            QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-            window.scale_change(probe().difference_button()->isChecked() ? 8 : 2);
-            const Drawing drawing = drawingOf(window);
-            for (const Drawing::Line &line : drawing.lines)
-                for (const QPointF &point : line.points)
-                    QVERIFY(drawing.area.contains(point));
-            for (int i = 0; i < drawing.texts.size(); ++i) {
-                const auto &[text, place] = drawing.texts[i];
-                QVERIFY2(drawing.area.contains(place), qPrintable(text));
-                for (int j = 0; j < i; ++j)
-                    QVERIFY2(!place.intersects(drawing.texts[j].place),
-                             qPrintable(text + QStringLiteral(" and ") + drawing.texts[j].text));
+    for (const QSize size : { QSize(800, 500), QSize(1280, 800), QSize(2560, 1440) })
+        for (const char *language : { "en_US", "ru_RU" })
+            for (const int scale : { 2, 8 }) { // with and without differences and smoothing
+                window.resize(size);
+                speak(window, language);
+                QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+                QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+                window.scale_change(scale);
+                const Drawing drawing = drawingOf(window);
+                // The caption is not higher than the chart.
+                QVERIFY(drawing.area.height() < 2 * viewport()->height());
+                for (const Drawing::Line &line : drawing.lines)
+                    for (const QPointF &point : line.points)
+                        QVERIFY(drawing.area.contains(point));
+                for (int i = 0; i < drawing.texts.size(); ++i) {
+                    const auto &[text, place] = drawing.texts[i];
+                    QVERIFY2(drawing.area.contains(place), qPrintable(text));
+                    for (int j = 0; j < i; ++j)
+                        QVERIFY2(!place.intersects(drawing.texts[j].place), qPrintable(text));
+                }
             }
-        }
-    }
 }
 
 void TestExportingPicture::tracesKeepTheirHueOnWhite()

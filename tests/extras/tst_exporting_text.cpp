@@ -179,13 +179,13 @@ void TestExportingText::readingsTellEverything()
                          "KU: 1.499\n"
                          "Velocity factor 1/KU: 0.667\n"
                          "v/2: 100.0 m/µs\n"
+                         "Smooth: on\n"
                          "Selected: RFG 1\n"
                          "Pulse Width: 100 ns\n"
                          "Pulse Amp: 20 V\n"
                          "Impedance: 75 Ω\n"
                          "Gain: 30\n"
-                         "Average: 16\n"
-                         "Smooth: on\n")
+                         "Average: 16\n")
               .arg(date(2024, 3, 5), date(2031, 12, 5));
     QCOMPARE(extras::readings(window).left(expected.size()), expected);
     // In difference mode the reflections are those of the difference, 0 minus two teeth.

@@ -240,6 +240,7 @@ private slots:
         WindowFixture::settle();
         QVERIFY(window().font().pointSize() > QApplication::font().pointSize());
         QCOMPARE(page.document()->documentLayout()->documentSize().height(), before);
+        QVERIFY(page.document()->lastBlock().blockFormat().topMargin() > 0.0);
         closeHelp();
     }
 

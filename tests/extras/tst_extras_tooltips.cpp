@@ -247,13 +247,13 @@ private slots:
     {
         MainWindow &window = openThree();
         window.settings()->param_dial_speed = 70;
-        const QString turn = line("Steps in a turn of the dial: 70");
+        const QString turn = line("Steps per turn of the dial: 70");
         QCOMPARE(shownOn(probe().KU_button()).mid(3),
-                 (QStringList{ line("From 1 to 10 by 0.001 a step"), turn, line("Now: 1.49896228"),
+                 (QStringList{ line("From 1 to 10, 0.001 per step"), turn, line("Now: 1.49896228"),
                                line("Velocity factor v/c = 1/KU: 0.667") }));
-        QCOMPARE(
-            shownOn(probe().V_offset_button()).mid(3),
-            (QStringList{ line("From -256 to 256 levels, one a step"), turn, line("Now: 9") }));
+        QCOMPARE(shownOn(probe().V_offset_button()).mid(3),
+                 (QStringList{ line("From -256 to 256 levels, one level per step"), turn,
+                               line("Now: 9") }));
         window.H_Offset_change(20);
         const QStringList shift = shownOn(probe().H_offset_button()).mid(4);
         QCOMPARE(shift.first(), turn);
@@ -261,7 +261,7 @@ private slots:
         QVERIFY(shift.last().endsWith(QLatin1String(" = 25 ns")));
         const QStringList scale = shownOn(probe().scale_button()).mid(3);
         QCOMPARE(scale[0], line("From 31.25 m to 8000 m; each step doubles or halves it"));
-        QCOMPARE(scale[1], line("Steps in a turn of the dial: 8"));
+        QCOMPARE(scale[1], line("Steps per turn of the dial: 8"));
         QVERIFY(scale[2].endsWith(QLatin1String(" = 625 ns")));
         for (ParamButton *button :
              { probe().KU_button(), probe().V_offset_button(), probe().scale_button() }) {

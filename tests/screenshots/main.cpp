@@ -271,7 +271,7 @@ void makeSamples(const QString &language, const QString &docs, const QStringList
     };
     constexpr Sample samples[]
         = { { "sample-1", 38.0, 104.0 }, { "sample-2", 71.5, 38.0 },  { "sample-3", 52.0, 68.0 },
-            { "sample-4", 26.0, 40.0 },  { "sample-5", 88.0, 203.0 }, { "sample-6", 52.0, 68.0 } };
+            { "sample-4", 26.0, 40.0 },  { "sample-5", 88.0, 203.8 }, { "sample-6", 52.0, 68.0 } };
     int slot = 0;
     for (const Sample &sample : samples) {
         const Pictures pictures(language, docs, manualSize, { traces[slot++] });
