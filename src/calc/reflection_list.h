@@ -18,7 +18,8 @@ struct Reflection
 
 /// The reflections of the trace whose samples are \a points, x in counts and y in sample steps, as
 /// splinePoints and splineDifference make them. Ascending. Each stands at a sample that
-/// reflections() finds.
-QVector<Reflection> reflectionList(const QVector<QPointF> &points);
+/// findEchoes() finds. \a launch is the column of the launched pulse's crest and \a offset the
+/// level of zero, in sample steps: the horizontal and the vertical shift of the trace.
+QVector<Reflection> reflectionList(const QVector<QPointF> &points, double launch, int offset = 0);
 
 } // namespace calc

@@ -6,6 +6,7 @@
 #include "calc/readout.h"
 #include "calc/trace_table.h"
 #include "dictionary.h"
+#include "extras/reflection_steps.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
 
@@ -29,26 +30,6 @@ calc::TraceRef traceOf(const MainWindow &window, int slot)
     const rfg_SHOWN &trace = window.state().rfg_DATA[slot];
     return { trace.f_p_840.samples, window.state().stepOf(slot),
              quint32{ trace.f_p_840.ch.params.delay }, trace.scroll, trace.offset };
-}
-
-/// Reflections of the selected trace as it is drawn, those outside the axis left out.
-QVector<calc::Reflection> reflectionsOf(const MainWindow &window)
-{
-    const MainWindowState &state = window.state();
-    if (!window.state().isLoaded(state.rfg_ID))
-        return {};
-    QVector<QPointF> points;
-    if (isDifference(window) && state.rfg_ID != state.rfg_master_ID)
-        calc::splineDifference(traceOf(window, state.rfg_master_ID), traceOf(window, state.rfg_ID),
-                               points);
-    else
-        calc::splinePoints(traceOf(window, state.rfg_ID), points);
-    QVector<calc::Reflection> list;
-    const QVector<calc::Reflection> found = calc::reflectionList(points);
-    for (const calc::Reflection &reflection : found)
-        if (reflection.column >= 0 && reflection.column <= constants::xLength)
-            list.append(reflection);
-    return list;
 }
 
 QString slotTitle(const MainWindow &window, int slot)
@@ -162,7 +143,7 @@ QString readings(const MainWindow &window)
             QStringLiteral("x = %1, t = %2 %3, y = %4, %5")
                 .arg(window.count_to_distance(column),
                      QString::number(column * constants::nsPerCount, 'f', 2), words.TIME_SUFFIX_STR,
-                     QString::number(reflections[i].level),
+                     window.count_to_level(reflections[i].level),
                      QString(reflections[i].positive ? u'+' : u'−')));
     }
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/reflection_steps.h"
 
-#include "calc/numeric.h"
 #include "calc/reflections.h"
 #include "cont_dial.h"
 #include "extras/commands.h"
@@ -12,19 +11,27 @@
 
 namespace extras {
 
-QVector<int> reflectionColumns(const MainWindow &window)
+QVector<calc::Reflection> reflectionsOf(const MainWindow &window)
 {
     const QVector<QPointF> samples = selectedSamples(window);
-    QVector<int> levels;
-    for (const QPointF &sample : samples)
-        levels.append(calc::truncated(sample.y()));
+    if (samples.isEmpty())
+        return {};
+    const MainWindowState &state = window.state();
+    const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
+    QVector<calc::Reflection> list = calc::reflectionList(samples, trace.scroll, trace.offset);
+    const auto outside = [](const calc::Reflection &reflection) {
+        return reflection.column < 0 || reflection.column > constants::xLength;
+    };
+    list.erase(std::remove_if(list.begin(), list.end(), outside), list.end());
+    return list;
+}
+
+QVector<int> reflectionColumns(const MainWindow &window)
+{
+    const QVector<calc::Reflection> reflections = reflectionsOf(window);
     QVector<int> columns;
-    const QVector<int> places = calc::reflections(levels);
-    for (const int place : places) {
-        const double column = samples[place].x();
-        if (column >= 0.0 && column <= constants::xLength)
-            columns.append(calc::truncated(column));
-    }
+    for (const calc::Reflection &reflection : reflections)
+        columns.append(static_cast<int>(reflection.column));
     return columns;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QVector>
+#include "calc/reflection_list.h"
 
 class MainWindow;
 
@@ -16,8 +16,11 @@ void toNextReflection(MainWindow &window);
 /// The same to the left.
 void toPreviousReflection(MainWindow &window);
 
-/// Columns of the reflections of the selected trace inside the chart, ascending. In difference mode
-/// the trace is the difference that is drawn, which has reflections where the cables differ.
+/// The reflections of the selected trace inside the chart, ascending. In difference mode the trace
+/// is the difference that is drawn, which has reflections where the cables differ.
+QVector<calc::Reflection> reflectionsOf(const MainWindow &window);
+
+/// Their columns.
 QVector<int> reflectionColumns(const MainWindow &window);
 
 } // namespace extras

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -59,6 +60,7 @@ private slots:
     void oddRecordsGiveATable();
     void oddNamesStayOnTheirLine();
     void readingsTellEverything();
+    void readingsListTheReflections();
     void readingsSpeakTheWindowsLanguage();
     void readingsOfAnEmptyWindow();
 };
@@ -188,11 +190,35 @@ void TestExportingText::readingsTellEverything()
                          "Average: 16\n")
               .arg(date(2024, 3, 5), date(2031, 12, 5));
     QCOMPARE(extras::readings(window).left(expected.size()), expected);
-    // In difference mode the reflections are those of the difference, 0 minus two teeth.
     window.rfgSelect_slot(0);
-    QVERIFY(extras::readings(window).contains(QStringLiteral("Reflection 1: x = ")));
     QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
     QVERIFY(extras::readings(window).contains(QStringLiteral("\nDifference: RFG 1 minus each\n")));
+}
+
+void TestExportingText::readingsListTheReflections()
+{
+    // A crest and a dip, 8 samples wide, 5 levels up. A count is 0.125 m and 1.25 ns.
+    const auto echoes = [](int i) {
+        const auto bell = [i](int at) { return std::exp2(-4.0 * (i - at) * (i - at) / 64.0); };
+        return static_cast<int>(std::lround(90.0 * bell(60) - 40.0 * bell(180)));
+    };
+    MainWindow &window = openOn(
+        { TraceBuilder().samples(0), TraceBuilder().samples(echoes).shiftX(16).shiftY(5) });
+    const auto reflections = [&window] {
+        return extras::readings(window)
+            .split(QLatin1Char('\n'))
+            .filter(QStringLiteral("Reflection "));
+    };
+    QCOMPARE(reflections(), QStringList());
+    window.rfgSelect_slot(1);
+    QCOMPARE(
+        reflections(),
+        (QStringList{ QStringLiteral("Reflection 1: x = 9.50 m, t = 95.00 ns, y = 95, +"),
+                      QStringLiteral("Reflection 2: x = 24.50 m, t = 245.00 ns, y = -35, −") }));
+    // The master is 0 everywhere.
+    QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+    QCOMPARE(reflections().value(0),
+             QStringLiteral("Reflection 1: x = 9.50 m, t = 95.00 ns, y = -95, −"));
 }
 
 void TestExportingText::readingsSpeakTheWindowsLanguage()

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
-#include "each.h"
 #include "extras/extras.h"
 #include "extras/reflection_steps.h"
 #include "interfacebutton.h"
@@ -11,6 +10,7 @@
 
 #include <QDir>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <cmath>
@@ -79,26 +79,24 @@ class TestReflectionSteps : public QObject
     Q_OBJECT
 
 private slots:
-    void nStopsAtEachFaultOfASample()
+    void nStopsWhereTheListOfSamplesSays()
     {
-        struct Sample
-        {
-            const char *name;
-            int number;
+        QFile file(QStringLiteral(VELKOR_SAMPLES_DIR "/README.md"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+        for (int number = 1; number <= sampleNames.size(); ++number) {
+            const QString stopsOf = QStringLiteral("N stops at ");
+            const QStringList line = lines.filter(sampleNames[number - 1]).filter(stopsOf);
+            QCOMPARE(line.size(), 1);
             QVector<double> metres;
-            double quarterPulse;
-        };
-        each<Sample>({ { "healthy", 1, { 38.0, 104.0 }, 1.0 },
-                       { "shorted", 2, { 38.0, 71.5 }, 1.0 },
-                       { "wet section", 3, { 52.0, 68.0, 88.0, 116.0 }, 1.0 },
-                       { "bridged tap", 4, { 26.0, 40.0, 80.0 }, 1.0 },
-                       { "long coax", 5, { 88.0, 203.0 }, 2.0 },
-                       { "wet section, close up", 6, { 52.0, 68.0, 88.0 }, 0.5 } },
-                     [](const Sample &sample) {
-                         WindowFixture fixture;
-                         openSamples(fixture, { sample.number });
-                         QVERIFY(near(stops(fixture), sample.metres, sample.quarterPulse));
-                     });
+            const QRegularExpression decimals(QStringLiteral("[0-9]+[.][0-9]{2}"));
+            for (auto found = decimals.globalMatch(line[0], line[0].indexOf(stopsOf));
+                 found.hasNext();)
+                metres.append(found.next().captured().toDouble());
+            WindowFixture fixture;
+            openSamples(fixture, { number });
+            QVERIFY2(near(stops(fixture), metres, 0.005), qPrintable(line[0]));
+        }
     }
 
     void pGoesTheSameWayBack()
@@ -220,6 +218,23 @@ private slots:
                     .isEmpty());
         QCOMPARE(extras::reflectionColumns(openWith(fixture, { bellAt(20).delay(100) })),
                  QVector<int>{ 120 });
+    }
+
+    void secondRoundTripsCountFromTheInstrument()
+    {
+        // An open end and its second round trip: at twice the distance from the instrument, which
+        // is 15 samples before the trace.
+        WindowFixture fixture;
+        const auto roundTrips = [](int i) {
+            const double first = std::exp2(-4.0 * (i - 80) * (i - 80) / 64.0);
+            return int(
+                std::lround(90 * first + 30 * std::exp2(-4.0 * (i - 175) * (i - 175) / 64.0)));
+        };
+        const TraceBuilder trace = TraceBuilder().samples(roundTrips).shiftX(quint32(-10));
+        QCOMPARE(extras::reflectionColumns(openWith(fixture, { TraceBuilder(trace).delay(15) })),
+                 QVector<int>{ 85 });
+        QCOMPARE(extras::reflectionColumns(openWith(fixture, { TraceBuilder(trace).delay(60) })),
+                 (QVector<int>{ 130, 225 }));
     }
 
     void aCursorThatSnappingPutLeftGoesOn()

@@ -13,7 +13,7 @@ class TestFourier : public QObject
     Q_OBJECT
 
 private slots:
-    void oneLineOfASpectrumIsAWave()
+    void oneSpectralLineGivesAWave()
     {
         std::vector<std::complex<double>> values(8);
         values[1] = 1.0;
@@ -25,7 +25,7 @@ private slots:
                 < 1.0e-15);
     }
 
-    void aLengthThatIsNoPowerOfTwoIsLeftAlone()
+    void otherLengthsThanPowersOfTwoAreUnchanged()
     {
         std::vector<std::complex<double>> values{ 1.0, 2.0, 3.0 };
         const std::vector<std::complex<double>> before = values;

@@ -39,7 +39,7 @@ class TestSampleRecord : public QObject
     Q_OBJECT
 
 private slots:
-    void theFileHasTheSizeAndOrderOfTheFormat()
+    void fieldsAreAtTheirOffsets()
     {
         Settings settings;
         settings.delay = 0x0102;
@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(sum, quint8(0));
     }
 
-    void placesAreWrittenInTheInstrumentsUnits()
+    void placesAreInCentimetresAndSamples()
     {
         const TDR_FILE_t record = makeRecord({}, Settings(), someSurvey());
         QCOMPARE(quint32(record.ch.fault_distance), 7150U); // cm
@@ -88,7 +88,7 @@ private slots:
         QCOMPARE(int(record.name.len_samples), 0);
     }
 
-    void textsAndMarksAreCutToTheirFields()
+    void longTextsAndListsAreCut()
     {
         Survey survey;
         survey.note = QByteArray(2000, 'n');
@@ -100,7 +100,7 @@ private slots:
         QCOMPARE(quint32(record.ext_nodes.id_site), 1U);
     }
 
-    void nonsenseDistancesAndNoDateAreHeldWithinTheirFields()
+    void valuesOutOfRangeAreClamped()
     {
         Survey survey;
         survey.faultDistance = 1.0e30;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
+#include "each.h"
 #include "protocol_vx840.h"
 #include "record.h"
 #include "sample_traces.h"
@@ -39,7 +40,7 @@ TDR_FILE_t recordOf(const QString &fileName)
     return record;
 }
 
-/// Counts per sample, as the viewer takes them.
+/// Counts per sample.
 int stepOf(const TDR_FILE_t &record)
 {
     return static_cast<int>(static_cast<double>(record.ch.params.sample_minstep)
@@ -61,8 +62,7 @@ double pulseLength(const TDR_FILE_t &record)
         / double(record.ch.params.KU);
 }
 
-/// How well a bell of the launched width fits the drawn samples around \a index: the noise of the
-/// single sample does not decide where a crest is.
+/// Output of the filter matched to the launched pulse at sample \a index.
 double fit(const TDR_FILE_t &record, int index)
 {
     const double width = record.ch.params.pulse_width / double(record.ch.params.sample_minstep);
@@ -95,7 +95,7 @@ class TestSamples : public QObject
     Q_OBJECT
 
 private slots:
-    void theFolderHoldsTheSixAndNoOther()
+    void theFolderHoldsTheSixTraces()
     {
         QStringList made;
         for (const SampleTrace &sample : sampleTraces())
@@ -105,33 +105,26 @@ private slots:
                  made);
     }
 
-    void theMakerMakesTheFilesAgain_data()
+    void theInstrumentMakesTheSameFiles()
     {
-        QTest::addColumn<int>("index");
-        for (int i = 0; i < constants::slotCount; ++i)
-            QTest::addRow("%d", i + 1) << i;
+        for (const SampleTrace &sample : sampleTraces()) {
+            const Trace trace = acquire(sample.cable, sample.settings);
+            QCOMPARE(trace.clipped, 0);
+            TDR_FILE_t made = makeRecord(trace, sample.settings, sample.survey);
+            QCOMPARE(contents(sample.fileName).size(), 37775);
+            TDR_FILE_t kept = recordOf(sample.fileName);
+            QCOMPARE(int(kept.crc), int(checkByte(kept)));
+            // Another compiler's last digit may round a sample the other way.
+            for (int i = 0; i < Protocol_VX840::fileSamples; ++i)
+                QVERIFY2(std::abs(made.samples[i] - kept.samples[i]) <= 1,
+                         qPrintable(sample.fileName + QStringLiteral(", sample %1").arg(i)));
+            std::memcpy(made.samples, kept.samples, sizeof made.samples);
+            made.crc = checkByte(made);
+            QVERIFY2(fileBytes(made) == fileBytes(kept), qPrintable(sample.fileName));
+        }
     }
 
-    void theMakerMakesTheFilesAgain()
-    {
-        QFETCH(int, index);
-        const SampleTrace sample = sampleTraces()[static_cast<std::size_t>(index)];
-        const Trace trace = acquire(sample.cable, sample.settings);
-        QCOMPARE(trace.clipped, 0);
-        TDR_FILE_t made = makeRecord(trace, sample.settings, sample.survey);
-        QCOMPARE(contents(sample.fileName).size(), 37775);
-        TDR_FILE_t kept = recordOf(sample.fileName);
-        QCOMPARE(int(kept.crc), int(checkByte(kept)));
-        // Another compiler's last digit may tip a sample over; nothing else may differ.
-        for (int i = 0; i < Protocol_VX840::fileSamples; ++i)
-            QVERIFY2(std::abs(made.samples[i] - kept.samples[i]) <= 1,
-                     qPrintable(QString::number(i)));
-        std::memcpy(made.samples, kept.samples, sizeof made.samples);
-        made.crc = checkByte(made);
-        QVERIFY(fileBytes(made) == fileBytes(kept));
-    }
-
-    void everyTraceStaysOnTheScreen()
+    void everyTraceFitsTheChart()
     {
         for (const SampleTrace &sample : sampleTraces()) {
             const TDR_FILE_t record = recordOf(sample.fileName);
@@ -144,57 +137,48 @@ private slots:
         }
     }
 
-    void echoesLieWhereTheListSays_data()
+    void echoesAreWhereTheListSays()
     {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("metres");
-        QTest::addColumn<int>("sign");
-        const auto row = [](int number, const char *text, double metres, int sign) {
-            QTest::addRow("%d: %s", number, text)
-                << sampleTraces()[static_cast<std::size_t>(number - 1)].fileName
-                << QString::fromLatin1(text) << metres << sign;
+        struct Row
+        {
+            const char *name; ///< words of the list
+            std::size_t number;
+            double metres;
+            int sign;
         };
-        row(1, "a joint at 38 m", 38.0, 1);
-        row(1, "the open end at 104 m", 104.0, 1);
-        row(2, "the joint at 38 m", 38.0, 1);
-        row(2, "a short at 71.5 m", 71.5, -1);
-        row(3, "from 52 m to 64 m", 52.0, -1);
-        row(3, "far edge reads 68 m", 68.0, 1);
-        row(3, "a bad joint at 84 m reads 88 m", 88.0, 1);
-        row(3, "112 m, reads 116 m", 116.0, 1);
-        row(4, "a tap at 26 m", 26.0, -1);
-        row(4, "14 m further reads 40 m", 40.0, 1);
-        row(4, "the dip at 54 m", 54.0, -1);
-        row(4, "open end at 80 m", 80.0, 1);
-        row(4, "the crest at 94 m", 94.0, 1);
-        row(5, "splice at 88 m", 88.0, 1);
-        row(5, "the shorted end at 203 m", 203.0, -1);
-        row(6, "begins at 52 m", 52.0, -1);
-        row(6, "far edge reads 68 m", 68.0, 1);
-        row(6, "the joint reads 88 m", 88.0, 1);
+        const QString list = QString::fromUtf8(contents(QStringLiteral("README.md")));
+        each<Row>({ { "a joint at 38 m", 1, 38.0, 1 },
+                    { "the open end at 104 m", 1, 104.0, 1 },
+                    { "the joint at 38 m", 2, 38.0, 1 },
+                    { "a short at 71.5 m", 2, 71.5, -1 },
+                    { "from 52 m to 64 m", 3, 52.0, -1 },
+                    { "far edge reads 68 m", 3, 68.0, 1 },
+                    { "a bad joint at 84 m reads 88 m", 3, 88.0, 1 },
+                    { "112 m, reads 116 m", 3, 116.0, 1 },
+                    { "a tap at 26 m", 4, 26.0, -1 },
+                    { "14 m further reads 40 m", 4, 40.0, 1 },
+                    { "the dip at 54 m", 4, 54.0, -1 },
+                    { "open end at 80 m", 4, 80.0, 1 },
+                    { "the crest at 94 m", 4, 94.0, 1 },
+                    { "splice at 88 m", 5, 88.0, 1 },
+                    { "the shorted end at 203 m", 5, 203.0, -1 },
+                    { "begins at 52 m", 6, 52.0, -1 },
+                    { "far edge reads 68 m", 6, 68.0, 1 },
+                    { "the joint reads 88 m", 6, 88.0, 1 } },
+                  [&list](const Row &row) {
+                      const QString file = sampleTraces()[row.number - 1].fileName;
+                      const QStringList lines = list.split(QLatin1Char('\n')).filter(file);
+                      QCOMPARE(lines.size(), 1);
+                      QVERIFY(lines.constFirst().contains(QString::fromLatin1(row.name)));
+                      // A quarter of the pulse is what a reader can tell of a place.
+                      const TDR_FILE_t record = recordOf(file);
+                      const double found = crestNear(record, row.metres, row.sign);
+                      QVERIFY2(std::abs(found - row.metres) <= pulseLength(record) / 4.0,
+                               qPrintable(QString::number(found)));
+                  });
     }
 
-    void echoesLieWhereTheListSays()
-    {
-        QFETCH(QString, file);
-        QFETCH(QString, text);
-        QFETCH(double, metres);
-        QFETCH(int, sign);
-        const QStringList lines
-            = QString::fromUtf8(contents(QStringLiteral("README.md"))).split(QLatin1Char('\n'));
-        const QStringList own = lines.filter(file);
-        QCOMPARE(own.size(), 1);
-        QVERIFY2(own.constFirst().contains(text), qPrintable(own.constFirst()));
-
-        // A quarter of the pulse is what a reader can tell of a place: 1 m for 40 ns.
-        const TDR_FILE_t record = recordOf(file);
-        const double found = crestNear(record, metres, sign);
-        QVERIFY2(std::abs(found - metres) <= pulseLength(record) / 4.0,
-                 qPrintable(QString::number(found)));
-    }
-
-    void theFaultIsTheWholeDifference()
+    void theFaultIsTheOnlyDifference()
     {
         const TDR_FILE_t before = recordOf(sampleTraces()[0].fileName);
         const TDR_FILE_t after = recordOf(sampleTraces()[1].fileName);
@@ -211,7 +195,7 @@ private slots:
         QVERIFY(before.samples[end] - after.samples[end] > 40);
     }
 
-    void theSixShowWhatTheFormatCanSay()
+    void theSixDifferInStepDelayAndShift()
     {
         QVector<int> steps;
         int delayed = 0;

@@ -248,14 +248,14 @@ void TestTraceTable::reflectionsHavePlaceLevelAndSign()
             level += echo.height * std::exp(-0.5 * std::pow((i - echo.place) / echo.width, 2.0));
         points.append({ 100.0 + 4 * i, std::round(level) });
     }
-    const QVector<calc::Reflection> list = calc::reflectionList(points);
+    const QVector<calc::Reflection> list = calc::reflectionList(points, 100.0);
     QCOMPARE(list.size(), 4);
     for (int i = 0; i < 4; ++i) {
         QCOMPARE(list[i].column, qint64(100 + 4 * echoes[i].place));
         QVERIFY(std::abs(list[i].level - 7 - echoes[i].height) <= 1.0);
         QCOMPARE(list[i].positive, echoes[i].height > 0);
     }
-    QVERIFY(calc::reflectionList({}).isEmpty());
+    QVERIFY(calc::reflectionList({}, 0.0).isEmpty());
 }
 
 void TestTraceTable::noiseDoesNotChangeTheSignOfAReflection()
@@ -270,7 +270,7 @@ void TestTraceTable::noiseDoesNotChangeTheSignOfAReflection()
             points.append(
                 { double(i),
                   std::round(height * std::exp(-0.005 * (i - 125) * (i - 125)) + noise(random)) });
-        for (const calc::Reflection &reflection : calc::reflectionList(points)) {
+        for (const calc::Reflection &reflection : calc::reflectionList(points, 0.0)) {
             if (qAbs(reflection.column - 125) > 8)
                 continue;
             ++found;

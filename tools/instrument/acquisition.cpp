@@ -3,12 +3,12 @@
 #include "acquisition.h"
 
 #include "fourier.h"
-#include "protocol_vx840.h"
 
 #include <algorithm>
 #include <cmath>
 #include <complex>
 #include <limits>
+#include <numeric>
 #include <random>
 
 namespace instrument {
@@ -20,10 +20,8 @@ constexpr double pi = 3.14159265358979323846;
 constexpr double ln2 = 0.69314718055994530942;
 constexpr double secondsPerNs = 1.0e-9;
 
-/// Samples until the computed time starts over. A discrete spectrum belongs to a repeated signal:
-/// the part beyond the record is the rest between two pulses, in which the echoes must die away.
-constexpr std::size_t windowSamples = 65536;
-static_assert(windowSamples > maxDelay + Protocol_VX840::fileSamples, "a record is one window");
+constexpr std::size_t maxWindow = 65536; ///< samples
+static_assert(maxWindow > maxDelay + Protocol_VX840::fileSamples, "a record is one window");
 
 constexpr std::size_t maxOversampling = 16;
 constexpr double pointsPerPulse = 4.0; ///< a bell sampled so often aliases less than 1e-6 of it
@@ -50,6 +48,16 @@ std::size_t oversampling(const Settings &settings)
     return factor;
 }
 
+/// Samples until the computed time starts over, a power of two. A discrete spectrum belongs to a
+/// repeated signal: in the part beyond the \a last sample the echoes must die away.
+std::size_t windowFor(std::size_t last)
+{
+    std::size_t window = 1;
+    while (window < maxWindow && window < 16 * last)
+        window *= 2;
+    return window;
+}
+
 /// Spectrum in seconds of the bell exp(-4 ln2 t^2 / w^2), of height 1 and \a width w at half
 /// height; the transform of a bell is a bell.
 double pulseSpectrum(double width, double frequency)
@@ -59,7 +67,7 @@ double pulseSpectrum(double width, double frequency)
 }
 
 /// Noise of standard deviation 1: twelve uniform numbers, each of variance 1/12. The tails end at
-/// 6, which nobody misses in eight bits, and no library function decides the last digit.
+/// 6, and the result does not depend on the standard library.
 double unitNoise(std::mt19937_64 &generator)
 {
     double sum = -6.0;
@@ -68,12 +76,38 @@ double unitNoise(std::mt19937_64 &generator)
     return sum;
 }
 
+/// \a count samples of the receiver's noise, of standard deviation 1.
+std::vector<double> receiverNoise(const Settings &settings, std::size_t count)
+{
+    std::mt19937_64 generator(settings.seed);
+    const double width = std::clamp(settings.noiseWidth / sampleStepOf(settings), 0.0, 1000.0);
+    const int reach = static_cast<int>(std::ceil(2.0 * width));
+    std::vector<double> response;
+    double energy = 0.0;
+    for (int k = -reach; k <= reach; ++k) {
+        response.push_back(k == 0 ? 1.0 : std::exp2(-4.0 * k * k / (width * width)));
+        energy += response.back() * response.back();
+    }
+    std::vector<double> white(count + response.size() - 1);
+    for (double &value : white)
+        value = unitNoise(generator);
+    std::vector<double> noise(count);
+    for (std::size_t i = 0; i < count; ++i)
+        noise[i] = std::inner_product(response.begin(), response.end(),
+                                      white.begin() + static_cast<std::ptrdiff_t>(i), 0.0)
+            / std::sqrt(energy);
+    return noise;
+}
+
 } // namespace
 
-std::vector<double> echoes(const Cable &cable, const Settings &settings)
+std::vector<double> echoes(const Cable &cable, const Settings &settings, std::size_t count)
 {
+    if (settings.pulseAmplitude == 0)
+        return std::vector<double>(count);
+    const std::size_t first = std::min(settings.delay, maxDelay);
     const std::size_t factor = oversampling(settings);
-    const std::size_t size = windowSamples * factor;
+    const std::size_t size = windowFor(first + count) * factor;
     const double timeStep
         = sampleStepOf(settings) * secondsPerNs / static_cast<double>(factor); // seconds
     const double binWidth = 1.0 / (static_cast<double>(size) * timeStep); // Hz
@@ -97,24 +131,27 @@ std::vector<double> echoes(const Cable &cable, const Settings &settings)
     values[size / 2] = values[size / 2].real();
     inverseTransform(values);
 
-    const std::size_t first = std::min(settings.delay, maxDelay);
-    std::vector<double> volts(Protocol_VX840::fileSamples);
+    std::vector<double> volts(count);
     for (std::size_t i = 0; i < volts.size(); ++i)
         volts[i] = settings.pulseAmplitude * values[(first + i) * factor].real();
     return volts;
 }
 
-Trace acquire(const Cable &cable, const Settings &settings)
+Trace acquire(const Cable &cable, const Settings &settings, std::size_t count)
 {
     const double stepsPerVolt = std::pow(10.0, settings.gain / 20.0) / voltsPerStep;
-    const double noise = settings.noise / std::sqrt(std::max<int>(settings.average, 1));
-    std::mt19937_64 generator(settings.seed);
+    const double noiseLevel = settings.noise / std::sqrt(std::max<int>(settings.average, 1));
+    const std::vector<double> noise = receiverNoise(settings, count);
+    const std::vector<double> volts = echoes(cable, settings, count);
+    const double droopSamples = settings.droopTime / sampleStepOf(settings);
 
     Trace trace;
-    trace.samples.reserve(Protocol_VX840::fileSamples);
-    for (const double volts : echoes(cable, settings)) {
-        const double level
-            = settings.baseline + stepsPerVolt * (volts + noise * unitNoise(generator));
+    trace.samples.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const double sample = static_cast<double>(i);
+        const double baseline = settings.baseline + settings.slope * sample
+            + settings.droop * std::exp(-sample / droopSamples);
+        const double level = baseline + stepsPerVolt * (volts[i] + noiseLevel * noise[i]);
         constexpr double lowest = std::numeric_limits<qint8>::min();
         constexpr double highest = std::numeric_limits<qint8>::max();
         const double rounded = std::round(level);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "cable.h"
+#include "protocol_vx840.h"
 
 #include <QtGlobal>
 
@@ -37,23 +38,32 @@ struct Settings
     /// tee, where the launch is as tall as the echo of an open end at the terminals.
     double launchShare = 0.2;
     double noise = 0.5; ///< V, root mean square, of a single shot at the receiver's input
+    /// Width in ns at half height of the receiver's Gaussian impulse response, which colours the
+    /// noise: neighbouring samples are correlated. 0 or less gives white noise.
+    double noiseWidth = 0.0;
     double baseline = 0.0; ///< sample steps: the receiver's vertical position knob
+    double slope = 0.0; ///< sample steps per sample by which the baseline rises
+    double droop = 0.0; ///< sample steps by which the baseline is too high at the first sample
+    double droopTime = 500.0; ///< ns, above 0, in which the droop falls to 1/e
     quint64 seed = 1; ///< the noise is always the same for the same seed
 };
 
 /// The samples of one acquisition.
 struct Trace
 {
-    std::vector<qint8> samples; ///< Protocol_VX840::fileSamples of them
+    std::vector<qint8> samples;
     int clipped = 0; ///< how many went beyond the converter and were held at -128 or 127
 };
 
-/// Measures \a cable. The converter saturates when gain and baseline ask for more than it has, as
-/// a real one does, and says so in Trace::clipped. Equal arguments give equal samples.
-Trace acquire(const Cable &cable, const Settings &settings);
+/// Measures \a cable; only the first \a count samples. The converter saturates when gain and
+/// baseline exceed its range, and Trace::clipped counts the samples. Equal arguments give equal
+/// samples.
+Trace acquire(const Cable &cable, const Settings &settings,
+              std::size_t count = Protocol_VX840::fileSamples);
 
 /// The echoes of \a cable in volts at the receiver's input, without noise, gain or rounding:
-/// Protocol_VX840::fileSamples values, the first at \a settings.delay samples.
-std::vector<double> echoes(const Cable &cable, const Settings &settings);
+/// \a count values, the first at \a settings.delay samples.
+std::vector<double> echoes(const Cable &cable, const Settings &settings,
+                           std::size_t count = Protocol_VX840::fileSamples);
 
 } // namespace instrument
