@@ -32,15 +32,18 @@ extern "C" void passOnSignal(int)
     errno = error;
 }
 
+/// Where diagnostics are written to.
+int diagnostics = STDERR_FILENO;
+
 void writeIfPossible(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     const QByteArray line = qFormatLogMessage(type, context, message).toLocal8Bit() + '\n';
-    pollfd standardError = { STDERR_FILENO, POLLOUT, 0 };
-    if (poll(&standardError, 1, 0) != 1 || (standardError.revents & POLLOUT) == 0)
+    pollfd place = { diagnostics, POLLOUT, 0 };
+    if (poll(&place, 1, 0) != 1 || (place.revents & POLLOUT) == 0)
         return;
     // POSIX: a pipe that is ready takes up to PIPE_BUF bytes without blocking.
     const auto length = static_cast<size_t>(qMin<qint64>(line.size(), PIPE_BUF));
-    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line.constData(), length);
+    [[maybe_unused]] const ssize_t written = write(diagnostics, line.constData(), length);
 }
 
 void closeAllWindows()
@@ -58,6 +61,13 @@ void process::guardStandardStreams()
     for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor)
         if (fcntl(descriptor, F_GETFD) == -1 && open("/dev/null", O_RDWR) == -1)
             break;
+    // A terminal that is ready may have less room than a line takes. O_NONBLOCK on standard error
+    // itself would be set for all programs that share it.
+    if (const char *terminal = ttyname(STDERR_FILENO)) {
+        const int own = open(terminal, O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+        if (own != -1)
+            diagnostics = own;
+    }
     std::signal(SIGPIPE, SIG_IGN);
     qInstallMessageHandler(writeIfPossible);
 }

@@ -13,8 +13,8 @@ namespace process {
 /// - Opens /dev/null for each of the descriptors 0 to 2 that is closed. Otherwise the connection to
 ///   the display would become one of them, and diagnostics would be written into it.
 /// - Ignores SIGPIPE, so that diagnostics for a reader that has gone do not end the program.
-/// - Drops a diagnostic message that cannot be written to standard error at once. A pipe that is
-///   never read would block the program when it is full.
+/// - Drops a diagnostic message that cannot be written to standard error at once. A pipe or a
+///   terminal that is never read would block the program when it is full.
 void guardStandardStreams();
 
 /// Closes all windows of the application when the process gets SIGTERM, SIGINT or SIGHUP, as their

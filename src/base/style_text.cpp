@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/style_text.h"
 
+#include "base/program_files.h"
+
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QRegularExpression>
@@ -14,6 +17,8 @@ namespace {
 constexpr int maxSize = 256 * 1024; ///< characters
 constexpr int maxCost = 16384; ///< takes about 2 s with the widgets of the main window
 constexpr int pictureCost = 32; ///< Qt looks for a missing picture under every known suffix
+/// Of all pictures together. What does not fit into its cache Qt loads once for each widget.
+constexpr qint64 maxPixels = 2 << 20;
 constexpr int maxFactor = 5; ///< of the cost of a rule that may match every widget or button
 constexpr double maxNumber = 1e6;
 constexpr double maxLength = 4096.0; ///< px
@@ -82,11 +87,11 @@ bool mayBlock(const QString &path)
     return info.exists() && !info.isDir() && (!info.isFile() || info.size() == 0);
 }
 
-/// True when Qt opens no file that may block when it loads the picture \a path.
-bool isSafePicture(const QString &path)
+/// The files that Qt may open when it loads the picture \a path.
+QStringList filesOfPicture(const QString &path)
 {
     if (path.isEmpty() || path.startsWith(QLatin1Char(':')) || path.contains(QChar(0)))
-        return true;
+        return {};
     // A scaled screen prefers "name@2x.png"; a missing picture is looked for under every suffix.
     QStringList names{ path, path.trimmed() };
     const int dot = int(path.lastIndexOf(QLatin1Char('.')));
@@ -95,7 +100,18 @@ bool isSafePicture(const QString &path)
     static const QList<QByteArray> suffixes = QImageReader::supportedImageFormats();
     for (const QByteArray &suffix : suffixes)
         names += path + QLatin1Char('.') + QLatin1String(suffix);
-    return std::none_of(names.cbegin(), names.cend(), mayBlock);
+    names.removeDuplicates();
+    return names;
+}
+
+/// The number of pixels in the picture file \a path; nothing else has any.
+qint64 pixelsIn(const QString &path)
+{
+    QFile file(path);
+    if (!program_files::openRegularFile(file))
+        return 0;
+    const QSize size = QImageReader(&file).size();
+    return size.isValid() ? qint64{ size.width() } * size.height() : 0;
 }
 
 /// Reads a sheet once, token by token. A part is what ends with a brace or a semicolon.
@@ -107,7 +123,7 @@ public:
 private:
     bool acceptsToken(TokenKind kind, const QString &token);
     bool acceptsNumber(const QString &text) const;
-    bool acceptsUrl() const;
+    bool acceptsUrl();
     void countSign(QChar sign);
     void spend(int cost)
     {
@@ -115,6 +131,7 @@ private:
     }
 
     int m_cost = 0; ///< of what was read so far
+    qint64 m_pixels = 0; ///< of all pictures so far
     QChar m_closing; ///< ends the outermost open bracket, null outside
     int m_depth = 0; ///< of brackets, braces within them included
     int m_urlDepth = 0; ///< m_depth at the begin of a url(, 0 outside
@@ -201,12 +218,21 @@ bool Checker::acceptsNumber(const QString &text) const
     return value <= maxNumber;
 }
 
-bool Checker::acceptsUrl() const
+bool Checker::acceptsUrl()
 {
     QString path = withoutBackslashes(m_url);
     if (isOneOf(path.isEmpty() ? QChar() : path[0], "\"'"))
         path = path.mid(1, path.size() - 2);
-    return !path.contains(QLatin1String("url(")) && isSafePicture(path) && acceptsNumber(path);
+    const QStringList files = filesOfPicture(path);
+    if (path.contains(QLatin1String("url(")) || !acceptsNumber(path)
+        || std::any_of(files.cbegin(), files.cend(), mayBlock))
+        return false;
+    for (const QString &file : files) {
+        m_pixels += pixelsIn(file);
+        if (m_pixels > maxPixels)
+            return false;
+    }
+    return true;
 }
 
 void Checker::countSign(QChar sign)

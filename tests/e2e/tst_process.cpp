@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -53,6 +54,31 @@ public:
 private:
     QString m_path;
     int m_reader = -1;
+};
+
+/// A terminal that shows nothing of what is written to it.
+class Terminal
+{
+public:
+    Terminal()
+        : m_screenSide(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
+    {
+        if (grantpt(m_screenSide) != 0 || unlockpt(m_screenSide) != 0)
+            qFatal("cannot make a terminal");
+    }
+    ~Terminal()
+    {
+        close(m_screenSide);
+    }
+    Q_DISABLE_COPY(Terminal)
+
+    QString path() const
+    {
+        return QString::fromLocal8Bit(ptsname(m_screenSide));
+    }
+
+private:
+    int m_screenSide;
 };
 
 } // namespace
@@ -166,6 +192,17 @@ private slots:
         const Pipe pipe(path);
         pipe.fill();
         start(QStringLiteral("exec \"$0\" 2>") + path);
+        m_screen.closeWindow(viewer);
+        checkThatItEnds();
+    }
+
+    void terminalThatReadsNoMessagesBlocksNothing()
+    {
+        const Terminal terminal;
+        // Qt writes a message for each rule that it does not understand. A terminal keeps 12 kB.
+        const QString rules = QString(3000, QLatin1Char('x')) + QLatin1String("=maybe;");
+        start(QStringLiteral("QT_LOGGING_RULES='%1' exec \"$0\" 2>%2")
+                  .arg(rules.repeated(10), terminal.path()));
         m_screen.closeWindow(viewer);
         checkThatItEnds();
     }

@@ -188,6 +188,25 @@ private slots:
 #endif
     }
 
+    // Qt loaded a picture of 2000 x 2000 pixels once for each widget, which took 4 GB.
+    void pixelsOfPicturesAreBounded()
+    {
+        const QTemporaryDir folder;
+        const auto filledIn = [&](const char *sheet, int height) {
+            const QString path = folder.filePath(QStringLiteral("%1.png").arg(height));
+            QImage picture(1024, height, QImage::Format_Mono);
+            picture.fill(0);
+            picture.save(path);
+            return QString::fromLatin1(sheet).arg(path);
+        };
+        const char *one = "QLabel { image: url(%1) }";
+        const char *two = "QLabel { image: url(%1); border-image: url(%1) 3 }";
+        QVERIFY(style_text::isAcceptable(filledIn(one, 2048)));
+        QVERIFY(!style_text::isAcceptable(filledIn(one, 2049)));
+        QVERIFY(style_text::isAcceptable(filledIn(two, 1024)));
+        QVERIFY(!style_text::isAcceptable(filledIn(two, 1025)));
+    }
+
     void sizeIsBounded()
     {
         const QString largest(256 * 1024, QLatin1Char(' '));
