@@ -108,11 +108,6 @@ float clampedKU(double ku)
     return static_cast<float>(ku);
 }
 
-double metresPerCount(float ku)
-{
-    return constants::distCoef0 / static_cast<double>(clampedKU(static_cast<double>(ku)));
-}
-
 int dialOfKU(float ku)
 {
     return truncated((ku - constants::minKU) * constants::kuDialUnits);

@@ -80,9 +80,6 @@ int clampedVerticalOffset(int offset);
 /// computed from the rounded factor.
 float clampedKU(double ku);
 
-/// Metres of cable per count, one-way, at velocity factor \a ku, which is clamped as in clampedKU.
-double metresPerCount(float ku);
-
 /// Dial position for velocity factor \a ku: thousandths above 1.0, truncated in single precision;
 /// 498 for the start-up factor 1.49896229.
 int dialOfKU(float ku);
