@@ -23,7 +23,7 @@ int LLVMFuzzerInitialize(int *argc, char ***argv);
 
 namespace fuzz {
 
-/// Drops what the toolkit and the viewer write to the log, at tens of thousands of executions a
+/// Drops what Qt and the viewer write to the log, at tens of thousands of executions a
 /// second, up to the message that a fatal error ends with.
 void silenceLog();
 

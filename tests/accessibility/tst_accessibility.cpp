@@ -317,7 +317,7 @@ private slots:
         QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
     }
 
-    void nothingIsSeenOrKeptOfIt()
+    void pictureAndStateStayTheSame()
     {
         openOn({ TraceBuilder().samples([](int i) { return i % 90; }), TraceBuilder() });
         for (const char *language : { "en_US", "ru_RU" }) {

@@ -37,7 +37,7 @@ public:
     }
     Q_DISABLE_COPY(Pipe)
 
-    /// Leaves no room for another byte.
+    /// Fills the pipe to the last byte.
     void fill() const
     {
         const int writer = open(qPrintable(m_path), O_WRONLY | O_NONBLOCK);

@@ -59,7 +59,7 @@ private slots:
     void oddRecordsGiveATable();
     void oddNamesStayOnTheirLine();
     void readingsTellEverything();
-    void readingsSpeakTheWindowsLanguage();
+    void readingsAreTranslated();
     void readingsOfAnEmptyWindow();
 };
 
@@ -195,7 +195,7 @@ void TestExportingText::readingsTellEverything()
     QVERIFY(extras::readings(window).contains(QStringLiteral("\nDifference: RFG 1 minus each\n")));
 }
 
-void TestExportingText::readingsSpeakTheWindowsLanguage()
+void TestExportingText::readingsAreTranslated()
 {
     MainWindow &window = openOn({ rising() });
     speakRussian(window);

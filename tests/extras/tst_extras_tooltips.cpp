@@ -91,7 +91,7 @@ private slots:
         QTRY_VERIFY(!QToolTip::isVisible());
     }
 
-    void everyControlExplainsItselfInBothLanguages()
+    void everyControlHasATooltipInBothLanguages()
     {
         MainWindow &window = openThree();
         const QVector<QWidget *> controls = controlsOf(probe());

@@ -70,7 +70,7 @@ private slots:
         QVERIFY(!button.isCheckable());
     }
 
-    void pureRedBecomesTheToolkitsGrey()
+    void pureRedBecomesTheGreyOfQt()
     {
         InterfaceButton button(nullptr);
         const QImage gray = button.grayPixmap(halfRed()).toImage();
