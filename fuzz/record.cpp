@@ -303,7 +303,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const calc::TraceRef master = traceOf(masterRecord);
     drawPoints(trace, master);
     const calc::Range range = view(record, gestures);
-    const double metres = calc::metresPerCount(record.ch.params.KU);
+    const double metres
+        = constants::distCoef0 / double{ calc::clampedKU(double{ record.ch.params.KU }) };
     grid(range, metres, gestures);
     cursors(trace, master, gestures);
     texts(record, calc::clampedColumn(gestures.column), metres, gestures);

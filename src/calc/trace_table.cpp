@@ -25,8 +25,7 @@ constexpr QLatin1String between = constants::latin1(" | ");
 
 QString metresText(const TraceTable &table, qint64 column)
 {
-    // A sum with 0 makes 0.0 of -0.0.
-    const double metres = static_cast<double>(column) * table.metresPerCount + 0.0;
+    const double metres = static_cast<double>(column) * table.metresPerCount;
     return QString::number(metres, 'f', distanceDigits);
 }
 

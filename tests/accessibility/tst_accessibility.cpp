@@ -303,6 +303,11 @@ private slots:
         QCOMPARE(nameOf(probe().cursor_dial()), QStringLiteral("Cursor A\n3.00 m"));
         dial->setCurrentValue(-5);
         QCOMPARE(probe().cursor_A_pos(), 0);
+        const Cont_dial &shift = *probe().param_dial();
+        for (const int limit : { shift.trueMin, shift.trueMax }) {
+            interfaceOf(probe().param_dial())->valueInterface()->setCurrentValue(2 * limit);
+            QCOMPARE(shift.trueValue, limit);
+        }
     }
 
     void thePlotIsOneThing()
@@ -312,7 +317,7 @@ private slots:
         QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
     }
 
-    void nothingIsSeenOrKeptOfIt()
+    void pictureAndStateStayTheSame()
     {
         openOn({ TraceBuilder().samples([](int i) { return i % 90; }), TraceBuilder() });
         for (const char *language : { "en_US", "ru_RU" }) {

@@ -196,7 +196,7 @@ private slots:
         QCOMPARE(frame()->geometry(), placeOf(QApplication::focusWidget()));
     }
 
-    void aPressOfTheProgramsOwnLeavesTheFrame()
+    void aSyntheticPressKeepsTheFrame()
     {
         openAndAttach();
         press(Qt::Key_Tab);

@@ -96,7 +96,7 @@ void collect(const Reference &node, QVector<AccessibleTree::Node> &found)
     what.isShown = hasState(states, showingState);
     what.isFocused = hasState(states, focusedState);
     found.append(what);
-    // A hidden dialog's insides are not there for anybody.
+    // The children of a hidden dialog are not reported.
     if (!what.isShown)
         return;
     const auto children = childrenOf(node);
@@ -121,7 +121,7 @@ AccessibleTree::AccessibleTree(const QProcessEnvironment &environment)
         qFatal("no session bus: is dbus-daemon installed?");
     const QString address = QString::fromLatin1(m_bus.readLine().trimmed());
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
-    // Programs do not wait until somebody listens.
+    // Programs report at once, also without a client.
     m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 
     QDBusConnection::connectToBus(address, sessionBus);

@@ -58,8 +58,8 @@ int count(const QImage &screen, const QRect &area, QRgb colour)
 
 } // namespace
 
-/// The real program on a screen of its own, moved by real pointer and keys: one user's session, and
-/// the next start that finds all of it again.
+/// The real program on an X server of its own with real mouse and key events: one session of a
+/// user, and the next start, which restores it.
 class TestEndToEnd : public QObject
 {
     Q_OBJECT
@@ -126,7 +126,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(QFile::copy(QStringLiteral(VELKOR_PROGRAM), program()));
-        // A hill in the first trace, a hollow in the second: both seen from afar.
+        // A crest in the first trace, a dip in the second.
         const auto bump = [](int from, int height) {
             return [=](int i) { return i >= from && i < from + 40 ? height : 0; };
         };
@@ -143,7 +143,7 @@ private slots:
         }
     }
 
-    void aSessionIsFoundAgainAtTheNextStart()
+    void aSessionIsRestoredAtTheNextStart()
     {
         using Step = void (TestEndToEnd::*)();
         for (const Step step : { &TestEndToEnd::start, &TestEndToEnd::openTwoFiles,
@@ -244,7 +244,7 @@ private:
         const QVector<int> before = yellowColumns(m_screen.picture(), inWindow(plot));
         m_screen.click(inWindow(widerButton));
         QVERIFY(waitForChange(scaleCaption, scale));
-        // Twice the cable on the same width: the cursor stands at half its former distance.
+        // Twice the cable in the same width: the cursor is at half its former distance.
         const int left = inWindow(plot).left() - 2;
         QVERIFY(m_screen.waitUntil([&](const QImage &screen) {
             const QVector<int> columns = yellowColumns(screen, inWindow(plot));

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "each.h"
+#include "testfiles.h"
 #include "virtualscreen.h"
 
 #include <QFile>
@@ -16,6 +17,8 @@
 namespace {
 
 const QString viewer = QStringLiteral("^Velkor$");
+constexpr QPoint logo(75, 35);
+constexpr QRgb linkColour = 0xFF5ADCFF; ///< on the dark ground of the built-in sheet
 
 /// A named pipe whose reading end is open and never read.
 class Pipe
@@ -35,7 +38,7 @@ public:
     }
     Q_DISABLE_COPY(Pipe)
 
-    /// Leaves no room for another byte.
+    /// Fills the pipe to the last byte.
     void fill() const
     {
         const int writer = open(qPrintable(m_path), O_WRONLY | O_NONBLOCK);
@@ -176,6 +179,31 @@ private slots:
         QCOMPARE(::kill(static_cast<pid_t>(m_viewer.processId()), SIGHUP), 0);
         QVERIFY(!m_viewer.waitForFinished(500));
         m_screen.closeWindow(viewer);
+        checkThatItEnds();
+    }
+
+    void browserDoesNotInheritTheVariableOfThePlatform()
+    {
+        // Qt opens links with the program of this name.
+        const QString environment = m_folder.filePath(QStringLiteral("environment"));
+        const QString browser = m_folder.filePath(QStringLiteral("xdg-open"));
+        writeFile(browser, "#!/bin/sh\nenv >" + QFile::encodeName(environment) + '\n');
+        QVERIFY(QFile::setPermissions(browser, QFile::ReadOwner | QFile::ExeOwner));
+        start(QStringLiteral("PATH=${0%/*}:$PATH exec \"$0\""));
+        m_screen.click(m_screen.waitForWindow(viewer).topLeft() + logo);
+        QVERIFY(!m_screen.waitForWindow(QStringLiteral("^About Qt$")).isEmpty());
+        QPoint link;
+        QVERIFY(m_screen.waitUntil([&link](const QImage &screen) {
+            for (int y = 0; y < screen.height(); ++y)
+                for (int x = 0; x < screen.width(); ++x)
+                    if (screen.pixel(x, y) == linkColour)
+                        link = { x, y };
+            return !link.isNull();
+        }));
+        m_screen.click(link);
+        QTRY_VERIFY_WITH_TIMEOUT(contentOf(environment).contains("DISPLAY="), 10000);
+        QVERIFY(!contentOf(environment).contains("QT_XCB_GL_INTEGRATION"));
+        m_viewer.terminate();
         checkThatItEnds();
     }
 

@@ -26,7 +26,7 @@ bool isRoot()
     return geteuid() == 0;
 }
 
-/// Rights do not hold root back, so its programs are run by the user that owns nothing.
+/// Permissions do not restrict root, so the program then runs as the user nobody.
 QStringList asAnybody()
 {
     if (!isRoot())
@@ -35,7 +35,7 @@ QStringList asAnybody()
              QStringLiteral("--regid=65534"), QStringLiteral("--clear-groups") };
 }
 
-/// Files grow to 512 bytes and no further, as on a disk that has no more room.
+/// Limits files to 512 bytes, which has the effect of a full disk.
 QStringList withLittleRoom()
 {
     return { QStringLiteral("sh"), QStringLiteral("-c"),
@@ -68,7 +68,7 @@ public:
         return m_folder.filePath(QLatin1String(name));
     }
 
-    /// Leaves not a byte.
+    /// Fills the disk to the last byte.
     void fill() const
     {
         QFile file(path("filler"));
@@ -211,7 +211,7 @@ private slots:
         QVERIFY(left == room.oldSettings() || Room::flawIn(left).isEmpty());
     }
 
-    void lockedSettingsHoldNobodyUp()
+    void lockedSettingsDelayNothing()
     {
         Room room(program, library);
         checkEnd(room.run());
@@ -222,7 +222,7 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         checkEnd(room.run());
-        // Qt's own way of saving waits 30 s for such a lock.
+        // QSettings waits 30 s for such a lock.
         QVERIFY(clock.elapsed() < 25000);
         close(held);
         QVERIFY(room.settings() != room.oldSettings());
@@ -257,14 +257,14 @@ private slots:
         QCOMPARE(Room::flawIn(contentOf(saved)), QString());
     }
 
-    void aFailingCallOfTheSystemEndsNothing_data()
+    void aFailingSystemCallDoesNotEndTheProgram_data()
     {
         QTest::addColumn<int>("first");
         for (const int first : { 1, 11, 21 })
             QTest::addRow("from the %dth on", first) << first;
     }
 
-    void aFailingCallOfTheSystemEndsNothing()
+    void aFailingSystemCallDoesNotEndTheProgram()
     {
         QFETCH(int, first);
         constexpr int stride = 60;

@@ -65,7 +65,7 @@ private:
         QCOMPARE(m_viewer.exitCode(), 0);
     }
 
-    /// The window once it stands still, without the clock.
+    /// The window without the clock, as soon as two pictures in a row are the same.
     QImage settledPicture(const VirtualScreen &screen) const
     {
         QImage last;
@@ -104,7 +104,7 @@ private slots:
         }
     }
 
-    // 100 dots to the inch, which nobody wished for, and 96, which is a scale of 1.
+    // 100 dpi, which X servers report by default, and 96 dpi, which is a scale of 1.
     void aScreenWithoutAScaleShowsWhatAnUnscaledProgramDoes_data()
     {
         QTest::addColumn<int>("dotsPerInch");
@@ -143,7 +143,7 @@ private slots:
         screen.setScale(factor);
         start(screen);
         QCOMPARE(m_window.size(), windowSize * factor);
-        // The pointer meets what is seen.
+        // Clicks reach what is shown at their place.
         const QRect caption(m_window.topLeft() + scaleCaption.topLeft() * factor,
                             scaleCaption.size() * factor);
         const QImage before = screen.picture().copy(caption);

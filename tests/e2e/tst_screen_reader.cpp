@@ -223,7 +223,7 @@ private slots:
             heard = readOut(nodes);
             return heard.size() > expected.size();
         }));
-        // The clock stands between the cursor buttons and the dials.
+        // The clock is between the cursor buttons and the dials.
         const auto clock = heard.indexOf(QRegularExpression(
             QStringLiteral("^label: .*\\d\\d:\\d\\d:\\d\\d \\((Date and time|Дата и время)\\)$")));
         QVERIFY(clock >= 0);
@@ -259,7 +259,7 @@ private slots:
         waitForFocus("Plot");
     }
 
-    void aReadingIsToldAsItChanges()
+    void aChangedReadingIsReported()
     {
         start("en_US");
         waitForFocus("Plot");

@@ -38,7 +38,7 @@ private slots:
     void copyPutsPictureAndReadingsOnTheClipboard();
     void russianLayoutCopiesAndSaves();
     void dialogOffersTheFormatsInOrder();
-    void dialogSpeaksTheWindowsLanguage();
+    void dialogIsTranslated();
     void dialogProposesTheNameOfTheTrace();
     void filterDecidesTheFormat();
     void suffixDecidesTheFormat();
@@ -47,7 +47,7 @@ private slots:
     void folderOfTheTracesStays();
     void noteDisappears();
     void noteFitsIntoThePlot();
-    void whatCannotBeWrittenIsSaid();
+    void failedExportIsReported();
     void fullDiskKeepsTheFormerFile();
     void dialogMayBeDestroyedWhileItIsOpen();
     void emptyWindowCanBeSaved();
@@ -142,7 +142,7 @@ void TestExporting::dialogOffersTheFormatsInOrder()
                       QStringLiteral("CSV table (*.csv)") }));
 }
 
-void TestExporting::dialogSpeaksTheWindowsLanguage()
+void TestExporting::dialogIsTranslated()
 {
     open();
     speakRussian();
@@ -292,7 +292,7 @@ void TestExporting::noteFitsIntoThePlot()
     QVERIFY(label->text().contains(QChar(0x2026)));
 }
 
-void TestExporting::whatCannotBeWrittenIsSaid()
+void TestExporting::failedExportIsReported()
 {
     open();
     QVERIFY(QDir().mkpath(path("folder.png")));

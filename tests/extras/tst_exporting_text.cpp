@@ -61,7 +61,7 @@ private slots:
     void oddNamesStayOnTheirLine();
     void readingsTellEverything();
     void readingsListTheReflections();
-    void readingsSpeakTheWindowsLanguage();
+    void readingsAreTranslated();
     void readingsOfAnEmptyWindow();
 };
 
@@ -221,7 +221,7 @@ void TestExportingText::readingsListTheReflections()
              QStringLiteral("Reflection 1: x = 9.50 m, t = 95.00 ns, y = -95, −"));
 }
 
-void TestExportingText::readingsSpeakTheWindowsLanguage()
+void TestExportingText::readingsAreTranslated()
 {
     MainWindow &window = openOn({ rising() });
     speakRussian(window);

@@ -244,7 +244,7 @@ private slots:
         closeHelp();
     }
 
-    void helpGoesWithTheWindow()
+    void helpClosesWithTheWindow()
     {
         askFor(openThree().parts().Plot_View);
         fixture->close();

@@ -221,7 +221,8 @@ private slots:
         MainWindow &window = openThree();
         const auto hold = [&window](int key) {
             QTest::sendKeyEvent(QTest::Press, &window, Qt::Key(key), QString(), Qt::NoModifier);
-            for (int i = 0; i < 4; ++i) {
+            // Four presses: a switch that repeats is off again.
+            for (int i = 0; i < 3; ++i) {
                 QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
                 QCoreApplication::sendEvent(&window, &again);
                 QVERIFY(again.isAccepted());
@@ -230,7 +231,7 @@ private slots:
         };
         const int column = probe().cursor_A_pos();
         hold(Qt::Key_Period);
-        QCOMPARE(probe().cursor_A_pos(), column + 5 * 2);
+        QCOMPARE(probe().cursor_A_pos(), column + 4 * 2);
         hold(Qt::Key_D);
         QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
     }

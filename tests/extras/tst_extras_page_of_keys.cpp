@@ -229,7 +229,7 @@ private slots:
             QCoreApplication::sendEvent(widget, &help);
         }
         WindowFixture::settle();
-        // Qt's label of the last tooltip goes by itself.
+        // Qt deletes the label of the last tooltip later.
         QToolTip::hideText();
         QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(),
                                   15000);

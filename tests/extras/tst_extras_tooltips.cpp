@@ -91,7 +91,7 @@ private slots:
         QTRY_VERIFY(!QToolTip::isVisible());
     }
 
-    void everyControlExplainsItselfInBothLanguages()
+    void everyControlHasATooltipInBothLanguages()
     {
         MainWindow &window = openThree();
         const QVector<QWidget *> controls = controlsOf(probe());
@@ -222,6 +222,14 @@ private slots:
         for (const QString &fact : facts)
             QVERIFY(fact.size() <= 100);
         QVERIFY(facts.mid(2).join(QString()).startsWith(QDir::toNativeSeparators(longPath)));
+        // A letter of two units goes to one line.
+        for (const char *begin : { "", "x" }) {
+            const QString plugs = line(begin) + line("\xf0\x9f\x94\x8c").repeated(50);
+            window.add_Selected_RFG(fixture->trace(plugs, TraceBuilder()), 0);
+            for (const QString &fact :
+                 extras::tooltipOf(window, probe().selected_rfg()[0]).split(QLatin1Char('\n')))
+                QVERIFY(!fact.back().isHighSurrogate());
+        }
     }
 
     void aReadingTellsAllItsDigits()

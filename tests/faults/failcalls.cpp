@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Loaded before a program, this library stands between it and the system: it counts the calls that
-// open, read, write, rename, sync or stat, and lets one of them fail. And it closes the program's
-// windows once they are up, as their user would.
+// Preloaded library (LD_PRELOAD): counts the program's calls of open, read, write, rename, fsync
+// and stat, makes one of them fail, and closes the program's windows once they are open.
 //
 //     VELKOR_FAIL_CALL=N     the N-th call fails, counted from 1; 0 lets all succeed
 //     VELKOR_FAIL_REPORT=F   how many calls were counted goes to the file F at the end
 //     VELKOR_CLOSE_SIGNAL=D  a byte is written to the descriptor D when the windows are to be
 //     closed VELKOR_CLOSE_WAIT=D    and a byte is waited for on D before they are
 //
-// Counting begins when the application object stands: without its platform Qt ends the
-// program on purpose, and that is none of ours. From then on every call counts whoever makes it:
-// the viewer, Qt, the fonts' library. Reads and writes count on regular files only; on
-// pipes and event counters they are Qt's own heartbeat.
+// Calls are counted from the construction of QApplication on, because Qt aborts without a platform
+// plugin. Calls of all libraries count. Reads and writes count on regular files only: on pipes and
+// event counters they belong to the event loop.
 #include <QApplication>
 #include <QTimer>
 
@@ -39,7 +37,7 @@ long numberIn(const char *variable)
     return text == nullptr ? 0 : std::atol(text);
 }
 
-/// Past the library's own functions, so that what is asked here is not counted.
+/// Calls the system directly, so the call is not counted.
 void put(int descriptor, const char *text)
 {
     syscall(SYS_write, descriptor, text, std::strlen(text));
@@ -101,7 +99,7 @@ void closeWindows()
 
 void begin()
 {
-    // Children that the program may start are none of this.
+    // Not in child processes.
     unsetenv("LD_PRELOAD");
     failing = numberIn("VELKOR_FAIL_CALL");
     std::atexit(report);

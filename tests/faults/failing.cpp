@@ -12,16 +12,16 @@ namespace {
 
 constexpr int shareUndisturbed = 20; ///< one run in so many may make too few calls
 
-/// "open", "read" and so on: the kind of call that the library says it let fail.
+/// The kind of call that the library reports as failed: "open", "read" and so on.
 QByteArray kindIn(const QByteArray &said)
 {
     const auto from = said.indexOf("failed call ");
     return from < 0 ? QByteArray() : said.mid(said.indexOf(": ", from) + 2).split(' ').first();
 }
 
-/// Whether calls failed at all: a library that is not loaded, or looks for another name than the
-/// system has, would leave a run after the other undisturbed. Not every run makes as many calls as
-/// the first did; and where only some fail, the rare kinds may not be among them.
+/// True when calls did fail: a library that is not loaded, or that wraps a name which the system
+/// does not use, makes none fail. A few runs may make fewer calls than the first one; when only
+/// every n-th call is tried, rare kinds may be missing.
 bool everythingFailed(const QMap<QByteArray, int> &kinds, int runs, int every)
 {
     QByteArrayList wanted{ "open", "read", "stat" };

@@ -3,6 +3,6 @@
 #pragma once
 
 /// Runs the viewer once for every \a every-th of its calls of the system, which fails in that run,
-/// beginning with the first. True when each run ended by itself with code 0 and left settings that
-/// are whole: the old ones, or complete new ones. Says what was done, and each failure.
+/// beginning with the first. True when each run exited with code 0 and left complete settings, the
+/// old or the new ones. Prints a summary and each failure.
 bool failCalls(int every);

@@ -65,7 +65,7 @@ public:
     {
         m_window.show();
         QCoreApplication::processEvents();
-        // Nobody kills the first one, to learn how long a save takes here.
+        // The first process is not killed: it measures how long a save takes.
         QElapsedTimer clock;
         clock.start();
         const pid_t copy = closingCopy();
@@ -86,7 +86,7 @@ public:
         int status = 0;
         waitpid(copy, &status, 0);
         const bool done = WIFEXITED(status);
-        // So that the moments cover the whole save, however fast the machine is.
+        // The moments cover the whole save on a machine of any speed.
         m_longest = done ? m_longest - m_longest / 20 : m_longest + m_longest / 20 + 1;
         ++(done ? m_finished : m_killed);
         const QByteArray left = contentOf(m_file);
@@ -174,13 +174,13 @@ bool killSavingWindows(int kills, unsigned seed)
     SavingWindow window(seed);
     bool well = true;
     int round = 0;
-    // A window that was faster than its death is no kill.
+    // A process that ended before the signal does not count.
     for (; round - window.finished() < kills; ++round)
         well = window.kill(round) && well;
     const int strays = straysIn(folder) - before;
     window.tell(kills, strays);
-    // A save that is killed between naming the new file and putting it in place leaves it; where
-    // files cannot be without a name, so does any other. But none leaves two.
+    // A save that is killed between creating the new file and renaming it leaves that file, never
+    // two.
     if (strays > kills) {
         std::printf("that is more than one for each kill\n");
         well = false;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Does to the viewer what machines do to programs: kills it while it saves, lets calls of the
-// system fail. Afterwards its settings must lie there whole.
+// Kills the viewer while it saves and makes system calls fail. The settings must be complete
+// afterwards.
 #include "failing.h"
 #include "killing.h"
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What the window notes for support is of no interest here.
+/// Drops the debug messages of the window.
 void noMessages(QtMsgType, const QMessageLogContext &, const QString &) { }
 
 } // namespace

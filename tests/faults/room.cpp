@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A run that takes longer hangs. Sanitizers and a busy machine are slow.
+/// A run that takes longer counts as hanging. Long because of sanitizers and busy machines.
 constexpr int patienceMs = 120000;
 
 constexpr QLatin1String libraryName = constants::latin1("failcalls.so");
@@ -38,7 +38,7 @@ void put(const QString &path, const QByteArray &bytes)
 
 Room::Room(const QString &program, const QString &library)
 {
-    // The settings lie beside the program; the library must be in reach of any user.
+    // The settings are beside the program; every user must be able to read the library.
     bring(program, path(QStringLiteral("velkor")));
     bring(library, path(libraryName));
     m_old = "[General]\nCSS=:/style/style_2.qss\nlanguage=ru_RU\n\n[Dials]\ncursorSpeed=70\n"
@@ -65,7 +65,7 @@ void Room::prepare(QProcess &viewer, int failing) const
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     environment.insert(QStringLiteral("LD_PRELOAD"), path(libraryName));
-    // A sanitizer wants to be the first library; its leaks are looked for elsewhere.
+    // A sanitizer must be the first library. Other tests look for leaks.
     environment.insert(QStringLiteral("ASAN_OPTIONS"),
                        QStringLiteral("verify_asan_link_order=0:detect_leaks=0"));
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config")));

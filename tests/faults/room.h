@@ -8,16 +8,15 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A room for one run of the real viewer: a program folder that holds it, six traces and the
-/// settings of a former run that had them open. The viewer comes up on no screen, loads the traces,
-/// and is closed at once as its user would do it.
+/// Runs the real viewer in a program folder of its own, with six traces and the settings of a
+/// previous run that had them open. The viewer runs offscreen, loads the traces and is closed.
 class Room
 {
 public:
-    /// \a program is the viewer, \a library what is loaded before it.
+    /// \a program is the viewer, \a library the preloaded one.
     Room(const QString &program, const QString &library);
 
-    /// Writes the former run's settings anew and takes everything else away that a run left.
+    /// Restores the settings of the previous run and removes all other files that a run left.
     void tidy();
 
     struct Outcome
@@ -36,7 +35,7 @@ public:
     /// viewer's path as its last argument. Empty again, the viewer is started directly.
     void startBy(const QStringList &command);
 
-    /// The viewer before its start, for whoever wants to do more to it.
+    /// The process before its start, for further changes.
     void prepare(QProcess &viewer, int failing = 0) const;
 
     /// How many calls the last run had that could have failed; -1 when it did not say.

@@ -126,7 +126,7 @@ void Checker::checkNumbers()
     expect(std::abs(m_probe.dist_coef() * factor - metresPerCountInVacuum) < 1e-9,
            "metres per count follow the factor", m_probe.dist_coef(), factor);
     for (const int position : { m_probe.cursor_A_pos(), m_probe.cursor_B_pos() })
-        expect(position >= 0 && position <= lastCount, "a cursor stands on the axis", position);
+        expect(position >= 0 && position <= lastCount, "a cursor is on the axis", position);
     expect(m_probe.Cur_flag() == m_probe.Cur_flag_true(), "the user's cursor is the active one");
 }
 
@@ -250,7 +250,7 @@ void Checker::checkCursors()
         expect(marker->cur_arrow1.isVisible() == seen && marker->cur_arrow2.isVisible() == seen,
                "a marker is visible if its cursor is in range", column);
         expect(line->count() == 2 && line->at(0).x() == column && line->at(1).x() == column,
-               "a cursor's line stands on its column", column);
+               "a cursor's line is on its column", column);
         expect(level->count() == 2 && level->at(0).y() == value && level->at(1).y() == value,
                "a cursor's level line lies on its level", value);
     };

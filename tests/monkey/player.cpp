@@ -227,8 +227,8 @@ void Player::slotMenu(const Event &event)
 {
     LegendButton *button = pick(probe().selected_rfg(), event[0]);
     const QPoint middle = button->rect().center();
-    QContextMenuEvent wish(QContextMenuEvent::Mouse, middle, button->mapToGlobal(middle));
-    QApplication::sendEvent(button, &wish);
+    QContextMenuEvent request(QContextMenuEvent::Mouse, middle, button->mapToGlobal(middle));
+    QApplication::sendEvent(button, &request);
 }
 
 void Player::slotAction(const Event &event)

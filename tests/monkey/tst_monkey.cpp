@@ -211,7 +211,7 @@ void TestMonkey::eachBrokenInvariantIsReported()
     };
     each<Row>(
         {
-            { "a cursor stands on the axis", [](const Probe &p) { p.cursor_B_pos() = 64001; } },
+            { "a cursor is on the axis", [](const Probe &p) { p.cursor_B_pos() = 64001; } },
             { "the velocity factor is 1 to 10",
               [](const Probe &p) { p.master_params().KU = 0.5F; } },
             { "metres per count follow the factor", [](const Probe &p) { p.dist_coef() = 0.1; } },
@@ -243,7 +243,7 @@ void TestMonkey::eachBrokenInvariantIsReported()
               [](const Probe &p) { p.cursor_dial()->trueValue = -1; } },
             { "the parameter dial is within its limits",
               [](const Probe &p) { p.param_dial()->trueValue = 64001; } },
-            { "a cursor's line stands on its column",
+            { "a cursor's line is on its column",
               [](const Probe &p) { p.cursor_A()->replace(1, 5.0, 0.0); } },
             { "a marker is visible if its cursor is in range",
               [](const Probe &p) { p.cur_arrowA()->vis_state(false); } },

@@ -5,7 +5,7 @@
 #include <QRgb>
 
 /// How far the luminances of two colours are apart to the eye: 1 for the same, 21 for black and
-/// white. A text wants 4.5 at least, a shape 3.
+/// white. Texts need 4.5 at least, shapes 3.
 double contrast(QRgb one, QRgb other);
 
 /// How far two colours are apart to the computer: the largest difference of a channel, 0 to 255.

@@ -45,8 +45,8 @@ OddPlaces::~OddPlaces()
 #ifdef Q_OS_UNIX
     if (m_socket >= 0)
         ::close(m_socket);
-    // Else the folder could not be emptied: Qt cannot name the one, nor look into the
-    // other.
+    // QTemporaryDir cannot remove them: QString cannot hold the one name, and the other folder is
+    // locked.
     ::unlink(nameOfBytes().constData());
     QFile::setPermissions(in("locked"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 #endif
@@ -80,7 +80,7 @@ void OddPlaces::addSpecialFiles()
         qFatal("cannot make a pipe");
     m_places.append({ "pipe", pipe });
 
-    // Bound by its name alone: the whole path may be longer than an address holds.
+    // Bound by its relative name: the whole path may be longer than sockaddr_un allows.
     const QString former = QDir::currentPath();
     m_socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un address{};
@@ -107,7 +107,7 @@ void OddPlaces::addSpecialFiles()
     for (const char *device : { "/dev/null", "/dev/zero", "/dev/full", "/dev/random", "/dev/tty" })
         m_places.append({ device, QString::fromLatin1(device) });
 
-    // Bytes that are no UTF-8: the file is there, but no text names it.
+    // A name that is no UTF-8, so no QString can hold it.
     const QByteArray name = nameOfBytes();
     if (::mknod(name.constData(), S_IFREG | 0644, 0) != 0)
         qFatal("cannot make a file with a name of bytes");
@@ -125,7 +125,7 @@ void OddPlaces::addLockedFiles()
     writeFile(in("locked/inner.tdr"), trace);
     QFile::setPermissions(in("locked"), {});
     m_places.append({ "in a locked folder", in("locked/inner.tdr") });
-    // Its modes say why an ordinary user cannot read those two, not that of the folder above.
+    // Only the modes of those two keep an ordinary user out, not that of the folder above.
     QFile::setPermissions(m_folder.path(),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther
                               | QFile::ExeOther);
@@ -154,7 +154,7 @@ qint64 fastest(const std::function<void()> &work)
         timer.start();
         work();
         best = qMin(best, timer.elapsed());
-        // A first time well within any limit needs no second opinion.
+        // Far below every limit: no second measurement.
         if (best < 50)
             break;
     }

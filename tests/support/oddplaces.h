@@ -16,8 +16,7 @@ struct OddPlace
     QString path;
 };
 
-/// A folder full of what an open dialog never offers, and the system's own curiosities. Lasts as
-/// long as this object.
+/// A temporary folder of special, locked and oddly named files, and some devices of the system.
 class OddPlaces
 {
 public:
@@ -25,8 +24,8 @@ public:
     ~OddPlaces();
     Q_DISABLE_COPY(OddPlaces)
 
-    /// Every place that this system can have. An ordinary user cannot read any of them; who runs as
-    /// root must ask within \c asOrdinaryUser.
+    /// Every place that this system supports. An ordinary user can read none of them; root must use
+    /// \c asOrdinaryUser.
     const QVector<OddPlace> &all() const;
     QString folder() const;
 
@@ -41,9 +40,9 @@ private:
     int m_socket = -1;
 };
 
-/// Does \a work with an ordinary user's rights, whoever runs the test.
+/// Runs \a work with the rights of an ordinary user, also when root runs the test.
 void asOrdinaryUser(const std::function<void()> &work);
 
-/// Milliseconds that \a work takes at its best of five times: a machine that is busy with something
-/// else may hold one up, a file that blocks holds up all.
+/// The shortest time in milliseconds of five runs of \a work: a busy machine delays some runs, a
+/// file that blocks delays all.
 qint64 fastest(const std::function<void()> &work);

@@ -141,7 +141,7 @@ private slots:
                     { "level 8", 8, 500.0, 16, "8000" } },
                   [](const Row &row) {
                       // A little more than 0.125, so a line on the edge is just left of it.
-                      const double metres = calc::metresPerCount(1.49896229F);
+                      const double metres = constants::distCoef0 / double{ 1.49896229F };
                       const GridPlan plan = calc::planGrid({ 0, calc::visibleCounts(row.exponent) },
                                                            metres, plotWidth);
                       QCOMPARE(plan.step, row.step);
@@ -277,7 +277,7 @@ private slots:
         for (int exponent = 0; exponent <= 8; ++exponent) {
             const int width = calc::visibleCounts(exponent);
             for (int dial = 0; dial <= 9000; dial += 45) {
-                const double metres = calc::metresPerCount(calc::clampedKU(calc::kuOfDial(dial)));
+                const double metres = constants::distCoef0 / calc::kuOfDial(dial);
                 for (int min = 0; min <= 64000 - width; min += 1009)
                     expectNoFault({ min, min + width }, metres);
             }

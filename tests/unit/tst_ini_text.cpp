@@ -130,7 +130,7 @@ private slots:
         QCOMPARE(ini.bytes(), contentOf(path));
     }
 
-    void keysStandAsSetOnWindowsAndSortedElsewhere()
+    void keysAreInSetOrderOnWindowsAndSortedElsewhere()
     {
         IniWriter ini;
         ini.setValue(QStringLiteral("language"), 1);

@@ -227,7 +227,7 @@ private slots:
         QCOMPARE(program_files::readRegularFile(path, large.size() - 1), QByteArray());
     }
 
-    void aFileIsReplacedWhole()
+    void aFileIsReplacedCompletely()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a.ini"));

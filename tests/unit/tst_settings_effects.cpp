@@ -159,7 +159,7 @@ private slots:
         }
     }
 
-    void anEndlessLanguageCodeHoldsNothingUp()
+    void anEndlessLanguageCodeDelaysNothing()
     {
         SettingsData data(nullptr);
         data.current_language = QString(1000000, QLatin1Char('_'));
@@ -171,7 +171,7 @@ private slots:
         QCOMPARE(data.current_language.size(), 1000000);
     }
 
-    void aLanguageIsInstalledAndTakenBack()
+    void aLanguageIsInstalledAndRemoved()
     {
         for (const char *code : { "en_US", "de_DE", "", "../../etc" }) {
             SettingsData data(nullptr);

@@ -178,7 +178,7 @@ private slots:
         QVERIFY(again.current_language == data.current_language);
     }
 
-    void aChangedFileIsReadAgainWhateverItsTimeSays()
+    void aChangedFileIsReadAgainWithAnyModificationTime()
     {
         // Of one size, and with one time that lies in the future.
         const QDateTime future = QDateTime::currentDateTime().addDays(1);

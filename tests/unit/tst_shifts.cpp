@@ -6,7 +6,6 @@
 #include <QtTest>
 
 #include <climits>
-#include <cmath>
 #include <limits>
 
 /// Shifts of a trace and the velocity factor.
@@ -63,24 +62,6 @@ private slots:
         QCOMPARE(calc::clampedKU(1e300), 10.0F);
         QCOMPARE(calc::clampedKU(std::numeric_limits<double>::infinity()), 10.0F);
         QCOMPARE(calc::clampedKU(std::numeric_limits<double>::quiet_NaN()), 1.0F);
-    }
-
-    void theStartUpFactorMakesACountAHairMoreThan125Millimetres()
-    {
-        // The factor is rounded to a float; the grid's right edge depends on that.
-        const double metres = calc::metresPerCount(calc::clampedKU(1.49896229));
-        QVERIFY2(metres > 0.125, qPrintable(QString::number(metres, 'g', 17)));
-        QVERIFY2(std::fabs(metres - 0.12500000057) < 5e-12,
-                 qPrintable(QString::number(metres, 'g', 17)));
-    }
-
-    void distancesPerCountFollowTheVelocityFactor()
-    {
-        QCOMPARE(calc::metresPerCount(1.0F), 0.18737028625);
-        QCOMPARE(calc::metresPerCount(2.0F), 0.093685143125);
-        QCOMPARE(calc::metresPerCount(10.0F), 0.018737028625);
-        QCOMPARE(calc::metresPerCount(0.0F), 0.18737028625);
-        QCOMPARE(calc::metresPerCount(std::numeric_limits<float>::quiet_NaN()), 0.18737028625);
     }
 
     void theDialCountsThousandthsAboveOne()

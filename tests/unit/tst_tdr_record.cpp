@@ -150,7 +150,7 @@ class TestTdrRecord : public QObject
     Q_OBJECT
 
 private slots:
-    void everyFieldLiesAtItsOffset()
+    void everyFieldIsAtItsOffset()
     {
         for (const Field &field : fields) {
             // Every byte of the field differs from its neighbours and from the rest of the file.

@@ -7,7 +7,8 @@
 
 using Protocol_VX840::TDR_FILE_t;
 
-// The maker of traces that other tests stand on, read back through the viewer's declarations.
+// TraceBuilder, which other tests rely on: its records, read through the declarations of the
+// viewer.
 class TestTraceBuilder : public QObject
 {
     Q_OBJECT

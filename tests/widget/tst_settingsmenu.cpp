@@ -260,7 +260,9 @@ private slots:
             QCOMPARE(box->value(), 110);
             QVERIFY(f->menu.apply_button->isEnabled());
             QCOMPARE(f->menu.update_index, 32);
+            f->live.current_CSS_path = QStringLiteral("changed since.qss");
             SettingsFixture::press(f->menu.apply_button);
+            QCOMPARE(f->live.current_CSS_path, QStringLiteral("changed since.qss"));
             QCOMPARE(f->live.cursor_dial_speed, 110);
             QCOMPARE(f->live.param_dial_speed, box == f->menu.param_accur ? 110 : 100);
             QVERIFY(!f->menu.apply_button->isEnabled());

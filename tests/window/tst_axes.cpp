@@ -104,7 +104,7 @@ private slots:
         QVERIFY(!probe().axis_0_lines()[1].isVisible());
     }
 
-    void linesStandAtTheirDistancesAndLabelsHalfALetterLeftOfThem()
+    void linesAreAtTheirDistancesAndLabelsHalfALetterLeftOfThem()
     {
         fixture->open();
         window().scale_change(4);
@@ -211,7 +211,7 @@ private slots:
         QVERIFY(wasMoved);
     }
 
-    void theTitleStandsAboveThePlot()
+    void theTitleIsAboveThePlot()
     {
         openOn({ TraceBuilder() });
         const QRectF plot

@@ -81,6 +81,7 @@ private slots:
         QVERIFY(!chart->isPlotAreaBackgroundVisible());
         QVERIFY(!chart->isBackgroundVisible());
         QVERIFY(!chart->legend()->isVisible());
+        QVERIFY(!chart->legend()->isAttachedToChart());
         QCOMPARE(chart->scene(), probe().Plot_Scene());
     }
 

@@ -74,6 +74,8 @@ private slots:
         window().setPlotRange(1, 251);
         QVERIFY(marker->cur_arrow1.isVisible());
         QVERIFY(!window().isCursor_visible(2));
+        window().setPlotRange(251, 501);
+        QVERIFY(marker->cur_arrow1.isVisible());
     }
 
     void theMarkerFollowsItsCursor()

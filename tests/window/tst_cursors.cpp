@@ -103,7 +103,7 @@ private slots:
         QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.00 m\n y = "));
     }
 
-    void aDifferenceHasNoLevelAndHoldsTheCursorBack()
+    void aDifferenceHasNoLevelAndLimitsTheCursor()
     {
         openDifference();
         QCOMPARE(cursorAt(10), QPoint(7, 129));

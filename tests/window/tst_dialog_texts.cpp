@@ -80,7 +80,7 @@ private:
     }
 
 private slots:
-    void fileDialogsSpeakTheLanguage()
+    void fileDialogsAreTranslated()
     {
         fixture->open();
         speak("ru_RU");
@@ -98,7 +98,7 @@ private slots:
                  (QStringList{ text("Сохранить как"), text("файлы настроек (*.ini)") }));
     }
 
-    void wordsOfQtStayEnglish()
+    void qtsOwnWordsStayEnglish()
     {
         fixture->open();
         speak("ru_RU");
@@ -139,7 +139,7 @@ private slots:
         }
     }
 
-    void anEntryDialogSpeaksTheLanguage()
+    void entryDialogsAreTranslated()
     {
         openOn(shiftedTraces(1));
         speak("ru_RU");

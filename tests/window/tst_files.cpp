@@ -93,9 +93,10 @@ private slots:
     void ofMoreThanSixFilesTheFirstSixAreTaken()
     {
         fixture->open();
+        QVERIFY(QDir(fixture->path({})).mkdir(QStringLiteral("near")));
         QVERIFY(QDir(fixture->path({})).mkdir(QStringLiteral("far")));
-        QStringList chosen;
-        for (int i = 0; i < 6; ++i)
+        QStringList chosen(fixture->trace(QStringLiteral("near/n0.tdr"), level(0)));
+        for (int i = 1; i < 6; ++i)
             chosen.append(fixture->trace(QStringLiteral("n%1.tdr").arg(i), level(i)));
         for (int i = 6; i < 9; ++i)
             chosen.append(fixture->trace(QStringLiteral("far/n%1.tdr").arg(i), level(i)));

@@ -195,7 +195,7 @@ private slots:
         QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
     }
 
-    void anyPressOnTheLogoTellsAboutQt()
+    void anyPressOnTheLogoOpensAboutQt()
     {
         fixture->open();
         for (const Qt::MouseButton button : { Qt::LeftButton, Qt::RightButton, Qt::MiddleButton }) {

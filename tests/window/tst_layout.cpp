@@ -23,7 +23,7 @@
 
 namespace {
 
-/// One entry of a row or column: what stands there and its stretch factor.
+/// One entry of a row or column and its stretch factor.
 struct Cell
 {
     const QObject *what;

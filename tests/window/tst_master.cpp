@@ -64,7 +64,7 @@ private slots:
         window.setMasterID(0);
         QCOMPARE(probe().master_scale(), 7);
         QCOMPARE(probe().master_params().KU + 0.0F, 3.0F);
-        // Unless there is no master in force: then the same slot is set anew.
+        // Unless no master is set: then the same slot is set again.
         probe().master_is_set() = false;
         window.setMasterID(0);
         QVERIFY(probe().master_is_set());

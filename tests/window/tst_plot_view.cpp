@@ -115,6 +115,7 @@ private slots:
             p.rfg_ID() = 4;
             w.seriaIsSelected();
         });
+        row("no cursor", [](W &w, const P &) { w.cursorSelect_slot(W::DELTA); });
         row("hide", [](W &w, const P &) { w.RFG_visibleToggle(1, false); });
         row("hide and clear", [](W &w, const P &) { w.addremove_aux(1, false); });
         row("master", [](W &w, const P &) { w.setMasterID(2); });

@@ -18,8 +18,8 @@
 
 namespace {
 
-// What stands on the edge of two pixels may fall on either, and fonts grow in steps of their own,
-// which are not the same in all versions of Qt.
+// An edge between two pixels may be rounded to either, and font sizes are rounded differently in
+// each version of Qt.
 constexpr double unitsOff = 4.0;
 
 double wantedFactor()
@@ -130,7 +130,7 @@ private slots:
         QCOMPARE(window().grab().size(), inPixels(QSize(800, 500)));
     }
 
-    void everythingStandsWhereItStandsWithoutAScale()
+    void everythingIsPlacedAsWithoutAScale()
     {
         const QPair<const QWidget *, QRect> places[] = {
             { probe().Plot_View(), QRect(150, 68, 500, 310) },

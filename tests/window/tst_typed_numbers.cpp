@@ -46,7 +46,7 @@ const Entry cursorEntries[] = {
     { "1.234.5", refused },
     { "1'234", refused },
     { "71 5", refused },
-    { "12 34 567", refused },
+    { "12 34", refused },
     { "71,5 72", refused },
     { "71,5 km", refused },
     { "71,5 mm", refused },

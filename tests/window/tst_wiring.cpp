@@ -91,6 +91,11 @@ private slots:
         QVERIFY(!probe().difference_button()->isChecked());
         QCOMPARE(int(probe().diff_flag()), int(MainWindow::NORMAL));
         QCOMPARE(probe().rfg_DATA()[1].offset, 0);
+        // Without traces, back to the begin of the cable.
+        openOn({});
+        window().plotScroll(100);
+        input::click(probe().reset_all_button());
+        QCOMPARE(probe().cust_axisX()->min(), 0.0);
     }
 
     void onlyTheCheckedButtonSelects()
