@@ -10,6 +10,10 @@
 #include "calc/view_range.h"
 #include "fuzzer.h"
 #include "record_input.h"
+#include "tdr/check.h"
+#include "tdr/info.h"
+
+#include <QJsonDocument>
 
 #include <cmath>
 #include <cstddef>
@@ -19,6 +23,7 @@
 /// \file
 /// One or two records through everything that is computed from them without a widget: points in all
 /// four forms, view, grid, cursors, texts. The first record is the trace, the second the master.
+/// Some of them also through the commands info and check of velkor-tdr.
 
 using fuzz::expect;
 using fuzz::headBytes;
@@ -89,12 +94,10 @@ void readRecord(ByteReader &input, bool longer, TDR_FILE_t &record)
 
 calc::TraceRef traceOf(const TDR_FILE_t &record)
 {
-    const auto params = record.ch.params;
-    const int counts = calc::countsPerSample(params.sample_minstep);
-    const int step = calc::usableStep(counts);
-    expect(step >= 1 && step <= constants::xLength, "a step is from one count to the whole axis");
-    return { record.samples, step, quint32{ params.delay },
-             calc::initialScroll(params.shiftX, counts), params.shiftY };
+    const calc::TraceRef trace = calc::traceOf(record);
+    expect(trace.step >= 1 && trace.step <= constants::xLength,
+           "a step is from one count to the whole axis");
+    return trace;
 }
 
 // The points of both forms of one curve. One loop without function calls: it runs for every point
@@ -275,6 +278,28 @@ void velocityFactor(const TDR_FILE_t &record, const Gestures &gestures)
            "the dial gives such a factor");
 }
 
+/// What velkor-tdr says of the file with \a bytes.
+void report(const QByteArray &bytes)
+{
+    const bool hasSize = bytes.size() == static_cast<int>(sizeof(TDR_FILE_t));
+    expect(hasSize || !tdr::findings(bytes).isEmpty(), "a file of another size is found");
+    const QString name = QStringLiteral("a.tdr");
+    expect(tdr::infoText(name, bytes, true).contains(QLatin1String("\nunknown\n")),
+           "a report is complete");
+    const QByteArray json = QJsonDocument(tdr::infoJson(name, bytes, true)).toJson();
+    expect(QJsonDocument::fromJson(json).isObject(), "a report is valid JSON");
+}
+
+/// The same for the \a bytes of the records, and for a whole file of repetitions of them, so that
+/// its marks and notes hold something.
+void reports(const QByteArray &bytes)
+{
+    constexpr int size = sizeof(TDR_FILE_t);
+    report(bytes);
+    if (!bytes.isEmpty())
+        report(bytes.repeated(size / static_cast<int>(bytes.size()) + 1).left(size));
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
@@ -309,5 +334,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     cursors(trace, master, gestures);
     texts(record, calc::clampedColumn(gestures.column), metres, gestures);
     velocityFactor(record, gestures);
+    if (fuzz::isOneOf(1, data, size))
+        reports(ByteReader(data, size).take(size).mid(static_cast<int>(preambleBytes)));
     return 0;
 }

@@ -58,5 +58,6 @@ file(REMOVE ${doc}/CHANGELOG.md)
 file(WRITE ${doc}/changelog "${text}")
 
 find_program(gzip gzip REQUIRED)
-execute_process(COMMAND ${gzip} --best --no-name ${doc}/changelog ${share}/man/man1/velkor.1
+file(GLOB pages ${share}/man/man1/*.1)
+execute_process(COMMAND ${gzip} --best --no-name ${doc}/changelog ${pages}
   COMMAND_ERROR_IS_FATAL ANY)

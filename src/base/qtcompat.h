@@ -6,14 +6,18 @@
 /// All differences between Qt 5 and Qt 6. No other file asks for the version.
 
 #include <QCoreApplication>
-#include <QIcon>
-#include <QPixmap>
 #include <QPointF>
 #include <QString>
 #include <QVariant>
 #include <QVector>
-#include <QWidget>
 #include <QtGlobal>
+
+// What needs widgets is left out of programs that do not link them.
+#ifdef QT_WIDGETS_LIB
+#include <QIcon>
+#include <QPixmap>
+#include <QWidget>
+#endif
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 
@@ -81,6 +85,7 @@ inline QString settingsText(const QByteArray &bytes)
 #endif
 }
 
+#ifdef QT_WIDGETS_LIB
 /// The picture of \a icon in \a widget for \a size units, in device pixels.
 inline QPixmap pixmapOf(const QIcon &icon, const QWidget &widget, QSize size,
                         QIcon::State state = QIcon::Off)
@@ -91,6 +96,7 @@ inline QPixmap pixmapOf(const QIcon &icon, const QWidget &widget, QSize size,
     return icon.pixmap(size, widget.devicePixelRatioF(), QIcon::Normal, state);
 #endif
 }
+#endif
 
 /// Turns on high-DPI scaling, which Qt 6 always has. Call it before the application is created.
 inline void followScaleOfScreen()

@@ -82,6 +82,14 @@ private:
 
 } // namespace
 
+TraceRef traceOf(const Protocol_VX840::TDR_FILE_t &record)
+{
+    const auto params = record.ch.params;
+    const int step = countsPerSample(params.sample_minstep);
+    return { record.samples, usableStep(step), params.delay, initialScroll(params.shiftX, step),
+             params.shiftY };
+}
+
 qint64 boundedStep(const TraceRef &trace)
 {
     return usableStep(trace.step);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "protocol_vx840.h"
+
 #include <QPointF>
 #include <QVector>
 #include <QtGlobal>
@@ -22,6 +24,10 @@ struct TraceRef
     int scroll = 0; ///< shift to the right, counts
     int offset = 0; ///< shift upwards, sample steps
 };
+
+/// The trace of \a record with the shifts that are saved in it, as the viewer draws it after
+/// loading. \c samples points into \a record.
+TraceRef traceOf(const Protocol_VX840::TDR_FILE_t &record);
 
 /// \c step of \a trace clamped to 1..64000.
 qint64 boundedStep(const TraceRef &trace);

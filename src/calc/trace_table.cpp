@@ -6,6 +6,7 @@
 #include "calc/numeric.h"
 #include "calc/readout.h"
 
+#include <QLocale>
 #include <QStringList>
 
 #include <algorithm>
@@ -213,6 +214,11 @@ std::vector<Block> blocksOf(const TraceTable &table)
 
 } // namespace
 
+Decimals decimalsOf(const QLocale &locale)
+{
+    return QString(locale.decimalPoint()) == QLatin1String(",") ? Decimals::Comma : Decimals::Point;
+}
+
 QString tableText(const TraceTable &table)
 {
     const bool withComma = table.decimals == Decimals::Comma;
@@ -232,6 +238,14 @@ QString tableText(const TraceTable &table)
                 + decimal(nanosecondsText(row.first)) + separator + row.second.join(separator)
                 + QLatin1Char('\n');
     return text;
+}
+
+QByteArray tableFile(const TraceTable &table)
+{
+    const QByteArray text = tableText(table).toUtf8();
+    const bool isAscii = std::all_of(text.begin(), text.end(),
+                                     [](char c) { return static_cast<uchar>(c) < 0x80; });
+    return isAscii ? text : "\xEF\xBB\xBF" + text;
 }
 
 } // namespace calc

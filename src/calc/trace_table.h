@@ -8,10 +8,15 @@
 #include "calc/trace_points.h"
 #include "protocol_vx840.h"
 
+#include <QByteArray>
 #include <QDate>
 #include <QString>
 #include <QTime>
 #include <QVector>
+
+QT_BEGIN_NAMESPACE
+class QLocale;
+QT_END_NAMESPACE
 
 /// \file
 /// Traces as a table of separated values, for spreadsheets and scripts.
@@ -34,6 +39,9 @@ enum class Decimals {
     Point, ///< 12.5000, columns separated by commas
     Comma, ///< "12,5000", columns separated by semicolons: what spreadsheets of such locales open
 };
+
+/// What a spreadsheet on a system of \a locale reads.
+Decimals decimalsOf(const QLocale &locale);
 
 /// All that a table says.
 struct TraceTable
@@ -64,5 +72,10 @@ struct TraceTable
 /// become blanks, so that no spreadsheet splits them or takes a part for a formula. Lines end with
 /// a line feed. The text is independent of language and locale.
 QString tableText(const TraceTable &table);
+
+/// The same as a file in UTF-8. A byte order mark leads when a name is not all ASCII, because
+/// spreadsheets misread it otherwise; where it is not needed it would hide the first comment from
+/// simple scripts.
+QByteArray tableFile(const TraceTable &table);
 
 } // namespace calc

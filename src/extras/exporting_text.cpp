@@ -14,8 +14,6 @@
 #include <QLocale>
 #include <QPushButton>
 
-#include <algorithm>
-
 namespace extras {
 
 namespace {
@@ -171,12 +169,8 @@ QByteArray table(const MainWindow &window)
     table.cursors = { { state.cursor_A_pos, state.cursor_A_pos_Y },
                       { state.cursor_B_pos, state.cursor_B_pos_Y } };
     table.reflections = reflectionsOf(window);
-    if (QString(QLocale().decimalPoint()) == QLatin1String(","))
-        table.decimals = calc::Decimals::Comma;
-    const QByteArray text = calc::tableText(table).toUtf8();
-    const bool isAscii = std::all_of(text.begin(), text.end(),
-                                     [](char c) { return static_cast<uchar>(c) < 0x80; });
-    return isAscii ? text : "\xEF\xBB\xBF" + text;
+    table.decimals = calc::decimalsOf(QLocale());
+    return calc::tableFile(table);
 }
 
 } // namespace extras

@@ -29,10 +29,8 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window);
 /// reflections of the selected trace. Ends with a line break.
 QString readings(const MainWindow &window);
 
-/// The visible traces of \a window as calc::tableText writes them, in UTF-8. A byte order mark
-/// leads when a name is not all ASCII, because spreadsheets misread it otherwise; where it is not
-/// needed it would hide the first comment from simple scripts. Decimals are those of the default
-/// locale, because a spreadsheet on the same system reads no others.
+/// The visible traces of \a window as calc::tableFile writes them. Decimals are those of the
+/// default locale, because a spreadsheet on the same system reads no others.
 QByteArray table(const MainWindow &window);
 
 } // namespace extras

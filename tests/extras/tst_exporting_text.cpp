@@ -2,8 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/exporting_text.h"
 #include "settingsdata.h"
+#include "tdr/record.h"
+#include "tdr/table.h"
+#include "testfiles.h"
+#include "windowactions.h"
 #include "windowtest.h"
 
+#include <QDir>
 #include <QLocale>
 #include <QPushButton>
 #include <QtTest>
@@ -57,6 +62,7 @@ private slots:
     void tableTellsTheMeasurement();
     void tableFollowsTheDecimalSignOfTheLocale();
     void tableKeepsItsLanguage();
+    void commandWritesTheSameTable();
     void oddRecordsGiveATable();
     void oddNamesStayOnTheirLine();
     void readingsTellEverything();
@@ -126,6 +132,27 @@ void TestExportingText::tableKeepsItsLanguage()
     const QByteArray before = extras::table(window);
     speakRussian(window);
     QCOMPARE(extras::table(window), before);
+}
+
+void TestExportingText::commandWritesTheSameTable()
+{
+    const QDir folder(QStringLiteral(VELKOR_SAMPLES_DIR));
+    std::deque<tdr::NamedRecord> records;
+    QStringList paths;
+    for (const QString &name : folder.entryList({ QStringLiteral("*.tdr") }, QDir::Files)) {
+        paths.append(folder.filePath(name));
+        records.push_back({ paths.last(), tdr::recordOf(contentOf(paths.last())) });
+    }
+    MainWindow &window = fixture->open();
+    QVERIFY(chooseFiles(*fixture, paths));
+    QVERIFY(rowsOf(window)[0].contains(QStringLiteral("trace 6: ")));
+    // A command has no cursors.
+    QByteArray expected;
+    for (const QByteArray &line : extras::table(window).split('\n'))
+        if (!line.startsWith("# cursor ") && !line.startsWith("# between the cursors: "))
+            expected += line + '\n';
+    expected.chop(1);
+    QCOMPARE(tdr::table(records, calc::Decimals::Point), expected);
 }
 
 void TestExportingText::oddRecordsGiveATable()

@@ -181,7 +181,7 @@ private slots:
         askFor(openThree().parts().Plot_View);
         auto *chapters = openPage()->window()->findChild<QListWidget *>();
         const auto actions = openPage()->window()->findChild<QToolBar *>()->actions();
-        QCOMPARE(chapters->count(), 10);
+        QCOMPARE(chapters->count(), 11);
         QCOMPARE(chapters->currentItem()->text(), QStringLiteral("Every control"));
         chapters->setCurrentRow(9);
         QCOMPARE(headingInView(), QStringLiteral("Keys"));

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QStringList>
+
+#include <optional>
+
+namespace tdr {
+
+/// What the user demands of a record; what is not set is taken from the measurement.
+struct Demands
+{
+    std::optional<double> step; ///< ns above 0
+    std::optional<double> ku; ///< 1 to 10
+    std::optional<quint32> delay; ///< samples
+    QDateTime date; ///< 2000 to 2099
+};
+
+/// A record made of a table.
+struct Conversion
+{
+    QByteArray record; ///< 37775 bytes, or none
+    QStringList remarks; ///< what was assumed, rounded, clipped or left out
+    QString failure; ///< why there is no record; otherwise empty
+};
+
+/// True when the date of a record can hold \a moment.
+bool isStorable(const QDateTime &moment);
+
+/// Makes a record of the table \a text, which readCurve describes: 250 samples at a step that is a
+/// multiple of 1.25 ns, linearly interpolated. Without a demanded step it is the shortest one with
+/// which they reach from the first to the last row.
+Conversion fromCsv(const QByteArray &text, const Demands &demands);
+
+} // namespace tdr

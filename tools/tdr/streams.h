@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Velkor developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// \file
+/// What a command reads and writes. The name "-" is standard input or output. Every function
+/// returns why it failed, in the language of the system; an empty text on success.
+
+namespace tdr {
+
+/// Makes the standard streams binary. Nothing to do but on Windows.
+void makeStreamsBinary();
+
+/// Reads the file or pipe \a name into \a bytes, at most \a limit bytes and one more, which tells
+/// that there are more. Refuses folders and devices, which may never end.
+QString readInput(const QString &name, qint64 limit, QByteArray &bytes);
+
+/// Writes \a bytes to \a name. A file that exists is replaced only when \a replace is set, and only
+/// by a complete new one.
+QString writeOutput(const QString &name, const QByteArray &bytes, bool replace);
+
+} // namespace tdr
