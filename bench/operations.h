@@ -12,7 +12,7 @@ enum class Operation {
     ZoomStep,
     VerticalShift,
     HorizontalShift,
-    VelocityFactor,
+    ShorteningFactor,
     SelectTrace,
     LoadSix,
     DifferenceOn,
@@ -39,7 +39,7 @@ constexpr OperationGoal operations[] = {
     { Operation::ZoomStep, "zoom step", 1.8 }, // one level, by its button
     { Operation::VerticalShift, "vertical shift", 1.1 }, // one level, by the dial
     { Operation::HorizontalShift, "horizontal shift", 1.1 }, // one sample, by the dial
-    { Operation::VelocityFactor, "KU", 1.1 }, // a thousandth, by the dial
+    { Operation::ShorteningFactor, "KU", 1.1 }, // a thousandth, by the dial
     { Operation::SelectTrace, "select a trace", 1.7 }, // the next of six
     { Operation::LoadSix, "load six", 1.5 },
     { Operation::DifferenceOn, "difference on", 1.2 },

@@ -130,7 +130,7 @@ void PeerSubject::act(Operation operation, int number)
         selected.scroll += way;
         showParameter(m_probe.H_offset_button(), selected.scroll);
         return show(true);
-    case Operation::VelocityFactor:
+    case Operation::ShorteningFactor:
         m_model.ku += way / 1000.0;
         showParameter(m_probe.KU_button(), m_model.ku);
         return show(false);

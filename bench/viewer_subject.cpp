@@ -106,7 +106,7 @@ void ViewerSubject::begin(Operation operation)
     case Operation::HorizontalShift:
         input::click(m_probe.H_offset_button());
         break;
-    case Operation::VelocityFactor:
+    case Operation::ShorteningFactor:
         input::click(m_probe.KU_button());
         break;
     case Operation::Resize:
@@ -156,7 +156,7 @@ void ViewerSubject::act(Operation operation, int number)
         break;
     case Operation::VerticalShift:
     case Operation::HorizontalShift:
-    case Operation::VelocityFactor:
+    case Operation::ShorteningFactor:
         input::turnWheel(m_probe.param_dial(), way);
         break;
     case Operation::SelectTrace:

@@ -2,14 +2,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # How every target of this project is compiled. Linked PRIVATE, so that a project which takes
-# the viewer in keeps its own habits.
+# the viewer in keeps its own options.
 add_library(velkor_options INTERFACE)
 target_compile_definitions(velkor_options INTERFACE
   QT_NO_CAST_FROM_ASCII
   QT_NO_CAST_TO_ASCII
   QT_NO_FOREACH
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
-  # Debug lines name their function in release builds too; support asks for them.
+  # Log messages name their function in release builds too.
   QT_MESSAGELOGCONTEXT)
 
 if(MSVC)
@@ -19,7 +19,7 @@ else()
   target_compile_options(velkor_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
     -Woverloaded-virtual -Wformat=2
-    # clang does not know double{ value } for what it is: a widening that was meant.
+    # clang warns about double{ value } as well.
     $<$<CXX_COMPILER_ID:GNU>:-Wdouble-promotion>
     $<$<BOOL:${VELKOR_WERROR}>:-Werror>)
 endif()
@@ -31,8 +31,8 @@ if(VELKOR_SANITIZE)
 endif()
 
 if(VELKOR_BUILD_FUZZERS)
-  # What a fuzzer steers by. Comparisons are not traced: that takes half of the time and leads
-  # nowhere, because next to none of them is with a fixed number of the input.
+  # Instrumentation for the fuzzers. Comparisons are not traced: that takes half of the time, and
+  # few are with constants of the input.
   target_compile_options(velkor_options INTERFACE
     -fsanitize-coverage=inline-8bit-counters,pc-table)
 endif()

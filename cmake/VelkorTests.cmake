@@ -22,7 +22,7 @@ function(velkor_set_up_test name)
 endfunction()
 
 # velkor_link_program(TARGET NAMES name...)
-# After each build of TARGET hard links to it as NAME.dir/NAME: copies that take no room, each in a
+# After each build of TARGET hard links to it as NAME.dir/NAME: copies that use no disk space, each in a
 # folder of its own, because the settings file lies beside the executable.
 function(velkor_link_program target)
   add_custom_command(TARGET ${target} POST_BUILD

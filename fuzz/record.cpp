@@ -229,7 +229,7 @@ void cursors(const calc::TraceRef &trace, const calc::TraceRef &master, const Ge
 {
     const calc::CursorPoint own = calc::cursorOn(gestures.column, trace);
     checkCursor(own);
-    expect(own.column % trace.step == 0, "a cursor stands on a whole sample");
+    expect(own.column % trace.step == 0, "a cursor is on a whole sample");
     expect(own.level == constants::noLevel || qAbs(own.level - trace.offset) <= 128,
            "a level is that of a sample");
     const calc::CursorPoint other = calc::cursorOnDifference(gestures.column, master, trace);
@@ -265,13 +265,13 @@ void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Ge
     expect(!time.isValid() || time.msec() == 0, "a test's time is told to the second");
 }
 
-void velocityFactor(const TDR_FILE_t &record, const Gestures &gestures)
+void shorteningFactor(const TDR_FILE_t &record, const Gestures &gestures)
 {
     const float ku = calc::clampedKU(double(record.ch.params.KU));
     expect(ku >= constants::minKU && ku <= constants::maxKU,
-           "a velocity factor is between 1 and 10");
+           "a shortening factor is between 1 and 10");
     const int dial = calc::dialOfKU(ku);
-    expect(dial >= 0 && dial <= 9000, "every velocity factor has its place on the dial");
+    expect(dial >= 0 && dial <= 9000, "every shortening factor has its place on the dial");
     calc::dialOfKU(record.ch.params.KU);
     const float turned = calc::clampedKU(calc::kuOfDial(gestures.dial));
     expect(turned >= constants::minKU && turned <= constants::maxKU,
@@ -333,7 +333,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     grid(range, metres, gestures);
     cursors(trace, master, gestures);
     texts(record, calc::clampedColumn(gestures.column), metres, gestures);
-    velocityFactor(record, gestures);
+    shorteningFactor(record, gestures);
     if (fuzz::isOneOf(1, data, size))
         reports(ByteReader(data, size).take(size).mid(static_cast<int>(preambleBytes)));
     return 0;

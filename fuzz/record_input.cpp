@@ -27,7 +27,7 @@ static_assert(offsetof(TDR_FILE_t, samples) + constants::drawnSamples == fuzz::h
 /// What a field holds, and so which values are worth trying.
 enum class Kind {
     Nanoseconds, ///< a float, around the widths of a step and of an axis
-    Factor, ///< a float, around the bounds of the velocity factor
+    Factor, ///< a float, around the bounds of the shortening factor
     Count, ///< 32 bits, around the ends of the axis and of the number
     Small, ///< 16 bits
     Decimal, ///< one byte of packed BCD

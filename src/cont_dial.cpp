@@ -11,7 +11,6 @@ namespace {
 
 constexpr double ringShare = 2.5; ///< height of the dial in radii of the ring
 constexpr double captionShare = 0.5; ///< of the height, for the caption
-constexpr int ringPenWidth = 2;
 constexpr int fineTravel = 100; ///< from this travel on, a single step is a hundredth of a turn
 constexpr int coarseTravel = 9; ///< above this travel, a single step is a tenth of a turn
 constexpr int startPages = 10; ///< pages in a turn until the first setAccuracy
@@ -96,8 +95,6 @@ void Cont_dial::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.drawText(textRect, Qt::AlignCenter, titleText);
-    const QPen ringPen(ring_color, ringPenWidth);
-    painter.setPen(ringPen);
     // The ring is invisible, on purpose.
     painter.setPen(Qt::NoPen);
     radius = calc::truncated(rect().height() / ringShare);

@@ -85,9 +85,8 @@ void CurArrow::setRect(const QRectF &r)
 void CurArrow::moveX(float p)
 {
     double x = pos0;
-    if (XRes != 0) {
+    if (XRes != 0)
         x += static_cast<double>(p) * (field.width() / XRes);
-    }
     // QGraphicsItem accepts an infinite position, which would break the scene rectangle.
     pos = std::isfinite(x) ? static_cast<float>(x) : static_cast<float>(pos0);
     const qreal markerX = static_cast<qreal>(pos);

@@ -99,6 +99,7 @@ void MainWindow::reportSizes() const
 void MainWindow::interface_init()
 {
     settingsData->parse_translations();
+    // The slots are named before the language is set, and their names contain this word.
     d->RFG_STR = tr("RFG");
     axisCreate();
     primeInputDialog(*input_dialog);
@@ -126,10 +127,10 @@ void MainWindow::setWindowGeometry()
 {
     const QRect desktop = QGuiApplication::primaryScreen()->virtualGeometry();
     // A corrupt geometry record can make the window so large that memory runs out at every start.
-    if (calc::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
+    if (window_geometry::isPlausibleGeometry(settingsData->window_geometry, desktop.size()))
         restoreGeometry(settingsData->window_geometry);
     // A corrupt state record can make restoreState loop over 2^31 tool bars.
-    if (calc::isPlausibleState(settingsData->window_state))
+    if (window_geometry::isPlausibleState(settingsData->window_state))
         restoreState(settingsData->window_state);
 }
 

@@ -93,7 +93,6 @@ private:
     QString cursorReadout(const QString &name, const QString &distance, int level) const;
     QString scaleText() const;
     QString kuText() const;
-    QString slotTitle(int id) const;
     QString measurementDateText(int id) const;
 
     // ---- Style (window/style.cpp) ----
@@ -156,6 +155,8 @@ public:
     /// Raises the series of the selected slot below those of the cursors and makes their pens
     /// thick.
     void seriaIsSelected();
+    /// The name of slot \a id: "RFG 1".
+    QString slotTitle(int id) const;
     /// Sets text and name of the trace button of slot \a id.
     void setRfgButtonText(int id);
     /// Shows or hides slot \a id and, if it is the master, chooses the master again.
@@ -179,6 +180,8 @@ public:
     void load_rfg(int id);
     /// Raises \a series above all others.
     void seriesUp(QtCharts::QXYSeries *series);
+    /// The trace of slot \a id as it is drawn. Refers to the record of the slot.
+    calc::TraceRef traceRef(int id) const;
     /// Distance text of \a count counts at the current KU: "1.00 m".
     QString count_to_distance(int count) const;
     /// Text of a level; empty for 129, which means "no level".
@@ -186,7 +189,6 @@ public:
 
 private:
     void buildChart();
-    calc::TraceRef traceRef(int id) const;
 
     // ---- Axes, grid, title (window/axes.cpp) ----
 public:

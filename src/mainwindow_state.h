@@ -77,6 +77,8 @@ struct MainWindowState
     /// True when \c rfg_master_ID is a slot, loaded or not. This alone decides whether differences
     /// are drawn and whether the master's step counts.
     bool masterExists() const;
+    /// True when traces other than the master are drawn as their difference from it.
+    bool drawsDifferences() const;
     /// True when slot \a id is drawn as its difference from the master.
     bool isDrawnAsDifference(int id) const;
     /// Counts of one step of the cursor: those of the selected trace, or of the master in

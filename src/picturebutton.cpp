@@ -14,8 +14,7 @@ namespace {
 
 constexpr int styleGap = 2; ///< pixels that a style leaves between picture and caption
 constexpr int extraGap = 2;
-/// Share of a picture that is left on a disabled button: from the ground, the text of one is half
-/// as far as that of an enabled one.
+/// Opacity of the picture on a disabled button, whose text has half the contrast of an enabled one.
 constexpr double dimmedOpacity = 0.5;
 constexpr int margin = 4; ///< pixels at either side, a button's frame among them
 constexpr double minFontPixels = 6.0;

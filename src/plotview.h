@@ -19,7 +19,7 @@ protected:
     void wheelEvent(QGraphicsSceneWheelEvent *event) override;
 };
 
-/// View of the plot. Tells its items which part of it they have to paint.
+/// View of the plot. Provides the region that its items have to paint.
 class PlotView : public QGraphicsView
 {
     Q_OBJECT

@@ -13,7 +13,7 @@
 struct rfg_SHOWN
 {
     Protocol_VX840::TDR_FILE_t f_p_840 = {}; ///< file image as read; zeros before
-    int offset = 0; ///< vertical shift in sample units, -256..256 once the user has changed it
+    int offset = 0; ///< vertical shift in sample steps, -256..256 once the user has changed it
     int scroll = 0; ///< horizontal shift in counts
     /// Counts per sample as the file gives them, 0 for a step below 1.25 ns. Draw, divide and snap
     /// with at least 1.

@@ -20,7 +20,8 @@ QT_CHARTS_USE_NAMESPACE
 namespace {
 
 constexpr qreal aboveAxes = 100.0;
-constexpr qreal beside = 7.0; ///< pixels right of the plot, where nothing is drawn
+constexpr qreal margin = 2.0; ///< pixels around the plot that its lines touch
+constexpr qreal stripMargin = 7.0; ///< pixels right of the plot, where nothing is drawn
 constexpr qreal reach = 4.0; ///< pixels beside its points that a line touches, at most
 
 qreal fraction(qreal number)
@@ -28,8 +29,8 @@ qreal fraction(qreal number)
     return number - std::trunc(number);
 }
 
-/// The clip of the chart module for lines: \a plot, up to a pixel larger where lines along its
-/// edges would be cut; \a corner is its place in the chart.
+/// Clip of the chart module for lines: \a plot, enlarged by up to a pixel so that lines along its
+/// edges are not cut. \a corner is the position of the plot in the chart.
 QRectF clipOfLines(const QRectF &plot, QPointF corner)
 {
     const qreal left = fraction(corner.x());
@@ -204,7 +205,8 @@ void SeriesLayer::raise(const QVector<QXYSeries *> &wanted)
 
 QRectF SeriesLayer::boundingRect() const
 {
-    return QRectF(QPointF(), m_chart.plotArea().size()).adjusted(-2, -2, beside, 2);
+    return QRectF(QPointF(), m_chart.plotArea().size())
+        .adjusted(-margin, -margin, stripMargin, margin);
 }
 
 QVector<QPointF> SeriesLayer::pixelsOf(const QXYSeries &series) const

@@ -20,8 +20,8 @@
 /// created in a view that is never shown, and this item paints them. Series that are not marked are
 /// left to the module.
 ///
-/// The item repaints itself: it follows the series, the axes and the plot area. It paints only what
-/// lies in the region that the view repaints, so a cursor step does not paint the traces.
+/// The item repaints itself when the series, the axes or the plot area change. It paints only near
+/// the region that the view repaints, so a cursor step paints only short parts of the traces.
 class SeriesLayer : public QGraphicsObject
 {
     Q_OBJECT

@@ -30,19 +30,7 @@ constexpr QLatin1String keyCursorSpeed = constants::latin1("cursorSpeed");
 constexpr QLatin1String keyParamSpeed = constants::latin1("paramSpeed");
 constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are read
 
-enum Section {
-    FilesSection,
-    StyleSection,
-    FoldersSection,
-    LanguageSection,
-    GeometrySection,
-    DialsSection
-};
-
 constexpr int qtCodeLength = 2; ///< the catalogues of Qt are named by language, without country
-/// The longest file name on common file systems. QTranslator looks for every prefix of a name that
-/// ends before an underscore or dot: a million underscores would take it half an hour.
-constexpr int longestCode = 255;
 
 QString numberedKey(QLatin1String pattern, int number)
 {
@@ -239,7 +227,7 @@ void SettingsData::setTranslation()
     QCoreApplication::removeTranslator(&qt_translator);
     // Installed even when loading fails: an empty translator replaces the former language.
     const QString folder = constants::catalogueFolder;
-    const QString code = current_language.left(longestCode);
+    const QString code = current_language.left(constants::longestLanguageCode);
     (void)m_translator.load(QString(constants::programCatalogue).arg(code), folder);
     QCoreApplication::installTranslator(&m_translator);
     const QString qtCode = code.left(qtCodeLength);

@@ -33,6 +33,16 @@ class SettingsData : public QObject
     Q_OBJECT
 
 public:
+    /// Parts of the settings, each a bit of a mask.
+    enum Section {
+        FilesSection,
+        StyleSection,
+        FoldersSection,
+        LanguageSection,
+        GeometrySection,
+        DialsSection
+    };
+
     explicit SettingsData(QObject *parent);
 
     /// Reads the sections of \a mask from the INI file \a file. A missing key takes its default,

@@ -24,8 +24,6 @@
 
 namespace {
 
-constexpr int languageSection = 3;
-constexpr int dialsSection = 5;
 constexpr int minSpeed = 10;
 constexpr int maxSpeed = 1000;
 constexpr int speedStep = 10;
@@ -196,9 +194,8 @@ void SettingsMenu::layOutFiles()
 
     auto *checks = new QVBoxLayout(settings_check_box);
     const QList<QAbstractButton *> sections = settings_check_group->buttons();
-    for (QAbstractButton *check : sections) {
+    for (QAbstractButton *check : sections)
         checks->addWidget(check);
-    }
 
     auto *files = new QHBoxLayout(settings_box);
     files->addLayout(buttons);
@@ -256,9 +253,8 @@ void SettingsMenu::retranslateUI()
 void SettingsMenu::interfaceUpdate()
 {
     data_in->copy(data_ex, constants::allSections);
-    if (!initiated) {
+    if (!initiated)
         interfaceInit();
-    }
     cursor_accur->setValue(data_ex->cursor_dial_speed);
     param_accur->setValue(data_ex->param_dial_speed);
     // A sheet of the user's that draws the boxes is left alone.
@@ -275,9 +271,8 @@ void SettingsMenu::interfaceUpdate()
 void SettingsMenu::interfaceInit()
 {
     for (const language &entry : data_ex->languageList) {
-        if (entry.id == -1) {
+        if (entry.id == -1)
             break;
-        }
         language_select->addItem(entry.label);
     }
     initiated = true;
@@ -292,18 +287,16 @@ void SettingsMenu::languageChosen_slot(const QString &text)
 {
     QString code;
     for (const language &entry : data_ex->languageList) {
-        if (entry.label == text) {
+        if (entry.label == text)
             code = entry.CODE;
-        }
     }
     if (code != data_ex->current_language) {
-        update_index = setbit(update_index, languageSection);
+        update_index = setbit(update_index, SettingsData::LanguageSection);
         apply_button->setEnabled(true);
     } else {
-        update_index = unsetbit(update_index, languageSection);
-        if (update_index == 0) {
+        update_index = unsetbit(update_index, SettingsData::LanguageSection);
+        if (update_index == 0)
             apply_button->setEnabled(false);
-        }
     }
     data_in->current_language = code;
 }
@@ -312,7 +305,7 @@ void SettingsMenu::cursorSpeed_slot(int speed)
 {
     // Going back to the live speed does not take the mark away: applying it again is harmless.
     if (speed != data_ex->cursor_dial_speed) {
-        update_index = setbit(update_index, dialsSection);
+        update_index = setbit(update_index, SettingsData::DialsSection);
         apply_button->setEnabled(true);
     }
     data_in->cursor_dial_speed = speed;
@@ -321,7 +314,7 @@ void SettingsMenu::cursorSpeed_slot(int speed)
 void SettingsMenu::paramSpeed_slot(int speed)
 {
     if (speed != data_ex->param_dial_speed) {
-        update_index = setbit(update_index, dialsSection);
+        update_index = setbit(update_index, SettingsData::DialsSection);
         apply_button->setEnabled(true);
     }
     data_in->param_dial_speed = speed;
@@ -339,25 +332,22 @@ void SettingsMenu::loadFile_slot()
     const QString file = QFileDialog::getOpenFileName(
         this, tr("Select settings file to load"), program_files::programFolder(),
         tr("settings (*.ini)"), nullptr, QFileDialog::ReadOnly);
-    if (!file.isEmpty()) {
+    if (!file.isEmpty())
         loadIntoLiveStore(file);
-    }
 }
 
 void SettingsMenu::saveFile_slot()
 {
     const QString file = QFileDialog::getSaveFileName(
         this, tr("Save as"), program_files::programFolder(), tr("settings (*.ini)"));
-    if (!file.isEmpty()) {
+    if (!file.isEmpty())
         data_ex->saveSettings(file, save_load_index);
-    }
 }
 
 void SettingsMenu::ok_slot()
 {
-    if (apply_button->isEnabled()) {
+    if (apply_button->isEnabled())
         applyEdits();
-    }
     accept();
 }
 

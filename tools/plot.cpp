@@ -37,7 +37,10 @@ int draw(const QStringList &files, QString path, bool replace)
             return complain(file, QStringLiteral("is no regular file that can be read"));
         traces.append(QFileInfo(file).absoluteFilePath());
     }
+    const QString named = path;
     const extras::Format format = extras::formatFor(path, extras::Format::PaperPicture);
+    if (path != named)
+        return complain(named, QStringLiteral("needs the suffix .png, .pdf or .svg"));
     if (format == extras::Format::Table)
         return complain(path, QStringLiteral("tables are written by velkor-tdr csv"));
     if (QFileInfo::exists(path) && !replace)

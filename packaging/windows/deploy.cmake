@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Puts the toolkit's libraries beside the installed program, with the tool that the toolkit brings
+# Puts Qt's libraries beside the installed program, with the tool that Qt brings
 # for it. Without that tool the program alone is installed, and it is said.
-# The toolkit's CMake files lie in lib/cmake/Qt5 or Qt6, its programs in bin beside lib. Some name
-# them after the toolkit's version.
+# Qt's CMake files lie in lib/cmake/Qt5 or Qt6, its programs in bin beside lib. Some name
+# them after Qt's version.
 find_program(VELKOR_WINDEPLOYQT
   NAMES windeployqt windeployqt${VELKOR_QT_MAJOR} windeployqt-qt${VELKOR_QT_MAJOR}
   HINTS ${Qt${VELKOR_QT_MAJOR}_DIR}/../../../bin)
@@ -17,5 +17,5 @@ if(VELKOR_WINDEPLOYQT)
         \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/$<TARGET_FILE_NAME:velkor>\"
       COMMAND_ERROR_IS_FATAL ANY)")
 else()
-  message(STATUS "windeployqt not found: the toolkit's libraries will not be installed")
+  message(STATUS "windeployqt not found: Qt's libraries will not be installed")
 endif()

@@ -54,7 +54,7 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
             break;
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         auto *control = static_cast<QWidget *>(watched);
-        // A dialog that comes up tells its first control of a focus which that has not got yet.
+        // An opening dialog sends FocusIn to its first control before that has the focus.
         if (!control->hasFocus())
             break;
         // A control that is disabled while it has the focus hands it on with the reason of Tab,
@@ -66,7 +66,7 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     case QEvent::FocusOut: {
-        // It comes back to the same control from a menu or another window, frame and all.
+        // The focus returns to the same control from a menu or another window: the frame stays.
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             leave();
@@ -74,7 +74,7 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
     }
     case QEvent::MouseButtonPress:
         m_isKeyDown = false;
-        // A press of the program's own stands for a key: the keyboard stays where it is.
+        // A synthetic press stands for a key, so the frame stays.
         if (watched == m_control && event->spontaneous())
             leave();
         break;

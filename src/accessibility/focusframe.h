@@ -5,10 +5,9 @@
 #include <QFocusFrame>
 #include <QPointer>
 
-/// A frame around the control of one window that the keyboard went to. The style sheets say nothing
-/// of the focus; this lies over the control, whatever sheet is in force, and only while the focus
-/// came by the keyboard: who uses the mouse never sees it. It is Qt's kind of frame in
-/// name only, so that assistive technologies are not told of it; that one lies under its control.
+/// Frame around the control that got the focus by keyboard; hidden after a mouse action. The style
+/// sheets have no focus style, so it is drawn above the control. The base is QFocusFrame because
+/// accessibility ignores that class.
 class FocusFrame : public QFocusFrame
 {
     Q_OBJECT

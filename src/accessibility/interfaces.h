@@ -7,8 +7,8 @@ class QGraphicsSimpleTextItem;
 class QWidget;
 
 /// Accessible interfaces of the two controls that Qt describes wrongly: it takes a dial for its
-/// knob and a graphics view for its scroll area. As of a button, the accessible name is the text
-/// that is shown.
+/// knob and a graphics view for its scroll area. The accessible name is the text shown, as for a
+/// button.
 namespace accessibility {
 
 /// Reports the caption and the counter of \a dial. Setting the counter works like a turn by the

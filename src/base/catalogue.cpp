@@ -8,9 +8,6 @@
 namespace {
 
 constexpr QLatin1String catalogueFolder = constants::latin1(":/catalogues");
-/// QTranslator shortens a name that it does not find, piece by piece: a code of a million
-/// characters from a damaged settings file would take minutes.
-constexpr int longestCode = 64;
 
 } // namespace
 
@@ -23,7 +20,7 @@ Catalogue::Catalogue(const SettingsData *settings, QLatin1String context, QObjec
 
 QString Catalogue::text(const char *source) const
 {
-    const QString code = m_settings->current_language.left(longestCode);
+    const QString code = m_settings->current_language.left(constants::longestLanguageCode);
     if (m_loadedCode.isNull() || m_loadedCode != code) {
         // The result does not matter: a language without a catalogue empties the translator.
         (void)m_translator.load(QStringLiteral("%1_%2").arg(m_context, code), catalogueFolder);

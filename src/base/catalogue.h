@@ -17,8 +17,8 @@ class Catalogue : public QObject
     Q_OBJECT
 
 public:
-    /// Reads ":/catalogues/<context>_<language code>". \a settings is asked for the language each
-    /// time and must outlive the catalogue.
+    /// Reads ":/catalogues/<context>_<language code>". \a settings provides the language at each
+    /// call and must outlive the catalogue.
     Catalogue(const SettingsData *settings, QLatin1String context, QObject *parent = nullptr);
 
     /// The translation of \a source, which is marked with QT_TRANSLATE_NOOP; \a source itself when

@@ -86,9 +86,12 @@ constexpr QLatin1String groupPrevFiles = latin1("PrevFiles");
 constexpr QLatin1String keyStateIndex = latin1("StateIndex");
 constexpr QLatin1String keyMasterId = latin1("MasterId");
 constexpr QLatin1String keyFile = latin1("file%1"); ///< counted from 1
+/// The longest file name on common file systems. QTranslator looks for every prefix of a name that
+/// ends before an underscore or dot: a million underscores would take it half an hour.
+constexpr int longestLanguageCode = 255;
 constexpr QLatin1String defaultLanguage = latin1("en_US");
 
-// ---- Resources. ----
+// ---- Resources ----
 
 constexpr QLatin1String defaultStyle = latin1(":/style/style_2.qss");
 constexpr QLatin1String defaultSettings = latin1(":/ini/settings_default.ini");

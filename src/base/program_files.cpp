@@ -129,7 +129,7 @@ bool program_files::replaceFile(const QString &path, const QByteArray &bytes)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    // Check `write` and `flush`: `commit` alone would replace the old file with a truncated one on
+    // Both checks are needed: `commit` alone would replace the old file with a truncated one on
     // a full disk.
     if (file.write(bytes) != bytes.size() || !file.flush()) {
         file.cancelWriting();

@@ -4,7 +4,7 @@
 
 #include <QDataStream>
 
-namespace calc {
+namespace window_geometry {
 namespace {
 
 constexpr quint32 geometryMagic = 0x1D9D0CB;
@@ -95,4 +95,4 @@ bool isPlausibleState(const QByteArray &record)
         && stream.atEnd();
 }
 
-} // namespace calc
+} // namespace window_geometry

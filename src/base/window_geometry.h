@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QSize>
 
-namespace calc {
+namespace window_geometry {
 
 /// True when \a record, a geometry as QWidget::saveGeometry makes it (versions 1 to 3), can be
 /// given to restoreGeometry: it is complete, and each of its rectangles has its edges in order and
@@ -20,4 +20,4 @@ bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 /// minutes or makes it write outside its arrays.
 bool isPlausibleState(const QByteArray &record);
 
-} // namespace calc
+} // namespace window_geometry

@@ -41,7 +41,7 @@ constexpr double leastFree = 0.25; ///< share of the samples from which the nois
 /// Samples between the three of a second difference: more than noise is correlated over in most
 /// cases, and too few for a droop to bend.
 constexpr int differenceStep = 8;
-constexpr double valleySpan = 4.0; ///< widths between two echoes whose valley can be in doubt
+constexpr double valleySpan = 6.0; ///< widths between two echoes whose valley can be in doubt
 
 double signOf(const Peak &peak)
 {

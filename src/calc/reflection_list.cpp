@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/reflection_list.h"
 
+#include "base/constants.h"
 #include "calc/numeric.h"
 #include "calc/reflections.h"
 
@@ -17,9 +18,11 @@ QVector<Reflection> reflectionList(const QVector<QPointF> &points, double launch
         start = truncated((points[0].x() - launch) / (points[1].x() - points[0].x()));
     const QVector<Echo> echoes = findEchoes(levels, start);
     QVector<Reflection> list;
-    for (const Echo &echo : echoes)
-        list.append({ static_cast<qint64>(points[echo.sample].x()),
-                      truncated(points[echo.sample].y()), echo.height > 0.0 });
+    for (const Echo &echo : echoes) {
+        const QPointF &crest = points[echo.sample];
+        if (crest.x() >= 0.0 && crest.x() <= double{ constants::xLength })
+            list.append({ truncated(crest.x()), truncated(crest.y()), echo.height > 0.0 });
+    }
     return list;
 }
 

@@ -29,7 +29,7 @@ namespace calc {
 /// One reflection.
 struct Echo
 {
-    int sample = 0; ///< index of its crest, the highest sample of the echo, or the lowest of a dip
+    int sample = 0; ///< the highest of the smoothed crest and its two neighbours; in a dip the lowest
     double height = 0.0; ///< sample steps above the baseline, negative for a dip
 };
 

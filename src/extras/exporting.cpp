@@ -80,7 +80,7 @@ QString proposedPath(const MainWindow &window)
     return QDir(window.settings()->last_folder).filePath(name);
 }
 
-/// Why nothing can be written to \a path, as far as the file that is there tells; else empty.
+/// Why \a path cannot be written, judged by the existing file; empty if it can.
 QString obstacle(const QString &path, const Catalogue &texts)
 {
     const QFileInfo former(path);
@@ -88,7 +88,7 @@ QString obstacle(const QString &path, const Catalogue &texts)
         return texts.text(QT_TRANSLATE_NOOP("Extras", "a folder has this name"));
     if (former.exists() && !former.isFile())
         return texts.text(QT_TRANSLATE_NOOP("Extras", "this is not a regular file"));
-    // An administrator could write it all the same.
+    // Checked because root could write it.
     constexpr auto anyWriter = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     if (former.exists() && !(former.permissions() & anyWriter))
         return texts.text(QT_TRANSLATE_NOOP("Extras", "the file is read-only"));

@@ -48,8 +48,7 @@ void Caption::addTraces(const MainWindow &window, double width)
         if (slot == state.rfg_master_ID)
             marks.append(texts.text(QT_TRANSLATE_NOOP("Extras", "master")));
         m_traces.append({ QColor::fromRgba(constants::slotColours[slot]),
-                          { QStringLiteral("%1 %2").arg(window.parts().d->RFG_STR).arg(slot + 1),
-                            fileOf(window, slot), measuredOf(window, slot),
+                          { window.slotTitle(slot), fileOf(window, slot), measuredOf(window, slot),
                             marks.join(QStringLiteral(", ")) } });
         for (int i = 0; i < 4; ++i)
             m_cellWidths[i] = std::max(m_cellWidths[i], widthOf(m_traces.last().cells[i]));

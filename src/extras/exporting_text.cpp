@@ -18,23 +18,6 @@ namespace extras {
 
 namespace {
 
-bool isDifference(const MainWindow &window)
-{
-    return window.state().diff_flag == MainWindow::DIFF && window.state().masterExists();
-}
-
-calc::TraceRef traceOf(const MainWindow &window, int slot)
-{
-    const rfg_SHOWN &trace = window.state().rfg_DATA[slot];
-    return { trace.f_p_840.samples, window.state().stepOf(slot),
-             quint32{ trace.f_p_840.ch.params.delay }, trace.scroll, trace.offset };
-}
-
-QString slotTitle(const MainWindow &window, int slot)
-{
-    return QStringLiteral("%1 %2").arg(window.parts().d->RFG_STR).arg(slot + 1);
-}
-
 QString pointText(const MainWindow &window, int column, int level)
 {
     QString text = QStringLiteral("x = ") + window.count_to_distance(column);
@@ -83,18 +66,17 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window)
         { QStringLiteral("v/2"),
           texts.text(QT_TRANSLATE_NOOP("Extras", "%1 m/µs")).arg(halfSpeed, 0, 'f', 1) },
     };
-    if (isDifference(window))
+    if (state.drawsDifferences())
         facts.append({ parts.difference_button->text(),
                        texts.text(QT_TRANSLATE_NOOP("Extras", "%1 minus each"))
-                           .arg(slotTitle(window, state.rfg_master_ID)) });
+                           .arg(window.slotTitle(state.rfg_master_ID)) });
     if (state.smooth_rfg_flag)
         facts.append(
             { parts.smooth_button->text(), texts.text(QT_TRANSLATE_NOOP("Extras", "on")) });
     if (state.isLoaded(state.rfg_ID)) {
         const auto params = state.rfg_DATA[state.rfg_ID].f_p_840.ch.params;
         facts += {
-            { texts.text(QT_TRANSLATE_NOOP("Extras", "Selected")),
-              slotTitle(window, state.rfg_ID) },
+            { texts.text(QT_TRANSLATE_NOOP("Extras", "Selected")), window.slotTitle(state.rfg_ID) },
             { words.PULSE_W_STR,
               QString::number(quint32{ params.pulse_width }) + QLatin1Char(' ')
                   + words.TIME_SUFFIX_STR },
@@ -129,14 +111,14 @@ QString readings(const MainWindow &window)
             words.V_OFFSET_STR + QStringLiteral(" = ") + QString::number(trace.offset)
         };
         facts.removeAll(QString());
-        add(slotTitle(window, slot), facts.join(QStringLiteral(", ")));
+        add(window.slotTitle(slot), facts.join(QStringLiteral(", ")));
     }
     const auto facts = factsOf(window);
     for (const auto &[name, value] : facts)
         add(name, value);
     const QVector<calc::Reflection> reflections = reflectionsOf(window);
     for (int i = 0; i < reflections.size(); ++i) {
-        const auto column = static_cast<int>(reflections[i].column);
+        const int column = reflections[i].column;
         add(texts.text(QT_TRANSLATE_NOOP("Extras", "Reflection %1")).arg(i + 1),
             QStringLiteral("x = %1, t = %2 %3, y = %4, %5")
                 .arg(window.count_to_distance(column),
@@ -156,14 +138,14 @@ QByteArray table(const MainWindow &window)
             continue;
         const rfg_SHOWN &trace = state.rfg_DATA[slot];
         table.traces.append({ slot, fileOf(window, slot), trace.date, trace.time,
-                              trace.f_p_840.ch.params, traceOf(window, slot) });
+                              trace.f_p_840.ch.params, window.traceRef(slot) });
     }
     table.selected = state.rfg_ID;
     if (state.masterExists()) {
         table.master = state.rfg_master_ID;
-        table.masterTrace = traceOf(window, state.rfg_master_ID);
+        table.masterTrace = window.traceRef(state.rfg_master_ID);
     }
-    table.difference = isDifference(window);
+    table.difference = state.drawsDifferences();
     table.ku = state.master_params.KU;
     table.metresPerCount = state.dist_coef;
     table.cursors = { { state.cursor_A_pos, state.cursor_A_pos_Y },

@@ -4,12 +4,9 @@
 
 class MainWindow;
 
-/// What users ask for beyond the window itself: keys, drag and drop, tooltips, copy and export.
-/// Everything here is attached to the finished window from outside. It reads the window through its
-/// parts and its state and changes it through its operations only (with what an operation expects
-/// to be noted before: the dial's own value, the names of the files to load), so that the window
-/// with it is the window without it until somebody presses a key, drops a file or waits for a
-/// tooltip.
+/// Keys, drag and drop, tooltips, help, copy and export. They are attached to the finished window:
+/// they read its parts and state, and change it by its operations, the dial's value and the stored
+/// paths. Until a key, a drop or the request for a tooltip the window behaves as without them.
 namespace extras {
 
 /// Attaches all extras to \a window for as long as that lives. To be called once.

@@ -37,7 +37,7 @@ namespace {
 
 constexpr QSize firstSize(1100, 720);
 constexpr int chaptersWidth = 260;
-constexpr int languageLength = 2; ///< the manual knows languages, not countries
+constexpr int languageLength = 2; ///< the manual is per language, not per country
 constexpr int pageMargin = 16;
 constexpr int cellPadding = 4;
 constexpr int widestPicture = 720; ///< as wide as the page when the window opens

@@ -18,12 +18,7 @@ QVector<calc::Reflection> reflectionsOf(const MainWindow &window)
         return {};
     const MainWindowState &state = window.state();
     const rfg_SHOWN &trace = state.rfg_DATA[state.rfg_ID];
-    QVector<calc::Reflection> list = calc::reflectionList(samples, trace.scroll, trace.offset);
-    const auto outside = [](const calc::Reflection &reflection) {
-        return reflection.column < 0 || reflection.column > constants::xLength;
-    };
-    list.erase(std::remove_if(list.begin(), list.end(), outside), list.end());
-    return list;
+    return calc::reflectionList(samples, trace.scroll, trace.offset);
 }
 
 QVector<int> reflectionColumns(const MainWindow &window)
@@ -31,7 +26,7 @@ QVector<int> reflectionColumns(const MainWindow &window)
     const QVector<calc::Reflection> reflections = reflectionsOf(window);
     QVector<int> columns;
     for (const calc::Reflection &reflection : reflections)
-        columns.append(static_cast<int>(reflection.column));
+        columns.append(reflection.column);
     return columns;
 }
 

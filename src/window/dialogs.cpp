@@ -245,9 +245,9 @@ private:
         QAbstractSpinBox *box = nullptr;
         if (question.decimals == 0) {
             m_dialog.setInputMode(QInputDialog::IntInput);
-            m_dialog.setIntRange(int(question.min), int(question.max));
-            m_dialog.setIntStep(int(question.step));
-            m_dialog.setIntValue(int(question.value));
+            m_dialog.setIntRange(calc::truncated(question.min), calc::truncated(question.max));
+            m_dialog.setIntStep(calc::truncated(question.step));
+            m_dialog.setIntValue(calc::truncated(question.value));
             box = m_dialog.findChild<QSpinBox *>();
         } else {
             m_dialog.setInputMode(QInputDialog::DoubleInput);

@@ -38,9 +38,14 @@ bool MainWindowState::masterExists() const
     return isSlot(rfg_master_ID);
 }
 
+bool MainWindowState::drawsDifferences() const
+{
+    return diff_flag == MainWindowModes::DIFF && masterExists();
+}
+
 bool MainWindowState::isDrawnAsDifference(int id) const
 {
-    return diff_flag == MainWindowModes::DIFF && masterExists() && id != rfg_master_ID;
+    return drawsDifferences() && id != rfg_master_ID;
 }
 
 int MainWindowState::cursorStep() const

@@ -265,7 +265,7 @@ void MainWindow::plotWheel(const QWheelEvent *event)
 void MainWindow::cursorWheel(int notches)
 {
     int step = stepOf(rfg_ID);
-    if (diff_flag == DIFF && masterExists())
+    if (drawsDifferences())
         step = std::max(step, stepOf(rfg_master_ID));
     cursor_dial->trueValue
         = calc::saturated(qint64{ cursor_dial->trueValue } + qint64{ notches } * step);

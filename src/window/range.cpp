@@ -72,7 +72,7 @@ void MainWindow::scale_change(int scaleN)
 
 void MainWindow::zoomAtCursor(int scaleN)
 {
-    // The range between the two would be laid out for nobody.
+    // Not scale_change: it would lay out a range that is replaced at once.
     master_scale = calc::clampedScale(scaleN);
     const calc::Range range
         = calc::centredOn(cursorPosition(Cur_flag), { 0, calc::visibleCounts(master_scale) });
@@ -83,7 +83,7 @@ void MainWindow::zoomAtCursor(int scaleN)
 void MainWindow::showScale()
 {
     scale_dist = calc::scaleDistance(master_scale);
-    // At an end only the button that leads past it goes; the other one is left as it was.
+    // At an end only the button that leads past it is disabled; the other keeps its state.
     if (master_scale == constants::minScale) {
         scale_down_button->setEnabled(false);
     } else if (master_scale == constants::maxScale) {
@@ -119,8 +119,8 @@ void MainWindow::V_Offset_change(int value)
     redrawAfterShift(*this);
     setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
     cursors_update();
-    // An offset of exactly 129 is nothing here and 129 on the button: the dial shows levels, and
-    // that one means "no level".
+    // The dial shows levels, in which 129 means "no level": at an offset of 129 its text is empty,
+    // while the button shows 129.
     if (checkedParameter() == V_OFFSET)
         setParamDialText(d->V_OFFSET_STR, count_to_level(trace.offset));
 }

@@ -22,11 +22,9 @@ void MainWindow::set_CSS()
     const QString sheet = style_text::isAcceptable(text) ? text : QString();
     setStyleSheet(sheet);
     input_dialog->setStyleSheet(sheet);
-    // The plot is near-black with every sheet, in difference mode, too, until the mode is set
-    // again.
+    // Near-black with every sheet, also in difference mode until that is set again.
     m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);
     Plot_Chart->setBackgroundBrush(m_brush);
-    m_brush.setColor(QColor::fromRgba(constants::normalBackground));
     Plot_Scene->setBackgroundBrush(m_brush);
 }
 

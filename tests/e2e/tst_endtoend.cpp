@@ -148,7 +148,7 @@ private slots:
         using Step = void (TestEndToEnd::*)();
         for (const Step step : { &TestEndToEnd::start, &TestEndToEnd::openTwoFiles,
                                  &TestEndToEnd::selectTheSecond, &TestEndToEnd::dragTheCursor,
-                                 &TestEndToEnd::typeAVelocityFactor, &TestEndToEnd::stepByKeys,
+                                 &TestEndToEnd::typeAShorteningFactor, &TestEndToEnd::stepByKeys,
                                  &TestEndToEnd::zoomOut, &TestEndToEnd::switchToRussian }) {
             (this->*step)();
             if (QTest::currentTestFailed())
@@ -208,7 +208,7 @@ private:
         QVERIFY(waitForChange(distanceReadout, before));
     }
 
-    void typeAVelocityFactor()
+    void typeAShorteningFactor()
     {
         const QImage factor = part(velocityCaption);
         const QImage distance = part(distanceReadout);

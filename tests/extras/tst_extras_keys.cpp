@@ -142,7 +142,7 @@ std::vector<Row> keysAndMouse()
         { "Z", none, keys(Qt::Key_Z), button(scale) },
         { "plus, the horizontal shift", none, keys(Qt::Key_Plus), parameter(1) },
         { "minus, the horizontal shift", none, keys(Qt::Key_Minus, {}, 3), parameter(-3) },
-        { "plus, the velocity factor", button(velocity), keys(Qt::Key_Plus), parameter(1) },
+        { "plus, the shortening factor", button(velocity), keys(Qt::Key_Plus), parameter(1) },
         { "plus, the scale and past its end", button(scale), keys(Qt::Key_Plus, {}, 9),
           parameter(9) },
         { "Page Up", none, keys(Qt::Key_PageUp), parameter(10) },

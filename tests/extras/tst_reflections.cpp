@@ -213,6 +213,8 @@ private slots:
               { "two of one sign", Shape().bell(100, 60).bell(118, 60), { 100, 118 } },
               { "wide ones of one sign", Shape().bell(90, 60, 25).bell(132, 50, 25), { 90, 132 } },
               { "a valley between them", Shape().bell(80, 60, 24).bell(138, 60, 24), { 80, 138 } },
+              { "a long valley", Shape().bell(70, 60, 20).bell(160, 50, 20), { 70, 160 } },
+              { "a longer one", Shape().bell(80, 60, 16).bell(150, 50, 16), { 80, 150 } },
               { "a dip between crests",
                 Shape().bell(90, 60).bell(110, -40).bell(130, 60),
                 { 90, 110, 130 } },

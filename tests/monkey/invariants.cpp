@@ -122,7 +122,7 @@ void Checker::checkNumbers()
     const int mask = m_probe.rfg_read_index();
     expect(mask >= 0 && mask < 1 << slotTotal, "the mask has six bits", mask);
     const auto factor = double{ m_probe.master_params().KU };
-    expect(factor >= 1.0 && factor <= 10.0, "the velocity factor is 1 to 10", factor);
+    expect(factor >= 1.0 && factor <= 10.0, "the shortening factor is 1 to 10", factor);
     expect(std::abs(m_probe.dist_coef() * factor - metresPerCountInVacuum) < 1e-9,
            "metres per count follow the factor", m_probe.dist_coef(), factor);
     for (const int position : { m_probe.cursor_A_pos(), m_probe.cursor_B_pos() })

@@ -212,7 +212,7 @@ void TestMonkey::eachBrokenInvariantIsReported()
     each<Row>(
         {
             { "a cursor is on the axis", [](const Probe &p) { p.cursor_B_pos() = 64001; } },
-            { "the velocity factor is 1 to 10",
+            { "the shortening factor is 1 to 10",
               [](const Probe &p) { p.master_params().KU = 0.5F; } },
             { "metres per count follow the factor", [](const Probe &p) { p.dist_coef() = 0.1; } },
             { "the range is as wide as its scale", [](const Probe &p) { p.master_scale() = 5; } },

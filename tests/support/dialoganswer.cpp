@@ -22,9 +22,8 @@ DialogAnswer::DialogAnswer(std::function<bool()> attempt)
         // Stopped first: an answer may turn the event loop, and must not meet itself there.
         m_timer.stop();
         m_served = m_attempt();
-        if (!m_served) {
+        if (!m_served)
             m_timer.start(pollMs);
-        }
     });
     m_timer.start(pollMs);
 }
@@ -40,9 +39,8 @@ std::unique_ptr<DialogAnswer> answerDialog(std::function<void(QDialog &)> answer
     const QWidget *known = QApplication::activeModalWidget();
     return std::make_unique<DialogAnswer>([known, answer = std::move(answer)] {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (dialog == nullptr || dialog == known || !dialog->isVisible()) {
+        if (dialog == nullptr || dialog == known || !dialog->isVisible())
             return false;
-        }
         answer(*dialog);
         return true;
     });
@@ -52,9 +50,8 @@ std::unique_ptr<DialogAnswer> answerMenu(std::function<void(QMenu &)> answer)
 {
     return std::make_unique<DialogAnswer>([answer = std::move(answer)] {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (menu == nullptr || !menu->isVisible()) {
+        if (menu == nullptr || !menu->isVisible())
             return false;
-        }
         answer(*menu);
         menu->close();
         return true;
@@ -78,9 +75,8 @@ std::function<void(QDialog &)> typeFileName(const QString &path)
 std::function<void(QDialog &)> typeFileNames(const QStringList &paths)
 {
     QStringList quoted;
-    for (const QString &path : paths) {
+    for (const QString &path : paths)
         quoted.append(QLatin1Char('"') + path + QLatin1Char('"'));
-    }
     return typeFileName(quoted.join(QLatin1Char(' ')));
 }
 

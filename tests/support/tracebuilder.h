@@ -12,7 +12,7 @@
 /// declarations, so that a mistake in those cannot hide itself.
 ///
 /// A new builder holds a valid record: sampling step 1.25 ns (one count), no delay, no shifts,
-/// pulse 100 ns and 20 V, 16 averages, gain 30, 75 ohms, the start-up velocity factor 1.49896229
+/// pulse 100 ns and 20 V, 16 averages, gain 30, 75 ohms, the start-up shortening factor 1.49896229
 /// (0.125 m per count), 5 March 2024 at 09:05:07, all samples 0. A test changes what it is about, a
 /// line each.
 class TraceBuilder

@@ -93,6 +93,7 @@ private slots:
                     { "seven", seven, "usage: one to six traces and -o FILE are needed" },
                     { "option", { QStringLiteral("--x") }, "usage: Unknown option 'x'." },
                     { "absent", { path("absent"), output, picture }, "is no regular file" },
+                    { "suffix", { sample, output, path("a.jpg") }, "needs the suffix .png" },
                     { "table",
                       { sample, output, path("a.csv") },
                       "tables are written by velkor-tdr csv" } },

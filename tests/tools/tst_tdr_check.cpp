@@ -184,6 +184,18 @@ private slots:
             });
     }
 
+    void everyFindingIsOneLine()
+    {
+        const Outcome outcome = tdr({ QStringLiteral("check"), QStringLiteral("-") });
+        QCOMPARE(outcome.lines().size(), 1);
+#ifndef Q_OS_WIN
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("two\nlines.tdr"));
+        writeFile(name, {});
+        QCOMPARE(tdr({ QStringLiteral("check"), name }).lines().size(), 1);
+#endif
+    }
+
     void helpAndVersionGoToTheOutput()
     {
         for (const char *option : { "--help", "-h" }) {

@@ -199,6 +199,7 @@ private slots:
         QCOMPARE(int{ outcome.output[261] }, 16);
         QCOMPARE(int{ outcome.output[262] }, 20);
         QVERIFY(outcome.errors.contains("step rounded from 2.6 ns to 2.5 ns\n"));
+        QVERIFY(outcome.errors.contains("16 rows lie outside the samples and are left out\n"));
         QCOMPARE(outcome.output.mid(176, 3), QByteArray("\x01\x02\x31"));
     }
 

@@ -254,7 +254,7 @@ private slots:
             double metresPerCount;
         };
         each<Row>(
-            { { "no velocity factor yet", { 0, 250 }, 0.0 },
+            { { "no shortening factor yet", { 0, 250 }, 0.0 },
               { "empty", { 250, 250 }, 0.125 },
               { "reversed", { 250, 0 }, 0.125 },
               { "not a number", { 0, 250 }, notANumber },
@@ -271,7 +271,7 @@ private slots:
             });
     }
 
-    // All scales, velocity factors in steps of 0.045, and views all over the axis.
+    // All scales, shortening factors in steps of 0.045, and views all over the axis.
     void everyViewHasAConsistentGrid()
     {
         for (int exponent = 0; exponent <= 8; ++exponent) {

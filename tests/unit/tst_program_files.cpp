@@ -39,15 +39,13 @@ public:
                                   | QFile::ExeOther);
         // Root may write everywhere. A different real user id changes the answer of access(), and
         // the effective one keeps the rights that the test needs.
-        if (geteuid() == 0) {
+        if (geteuid() == 0)
             m_asRoot = setreuid(nobody, 0) == 0;
-        }
     }
     ~ReadOnlyProgramFolder()
     {
-        if (m_asRoot && setreuid(0, 0) != 0) {
+        if (m_asRoot && setreuid(0, 0) != 0)
             qFatal("cannot restore the user id");
-        }
         QFile::setPermissions(program_files::programFolder(),
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
                                   | QFile::ReadOther | QFile::ExeOther);

@@ -21,7 +21,7 @@ private slots:
         QCOMPARE(text(-4, 0.125), QStringLiteral("-0.50 m"));
         QCOMPARE(text(1, 0.12500000057), QStringLiteral("0.13 m"));
         QCOMPARE(text(64000, 0.125), QStringLiteral("8000.00 m"));
-        QCOMPARE(text(64000, 0.0), QStringLiteral("0.00 m")); // no velocity factor yet
+        QCOMPARE(text(64000, 0.0), QStringLiteral("0.00 m")); // no shortening factor yet
         QCOMPARE(text(100, 0.18737028625), QStringLiteral("18.74 m"));
         QCOMPARE(text(1, std::numeric_limits<double>::quiet_NaN()), QStringLiteral("nan m"));
         QCOMPARE(calc::distanceText(8, 0.125, QStringLiteral("\u043c")),
@@ -42,7 +42,7 @@ private slots:
             QCOMPARE(calc::levelText(level), QString::number(level));
     }
 
-    void velocityFactorsHaveThreeDecimals()
+    void shorteningFactorsHaveThreeDecimals()
     {
         QCOMPARE(calc::kuText(1.49896229F), QStringLiteral("1.499"));
         QCOMPARE(calc::kuText(1.0F), QStringLiteral("1.000"));

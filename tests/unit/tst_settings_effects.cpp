@@ -63,9 +63,8 @@ private slots:
     {
         const QMetaObject &meta = SettingsData::staticMetaObject;
         QStringList names;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
             names << QString::fromLatin1(meta.method(i).name());
-        }
         QCOMPARE(names.join(QLatin1Char(' ')),
                  QStringLiteral("CSS_changed translation_changed files_to_load "
                                 "window_geometry_loaded dial_settings_changed"));

@@ -8,7 +8,7 @@
 #include <climits>
 #include <limits>
 
-/// Shifts of a trace and the velocity factor.
+/// Shifts of a trace and the shortening factor.
 class TestShifts : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ private slots:
         QCOMPARE(calc::clampedVerticalOffset(INT_MIN), -256);
     }
 
-    void velocityFactorsStayBetweenOneAndTen()
+    void shorteningFactorsStayBetweenOneAndTen()
     {
         QCOMPARE(calc::clampedKU(0.5), 1.0F);
         QCOMPARE(calc::clampedKU(1.0), 1.0F);

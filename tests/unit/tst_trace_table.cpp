@@ -251,7 +251,7 @@ void TestTraceTable::reflectionsHavePlaceLevelAndSign()
     const QVector<calc::Reflection> list = calc::reflectionList(points, 100.0);
     QCOMPARE(list.size(), 4);
     for (int i = 0; i < 4; ++i) {
-        QCOMPARE(list[i].column, qint64(100 + 4 * echoes[i].place));
+        QCOMPARE(list[i].column, 100 + 4 * echoes[i].place);
         QVERIFY(std::abs(list[i].level - 7 - echoes[i].height) <= 1.0);
         QCOMPARE(list[i].positive, echoes[i].height > 0);
     }

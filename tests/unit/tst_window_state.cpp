@@ -44,7 +44,7 @@ private slots:
     void aSavedStateIsPlausible()
     {
         QCOMPARE(savedState().size(), 42);
-        QVERIFY(calc::isPlausibleState(savedState()));
+        QVERIFY(window_geometry::isPlausibleState(savedState()));
     }
 
     void anyDamagedByteButThoseOfTheSizeIsRefused()
@@ -55,7 +55,8 @@ private slots:
             for (const int mask : { 0x01, 0x10, 0x7F, 0x80, 0xFF }) {
                 QByteArray damaged = savedState();
                 damaged[at] = static_cast<char>(damaged[at] ^ mask);
-                QVERIFY2(calc::isPlausibleState(damaged) == (at >= sizeBegin && at < sizeEnd),
+                QVERIFY2(window_geometry::isPlausibleState(damaged)
+                             == (at >= sizeBegin && at < sizeEnd),
                          qPrintable(QStringLiteral("byte %1 mask %2").arg(at).arg(mask)));
             }
         }
@@ -63,27 +64,29 @@ private slots:
 
     void aStateOfAnotherLengthIsNotPlausible()
     {
-        QVERIFY(!calc::isPlausibleState(QByteArray()));
+        QVERIFY(!window_geometry::isPlausibleState(QByteArray()));
         for (int size = 0; size < savedState().size(); ++size)
-            QVERIFY2(!calc::isPlausibleState(savedState().left(size)),
+            QVERIFY2(!window_geometry::isPlausibleState(savedState().left(size)),
                      qPrintable(QString::number(size)));
-        QVERIFY(!calc::isPlausibleState(savedState() + '\0'));
+        QVERIFY(!window_geometry::isPlausibleState(savedState() + '\0'));
     }
 
     void aStateWithDocksIsNotPlausible()
     {
         // One dock on side 0x7F000000, which restoreState would use as an index.
-        QVERIFY(!calc::isPlausibleState(QByteArray::fromHex("000000ff00000000fd000000017f000000"
-                                                            "0000000100000001fa")
-                                        + QByteArray(40, '\0')));
+        QVERIFY(!window_geometry::isPlausibleState(
+            QByteArray::fromHex("000000ff00000000fd000000017f000000"
+                                "0000000100000001fa")
+            + QByteArray(40, '\0')));
     }
 
     void aRectangleMayBeFourTimesAsLargeAsTheDesktop()
     {
-        QVERIFY(calc::isPlausibleGeometry(factoryGeometry(), { 1920, 1080 }));
+        QVERIFY(window_geometry::isPlausibleGeometry(factoryGeometry(), { 1920, 1080 }));
         for (const int rectangle : rectangles) {
             const auto isTaken = [rectangle](int width, int height, const QSize &desktop) {
-                return calc::isPlausibleGeometry(resized(rectangle, width, height), desktop);
+                return window_geometry::isPlausibleGeometry(resized(rectangle, width, height),
+                                                            desktop);
             };
             // Of a screen that is gone.
             QVERIFY(isTaken(3840, 2160, { 1920, 1080 }));
@@ -106,7 +109,7 @@ private slots:
                 for (const char byte : { '\x7F', '\x80' }) {
                     QByteArray damaged = factoryGeometry();
                     damaged[rectangle + 4 * edge] = byte;
-                    QVERIFY2(!calc::isPlausibleGeometry(damaged, { 1920, 1080 }),
+                    QVERIFY2(!window_geometry::isPlausibleGeometry(damaged, { 1920, 1080 }),
                              qPrintable(QStringLiteral("%1 %2").arg(rectangle).arg(edge)));
                 }
             }
@@ -121,24 +124,25 @@ private slots:
             record[5] = version;
             return record;
         };
-        QVERIFY(calc::isPlausibleGeometry(ofVersion(3, 66), desktop));
+        QVERIFY(window_geometry::isPlausibleGeometry(ofVersion(3, 66), desktop));
         // Version 2 lacks the client rectangle, version 1 also the width of the screen.
-        QVERIFY(calc::isPlausibleGeometry(ofVersion(2, 50), desktop));
-        QVERIFY(!calc::isPlausibleGeometry(ofVersion(2, 49), desktop));
-        QVERIFY(calc::isPlausibleGeometry(ofVersion(1, 46), desktop));
-        QVERIFY(!calc::isPlausibleGeometry(ofVersion(1, 45), desktop));
-        QVERIFY(!calc::isPlausibleGeometry(ofVersion(0, 66), desktop));
-        QVERIFY(!calc::isPlausibleGeometry(ofVersion(4, 66), desktop));
+        QVERIFY(window_geometry::isPlausibleGeometry(ofVersion(2, 50), desktop));
+        QVERIFY(!window_geometry::isPlausibleGeometry(ofVersion(2, 49), desktop));
+        QVERIFY(window_geometry::isPlausibleGeometry(ofVersion(1, 46), desktop));
+        QVERIFY(!window_geometry::isPlausibleGeometry(ofVersion(1, 45), desktop));
+        QVERIFY(!window_geometry::isPlausibleGeometry(ofVersion(0, 66), desktop));
+        QVERIFY(!window_geometry::isPlausibleGeometry(ofVersion(4, 66), desktop));
         QByteArray other = factoryGeometry();
         other[0] = static_cast<char>(other[0] ^ 1);
-        QVERIFY(!calc::isPlausibleGeometry(other, desktop));
+        QVERIFY(!window_geometry::isPlausibleGeometry(other, desktop));
     }
 
     void aCutGeometryIsNotPlausible()
     {
         for (int size = 0; size < factoryGeometry().size(); ++size)
-            QVERIFY2(!calc::isPlausibleGeometry(factoryGeometry().left(size), { 1920, 1080 }),
-                     qPrintable(QString::number(size)));
+            QVERIFY2(
+                !window_geometry::isPlausibleGeometry(factoryGeometry().left(size), { 1920, 1080 }),
+                qPrintable(QString::number(size)));
     }
 };
 

@@ -121,9 +121,8 @@ private:
         QRect all;
         for (int y = 0; y < a.height(); ++y) {
             for (int x = 0; x < a.width(); ++x) {
-                if (a.pixel(x, y) != b.pixel(x, y)) {
+                if (a.pixel(x, y) != b.pixel(x, y))
                     all |= QRect(x, y, 1, 1);
-                }
             }
         }
         return all;

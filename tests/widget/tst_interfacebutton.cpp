@@ -14,9 +14,8 @@ QPixmap halfRed()
     QImage image(16, 16, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     for (int y = 0; y < 16; ++y) {
-        for (int x = 0; x < 8; ++x) {
+        for (int x = 0; x < 8; ++x)
             image.setPixelColor(x, y, Qt::red);
-        }
     }
     return QPixmap::fromImage(image);
 }
@@ -26,9 +25,8 @@ bool isGrey(const QImage &image)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QRgb pixel = image.pixel(x, y);
-            if (qRed(pixel) != qGreen(pixel) || qGreen(pixel) != qBlue(pixel)) {
+            if (qRed(pixel) != qGreen(pixel) || qGreen(pixel) != qBlue(pixel))
                 return false;
-            }
         }
     }
     return true;
@@ -38,9 +36,8 @@ bool isTransparent(const QImage &image)
 {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) != 0) {
+            if (qAlpha(image.pixel(x, y)) != 0)
                 return false;
-            }
         }
     }
     return true;

@@ -89,9 +89,8 @@ private slots:
                     false);
         expectOrder({ menu.load_settings_button, menu.settings_check_box }, true);
         QList<QWidget *> checks;
-        for (QCheckBox *check : allChecks()) {
+        for (QCheckBox *check : allChecks())
             checks << check;
-        }
         expectOrder(checks, false);
         expectOrder({ menu.ok_button, menu.apply_button, menu.cancel_button }, true);
         expectOrder({ menu.tabs, menu.ok_button }, false);

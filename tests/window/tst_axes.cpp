@@ -132,7 +132,7 @@ private slots:
         QVERIFY(probe().axis_0_lbl()[0].text().isEmpty());
     }
 
-    void theStepFollowsTheVelocityFactor()
+    void theStepFollowsTheShorteningFactor()
     {
         fixture->open();
         window().KU_change(3.0);
@@ -154,7 +154,7 @@ private slots:
         }
     }
 
-    void withoutAVelocityFactorThereIsNoGrid()
+    void withoutAShorteningFactorThereIsNoGrid()
     {
         fixture->open();
         probe().dist_coef() = 0.0;

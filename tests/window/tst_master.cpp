@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(probe().rfg_series()[1]->at(0).y(), 20.0);
     }
 
-    void theVelocityFactorIsAppliedWithTheStepOfTheNewMaster()
+    void theShorteningFactorIsAppliedWithTheStepOfTheNewMaster()
     {
         MainWindow &window = fixture->open();
         const QString path
@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.37 m"));
     }
 
-    void anEqualVelocityFactorIsNotAppliedAgain()
+    void anEqualShorteningFactorIsNotAppliedAgain()
     {
         MainWindow &window
             = openOn({ TraceBuilder().ku(2.0F), TraceBuilder().ku(2.0F), TraceBuilder().ku(3.0F) });
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(probe().dist_coef(), 0.18737028625 / 3.0);
     }
 
-    void aSingleLoadIntoTheMasterKeepsScaleRangeAndVelocityFactor()
+    void aSingleLoadIntoTheMasterKeepsScaleRangeAndShorteningFactor()
     {
         MainWindow &window = openOn({ TraceBuilder().minstep(5.0F).ku(2.0F) });
         window.plotScroll(40);

@@ -111,7 +111,7 @@ private slots:
         QCOMPARE(dialText(), text);
     }
 
-    void theVelocityFactorIsClamped()
+    void theShorteningFactorIsClamped()
     {
         openOn({ TraceBuilder() });
         probe().KU_button()->click();
@@ -137,7 +137,7 @@ private slots:
         QVERIFY(qAbs(probe().dist_coef() - 0.12500000057) < 1e-11);
     }
 
-    void everyDistanceFollowsTheVelocityFactor()
+    void everyDistanceFollowsTheShorteningFactor()
     {
         openOn({ TraceBuilder().minstep(5.0F).shiftX(10) });
         QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n5.00 m"));

@@ -103,7 +103,7 @@ private slots:
         row("go to a cursor", [](W &w, const P &) { w.gotoCursor(W::CURSOR_B); });
         row("horizontal shift", [](W &w, const P &) { w.H_Offset_change(16); });
         row("vertical shift", [](W &w, const P &) { w.V_Offset_change(30); });
-        row("velocity factor", [](W &w, const P &) { w.KU_change(2.5); });
+        row("shortening factor", [](W &w, const P &) { w.KU_change(2.5); });
         row("distances", [](W &w, const P &p) {
             p.dist_coef() *= 3.0;
             w.setXAxis();

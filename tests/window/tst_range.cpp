@@ -98,7 +98,7 @@ private slots:
         const char *const captions[] = { "31.25 m", "62.5 m", "125 m",  "250 m", "500 m",
                                          "1000 m",  "2000 m", "4000 m", "8000 m" };
         probe().scale_button()->click();
-        // The caption does not depend on the velocity factor.
+        // The caption does not depend on the shortening factor.
         for (const double ku : { 1.49896229, 3.0 }) {
             window().KU_change(ku);
             for (int scale = 0; scale <= 8; ++scale) {

@@ -80,7 +80,7 @@ private slots:
         QCOMPARE(probe().pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp"));
         QCOMPARE(probe().impedance_button()->text(), QStringLiteral("Impedance"));
         QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift"));
-        // Velocity factor and scale belong to the view.
+        // Shortening factor and scale belong to the view.
         QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.499"));
         QCOMPARE(probe().scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
     }

@@ -247,7 +247,7 @@ private slots:
         QVERIFY(probe().master_is_set());
         QCOMPARE(probe().rfg_buttons()->button(0)->text(), QStringLiteral("RFG 1\n"));
         QCOMPARE(probe().rfg_series()[0]->count(), 499);
-        // The velocity factor of a record of zeros is clamped and applied.
+        // The shortening factor of a record of zeros is clamped and applied.
         QCOMPARE(probe().dist_coef(), 0.18737028625);
     }
 

@@ -31,8 +31,8 @@ struct Settings
     quint16 average = 16; ///< shots averaged into a trace; 0 is taken as 1
     quint16 gain = 0; ///< dB
     quint16 impedance = 120; ///< ohms of generator and receiver; 0 is taken as 1
-    float velocityFactor = 1.49896229F; ///< KU as the operator set it: light over pulse. Recorded,
-                                        ///< it has no part in the measurement
+    float ku = 1.49896229F; ///< KU as the operator set it: light over pulse. Recorded,
+                            ///< it has no part in the measurement
     /// Share of the launched pulse that reaches the receiver directly. A hybrid circuit holds it
     /// down, as on any instrument that must show a faint echo next to its own pulse; 1 is a plain
     /// tee, where the launch is as tall as the echo of an open end at the terminals.

@@ -33,8 +33,7 @@ quint32 toUnsigned(double value)
 /// Echo time in ns of \a distance metres by the operator's KU.
 double echoTimeOf(double distance, const Settings &settings)
 {
-    const double counts
-        = distance * static_cast<double>(settings.velocityFactor) / constants::distCoef0;
+    const double counts = distance * static_cast<double>(settings.ku) / constants::distCoef0;
     return counts * constants::nsPerCount;
 }
 
@@ -54,8 +53,7 @@ template <std::size_t size> void writeText(char (&field)[size], const QByteArray
 void writeParameters(CH_PARAMS_t &params, const Settings &settings, const Survey &survey)
 {
     const double metres = constants::drawnSamples * static_cast<double>(settings.sampleStep)
-        / constants::nsPerCount * constants::distCoef0
-        / static_cast<double>(settings.velocityFactor);
+        / constants::nsPerCount * constants::distCoef0 / static_cast<double>(settings.ku);
     params.calibrate = 1;
     params.sample_minstep = settings.sampleStep;
     params.delay = std::min(settings.delay, maxDelay);
@@ -65,7 +63,7 @@ void writeParameters(CH_PARAMS_t &params, const Settings &settings, const Survey
     params.average = settings.average;
     params.gain = settings.gain;
     params.impedance = settings.impedance;
-    params.KU = settings.velocityFactor;
+    params.KU = settings.ku;
     params.shiftX = static_cast<quint32>(survey.shiftX);
     params.shiftY = survey.shiftY;
     params.interval_right = constants::lastSample;
@@ -108,7 +106,7 @@ void writeMarks(TDR_FILE_t &record, const Settings &settings, const Survey &surv
         target.id = static_cast<quint8>(i + 1);
         target.distance_smpl = toUnsigned(echoTimeOf(mark.distance, settings)
                                           / static_cast<double>(settings.sampleStep));
-        target.KU_left = settings.velocityFactor;
+        target.KU_left = settings.ku;
         writeText(target.note, mark.note);
     }
 }

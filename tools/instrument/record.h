@@ -18,7 +18,7 @@ namespace instrument {
 /// A place that the instrument's user marked.
 struct Mark
 {
-    double distance = 0.0; ///< m, 0 or more, by the velocity factor of the settings
+    double distance = 0.0; ///< m, 0 or more, at the KU of the settings
     QByteArray note; ///< at most 63 bytes; cut
 };
 

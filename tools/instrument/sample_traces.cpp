@@ -160,7 +160,7 @@ SampleTrace longCoax()
     trace.settings.pulseWidth = 80;
     trace.settings.average = 4;
     trace.settings.impedance = 75;
-    trace.settings.velocityFactor = static_cast<float>(coaxKU);
+    trace.settings.ku = static_cast<float>(coaxKU);
     trace.settings.baseline = -80.0;
     trace.settings.seed = 15;
     trace.survey.time = at(8, 18, 8, 55);

@@ -200,8 +200,8 @@ struct Special
 Shape wideEchoes(Random &random)
 {
     const double width = random.uniform(10.0, 25.0);
-    const double first = random.uniform(60.0, 80.0);
-    const double second = first + random.uniform(1.3, 2.5) * width;
+    const double first = random.uniform(40.0, 60.0);
+    const double second = first + random.uniform(1.3, 6.0) * width;
     const double height
         = random.chance(0.5) ? random.uniform(30.0, 80.0) : -random.uniform(30.0, 80.0);
     const double other = height * random.uniform(0.5, 1.0);

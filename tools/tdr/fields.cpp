@@ -21,7 +21,7 @@ constexpr double distanceUnits = 10000.0; ///< in a metre; distances are rounded
 
 // ---- Values ----
 
-/// 18.3, not 18.299999237060547, which is the same float.
+/// To the seven digits of a float: 18.3, not 18.299999237060547.
 double decimal(float value)
 {
     return QString::number(double{ value }, 'g', floatDigits).toDouble();

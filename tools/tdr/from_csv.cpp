@@ -104,13 +104,21 @@ Tally putSamples(const Curve &curve, const Grid &grid, TDR_FILE_t &record)
     return tally;
 }
 
-QStringList remarksOn(const Tally &tally, int rows, const Grid &grid)
+QStringList remarksOn(const Tally &tally, const QVector<Curve::Point> &points, const Grid &grid)
 {
+    const auto rows = static_cast<int>(points.size());
+    const double first = grid.countsOf(0) - placeTolerance;
+    const double last = grid.countsOf(constants::lastSample) + placeTolerance;
+    const auto outside = static_cast<int>(
+        std::count_if(points.cbegin(), points.cend(), [=](const Curve::Point &point) {
+            return point.place < first || point.place > last;
+        }));
     const std::pair<int, QString> remarks[] = {
         { rows - tally.met,
           QStringLiteral("%1 of %2 rows lie on no sample of %3 ns")
               .arg(QStringLiteral("%1"), QString::number(rows),
                    numberText(grid.step * constants::nsPerCount)) },
+        { outside, QStringLiteral("%1 rows lie outside the samples and are left out") },
         { tally.interpolated, QStringLiteral("%1 samples interpolated between two rows") },
         { tally.repeated, QStringLiteral("%1 samples beyond the rows repeat the nearest level") },
         { tally.rounded, QStringLiteral("%1 levels rounded to whole numbers") },
@@ -192,7 +200,7 @@ Conversion fromCsv(const QByteArray &text, const Demands &demands)
     putGrid(grid, record);
     record.ch.params.shiftY = static_cast<qint16>(curve.levelShift);
     const Tally tally = putSamples(curve, grid, record);
-    result.remarks += remarksOn(tally, static_cast<int>(curve.points.size()), grid);
+    result.remarks += remarksOn(tally, curve.points, grid);
 
     QDateTime date = demands.date.isValid() ? demands.date : curve.date;
     if (!isStorable(date)) {

@@ -32,7 +32,7 @@ bool isStorable(const QDateTime &moment);
 
 /// Makes a record of the table \a text, which readCurve describes: 250 samples at a step that is a
 /// multiple of 1.25 ns, linearly interpolated. Without a demanded step it is the shortest one with
-/// which they reach from the first to the last row.
+/// which they are as long as the rows; up to half a step at either end can be lost.
 Conversion fromCsv(const QByteArray &text, const Demands &demands);
 
 } // namespace tdr

@@ -3,6 +3,7 @@
 #include "tdr/info.h"
 
 #include "tdr/fields.h"
+#include "tdr/streams.h"
 
 #include <QJsonArray>
 #include <QStringList>
@@ -62,7 +63,7 @@ QJsonObject jsonOf(const QVector<Field> &fields)
 
 QString infoText(const QString &file, const QByteArray &bytes, bool all)
 {
-    QString text = QStringLiteral("%1\n").arg(file);
+    QString text = shownName(file) + QLatin1Char('\n');
     const QVector<Section> sections = sectionsOf(bytes, all);
     for (const Section &section : sections) {
         text += section.name + QLatin1Char('\n');

@@ -45,7 +45,7 @@ void print(std::FILE *stream, const QString &text)
 
 void complain(const QString &subject, const QString &reason)
 {
-    print(stderr, QStringLiteral("velkor-tdr: %1: %2\n").arg(subject, reason));
+    print(stderr, QStringLiteral("velkor-tdr: %1: %2\n").arg(tdr::shownName(subject), reason));
 }
 
 /// Reads the record files that \a parser names one after another and calls \a use(name, bytes) with
@@ -110,7 +110,7 @@ ExitCode check(const QCommandLineParser &parser)
     const ExitCode code = eachFile(parser, [&](const QString &name, const QByteArray &bytes) {
         const QStringList findings = tdr::findings(bytes);
         for (const QString &finding : findings)
-            lines += QStringLiteral("%1: %2\n").arg(name, finding);
+            lines += QStringLiteral("%1: %2\n").arg(tdr::shownName(name), finding);
         return QString();
     });
     return std::max(

@@ -28,12 +28,7 @@ QVector<calc::Reflection> reflectionsOf(const calc::TraceRef &trace)
 {
     QVector<QPointF> points;
     calc::splinePoints(trace, points);
-    QVector<calc::Reflection> list = calc::reflectionList(points, trace.scroll, trace.offset);
-    const auto isOutside = [](const calc::Reflection &reflection) {
-        return reflection.column < 0 || reflection.column > constants::xLength;
-    };
-    list.erase(std::remove_if(list.begin(), list.end(), isOutside), list.end());
-    return list;
+    return calc::reflectionList(points, trace.scroll, trace.offset);
 }
 
 } // namespace tdr

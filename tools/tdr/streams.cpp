@@ -55,6 +55,14 @@ QString obstacle(const QString &name)
 
 } // namespace
 
+QString shownName(QString name)
+{
+    for (QChar &letter : name)
+        if (!letter.isPrint() && !letter.isSurrogate())
+            letter = QChar::ReplacementCharacter;
+    return name;
+}
+
 void makeStreamsBinary()
 {
 #ifdef Q_OS_WIN

@@ -11,6 +11,9 @@
 
 namespace tdr {
 
+/// \a name with its control characters replaced, so that it stays on its line.
+QString shownName(QString name);
+
 /// Makes the standard streams binary. Nothing to do but on Windows.
 void makeStreamsBinary();
 
