@@ -147,7 +147,7 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     });
 
     QString folder = QStringLiteral("/docs/manual/%1/").arg(language.left(languageLength));
-    if (!QFile::exists(QLatin1Char(':') + folder))
+    if (!QFile::exists(QLatin1Char(':') + folder + QStringLiteral("index.md")))
         folder = QStringLiteral("/docs/manual/en/");
     m_controls = QUrl(QStringLiteral("qrc:") + folder + QStringLiteral("controls.md"));
     readContents(QUrl(QStringLiteral("qrc:") + folder + QStringLiteral("index.md")));
