@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalBlocker>
@@ -21,6 +22,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -65,6 +68,22 @@ bool isDark(QTabBar *bar)
 constexpr QLatin1String boxSelector = constants::latin1("QCheckBox::indicator");
 constexpr QLatin1String boxOutline
     = constants::latin1("QCheckBox::indicator:unchecked { border: 1px solid rgb(141, 142, 143); }");
+
+/// Keeps what is typed: QSpinBox makes 125 of "12.5" or "12,5", because it drops group separators
+/// and characters that it does not know.
+class SpeedBox : public QSpinBox
+{
+public:
+    using QSpinBox::QSpinBox;
+
+    QValidator::State validate(QString &text, int &position) const override
+    {
+        const bool isWhole = std::all_of(text.cbegin(), text.cend(),
+                                         [](QChar letter) { return letter.isDigit(); });
+        return isWhole ? qMax(QSpinBox::validate(text, position), QValidator::Intermediate)
+                       : QValidator::Intermediate;
+    }
+};
 
 void limitSpeed(QSpinBox *box)
 {
@@ -139,8 +158,8 @@ void SettingsMenu::createControls()
     param_accur_lbl = new QLabel(dial_accur_box);
     cursor_accur_lbl = new QLabel(dial_accur_box);
     accur_lbl = new QLabel(dial_accur_box);
-    param_accur = new QSpinBox(dial_accur_box);
-    cursor_accur = new QSpinBox(dial_accur_box);
+    param_accur = new SpeedBox(dial_accur_box);
+    cursor_accur = new SpeedBox(dial_accur_box);
     int section = 0;
     for (QCheckBox *check : { files_settings_check, CSS_settings_check, dir_settings_check,
                               lang_settings_check, geometry_settings_check, dial_settings_check }) {
@@ -158,6 +177,13 @@ void SettingsMenu::connectControls()
     const auto speedChanged = qOverload<int>(&QSpinBox::valueChanged);
     connect(cursor_accur, speedChanged, this, &SettingsMenu::cursorSpeed_slot);
     connect(param_accur, speedChanged, this, &SettingsMenu::paramSpeed_slot);
+    for (const QSpinBox *box : { cursor_accur, param_accur })
+        connect(box->findChild<QLineEdit *>(), &QLineEdit::textChanged, this, [this] {
+            const bool areSpeeds
+                = cursor_accur->hasAcceptableInput() && param_accur->hasAcceptableInput();
+            ok_button->setEnabled(areSpeeds);
+            apply_button->setEnabled(areSpeeds && update_index != 0);
+        });
 }
 
 void SettingsMenu::connectFileButtons()

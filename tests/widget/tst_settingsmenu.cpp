@@ -271,6 +271,25 @@ private slots:
         QCOMPARE(spy.count(), 2);
     }
 
+    void aTextThatIsNoSpeedIsNotRead()
+    {
+        f->open();
+        QSpinBox *box = f->menu.cursor_accur;
+        for (const char *language : { "C", "en_US", "de_DE", "ru_RU" })
+            for (const char *text : { "12,5", "12.5", "1.000", "5", "1 0" }) {
+                box->setLocale(QLocale(QString::fromLatin1(language)));
+                box->selectAll();
+                QTest::keyClicks(box, QString::fromLatin1(text));
+                QCOMPARE(box->text(), QString::fromLatin1(text));
+                QVERIFY(!f->menu.ok_button->isEnabled());
+                QVERIFY(!f->menu.apply_button->isEnabled());
+                box->selectAll();
+                QTest::keyClicks(box, QStringLiteral("125"));
+                QVERIFY(f->menu.ok_button->isEnabled());
+                QVERIFY(f->menu.apply_button->isEnabled());
+            }
+    }
+
     void goingBackToTheLiveSpeedLeavesApplyEnabled()
     {
         f->open();
