@@ -20,7 +20,7 @@ QT_CHARTS_USE_NAMESPACE
 namespace {
 
 constexpr qreal aboveAxes = 100.0;
-constexpr qreal margin = 2.0; ///< pixels around the plot that its lines touch
+constexpr qreal edge = 2.0; ///< pixels around the plot that its lines touch
 constexpr qreal stripMargin = 7.0; ///< pixels right of the plot, where nothing is drawn
 constexpr qreal reach = 4.0; ///< pixels beside its points that a line touches, at most
 
@@ -206,7 +206,7 @@ void SeriesLayer::raise(const QVector<QXYSeries *> &wanted)
 QRectF SeriesLayer::boundingRect() const
 {
     return QRectF(QPointF(), m_chart.plotArea().size())
-        .adjusted(-margin, -margin, stripMargin, margin);
+        .adjusted(-edge, -edge, stripMargin, edge);
 }
 
 QVector<QPointF> SeriesLayer::pixelsOf(const QXYSeries &series) const
