@@ -205,8 +205,7 @@ void SeriesLayer::raise(const QVector<QXYSeries *> &wanted)
 
 QRectF SeriesLayer::boundingRect() const
 {
-    return QRectF(QPointF(), m_chart.plotArea().size())
-        .adjusted(-edge, -edge, stripMargin, edge);
+    return QRectF(QPointF(), m_chart.plotArea().size()).adjusted(-edge, -edge, stripMargin, edge);
 }
 
 QVector<QPointF> SeriesLayer::pixelsOf(const QXYSeries &series) const

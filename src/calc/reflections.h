@@ -29,7 +29,8 @@ namespace calc {
 /// One reflection.
 struct Echo
 {
-    int sample = 0; ///< the highest of the smoothed crest and its two neighbours; in a dip the lowest
+    /// Index of the highest of the smoothed crest and its two neighbours; in a dip the lowest.
+    int sample = 0;
     double height = 0.0; ///< sample steps above the baseline, negative for a dip
 };
 
