@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr double metresPerCountInAir = 0.18737028625;
 constexpr double selectedPen = 2.0;
 constexpr double otherPen = 1.0;
 
@@ -96,7 +95,7 @@ QColor PeerModel::background() const
 
 double PeerModel::metresPerCount() const
 {
-    return metresPerCountInAir / ku;
+    return calc::metresPerCount(static_cast<float>(ku));
 }
 
 QString PeerModel::title() const
