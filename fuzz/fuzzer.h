@@ -40,9 +40,9 @@ QString folderTemplate();
 /// Writes \a bytes to the file \a path, whatever was there.
 void writeFile(const QString &path, const QByteArray &bytes);
 
-/// A small share of all inputs, always the same ones: those whose bytes come to \a part or less out
-/// of 256. All of them while findings are replayed.
-bool isOneOf(int part, const std::uint8_t *data, std::size_t size);
+/// Whether something slow is done in this execution: in the first and in every \a many th one, and
+/// always while findings are replayed. Asked once per execution.
+bool isTurnOfSlow(unsigned many);
 
 /// Set by the replay.
 extern bool replaying;
