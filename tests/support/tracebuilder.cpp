@@ -166,11 +166,16 @@ TraceBuilder countingTrace()
     return TraceBuilder().samples([](int i) { return i % 128; });
 }
 
+TraceBuilder levelTrace(int level)
+{
+    return TraceBuilder().samples(level);
+}
+
 QVector<TraceBuilder> levelTraces(int count)
 {
     QVector<TraceBuilder> traces;
     for (int slot = 0; slot < count; ++slot)
-        traces.append(TraceBuilder().samples(slot + 1));
+        traces.append(levelTrace(slot + 1));
     return traces;
 }
 

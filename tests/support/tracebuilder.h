@@ -59,6 +59,8 @@ private:
 
 /// One whose samples tell their own index: 0, 1, 2 ... 127, 0, 1 ...
 TraceBuilder countingTrace();
+/// One count to a sample, and \a level everywhere.
+TraceBuilder levelTrace(int level);
 /// \a count of them, one count to a sample; that of slot i has the level i + 1 everywhere.
 QVector<TraceBuilder> levelTraces(int count);
 /// \a count of them, four counts to a sample, shifted by two samples and 7 levels.

@@ -268,3 +268,15 @@ QString differenceOf(const QImage &one, const QImage &other, const QRegion &lett
         .arg(where.height())
         .arg(folder.path());
 }
+
+QString staleOf(MainWindow &window)
+{
+    const QImage screen = screenOf(window);
+    // The platform gives as many pixels of the backing store as the window has units.
+    const QImage fresh = freshPictureOf(window).copy(screen.rect());
+    const double scale = window.devicePixelRatioF();
+    QRegion letters;
+    for (const QRect &letter : lettersOf(window))
+        letters += QRect(letter.topLeft() * scale, letter.size() * scale);
+    return differenceOf(screen, fresh, letters);
+}

@@ -31,3 +31,7 @@ QRegion lettersOf(MainWindow &window);
 /// Which pixels of \a one and \a other differ, and how much; empty when they are equal. Small
 /// differences within \a letters do not count. Saves both pictures beside the test program.
 QString differenceOf(const QImage &one, const QImage &other, const QRegion &letters = QRegion());
+
+/// How the screen differs from \a window painted again; empty when nothing on it is stale. Call it
+/// once, at the end of a test: it repaints the window.
+QString staleOf(MainWindow &window);

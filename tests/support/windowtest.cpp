@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windowtest.h"
 
+#include "settingsdata.h"
 #include "windowactions.h"
 
 #include <QGraphicsView>
@@ -21,9 +22,22 @@ QWidget *WindowTest::viewport() const
     return probe().Plot_View()->viewport();
 }
 
+QRectF WindowTest::plot() const
+{
+    return probe().Plot_Chart()->mapToScene(probe().Plot_Chart()->plotArea()).boundingRect();
+}
+
 MainWindow &WindowTest::openOn(const QVector<TraceBuilder> &traces, int master)
 {
     return openWith(*fixture, traces, master);
+}
+
+void WindowTest::setLanguage(const char *code)
+{
+    SettingsData *settings = probe().settingsData();
+    settings->current_language = QString::fromLatin1(code);
+    settings->updateSettings(8);
+    WindowFixture::settle();
 }
 
 void WindowTest::startOver()

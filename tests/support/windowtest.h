@@ -5,6 +5,7 @@
 #include "windowfixture.h"
 
 #include <QObject>
+#include <QRectF>
 #include <QVector>
 
 /// Base of the window tests. Each test function gets a fixture of its own: a folder for traces, no
@@ -18,8 +19,13 @@ protected:
     const MainWindowProbe &probe() const;
     /// What mouse and wheel events on the chart go to.
     QWidget *viewport() const;
+    /// Plot area of the chart, in coordinates of the scene.
+    QRectF plot() const;
     /// \c openWith on the test's own fixture.
     MainWindow &openOn(const QVector<TraceBuilder> &traces, int master = 0);
+
+    /// Sets the language \a code of the settings, as the settings dialog does.
+    void setLanguage(const char *code);
 
     /// Replaces the fixture by a new one, as before each test function.
     void startOver();
