@@ -5,7 +5,6 @@
 #include "windowtest.h"
 
 #include <QAction>
-#include <QButtonGroup>
 #include <QGraphicsScene>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -13,19 +12,6 @@
 #include <QtTest>
 
 QT_CHARTS_USE_NAMESPACE
-
-namespace {
-
-/// Two counts a sample, from sample 3, shifted 10 counts right and 7 steps down.
-TraceBuilder shifted()
-{
-    return TraceBuilder().minstep(2.5F).delay(3).shiftX(5).shiftY(-7).samples(
-        [](int i) { return i % 100 - 50; });
-}
-
-const QColor axisGray(50, 50, 50);
-
-} // namespace
 
 class TestChart : public WindowTest
 {
@@ -38,9 +24,17 @@ private slots:
         const auto series = probe().Plot_Chart()->series();
         QCOMPARE(series.size(), 17);
         QCOMPARE(series[0], probe().axisX()); // the one by which pixels become counts
+        const QColor colours[] = { QColor(0, 255, 0), QColor(0, 255, 255), QColor(255, 0, 255),
+                                   QColor(255, 0, 0), QColor(255, 255, 0), QColor(0, 0, 255) };
         for (int slot = 0; slot < 6; ++slot) {
             QCOMPARE(series[1 + 2 * slot], probe().rfg_series()[slot]);
             QCOMPARE(series[2 + 2 * slot], probe().rfg_series_sp()[slot]);
+            for (const QPen &pen :
+                 { probe().rfg_series()[slot]->pen(), probe().rfg_series_sp()[slot]->pen() }) {
+                QCOMPARE(pen.color(), colours[slot]);
+                QCOMPARE(pen.widthF(), 2.0);
+            }
+            QVERIFY(!probe().rfg_series_sp()[slot]->isVisible());
         }
         for (const QLineSeries *cursor : { probe().cursor_A(), probe().cursor_A_add(),
                                            probe().cursor_B(), probe().cursor_B_add() }) {
@@ -54,27 +48,12 @@ private slots:
         QCOMPARE(probe().Plot_Chart()->axes().size(), 2);
     }
 
-    void eachSlotHasItsColour()
-    {
-        openOn({});
-        const QColor colours[] = { QColor(0, 255, 0), QColor(0, 255, 255), QColor(255, 0, 255),
-                                   QColor(255, 0, 0), QColor(255, 255, 0), QColor(0, 0, 255) };
-        for (int slot = 0; slot < 6; ++slot) {
-            for (const QPen &pen :
-                 { probe().rfg_series()[slot]->pen(), probe().rfg_series_sp()[slot]->pen() }) {
-                QCOMPARE(pen.color(), colours[slot]);
-                QCOMPARE(pen.widthF(), 2.0);
-            }
-            QVERIFY(!probe().rfg_series_sp()[slot]->isVisible());
-        }
-    }
-
     void theChartHasABaseLineAndNeitherLegendNorBackground()
     {
         openOn({});
         const QLineSeries *line = probe().axisX();
         QCOMPARE(qtcompat::pointsOf(*line), (QVector<QPointF>{ { 0.0, 0.0 }, { 64000.0, 0.0 } }));
-        QCOMPARE(line->pen().color(), axisGray);
+        QCOMPARE(line->pen().color(), QColor(50, 50, 50));
         QCOMPARE(line->pen().width(), 3);
         const QChart *chart = probe().Plot_Chart();
         QCOMPARE(chart->margins(), QMargins(20, 20, 20, 20));
@@ -91,9 +70,9 @@ private slots:
         QValueAxis *x = probe().cust_axisX();
         QValueAxis *y = probe().cust_axisY();
         for (QValueAxis *axis : { x, y }) {
-            QCOMPARE(axis->linePen().color(), axisGray);
+            QCOMPARE(axis->linePen().color(), QColor(50, 50, 50));
             QCOMPARE(axis->linePen().width(), 2);
-            QCOMPARE(axis->gridLineColor(), axisGray);
+            QCOMPARE(axis->gridLineColor(), QColor(50, 50, 50));
             QCOMPARE(axis->labelFormat(), QStringLiteral("%i"));
             QCOMPARE(axis->titleBrush().color(), QColor(Qt::gray));
             QCOMPARE(axis->labelsColor(), QColor(Qt::gray));
@@ -110,42 +89,21 @@ private slots:
         QVERIFY(y->labelsVisible());
     }
 
-    void aTraceIsDrawnFromItsStepDelayAndShifts()
-    {
-        openOn({ shifted() });
-        const QLineSeries *steps = probe().rfg_series()[0];
-        QCOMPARE(steps->count(), 499);
-        QCOMPARE(steps->at(0), QPointF(16.0, -57.0)); // 10 + 3 * 2 and -7 - 50
-        QCOMPARE(steps->at(1), QPointF(18.0, -57.0));
-        QCOMPARE(steps->at(498), QPointF(514.0, -8.0));
-        input::click(probe().smooth_button());
-        const QSplineSeries *spline = probe().rfg_series_sp()[0];
-        QCOMPARE(spline->count(), 250);
-        for (int i = 0; i < 250; ++i)
-            QCOMPARE(spline->at(i), QPointF(16.0 + 2.0 * i, i % 100 - 57.0));
-    }
-
-    void samplesAreSignedBytes()
-    {
-        openOn({ TraceBuilder().sample(0, -128).sample(1, 127).sample(2, -1).shiftY(-300) });
-        const QLineSeries *series = probe().rfg_series()[0];
-        QCOMPARE(series->at(0).y(), -428.0);
-        QCOMPARE(series->at(2).y(), -173.0);
-        QCOMPARE(series->at(4).y(), -301.0);
-    }
-
     void theHiddenFormKeepsItsOldPoints()
     {
-        openOn({ TraceBuilder().samples(4) });
-        QCOMPARE(probe().rfg_series_sp()[0]->count(), 0);
+        openOn({ levelTrace(4) });
+        const auto levelOf = [](const QXYSeries *series) { return series->at(0).y(); };
+        const QLineSeries *steps = probe().rfg_series()[0];
+        const QSplineSeries *spline = probe().rfg_series_sp()[0];
+        QCOMPARE(spline->count(), 0);
         window().setSmoothFlag(true);
         window().V_Offset_change(10);
-        QCOMPARE(probe().rfg_series_sp()[0]->at(0).y(), 14.0);
-        QCOMPARE(probe().rfg_series()[0]->at(0).y(), 4.0);
+        QCOMPARE(levelOf(spline), 14.0);
+        QCOMPARE(levelOf(steps), 4.0);
         window().setSmoothFlag(false);
-        QCOMPARE(probe().rfg_series()[0]->at(0).y(), 14.0);
+        QCOMPARE(levelOf(steps), 14.0);
         window().V_Offset_change(20);
-        QCOMPARE(probe().rfg_series_sp()[0]->at(0).y(), 14.0);
+        QCOMPARE(levelOf(spline), 14.0);
     }
 
     void theBuffersHaveTheSizeOfWhatWasDrawn()
@@ -178,6 +136,11 @@ private slots:
             QCOMPARE(probe().smooth_rfg_flag(), smooth);
             QCOMPARE(probe().rfg_series()[0]->isVisible(), !smooth);
             QCOMPARE(probe().rfg_series_sp()[0]->isVisible(), smooth);
+            for (const bool isShown : { false, true }) {
+                probe().selected_rfg()[0]->visible_action->trigger();
+                QCOMPARE(probe().rfg_series()[0]->isVisible(), isShown && !smooth);
+                QCOMPARE(probe().rfg_series_sp()[0]->isVisible(), isShown && smooth);
+            }
             for (int slot = 1; slot < 6; ++slot) {
                 QVERIFY(!probe().rfg_series()[slot]->isVisible());
                 QVERIFY(!probe().rfg_series_sp()[slot]->isVisible());
@@ -188,26 +151,32 @@ private slots:
         }
     }
 
-    void differenceModeColoursTheBackground()
+    void differenceModeColoursTheBackgroundUntilTheNextSheet()
     {
         openOn({ TraceBuilder() });
+        const auto background = [this] { return probe().Plot_Scene()->backgroundBrush(); };
         const QBrush normal(QColor(11, 12, 13));
-        QCOMPARE(probe().Plot_Scene()->backgroundBrush(), normal);
+        const QBrush difference(QColor(40, 40, 60));
+        QCOMPARE(background(), normal);
         input::click(probe().difference_button());
         QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
-        QCOMPARE(probe().Plot_Scene()->backgroundBrush(), QBrush(QColor(40, 40, 60)));
+        QCOMPARE(background(), difference);
         input::click(probe().difference_button());
         QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
-        QCOMPARE(probe().Plot_Scene()->backgroundBrush(), normal);
+        QCOMPARE(background(), normal);
+        input::click(probe().difference_button());
+        window().set_CSS();
+        QCOMPARE(background(), normal);
+        QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
     }
 
     void aRaisedSeriesKeepsEverythingButItsPlace()
     {
-        openOn({ shifted(), TraceBuilder() });
+        openOn({ TraceBuilder(), TraceBuilder() });
         QLineSeries *series = probe().rfg_series()[1];
         series->hide();
         const QPen pen = series->pen();
-        const QRectF plot = probe().Plot_Chart()->plotArea();
+        const QRectF area = plot();
         const double right = probe().cust_axisX()->max();
         window().seriesUp(series);
         WindowFixture::settle();
@@ -218,17 +187,9 @@ private slots:
         QCOMPARE(series->pen(), pen);
         QVERIFY(!series->isVisible());
         QCOMPARE(series->count(), 499);
-        QCOMPARE(probe().Plot_Chart()->plotArea(), plot);
+        QCOMPARE(plot(), area);
         QCOMPARE(probe().cust_axisX()->max(), right);
         QCOMPARE(series->attachedAxes().size(), 2);
-    }
-
-    void distancesAndLevelsAreShownAsText()
-    {
-        openOn({});
-        QCOMPARE(window().count_to_distance(-8), QStringLiteral("-1.00 m"));
-        QCOMPARE(window().count_to_level(129), QString());
-        QCOMPARE(window().count_to_level(-128), QStringLiteral("-128"));
     }
 
     void theUpdateSignalIsNeverEmitted()
