@@ -1,37 +1,34 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "curarrow.h"
 #include "inputevents.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
+#include "windowactions.h"
 #include "windowtest.h"
 
+#include <QAction>
+#include <QGraphicsScene>
 #include <QLabel>
 #include <QtTest>
 
+using QtCharts::QAbstractSeries;
 using QtCharts::QLineSeries;
 
+/// The cursors: position, level, lines and markers. Which column and level a trace gives is tested
+/// with calc::cursorOn.
 class TestCursors : public WindowTest
 {
     Q_OBJECT
 
 private:
-    /// Difference mode with slot 2 selected: the master every two counts and 3 samples late, the
-    /// other every four.
-    void openDifference()
-    {
-        openOn({ countingTrace().minstep(2.5F).delay(3), countingTrace().minstep(5.0F) });
-        input::click(probe().difference_button());
-        input::click(probe().selected_rfg()[1]);
-    }
-
     /// Column and level of cursor A after it was set to \a column.
     QPoint cursorAt(int column)
     {
         window().cursorSetup_slot(column);
         return { probe().cursor_A_pos(), probe().cursor_A_pos_Y() };
     }
-
     static void verifyLines(const QLineSeries *line, const QLineSeries *level, int column,
                             int height)
     {
@@ -51,8 +48,9 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 64000);
         QCOMPARE(cursorAt(-5).x(), 0);
         QCOMPARE(probe().cursor_dial()->trueValue, 0);
-        openOn({ countingTrace().minstep(1.0F) }); // step 0 counts as one
-        QCOMPARE(cursorAt(13).x(), 13);
+        input::click(probe().selected_rfg()[4]); // empty
+        QCOMPARE(cursorAt(10), QPoint(8, 129));
+        QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.00 m\n y = "));
     }
 
     // Two counts to a sample, three samples late, shifted by 4 samples to the right and 10 up.
@@ -65,26 +63,14 @@ private slots:
         QCOMPARE(cursorAt(12), QPoint(12, 129)); // before the first sample
         verifyLines(probe().cursor_A(), probe().cursor_A_add(), 12, 129);
         QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.50 m\n y = "));
-        QCOMPARE(cursorAt(14 + 2 * 249).y(), 10 + 121);
-        QCOMPARE(cursorAt(14 + 2 * 250).y(), 129);
-    }
-
-    void lessThanOneStepLeftOfTheFirstSampleReadsIt()
-    {
-        openOn({ countingTrace().minstep(5.0F).samples(33) });
-        probe().rfg_DATA()[0].scroll = 7;
-        QCOMPARE(cursorAt(4).y(), 33);
-        QCOMPARE(cursorAt(0).y(), 129);
     }
 
     void cursorBHasItsOwnStateAndLines()
     {
         openOn({ countingTrace() });
-        window().cursorSetup_slot(20);
+        QCOMPARE(cursorAt(20), QPoint(20, 20));
         input::click(probe().curB_button());
-        window().cursorSetup_slot(50);
-        QCOMPARE(probe().cursor_A_pos(), 20);
-        QCOMPARE(probe().cursor_A_pos_Y(), 20);
+        QCOMPARE(cursorAt(50), QPoint(20, 20));
         QCOMPARE(probe().cursor_B_pos(), 50);
         QCOMPARE(probe().cursor_B_pos_Y(), 50);
         verifyLines(probe().cursor_A(), probe().cursor_A_add(), 20, 20);
@@ -95,17 +81,12 @@ private slots:
         QCOMPARE(probe().cursor_dial()->titleText, QStringLiteral("Cursor B\n6.25 m"));
     }
 
-    void anEmptySlotHasNoLevel()
-    {
-        openOn({ countingTrace().minstep(5.0F) });
-        input::click(probe().selected_rfg()[4]);
-        QCOMPARE(cursorAt(10), QPoint(8, 129));
-        QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.00 m\n y = "));
-    }
-
+    // The master every two counts and 3 samples late, the other every four.
     void aDifferenceHasNoLevelAndLimitsTheCursor()
     {
-        openDifference();
+        openOn({ countingTrace().minstep(2.5F).delay(3), countingTrace().minstep(5.0F) });
+        input::click(probe().difference_button());
+        input::click(probe().selected_rfg()[1]);
         QCOMPARE(cursorAt(10), QPoint(7, 129));
         QCOMPARE(probe().cursor_A_add()->at(0).y(), 129.0);
         QCOMPARE(probe().cursor_dial()->trueValue, 10);
@@ -114,24 +95,10 @@ private slots:
         // The master itself is drawn as it is.
         input::click(probe().selected_rfg()[0]);
         QCOMPARE(cursorAt(20), QPoint(20, 7));
-    }
-
-    void aMasterFarAwayIsNotReadOutOfItsSamples()
-    {
-        openOn({ countingTrace().delay(0xFFFFFFFF).shiftX(0x80000000),
-                 countingTrace().shiftX(0x7FFFFFFF) });
-        input::click(probe().difference_button());
-        input::click(probe().selected_rfg()[1]);
-        QCOMPARE(cursorAt(64000), QPoint(0, 129));
-    }
-
-    void differenceModeWithoutAMasterReadsTheTraceItself()
-    {
-        openOn({ countingTrace(), countingTrace() });
-        input::click(probe().difference_button());
+        // Without a master each trace is.
         input::click(probe().selected_rfg()[1]);
         probe().rfg_master_ID() = -1;
-        QCOMPARE(cursorAt(40).y(), 40);
+        QCOMPARE(cursorAt(40), QPoint(40, 10));
     }
 
     void withoutAnActiveCursorNothingMoves()
@@ -164,8 +131,8 @@ private slots:
         const MainWindowProbe &p = probe();
         QCOMPARE(p.cursor_A_pos_Y(), 35);
         QCOMPARE(p.cursor_B_pos_Y(), 65);
-        const QList<QtCharts::QAbstractSeries *> raised{ p.cursor_A_add(), p.cursor_A(),
-                                                         p.cursor_B_add(), p.cursor_B() };
+        const QList<QAbstractSeries *> raised{ p.cursor_A_add(), p.cursor_A(), p.cursor_B_add(),
+                                               p.cursor_B() };
         QCOMPARE(p.Plot_Chart()->series().mid(13), raised);
         QCOMPARE(int(p.Cur_flag()), int(MainWindow::CURSOR_B));
         QCOMPARE(p.cursor_dial()->trueValue, 60);
@@ -196,6 +163,95 @@ private slots:
         QVERIFY(kept > 25 && kept < 40);
         input::turn(probe().cursor_dial(), 120);
         QCOMPARE(probe().cursor_A_pos(), 64);
+    }
+
+    // ---- On the chart ----
+
+    void theActiveCursorIsYellowAndOnTop()
+    {
+        openOn({ countingTrace() });
+        const MainWindowProbe &p = probe();
+        const auto verify = [](bool active, const QLineSeries *line, const QLineSeries *level,
+                               const CurArrow *marker) {
+            const QColor ink = active ? Qt::yellow : Qt::gray;
+            QCOMPARE(line->pen().color(), ink);
+            QCOMPARE(line->pen().width(), 2);
+            QCOMPARE(line->pen().style(), Qt::SolidLine);
+            QCOMPARE(level->pen().color(), ink);
+            QCOMPARE(level->pen().width(), 1);
+            QCOMPARE(level->pen().style(), Qt::DashLine);
+            QCOMPARE(marker->color, ink);
+            QCOMPARE(marker->br_style, active ? Qt::SolidPattern : Qt::NoBrush);
+        };
+        window().cursorSetup_slot(30);
+        for (const bool isA : { false, true }) {
+            window().cursorSelect_slot(isA ? 1 : 2);
+            if (!isA)
+                window().cursorSetup_slot(60);
+            verify(isA, p.cursor_A(), p.cursor_A_add(), p.cur_arrowA());
+            verify(!isA, p.cursor_B(), p.cursor_B_add(), p.cur_arrowB());
+            const auto series = p.Plot_Chart()->series();
+            QCOMPARE(series.size(), 17);
+            QCOMPARE(series[16], isA ? p.cursor_A() : p.cursor_B());
+            QCOMPARE(series[15], isA ? p.cursor_A_add() : p.cursor_B_add());
+            const auto items = stacked(*p.Plot_Scene());
+            const auto placeOfA = items.indexOf(p.cur_arrowA()->group);
+            const auto placeOfB = items.indexOf(p.cur_arrowB()->group);
+            QVERIFY(placeOfA >= 0 && placeOfB >= 0);
+            QCOMPARE(placeOfA > placeOfB, isA);
+            QCOMPARE(p.cursor_dial()->trueValue, isA ? 30 : 60);
+            QVERIFY((isA ? p.curA_action() : p.curB_action())->isChecked());
+            QVERIFY((isA ? p.curA_nav_button() : p.curB_nav_button())->isChecked());
+        }
+    }
+
+    void aCursorOutsideTheViewHasNoMarker()
+    {
+        openOn({ countingTrace() });
+        const CurArrow *marker = probe().cur_arrowA();
+        window().cursorSetup_slot(250);
+        QVERIFY(window().isCursor_visible(1));
+        QVERIFY(marker->cur_arrow1.isVisible() && marker->cur_lbl.isVisible());
+        window().cursorSetup_slot(251);
+        QVERIFY(!window().isCursor_visible(1));
+        QVERIFY(!marker->cur_arrow1.isVisible() && !marker->cur_arrow2.isVisible()
+                && !marker->cur_lbl.isVisible());
+        window().setPlotRange(1, 251);
+        QVERIFY(marker->cur_arrow1.isVisible());
+        QVERIFY(!window().isCursor_visible(2));
+        QVERIFY(!probe().cur_arrowB()->cur_arrow1.isVisible());
+        window().setPlotRange(251, 501);
+        QVERIFY(marker->cur_arrow1.isVisible());
+    }
+
+    void theMarkersFollowCursorAndRange()
+    {
+        openOn({ countingTrace() });
+        const CurArrow *a = probe().cur_arrowA();
+        window().cursorSetup_slot(125);
+        const double expected = 125 * plot().width() / 250 + int(plot().left() + 1.0);
+        QVERIFY(qAbs(a->cur_arrow1.x() - expected) < 0.01);
+        QCOMPARE(a->cur_arrow1.y(), plot().top());
+        QCOMPARE(a->cur_arrow2.y(), plot().bottom());
+        QVERIFY(a->cur_lbl.x() > expected);
+        window().cursorSetup_slot(250);
+        QVERIFY(a->cur_lbl.x() < a->cur_arrow1.x());
+        window().setPlotRange(100, 600);
+        QCOMPARE(probe().scrollfactorX(), 100);
+        QCOMPARE(a->XRes, 500);
+        QCOMPARE(probe().cur_arrowB()->XRes, 500);
+        QVERIFY(qAbs(double{ a->pos } - a->pos0 - a->field.width() * 150.0 / 500.0) < 0.01);
+    }
+
+    void goingToACursorCentresTheView()
+    {
+        openOn({ countingTrace() });
+        window().cursorSetup_slot(3000);
+        window().gotoCursor(1);
+        QCOMPARE(probe().cust_axisX()->min(), 2875.0);
+        QCOMPARE(probe().cust_axisX()->max(), 3125.0);
+        window().gotoCursor(0);
+        QCOMPARE(probe().cust_axisX()->min(), 0.0);
     }
 };
 
