@@ -4,7 +4,6 @@
 #include "dialoganswer.h"
 #include "inputevents.h"
 #include "interfacebutton.h"
-#include "settingsdata.h"
 #include "windowactions.h"
 #include "windowtest.h"
 
@@ -20,13 +19,10 @@ TraceBuilder rising()
     return TraceBuilder().samples([](int i) { return i % 100; });
 }
 
-TraceBuilder level(int value)
-{
-    return TraceBuilder().samples(value);
-}
-
 } // namespace
 
+/// Difference mode. The points of a difference are tested with calc::stepDifference and in
+/// tst_trace_corpus.
 class TestDifference : public WindowTest
 {
     Q_OBJECT
@@ -36,7 +32,7 @@ private:
     MainWindow &openDifference(const QVector<TraceBuilder> &traces)
     {
         MainWindow &window = openOn(traces);
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        input::click(probe().difference_button());
         return window;
     }
     const auto *series(int slot) const
@@ -48,8 +44,8 @@ private slots:
     void aTraceIsDrawnWhereItsSamplesMeetTheMasters()
     {
         // Master every 2 counts; the other every 4, from count 2 * 4 + 4 on, 2 levels higher.
-        openDifference({ rising().minstep(2.5F),
-                         TraceBuilder().minstep(5.0F).samples(3).delay(2).shiftX(1).shiftY(2) });
+        openDifference(
+            { rising().minstep(2.5F), levelTrace(3).minstep(5.0F).delay(2).shiftX(1).shiftY(2) });
         QCOMPARE(series(0)->count(), 499);
         QCOMPARE(series(0)->at(2 * 99), QPointF(198.0, 99.0));
         QCOMPARE(series(1)->count(), 2 * 122 - 1);
@@ -57,33 +53,16 @@ private slots:
         // As wide as the wider of the two steps.
         QCOMPARE(series(1)->at(1), QPointF(16.0, 6.0 - 5.0));
         QCOMPARE(series(1)->at(2), QPointF(16.0, 8.0 - 5.0));
-        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+        input::click(probe().smooth_button());
         QCOMPARE(probe().rfg_series_sp()[0]->count(), 250);
         QCOMPARE(probe().rfg_series_sp()[1]->count(), 122);
         QCOMPARE(probe().rfg_series_sp()[1]->at(1), QPointF(16.0, 8.0 - 5.0));
     }
 
-    void gridsThatNeverMeetDrawNothing()
-    {
-        openDifference({ rising(), rising().delay(1000) });
-        QCOMPARE(series(1)->count(), 0);
-        QCOMPARE(series(0)->count(), 499);
-    }
-
-    void aStepIsBoundedToOneCountAndTheAxis()
-    {
-        openDifference({ rising().minstep(0.0F), rising().minstep(-5.0F) });
-        QCOMPARE(series(1)->count(), 499);
-        QCOMPARE(series(1)->at(498), QPointF(249.0, 0.0));
-        openDifference({ rising().minstep(80000.0F), rising().minstep(100000.0F) });
-        QCOMPARE(series(1)->count(), 499);
-        QCOMPARE(series(1)->at(498), QPointF(249.0 * 64000.0, 0.0));
-    }
-
     void anEmptyWindowTakesTheModeWithoutAMaster()
     {
         MainWindow &window = fixture->open();
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        input::click(probe().difference_button());
         QCOMPARE(probe().rfg_master_ID(), -1);
         window.load_rfg(0);
         QCOMPARE(series(0)->count(), 499);
@@ -96,14 +75,14 @@ private slots:
     void anEmptyMasterCountsEverywhere()
     {
         // Slot 6 keeps the master's mark, and empty slots its step of 256 counts.
-        MainWindow &window = openOn(
-            { level(1), level(2), level(3), level(4), level(5), level(6).minstep(320.0F) }, 5);
-        const QString file = fixture->trace(QStringLiteral("fine.tdr"), rising());
-        QVERIFY(chooseFiles(*fixture, { file }));
+        QVector<TraceBuilder> traces = levelTraces(6);
+        traces[5].minstep(320.0F);
+        MainWindow &window = openOn(traces, 5);
+        QVERIFY(chooseFiles(*fixture, { fixture->trace(QStringLiteral("fine.tdr"), rising()) }));
         QCOMPARE(probe().rfg_master_ID(), 5);
         QCOMPARE(probe().rfg_read_index(), 1);
         probe().rfg_buttons()->button(0)->click();
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        input::click(probe().difference_button());
 
         QCOMPARE(series(0)->count(), 1);
         QCOMPARE(series(0)->at(0), QPointF(0.0, 6.0));
@@ -136,7 +115,7 @@ private slots:
 
     void removingTheMasterDrawsTheDifferencesFromTheNext()
     {
-        MainWindow &window = openDifference({ level(1), level(20), level(50) });
+        MainWindow &window = openDifference({ levelTrace(1), levelTrace(20), levelTrace(50) });
         window.remove_Selected_RFG(0);
         QCOMPARE(series(1)->at(0).y(), 20.0);
         QCOMPARE(series(2)->at(0).y(), -30.0);
@@ -152,6 +131,12 @@ private slots:
             QCOMPARE(series(slot)->at(0).y(), 7.0);
         window.H_Offset_change(100);
         QCOMPARE(series(1)->count(), 2 * 150 - 1);
+        // In normal mode the master alone is drawn.
+        input::click(probe().difference_button());
+        probe().rfg_series()[1]->clear();
+        window.V_Offset_change(9);
+        QCOMPARE(series(0)->at(0).y(), 9.0);
+        QCOMPARE(series(1)->count(), 0);
     }
 
     void aShiftOfAnotherTraceRedrawsThatOneOnly()
@@ -166,19 +151,10 @@ private slots:
         QCOMPARE(series(2)->count(), 0);
     }
 
-    void inNormalModeAShiftOfTheMasterRedrawsItAlone()
-    {
-        MainWindow &window = openOn({ rising(), rising() });
-        probe().rfg_series()[1]->clear();
-        window.V_Offset_change(7);
-        QCOMPARE(series(0)->at(0).y(), 7.0);
-        QCOMPARE(series(1)->count(), 0);
-    }
-
     void aTraceLoadedBesideTheMasterIsDrawnAloneAndOneOverItRedrawsAll()
     {
         MainWindow &window = openDifference({ rising(), rising(), rising() });
-        const QString other = fixture->trace(QStringLiteral("other.tdr"), level(40));
+        const QString other = fixture->trace(QStringLiteral("other.tdr"), levelTrace(40));
         window.add_Selected_RFG(other, 1);
         QCOMPARE(series(1)->at(0).y(), -40.0);
         QCOMPARE(series(2)->at(0).y(), 0.0);
@@ -186,15 +162,6 @@ private slots:
         QCOMPARE(series(0)->at(0).y(), 40.0);
         QCOMPARE(series(1)->at(0).y(), 0.0);
         QCOMPARE(series(2)->at(0).y(), 40.0);
-    }
-
-    void enteringTheModeRefreshesTheSelectedSlotsReadouts()
-    {
-        openOn({ TraceBuilder(), TraceBuilder().minstep(5.0F) });
-        probe().rfg_buttons()->button(1)->click();
-        QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.50 m"));
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.13 m"));
     }
 };
 

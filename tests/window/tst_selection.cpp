@@ -1,138 +1,58 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
+#include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
+#include "settingsdata.h"
 #include "windowactions.h"
 #include "windowtest.h"
 
 #include <QAction>
 #include <QButtonGroup>
-#include <QLocale>
 #include <QMenu>
 #include <QPushButton>
 #include <QtTest>
 
-namespace {
+#include <limits>
 
-QString shortDate(int year, int month, int day)
-{
-    return QLocale::system().toString(QDate(year, month, day), QLocale::ShortFormat);
-}
-
-} // namespace
-
+/// Selected trace, visible traces and master. tst_texts has what the selection writes, and
+/// tst_trace_corpus what a master sets.
 class TestSelection : public WindowTest
 {
     Q_OBJECT
 
 private:
-    QString stepText() const
+    QAction *visibleAction(int slot) const
     {
-        return probe().cursor_step_lbl().text();
+        return probe().selected_rfg()[slot]->visible_action;
     }
 
 private slots:
-    // ---- Texts ----
-
-    void aLoadedSlotWritesItsParameters()
-    {
-        openOn({ TraceBuilder(),
-                 TraceBuilder()
-                     .gain(41)
-                     .average(32)
-                     .pulseWidth(4000000000U)
-                     .pulseAmplitude(60000)
-                     .impedance(120)
-                     .ku(3.0F)
-                     .shiftX(8)
-                     .shiftY(-20)
-                     .date(2023, 11, 30)
-                     .time(17, 4, 59) });
-        QTest::mouseClick(probe().rfg_buttons()->button(1), Qt::LeftButton);
-        QCOMPARE(probe().rfg_ID(), 1);
-        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n41"));
-        // The factor of the view, not that of the trace.
-        QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.499"));
-        QCOMPARE(probe().average_button()->text(), QStringLiteral("Average\n32"));
-        QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift\n-20"));
-        QCOMPARE(probe().pulse_width_button()->text(), QStringLiteral("Pulse Width\n4000000000ns"));
-        QCOMPARE(probe().pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp\n60000V"));
-        QCOMPARE(probe().impedance_button()->text(), QStringLiteral("Impedance\n120"));
-        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n1.00 m"));
-        QCOMPARE(probe().scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
-        const QString folder = QFileInfo(fixture->path(QStringLiteral("x"))).dir().dirName();
-        QCOMPARE(probe().chart_title().text(),
-                 QStringLiteral("t2, /") + folder + QStringLiteral(", ") + shortDate(2023, 11, 30)
-                     + QStringLiteral(" 17:04:59"));
-    }
-
-    void anEmptySlotBlanksTheParametersAndTitlesTheChartWithItsName()
-    {
-        openOn({ TraceBuilder() });
-        QTest::mouseClick(probe().rfg_buttons()->button(4), Qt::LeftButton);
-        QCOMPARE(probe().rfg_ID(), 4);
-        QCOMPARE(probe().chart_title().text(), QStringLiteral("RFG 5"));
-        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain"));
-        QCOMPARE(probe().average_button()->text(), QStringLiteral("Average"));
-        QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift"));
-        QCOMPARE(probe().pulse_width_button()->text(), QStringLiteral("Pulse Width"));
-        QCOMPARE(probe().pulse_amplitude_button()->text(), QStringLiteral("Pulse Amp"));
-        QCOMPARE(probe().impedance_button()->text(), QStringLiteral("Impedance"));
-        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift"));
-        // Shortening factor and scale belong to the view.
-        QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.499"));
-        QCOMPARE(probe().scale_button()->text(), QStringLiteral("Scale\n31.25 m"));
-    }
-
-    void aTraceButtonShowsTheDateOrThatItsSlotIsEmpty()
-    {
-        openOn({ TraceBuilder() });
-        const QString date = shortDate(2024, 3, 5);
-        QCOMPARE(probe().rfg_buttons()->button(0)->text(), QStringLiteral("RFG 1\n") + date);
-        QCOMPARE(probe().selected_rfg()[0]->date, date);
-        for (int slot = 1; slot < 6; ++slot) {
-            QCOMPARE(probe().rfg_buttons()->button(slot)->text(),
-                     QStringLiteral("RFG %1\n(not loaded)").arg(slot + 1));
-            QVERIFY(probe().selected_rfg()[slot]->date.isEmpty());
-        }
-        for (int slot = 0; slot < 6; ++slot) {
-            const QString name = QStringLiteral("RFG %1").arg(slot + 1);
-            QCOMPARE(probe().selected_rfg()[slot]->name, name);
-            QCOMPARE(probe().selected_rfg()[slot]->contextMenu->title(), name);
-        }
-    }
+    // ---- Selected trace ----
 
     void theStepLabelShowsTheStepThatCounts()
     {
-        fixture->open();
-        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.13 m"));
+        const auto stepText = [this] { return probe().cursor_step_lbl().text(); };
         openOn({ TraceBuilder().minstep(5.0F), TraceBuilder().minstep(10.0F) });
         QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
         probe().rfg_buttons()->button(1)->click();
         QCOMPARE(stepText(), QStringLiteral("cursor step = 1.00 m"));
         // The master's.
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        input::click(probe().difference_button());
         QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        input::click(probe().difference_button());
         QCOMPARE(stepText(), QStringLiteral("cursor step = 1.00 m"));
         probe().rfg_buttons()->button(3)->click();
         QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
-        // Bounded to one count and to the axis.
-        openOn({ TraceBuilder().minstep(1.0F), TraceBuilder().minstep(100000.0F) });
-        QCOMPARE(stepText(), QStringLiteral("cursor step = 0.13 m"));
-        probe().rfg_buttons()->button(1)->click();
-        QCOMPARE(stepText(), QStringLiteral("cursor step = 8000.00 m"));
     }
-
-    // ---- Series ----
 
     void theSelectedTraceIsOnTopAndThick()
     {
         openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
         for (const int selected : { 1, 0, 2 }) {
             const QColor colour = probe().rfg_series()[selected]->pen().color();
-            probe().rfg_buttons()->button(selected)->click();
+            input::click(probe().rfg_buttons()->button(selected));
             const auto order = probe().Plot_Chart()->series();
             for (int slot = 0; slot < 6; ++slot) {
                 const double width = slot == selected ? 2.0 : 1.0;
@@ -169,48 +89,39 @@ private slots:
         }
     }
 
+    void theMenuOpensAtItsButtonInTheFontOfTheWindow()
+    {
+        MainWindow &window = openOn({ TraceBuilder() });
+        LegendButton *button = probe().selected_rfg()[2];
+        const auto answer = answerMenu([&](const QMenu &menu) {
+            QCOMPARE(menu.pos(), window.mapToGlobal(button->geometry().topRight()));
+            QCOMPARE(menu.font().pointSize(), window.font().pointSize());
+        });
+        emit button->customContextMenuRequested(QPoint(1, 1));
+        QVERIFY(answer->served());
+    }
+
+    void theLegendTextIsReservedAndEmpty()
+    {
+        QVERIFY(openOn({ TraceBuilder() }).rfgLegend(0).isEmpty());
+    }
+
     // ---- Visibility ----
 
     void aTraceIsHiddenAndShownByItsMenu()
     {
-        openOn({ TraceBuilder(), TraceBuilder() });
-        QAction *action = probe().selected_rfg()[1]->visible_action;
-        QVERIFY(action->isChecked());
-        action->trigger();
-        QVERIFY(!probe().selected_rfg()[1]->vis());
-        QVERIFY(!probe().rfg_series()[1]->isVisible());
-        QVERIFY(!action->isChecked());
-        QVERIFY(showsHidden(*fixture, 1));
-        action->trigger();
-        QVERIFY(probe().selected_rfg()[1]->vis());
-        QVERIFY(probe().rfg_series()[1]->isVisible());
-        QVERIFY(action->isChecked());
-        QVERIFY(showsVisible(*fixture, 1, false));
-    }
-
-    void aHiddenMasterComesBackWithItsMark()
-    {
         openOn({ TraceBuilder(), TraceBuilder() }, 1);
-        QAction *action = probe().selected_rfg()[1]->visible_action;
-        QVERIFY(showsVisible(*fixture, 1, true));
-        action->trigger();
-        QVERIFY(showsHidden(*fixture, 1));
-        action->trigger();
-        QVERIFY(showsVisible(*fixture, 1, true));
-        QVERIFY(probe().selected_rfg()[1]->mast());
-    }
-
-    void withSmoothingOnTheSplineIsWhatIsHidden()
-    {
-        MainWindow &window = openOn({ TraceBuilder() });
-        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-        QVERIFY(probe().rfg_series_sp()[0]->isVisible());
-        window.RFG_visibleToggle(0, false);
-        QVERIFY(!probe().rfg_series_sp()[0]->isVisible());
-        QVERIFY(!probe().rfg_series()[0]->isVisible());
-        window.RFG_visibleToggle(0, true);
-        QVERIFY(probe().rfg_series_sp()[0]->isVisible());
-        QVERIFY(!probe().rfg_series()[0]->isVisible());
+        for (const int slot : { 0, 1 }) {
+            for (const bool isShown : { true, false, true }) {
+                QCOMPARE(visibleAction(slot)->isChecked(), isShown);
+                QCOMPARE(probe().selected_rfg()[slot]->vis(), isShown);
+                QCOMPARE(probe().rfg_series()[slot]->isVisible(), isShown);
+                QVERIFY(isShown ? showsVisible(*fixture, slot, slot == 1)
+                                : showsHidden(*fixture, slot));
+                QCOMPARE(probe().selected_rfg()[slot]->mast(), slot == 1);
+                visibleAction(slot)->trigger();
+            }
+        }
     }
 
     void showingASlotInOneStepRepairsTheMaster()
@@ -231,21 +142,119 @@ private slots:
         QCOMPARE(window.getMasterID(), 0);
     }
 
-    // ---- Menu ----
+    // ---- Master ----
 
-    void theMenuHasTheFontOfTheWindow()
+    void aNumberOutsideOneToFiveMeansTheFirstSlot()
     {
-        MainWindow &window = openOn({ TraceBuilder() });
-        QFont font;
-        const auto answer = answerMenu([&font](const QMenu &menu) { font = menu.font(); });
-        emit probe().selected_rfg()[0]->customContextMenuRequested(QPoint(1, 1));
-        QVERIFY(answer->served());
-        QCOMPARE(font.pointSize(), window.font().pointSize());
+        MainWindow &window = openOn({ TraceBuilder(), TraceBuilder() }, 1);
+        for (const int id : { 7, -1, 6, 0, std::numeric_limits<int>::min() }) {
+            window.setMasterID(1);
+            QCOMPARE(window.getMasterID(), 1);
+            window.setMasterID(id);
+            QCOMPARE(window.getMasterID(), 0);
+            QCOMPARE(int{ probe().settingsData()->master_ID }, 0);
+        }
     }
 
-    void theLegendTextIsReservedAndEmpty()
+    void theMenuMakesASlotTheMaster()
     {
-        QVERIFY(openOn({ TraceBuilder() }).rfgLegend(0).isEmpty());
+        openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
+        probe().selected_rfg()[2]->master_action->trigger();
+        QCOMPARE(probe().rfg_master_ID(), 2);
+        QCOMPARE(int{ probe().settingsData()->master_ID }, 2);
+        for (int slot = 0; slot < 3; ++slot) {
+            QCOMPARE(probe().selected_rfg()[slot]->mast(), slot == 2);
+            QCOMPARE(probe().selected_rfg()[slot]->master_action->isEnabled(), slot != 2);
+            QVERIFY(showsVisible(*fixture, slot, slot == 2));
+        }
+        // The selection stays where it was.
+        QCOMPARE(probe().rfg_ID(), 0);
+        // Hidden slots keep their picture.
+        visibleAction(1)->trigger();
+        visibleAction(2)->trigger();
+        window().setMasterID(1);
+        QVERIFY(showsHidden(*fixture, 1));
+        QVERIFY(showsHidden(*fixture, 2));
+        QVERIFY(probe().selected_rfg()[1]->mast());
+    }
+
+    void theMasterAsBeforeChangesNothing()
+    {
+        MainWindow &window = openOn({ TraceBuilder().minstep(5.0F) });
+        window.scale_change(7);
+        window.KU_change(3.0);
+        window.setMasterID(0);
+        QCOMPARE(probe().master_scale(), 7);
+        QCOMPARE(probe().master_params().KU + 0.0F, 3.0F);
+        // Unless no master is set: then the same slot is set again.
+        probe().master_is_set() = false;
+        window.setMasterID(0);
+        QVERIFY(probe().master_is_set());
+        QCOMPARE(probe().master_scale(), 2);
+        QCOMPARE(probe().master_params().KU + 0.0F, 1.49896229F);
+    }
+
+    void theStepOfTheNewMasterReachesEmptySlotsOnly()
+    {
+        MainWindow &window
+            = openOn({ TraceBuilder(), TraceBuilder().minstep(10.0F), TraceBuilder() });
+        window.setMasterID(1);
+        QCOMPARE(probe().rfg_DATA()[0].coef_from_min, 1);
+        QCOMPARE(probe().rfg_DATA()[2].coef_from_min, 1);
+        for (int slot = 3; slot < 6; ++slot)
+            QCOMPARE(probe().rfg_DATA()[slot].coef_from_min, 8);
+        QCOMPARE(probe().master_params().sample_minstep + 0.0F, 10.0F);
+    }
+
+    void differencesAreDrawnFromTheNewMasterBeforeItCountsAsSet()
+    {
+        MainWindow &window = openOn({ levelTrace(1), levelTrace(20) });
+        window.setDiff_flag(true);
+        QCOMPARE(probe().rfg_series()[1]->at(0).y(), -19.0);
+        probe().master_is_set() = false;
+        window.setMasterID(1);
+        QCOMPARE(probe().rfg_series()[0]->at(0).y(), 19.0);
+        QCOMPARE(probe().rfg_series()[1]->at(0).y(), 20.0);
+    }
+
+    void theShorteningFactorIsAppliedWithTheStepOfTheNewMaster()
+    {
+        MainWindow &window = fixture->open();
+        const QString path
+            = fixture->trace(QStringLiteral("a.tdr"), TraceBuilder().minstep(5.0F).ku(2.0F));
+        QVERIFY(window.read_rfg_DATA(path, 0));
+        window.setMasterID(0);
+        QVERIFY(probe().master_is_set());
+        QCOMPARE(probe().master_params().KU + 0.0F, 2.0F);
+        QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.37 m"));
+    }
+
+    void anEqualShorteningFactorIsNotAppliedAgain()
+    {
+        MainWindow &window
+            = openOn({ TraceBuilder().ku(2.0F), TraceBuilder().ku(2.0F), TraceBuilder().ku(3.0F) });
+        probe().KU_button()->setText(QStringLiteral("untouched"));
+        window.setMasterID(1);
+        QCOMPARE(probe().KU_button()->text(), QStringLiteral("untouched"));
+        QVERIFY(probe().master_is_set());
+        window.setMasterID(2);
+        QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n3.000"));
+        QCOMPARE(probe().dist_coef(), 0.18737028625 / 3.0);
+    }
+
+    void aSingleLoadIntoTheMasterKeepsScaleRangeAndShorteningFactor()
+    {
+        MainWindow &window = openOn({ TraceBuilder().minstep(5.0F).ku(2.0F) });
+        window.plotScroll(40);
+        const QString path = fixture->trace(
+            QStringLiteral("b.tdr"), TraceBuilder().minstep(10.0F).ku(3.0F).delay(9).samples(8));
+        window.add_Selected_RFG(path, 0);
+        QCOMPARE(probe().rfg_DATA()[0].coef_from_min, 8);
+        QCOMPARE(probe().rfg_series()[0]->at(0), QPointF(72.0, 8.0));
+        QCOMPARE(probe().master_scale(), 2);
+        QCOMPARE(probe().scrollfactorX(), 40);
+        QCOMPARE(probe().master_params().KU + 0.0F, 2.0F);
+        QCOMPARE(probe().master_params().sample_minstep + 0.0F, 5.0F);
     }
 };
 

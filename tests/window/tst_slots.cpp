@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "each.h"
+#include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
@@ -12,15 +13,6 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QtTest>
-
-namespace {
-
-TraceBuilder level(int value)
-{
-    return TraceBuilder().samples(value);
-}
-
-} // namespace
 
 class TestSlots : public WindowTest
 {
@@ -52,7 +44,7 @@ private slots:
 
     void anEmptiedSlotKeepsItsRecordAndTakesTheMastersStep()
     {
-        openOn({ level(1).minstep(5.0F), level(2) });
+        openOn({ levelTrace(1).minstep(5.0F), levelTrace(2) });
         clearSlot(1);
         QCOMPARE(probe().rfg_read_index(), 1);
         QCOMPARE(probe().settingsData()->read_index, 1);
@@ -67,13 +59,19 @@ private slots:
         QCOMPARE(probe().rfg_buttons()->button(1)->text(), QStringLiteral("RFG 2\n(not loaded)"));
         QVERIFY(probe().selected_rfg()[1]->date.isEmpty());
         QVERIFY(offersLoadingOnly(1));
+        // The selected trace is another one.
+        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n30"));
+        clearSlot(0);
+        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain"));
+        QCOMPARE(probe().chart_title().text(), QStringLiteral("RFG 1"));
     }
 
     void removingTheMasterMakesTheLowestLoadedSlotMaster()
     {
-        MainWindow &window = openOn({ level(1) });
-        window.add_Selected_RFG(fixture->trace(QStringLiteral("b.tdr"), level(2).minstep(2.5F)), 1);
-        window.add_Selected_RFG(fixture->trace(QStringLiteral("e.tdr"), level(5)), 4);
+        MainWindow &window = openOn({ levelTrace(1) });
+        window.add_Selected_RFG(
+            fixture->trace(QStringLiteral("b.tdr"), levelTrace(2).minstep(2.5F)), 1);
+        window.add_Selected_RFG(fixture->trace(QStringLiteral("e.tdr"), levelTrace(5)), 4);
         QCOMPARE(probe().rfg_master_ID(), 0);
         clearSlot(0);
         QCOMPARE(probe().rfg_master_ID(), 1);
@@ -82,12 +80,8 @@ private slots:
         QVERIFY(showsVisible(*fixture, 1, true));
         QVERIFY(showsVisible(*fixture, 4, false));
         QVERIFY(!probe().selected_rfg()[0]->mast());
-    }
-
-    void removingAnotherTraceKeepsTheMaster()
-    {
-        openOn({ level(1), level(2), level(3) }, 1);
-        clearSlot(0);
+        // Another one.
+        clearSlot(4);
         QCOMPARE(probe().rfg_master_ID(), 1);
         QVERIFY(probe().master_is_set());
     }
@@ -104,8 +98,10 @@ private slots:
                     { "master, not selected", 0, 3 },
                     { "the master's slot was empty", 4, 4 } },
                   [this](const Row &row) {
-                      MainWindow &window = openOn({ level(1).minstep(5.0F) }, row.master);
+                      MainWindow &window = openOn({ levelTrace(1).minstep(5.0F) }, row.master);
                       const QString file = fixture->path(QStringLiteral("t1.tdr"));
+                      QCOMPARE(probe().rfg_master_ID(), row.master);
+                      QCOMPARE(probe().rfg_buttons()->checkedId(), row.master);
                       probe().rfg_buttons()->button(row.selected)->click();
                       QVERIFY(probe().master_is_set());
                       const QString step = probe().cursor_step_lbl().text();
@@ -129,7 +125,7 @@ private slots:
 
     void unmarkingAnEmptiedSlotDisablesItsMenuAgain()
     {
-        MainWindow &window = openOn({ level(1), level(2), level(3) });
+        MainWindow &window = openOn(levelTraces(3));
         clearSlot(0);
         QCOMPARE(probe().rfg_master_ID(), 1);
         QVERIFY(offersLoadingOnly(0));
@@ -146,28 +142,17 @@ private slots:
         QVERIFY(offersLoadingOnly(2));
     }
 
-    void emptyingTheSelectedSlotBlanksTheInterface()
-    {
-        openOn({ level(1), level(2) });
-        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n30"));
-        clearSlot(1);
-        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n30"));
-        clearSlot(0);
-        QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain"));
-        QCOMPARE(probe().chart_title().text(), QStringLiteral("RFG 1"));
-    }
-
     // ---- Resetting ----
 
     void resettingATraceReadsThatFileOnly()
     {
-        MainWindow &window = openOn({ level(1), level(2) });
+        MainWindow &window = openOn(levelTraces(2));
         window.V_Offset_change(50);
         probe().rfg_buttons()->button(1)->click();
         window.V_Offset_change(60);
         window.H_Offset_change(9);
         window.plotScroll(100);
-        fixture->trace(QStringLiteral("t2.tdr"), level(22));
+        fixture->trace(QStringLiteral("t2.tdr"), levelTrace(22));
         resetSlot(1);
         QCOMPARE(probe().rfg_DATA()[1].offset, 0);
         QCOMPARE(probe().rfg_DATA()[1].scroll, 0);
@@ -179,8 +164,8 @@ private slots:
 
     void resettingTheMasterResetsTheWholeView()
     {
-        MainWindow &window = openOn({ level(1), level(2) });
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        MainWindow &window = openOn(levelTraces(2));
+        input::click(probe().difference_button());
         window.V_Offset_change(50);
         probe().rfg_buttons()->button(1)->click();
         window.V_Offset_change(60);
@@ -203,12 +188,19 @@ private slots:
 
     void theResetAllButtonReadsEveryLoadedSlotAgain()
     {
-        MainWindow &window = openOn({ level(1), level(2), level(3) });
+        openOn({});
+        window().plotScroll(100);
+        input::click(probe().reset_all_button());
+        QCOMPARE(probe().cust_axisX()->min(), 0.0);
+        openOn(levelTraces(3));
         clearSlot(2);
-        window.plotScroll(77);
+        input::click(probe().difference_button());
+        window().plotScroll(77);
         for (int i = 1; i <= 3; ++i)
-            fixture->trace(QStringLiteral("t%1.tdr").arg(i), level(-10 * i));
-        QTest::mouseClick(probe().reset_all_button(), Qt::LeftButton);
+            fixture->trace(QStringLiteral("t%1.tdr").arg(i), levelTrace(-10 * i));
+        input::click(probe().reset_all_button());
+        QVERIFY(!probe().difference_button()->isChecked());
+        QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
         QCOMPARE(firstPoint(0).y(), -10.0);
         QCOMPARE(firstPoint(1).y(), -20.0);
         QCOMPARE(int{ probe().rfg_DATA()[2].f_p_840.samples[0] }, 3);
@@ -218,12 +210,12 @@ private slots:
 
     void aTraceWhoseFileIsGoneStaysAndKeepsItsPath()
     {
-        openOn({ level(1), level(2) });
+        openOn(levelTraces(2));
         for (const char *name : { "t1.tdr", "t2.tdr" })
             QVERIFY(QFile::remove(fixture->path(QLatin1String(name))));
         QVERIFY(QDir().mkdir(fixture->path(QStringLiteral("t2.tdr"))));
         resetSlot(1);
-        QTest::mouseClick(probe().reset_all_button(), Qt::LeftButton);
+        input::click(probe().reset_all_button());
         QCOMPARE(probe().rfg_read_index(), 3);
         for (int slot = 0; slot < 2; ++slot) {
             QCOMPARE(firstPoint(slot).y(), slot + 1.0);
@@ -231,7 +223,7 @@ private slots:
         }
         // The file is back.
         QVERIFY(QDir().rmdir(fixture->path(QStringLiteral("t2.tdr"))));
-        fixture->trace(QStringLiteral("t2.tdr"), level(22));
+        fixture->trace(QStringLiteral("t2.tdr"), levelTrace(22));
         resetSlot(1);
         QCOMPARE(firstPoint(1).y(), 22.0);
         QCOMPARE(probe().settingsData()->current_files[1], fixture->path(QStringLiteral("t2.tdr")));
@@ -251,28 +243,9 @@ private slots:
         QCOMPARE(probe().dist_coef(), 0.18737028625);
     }
 
-    void bitsBeyondTheSlotsAreIgnoredButStayInTheSettings()
-    {
-        MainWindow &window = openOn({ level(1) });
-        probe().settingsData()->read_index = -64 + 1;
-        window.show_AllSelected_RFGs(-64 + 1);
-        QCOMPARE(probe().rfg_read_index(), 1);
-        QCOMPARE(probe().settingsData()->read_index, -64 + 1);
-    }
-
-    void theMasterComesFromTheSettingsEvenWhenItsSlotIsEmpty()
-    {
-        openOn({ level(1), level(2) }, 4);
-        QCOMPARE(probe().rfg_master_ID(), 4);
-        QCOMPARE(probe().rfg_ID(), 4);
-        QVERIFY(probe().master_is_set());
-        QCOMPARE(probe().rfg_buttons()->checkedId(), 4);
-        QCOMPARE(probe().chart_title().text(), QStringLiteral("RFG 5"));
-    }
-
     void noSlotAtAllLeavesNoMaster()
     {
-        MainWindow &window = openOn({ level(1), level(2) }, 1);
+        MainWindow &window = openOn(levelTraces(2), 1);
         window.show_AllSelected_RFGs(0);
         QVERIFY(!probe().master_is_set());
         QCOMPARE(probe().rfg_ID(), 0);
@@ -284,7 +257,7 @@ private slots:
 
     void newFilesLeaveOneMasterOnly()
     {
-        MainWindow &window = openOn({ level(1), level(2), level(3) }, 2);
+        MainWindow &window = openOn(levelTraces(3), 2);
         QVERIFY(probe().selected_rfg()[2]->mast());
         probe().settingsData()->master_ID = 1;
         window.show_AllSelected_RFGs(7);
