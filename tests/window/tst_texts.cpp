@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "dialoganswer.h"
 #include "dictionary.h"
 #include "each.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "settingsdata.h"
 #include "settingsmenu.h"
 #include "windowtest.h"
 
@@ -62,7 +62,7 @@ struct Text
 } // namespace
 
 /// What the controls say in both languages. The words themselves are tested with the dictionary,
-/// and the texts of the settings dialog with that.
+/// the texts of the settings dialog with that, those of the file dialogs in tst_files.
 class TestTexts : public WindowTest
 {
     Q_OBJECT
@@ -73,12 +73,6 @@ private:
     {
         openOn(shiftedTraces(traces));
         window().cursorSetup_slot(8);
-    }
-    void speak(const char *code)
-    {
-        probe().settingsData()->current_language = QString::fromLatin1(code);
-        probe().settingsData()->updateSettings(8);
-        WindowFixture::settle();
     }
     QString date() const
     {
@@ -120,6 +114,8 @@ private:
             const QString below = slot < loaded ? QLatin1Char('\n') + date() : none;
             texts.insert(texts.end(),
                          { { "slot", button->text(), title + below },
+                           { "slot's name", button->name, title },
+                           { "slot's date", button->date, slot < loaded ? date() : QString() },
                            { "slot's menu", button->contextMenu->title(), title },
                            { "load", button->load_action->text(), d.LOAD_STR },
                            { "reset", button->reset_action->text(), d.RESET_STR },
@@ -209,9 +205,9 @@ private slots:
             const QStringList english = foundTexts();
             verify(loaded, false);
             for (int round = 0; round < 2; ++round) {
-                speak("ru_RU");
+                setLanguage("ru_RU");
                 verify(loaded, true);
-                speak("en_US");
+                setLanguage("en_US");
                 verify(loaded, false);
                 QCOMPARE(foundTexts(), english);
             }
@@ -232,7 +228,7 @@ private slots:
             open(loaded);
             // The languages are offered by their own names.
             probe().settingsMenu()->interfaceUpdate();
-            speak("ru_RU");
+            setLanguage("ru_RU");
             QStringList found = foundTexts();
             QVERIFY(found.size() > 80);
             // Qt's label of a dialog that has not been opened yet.
@@ -262,7 +258,7 @@ private slots:
         open(1);
         QTest::mouseClick(probe().selected_rfg()[3], Qt::LeftButton);
         QCOMPARE(probe().chart_title().text(), text("RFG 4"));
-        speak("ru_RU");
+        setLanguage("ru_RU");
         QCOMPARE(probe().chart_title().text(), text("РФГ 4"));
         QCOMPARE(probe().param_dial()->titleText, text("X Сдвиг\n"));
         QCOMPARE(probe().curA_button()->text(), text("Курсор A\n x = 1.00 м\n y = "));
@@ -279,46 +275,58 @@ private slots:
         verify(0, false);
     }
 
-    void everySwitchIsAnnouncedOnce()
-    {
-        open(1);
-        Events heard(&window(), QEvent::LanguageChange);
-        for (const char *code : { "ru_RU", "ru_RU", "en_US", "ru_RU" }) {
-            heard.count = 0;
-            speak(code);
-            QCOMPARE(heard.count, 1);
-        }
-    }
-
-    void aLanguageSwitchPaintsThePlotOnce()
+    void everySwitchIsAnnouncedAndPaintedOnce()
     {
         open(2);
         WindowFixture::settle();
+        Events heard(&window(), QEvent::LanguageChange);
         Events paints(viewport(), QEvent::Paint);
-        for (const char *code : { "ru_RU", "en_US" }) {
+        for (const char *code : { "ru_RU", "ru_RU", "en_US", "ru_RU", "de_DE" }) {
+            heard.count = 0;
             paints.count = 0;
-            speak(code);
+            setLanguage(code);
+            QCOMPARE(heard.count, 1);
             QCOMPARE(paints.count, 1);
         }
+        // An unknown language is English.
+        verify(2, false);
     }
 
-    void anUnknownLanguageIsEnglish()
+    // ---- Dialogs ----
+
+    void qtsOwnWordsStayEnglish()
+    {
+        fixture->open();
+        setLanguage("ru_RU");
+        QStringList words;
+        const auto answer = answerDialog([&words](QDialog &dialog) {
+            if (const auto *box = dialog.findChild<QDialogButtonBox *>())
+                words = QStringList{ box->button(QDialogButtonBox::Open)->text(),
+                                     box->button(QDialogButtonBox::Cancel)->text() };
+            dialog.reject();
+        });
+        probe().legend_button()->pressed();
+        QVERIFY(answer->served());
+        words.replaceInStrings(QStringLiteral("&"), QString());
+        QCOMPARE(words, (QStringList{ QStringLiteral("Open"), QStringLiteral("Cancel") }));
+    }
+
+    void entryDialogsAreTranslated()
     {
         open(1);
-        speak("ru_RU");
-        speak("de_DE");
-        verify(1, false);
-    }
-
-    void wordsThatLabelNoControlAreTranslatedAllTheSame()
-    {
-        open(0);
-        speak("ru_RU");
-        QCOMPARE(probe().d()->PARAMETER_STR, text("Параметр"));
-        QCOMPARE(probe().d()->NORM_MODE_STR, text("Нормальный режим"));
-        const QStringList found = foundTexts();
-        QVERIFY(!found.contains(text("Параметр")));
-        QVERIFY(!found.contains(text("Нормальный режим")));
+        setLanguage("ru_RU");
+        QStringList texts;
+        const auto answer = answerDialog([&texts](QDialog &dialog) {
+            if (const auto *input = qobject_cast<QInputDialog *>(&dialog))
+                texts = QStringList{ input->windowTitle(), input->labelText() }
+                    + input->comboBoxItems().mid(0, 1);
+            dialog.reject();
+        });
+        QTest::mousePress(probe().scale_button(), Qt::RightButton);
+        QVERIFY(answer->served());
+        QCOMPARE(texts,
+                 (QStringList{ text("Масштаб"), text("Масштаб\nДиапазон : [31.25; 8000]"),
+                               text("31.25м") }));
     }
 };
 
