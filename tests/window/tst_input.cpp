@@ -3,34 +3,24 @@
 #include "cont_dial.h"
 #include "contrast.h"
 #include "dialoganswer.h"
+#include "each.h"
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "windowtest.h"
 
+#include <QAction>
 #include <QButtonGroup>
-#include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QtTest>
 
+#include <limits>
+
 namespace {
-
-/// Counts the events of some types that arrive at an object.
-class Arrivals : public QObject
-{
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        types << event->type();
-        return QObject::eventFilter(watched, event);
-    }
-
-    QVector<QEvent::Type> types;
-};
 
 /// A window that counts the events that its filter consumes.
 class CountingWindow : public MainWindow
@@ -50,6 +40,7 @@ public:
 
 } // namespace
 
+/// Mouse and wheel on the chart, the dials and the logo.
 class TestInput : public WindowTest
 {
     Q_OBJECT
@@ -74,7 +65,7 @@ private slots:
         QVERIFY(qAbs(probe().cursor_B_pos() - 30) <= 1);
     }
 
-    void aLeftPressOutsideThePlotMovesNothing()
+    void aLeftPressOutsideThePlotAndAMoveWithoutButtonsMoveNothing()
     {
         openOn(tracesOfSteps({ 1.25F }));
         window().cursorSetup_slot(100);
@@ -86,6 +77,10 @@ private slots:
             QCOMPARE(probe().cursor_A_pos(), 100);
             QCOMPARE(probe().mp(), place.x() + 10);
         }
+        input::move(viewport(), QPoint(77, 60), Qt::NoButton);
+        QCOMPARE(probe().cursor_A_pos(), 100);
+        QCOMPARE(probe().mp(), 87);
+        QCOMPARE(shape(), int(Qt::ArrowCursor));
     }
 
     void aLeftDragTakesTheCursorAlongInsideAndOutsideThePlot()
@@ -107,16 +102,6 @@ private slots:
         input::move(viewport(), QPoint(-300, 100), Qt::LeftButton);
         QCOMPARE(probe().cursor_A_pos(), 0);
         input::release(viewport(), QPoint(-300, 100), Qt::LeftButton);
-        QCOMPARE(shape(), int(Qt::ArrowCursor));
-    }
-
-    void aMoveWithoutButtonsMovesNothing()
-    {
-        openOn(tracesOfSteps({ 1.25F }));
-        window().cursorSetup_slot(100);
-        input::move(viewport(), QPoint(77, 60), Qt::NoButton);
-        QCOMPARE(probe().cursor_A_pos(), 100);
-        QCOMPARE(probe().mp(), 87);
         QCOMPARE(shape(), int(Qt::ArrowCursor));
     }
 
@@ -161,18 +146,12 @@ private slots:
             input::release(viewport(), QPoint(180, 90), Qt::MiddleButton);
             QCOMPARE(shape(), int(Qt::ArrowCursor));
         }
-    }
-
-    void aPanPastAnEndIsRefused()
-    {
-        openOn(tracesOfSteps({ 1.25F }));
+        // Past an end a pan is refused.
+        window().scale_change(0);
         window().setPlotRange(5, 255);
         input::press(viewport(), QPoint(300, 100), Qt::MiddleButton);
         input::move(viewport(), QPoint(200, 100), Qt::MiddleButton);
         QCOMPARE(probe().scrollfactorX(), 5);
-        window().scale_change(8);
-        input::move(viewport(), QPoint(250, 100), Qt::MiddleButton);
-        QCOMPARE(probe().scrollfactorX(), 0);
     }
 
     void theRightButtonOpensTheChartMenuAtThePointer()
@@ -194,6 +173,147 @@ private slots:
         QCOMPARE(corner, pointer);
         QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
     }
+
+    // ---- Wheel ----
+
+    void aNotchMovesTheCursorByOneSample()
+    {
+        openOn(tracesOfSteps({ 5.0F }));
+        window().cursorSetup_slot(40);
+        input::wheel(viewport(), 120);
+        QCOMPARE(probe().cursor_A_pos(), 44);
+        QCOMPARE(probe().cursor_dial()->trueValue, 44);
+        input::wheel(viewport(), -360);
+        QCOMPARE(probe().cursor_A_pos(), 40);
+        input::wheel(viewport(), 0);
+        QCOMPARE(probe().cursor_A_pos(), 40);
+    }
+
+    void inDifferenceModeTheCoarserSampleCounts()
+    {
+        // Of the master, then of the selected trace.
+        for (const QVector<float> &steps : { QVector<float>{ 10.0F, 2.5F }, { 2.5F, 10.0F } }) {
+            openOn(tracesOfSteps(steps));
+            input::click(probe().selected_rfg()[1]);
+            input::click(probe().difference_button());
+            window().cursorSetup_slot(400);
+            input::wheel(viewport(), 120);
+            QCOMPARE(probe().cursor_dial()->trueValue, 408);
+            input::wheel(probe().cursor_dial(), -120);
+            QCOMPARE(probe().cursor_dial()->trueValue, 400);
+        }
+    }
+
+    void aNotchThatScalesGoesBackToTheCursor()
+    {
+        openOn(tracesOfSteps({ 1.25F }));
+        probe().scale_wheel_action()->trigger();
+        window().cursorSetup_slot(3000);
+        // Away from the user raises the exponent, which shows more of the cable.
+        input::wheel(viewport(), 120);
+        QCOMPARE(probe().master_scale(), 1);
+        QCOMPARE(probe().cust_axisX()->min(), 2750.0);
+        QCOMPARE(probe().cust_axisX()->max(), 3250.0);
+        QCOMPARE(probe().cursor_A_pos(), 3000);
+        input::wheel(viewport(), -120);
+        input::wheel(viewport(), -120);
+        QCOMPARE(probe().master_scale(), 0);
+        QCOMPARE(probe().cust_axisX()->min(), 2875.0);
+    }
+
+    void theWheelOnTheCursorDialAlwaysMovesTheCursor()
+    {
+        openOn(tracesOfSteps({ 2.5F }));
+        probe().scale_wheel_action()->trigger();
+        window().cursorSetup_slot(10);
+        input::wheel(probe().cursor_dial(), 120);
+        QCOMPARE(probe().cursor_A_pos(), 12);
+        QCOMPARE(probe().master_scale(), 1);
+        // The mark of the dial turns too.
+        QVERIFY(probe().cursor_dial()->value() != 0);
+        QCOMPARE(probe().cursor_dial()->trueValue, 12);
+    }
+
+    void withoutACursorTheWheelStepsTheDialAlone()
+    {
+        openOn(tracesOfSteps({ 2.5F }));
+        window().cursorSetup_slot(10);
+        window().cursorSelect_slot(0);
+        input::wheel(viewport(), 120);
+        QCOMPARE(probe().cursor_dial()->trueValue, 12);
+        QCOMPARE(probe().cursor_A_pos(), 10);
+        input::press(viewport(), input::pixelOf(probe(), 100), Qt::LeftButton);
+        input::move(viewport(), input::pixelOf(probe(), 120), Qt::LeftButton);
+        QCOMPARE(probe().cursor_A_pos(), 10);
+        QCOMPARE(probe().cursor_B_pos(), 0);
+        probe().cursor_dial()->trueValue = std::numeric_limits<int>::max();
+        input::wheel(viewport(), 120);
+        QCOMPARE(probe().cursor_dial()->trueValue, std::numeric_limits<int>::max());
+        probe().scale_wheel_action()->trigger();
+        window().setPlotRange(5000, 5500);
+        input::wheel(viewport(), 120);
+        QCOMPARE(probe().scrollfactorX(), 0);
+    }
+
+    void theWheelOnAnyOtherControlMovesNothing()
+    {
+        openOn(tracesOfSteps({ 5.0F }));
+        window().cursorSetup_slot(40);
+        const int parameter = probe().param_dial()->trueValue;
+        QWidget *const others[] = { probe().legend_button(), probe().KU_button(),
+                                    probe().scale_button(), probe().curA_button() };
+        for (QWidget *other : others) {
+            input::wheel(other, 120);
+            QCOMPARE(probe().cursor_dial()->trueValue, 40);
+            QCOMPARE(probe().param_dial()->trueValue, parameter);
+            QCOMPARE(probe().master_scale(), 2);
+        }
+    }
+
+    void theWheelOnTheParameterDial()
+    {
+        struct Row
+        {
+            const char *name;
+            int id;
+            int from;
+            int delta;
+            int to;
+        };
+        openOn(tracesOfSteps({ 5.0F }));
+        each<Row>(
+            {
+                { "shift right by a sample", MainWindow::H_OFFSET, 8, 120, 12 },
+                { "shift left by a sample", MainWindow::H_OFFSET, 8, -120, 4 },
+                { "shift past its end", MainWindow::H_OFFSET, 63998, 120, 64000 },
+                { "shift past its start", MainWindow::H_OFFSET, -63998, -120, -64000 },
+                { "up", MainWindow::V_OFFSET, 8, 120, 9 },
+                { "up past the end", MainWindow::V_OFFSET, 256, 120, 256 },
+                { "down past the end", MainWindow::V_OFFSET, -256, -120, -256 },
+                { "factor", MainWindow::KU, 498, 120, 499 },
+                { "factor past its end", MainWindow::KU, 9000, 120, 9000 },
+                { "scale", MainWindow::SCALE, 2, 120, 3 },
+                { "scale past its end", MainWindow::SCALE, 8, 120, 8 },
+                { "scale past its start", MainWindow::SCALE, 0, -120, 0 },
+            },
+            [this](const Row &row) {
+                input::click(probe().down_buttons()->button(row.id));
+                probe().param_dial()->trueValue = row.from;
+                input::wheel(probe().param_dial(), row.delta);
+                QCOMPARE(probe().param_dial()->trueValue, row.to);
+                const rfg_SHOWN &trace = probe().rfg_DATA()[0];
+                const float factor = probe().master_params().KU;
+                if (row.id == MainWindow::KU)
+                    QCOMPARE(factor, float(row.to / 1000.0 + 1.0));
+                else
+                    QCOMPARE(row.id == MainWindow::H_OFFSET       ? trace.scroll
+                                 : row.id == MainWindow::V_OFFSET ? trace.offset
+                                                                  : probe().master_scale(),
+                             row.to);
+            });
+    }
+
+    // ---- Other controls ----
 
     void anyPressOnTheLogoOpensAboutQt()
     {
@@ -238,31 +358,6 @@ private slots:
             QVERIFY(points > 20);
             QVERIFY(best >= 4.5);
         }
-    }
-
-    void everyEventReachesItsTarget()
-    {
-        openOn(tracesOfSteps({ 1.25F }));
-        Arrivals scene;
-        probe().Plot_Scene()->installEventFilter(&scene);
-        input::press(viewport(), QPoint(100, 100), Qt::LeftButton);
-        input::move(viewport(), QPoint(110, 100), Qt::LeftButton);
-        input::release(viewport(), QPoint(110, 100), Qt::LeftButton);
-        input::wheel(viewport(), 120);
-        for (const QEvent::Type type :
-             { QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseMove,
-               QEvent::GraphicsSceneMouseRelease, QEvent::GraphicsSceneWheel })
-            QVERIFY2(scene.types.contains(type), qPrintable(QString::number(type)));
-        probe().Plot_Scene()->removeEventFilter(&scene);
-        // Dials turn their own position, buttons refuse a right press by themselves.
-        input::wheel(probe().param_dial(), 120);
-        QVERIFY(probe().param_dial()->value() != 0);
-        const auto answer = answerDialog(cancelDialog);
-        QVERIFY(!input::mouse(probe().KU_button(), QEvent::MouseButtonPress, QPoint(5, 5),
-                              Qt::RightButton, Qt::RightButton));
-        QVERIFY(answer->served());
-        QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
-        QVERIFY(probe().curB_button()->isChecked());
     }
 
     void theFilterConsumesNothing()

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QtTest>
 
 namespace {
@@ -18,11 +19,6 @@ namespace {
 void press(QPushButton *button)
 {
     QTest::mousePress(button, Qt::LeftButton);
-}
-
-QString russianName()
-{
-    return QString::fromUtf8("Русский");
 }
 
 } // namespace
@@ -58,11 +54,21 @@ private:
     }
 
 private slots:
-    void itOpensUpToDateWithTheLiveSettings()
+    void itOpensUpToDateOnThePageOfSettings()
     {
         fixture->open();
+        window().resize(900, 600);
+        WindowFixture::settle();
+        live()->window_geometry.clear();
+        live()->window_state.clear();
         live()->cursor_dial_speed = 250;
+        menu()->tabs->setCurrentWidget(menu()->files_widget);
         QVERIFY(inDialog([this] {
+            QVERIFY(menu()->isModal());
+            QVERIFY(menu()->initiated);
+            QCOMPARE(menu()->tabs->currentWidget(), menu()->settings_widget);
+            QCOMPARE(live()->window_geometry, window().saveGeometry());
+            QCOMPARE(live()->window_state, window().saveState(0));
             QCOMPARE(menu()->cursor_accur->value(), 250);
             QCOMPARE(menu()->language_select->count(), 2);
             QVERIFY(!menu()->apply_button->isEnabled());
@@ -87,7 +93,7 @@ private slots:
     {
         fixture->open();
         QVERIFY(inDialog([this] {
-            menu()->language_select->setCurrentText(russianName());
+            menu()->language_select->setCurrentText(QString::fromUtf8("Русский"));
             QVERIFY(menu()->apply_button->isEnabled());
             QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
             press(menu()->apply_button);
@@ -107,8 +113,7 @@ private slots:
         live()->cursor_dial_speed = 333;
         live()->current_CSS_path = QStringLiteral("/no/sheet.qss");
         live()->parse_CSS();
-        live()->current_language = QStringLiteral("ru_RU");
-        live()->updateSettings(8);
+        setLanguage("ru_RU");
         probe().rfg_DATA()[0].offset = 9;
         QVERIFY(inDialog([this] { press(menu()->load_default_button); }));
         QCOMPARE(probe().cursor_dial()->maximum(), 100);

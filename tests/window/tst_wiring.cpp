@@ -1,53 +1,142 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
-#include "dialoganswer.h"
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "settingsdata.h"
-#include "settingsmenu.h"
 #include "windowtest.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QButtonGroup>
-#include <QDataStream>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QLabel>
 #include <QMenu>
-#include <QScopeGuard>
-#include <QSignalSpy>
-#include <QTabWidget>
 #include <QtTest>
 
 namespace {
 
-/// The record that Qt saves of a window at \a place on the test screen, which is 800 pixels wide.
-QByteArray geometryOf(const QRect &place)
+/// A window that notes whose events it is shown.
+class WatchingWindow : public MainWindow
 {
-    QByteArray record;
-    QDataStream stream(&record, QIODevice::WriteOnly);
-    stream << quint32{ 0x1D9D0CB } << quint16{ 3 } << quint16{ 0 } << place << place << qint32{ 0 }
-           << quint8{ 0 } << quint8{ 0 } << qint32{ 800 } << place;
-    return record;
-}
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::User)
+            seen << watched;
+        return MainWindow::eventFilter(watched, event);
+    }
+
+    QVector<QObject *> seen;
+};
 
 } // namespace
 
+/// Groups, menus and watched objects, and the choices that two controls share.
 class TestWiring : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void theChartMenuSelectsTheCursor()
+    void eachButtonHasItsIdInItsGroup()
     {
-        openOn({});
-        probe().curB_action()->trigger();
-        QVERIFY(probe().curB_button()->isChecked());
-        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
-        QVERIFY(!probe().curA_action()->isChecked());
-        probe().curA_action()->trigger();
-        QVERIFY(probe().curA_button()->isChecked());
-        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_A));
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        QCOMPARE(p.up_buttons()->button(1), p.curA_button());
+        QCOMPARE(p.up_buttons()->button(2), p.curB_button());
+        const QVector<QAbstractButton *> parameters{
+            p.gain_button(),      p.KU_button(),          p.average_button(),
+            p.V_offset_button(),  p.pulse_width_button(), p.pulse_amplitude_button(),
+            p.impedance_button(), p.H_offset_button(),    p.scale_button(),
+            p.reserve_button()
+        };
+        QCOMPARE(p.down_buttons()->buttons().size(), 10);
+        for (int id = 0; id < 10; ++id) {
+            QCOMPARE(p.down_buttons()->button(id), parameters[id]);
+            QCOMPARE(int(static_cast<ParamButton *>(parameters[id])->id), id);
+            QVERIFY(parameters[id]->isCheckable());
+        }
+        QCOMPARE(p.rfg_buttons()->buttons().size(), 6);
+        for (int slot = 0; slot < 6; ++slot)
+            QCOMPARE(p.rfg_buttons()->button(slot), p.selected_rfg()[slot]);
+        QCOMPARE(p.scale_nav_group()->button(0), p.scale_down_button());
+        QCOMPARE(p.scale_nav_group()->button(1), p.scale_up_button());
+        QCOMPARE(p.scroll_nav_group()->button(0), p.scroll_left_button());
+        QCOMPARE(p.scroll_nav_group()->button(1), p.scroll_right_button());
+        QCOMPARE(p.cur_nav_group()->button(1), p.curA_nav_button());
+        QCOMPARE(p.cur_nav_group()->button(2), p.curB_nav_button());
+    }
+
+    void choicesAreExclusiveAndCheckableWhereTheyMustBe()
+    {
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        for (const QButtonGroup *group :
+             { p.up_buttons(), p.down_buttons(), p.rfg_buttons(), p.cur_nav_group() })
+            QVERIFY(group->exclusive());
+        QVERIFY(!p.scale_nav_group()->exclusive());
+        QVERIFY(!p.scroll_nav_group()->exclusive());
+        for (const QAbstractButton *button :
+             { static_cast<QAbstractButton *>(p.curA_button()),
+               static_cast<QAbstractButton *>(p.curB_button()),
+               static_cast<QAbstractButton *>(p.curA_nav_button()),
+               static_cast<QAbstractButton *>(p.curB_nav_button()),
+               static_cast<QAbstractButton *>(p.smooth_button()),
+               static_cast<QAbstractButton *>(p.difference_button()) })
+            QVERIFY(button->isCheckable());
+        for (const QPushButton *button :
+             { p.scale_up_button(), p.scale_down_button(), p.scroll_left_button(),
+               p.scroll_right_button(), p.reset_all_button(), p.settings_button(),
+               p.legend_button() })
+            QVERIFY(!button->isCheckable());
+        QVERIFY(!p.smooth_button()->isChecked());
+        QVERIFY(!p.difference_button()->isChecked());
+    }
+
+    void twelveObjectsAreWatched()
+    {
+        WatchingWindow window;
+        const MainWindowProbe p(window);
+        QVector<QObject *> objects = window.findChildren<QObject *>().toVector();
+        if (!objects.contains(p.Plot_Scene()))
+            objects << p.Plot_Scene();
+        window.seen.clear();
+        for (QObject *object : qAsConst(objects)) {
+            QEvent event(QEvent::User);
+            QApplication::sendEvent(object, &event);
+        }
+        const QVector<QObject *> expected{
+            p.Plot_View()->viewport(), p.Plot_Scene(),   p.logo_lbl(),   p.legend_button(),
+            p.curA_button(),           p.curB_button(),  p.KU_button(),  p.V_offset_button(),
+            p.H_offset_button(),       p.scale_button(), p.param_dial(), p.cursor_dial()
+        };
+        for (QObject *object : expected)
+            QCOMPARE(window.seen.count(object), 1);
+        QCOMPARE(window.seen.size(), 12);
+    }
+
+    void theChartMenuOffersTwoChoices()
+    {
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        const QList<QAction *> entries = p.chartMenu()->actions();
+        QCOMPARE(entries.size(), 5);
+        QCOMPARE(entries[0], p.curA_action());
+        QCOMPARE(entries[1], p.curB_action());
+        QVERIFY(entries[2]->isSeparator());
+        QCOMPARE(entries[3], p.cur_wheel_action());
+        QCOMPARE(entries[4], p.scale_wheel_action());
+        for (const int entry : { 0, 1, 3, 4 })
+            QVERIFY(entries[entry]->isCheckable());
+        QVERIFY(p.curA_action()->isChecked() && !p.curB_action()->isChecked());
+        QVERIFY(p.cur_wheel_action()->isChecked() && !p.scale_wheel_action()->isChecked());
+        for (const int first : { 0, 3 }) {
+            QVERIFY(entries[first]->actionGroup()->isExclusive());
+            QCOMPARE(entries[first]->actionGroup()->actions(), entries.mid(first, 2));
+        }
+        QCOMPARE(p.chartMenu()->minimumSize(), QSize(100, 100));
+        QCOMPARE(fixture->window().contextMenuPolicy(), Qt::CustomContextMenu);
     }
 
     void theChartMenuSelectsWhatTheWheelDoes()
@@ -60,142 +149,32 @@ private slots:
         QVERIFY(!probe().zoom_wheel_flag());
     }
 
-    void theSettingsButtonStoresTheGeometryAndOpensThePageOfSettings()
+    void eachChoiceOfACursorSetsTheOthers()
     {
         openOn({});
-        window().resize(900, 600);
-        WindowFixture::settle();
-        probe().settingsData()->window_geometry.clear();
-        probe().settingsData()->window_state.clear();
-        SettingsMenu *menu = probe().settingsMenu();
-        menu->tabs->setCurrentWidget(menu->files_widget);
-        const auto answer = answerDialog([menu](QDialog &dialog) {
-            const auto closer = qScopeGuard([&dialog] { dialog.reject(); });
-            QCOMPARE(&dialog, menu);
-            QVERIFY(dialog.isModal());
-            QCOMPARE(menu->tabs->currentWidget(), menu->settings_widget);
-        });
-        QTest::mousePress(probe().settings_button(), Qt::LeftButton);
-        QVERIFY(answer->served());
-        QVERIFY(menu->initiated);
-        QCOMPARE(probe().settingsData()->window_geometry, window().saveGeometry());
-        QCOMPARE(probe().settingsData()->window_state, window().saveState(0));
-    }
-
-    void resetAllLeavesDifferenceModeAndRereadsTheTraces()
-    {
-        openOn(levelTraces(2));
-        input::click(probe().difference_button());
-        probe().rfg_DATA()[1].offset = 50;
-        input::click(probe().reset_all_button());
-        QVERIFY(!probe().difference_button()->isChecked());
-        QCOMPARE(int(probe().diff_flag()), int(MainWindow::NORMAL));
-        QCOMPARE(probe().rfg_DATA()[1].offset, 0);
-        // Without traces, back to the begin of the cable.
-        openOn({});
-        window().plotScroll(100);
-        input::click(probe().reset_all_button());
-        QCOMPARE(probe().cust_axisX()->min(), 0.0);
-    }
-
-    void onlyTheCheckedButtonSelects()
-    {
-        openOn(levelTraces(2));
-        input::click(probe().curB_button());
-        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
-        input::click(probe().selected_rfg()[1]);
-        QCOMPARE(probe().rfg_ID(), 1);
-        input::click(probe().scale_button());
-        QCOMPARE(probe().param_dial()->trueMax, 8);
-        QVERIFY(!probe().curA_button()->isChecked());
-        QVERIFY(!probe().selected_rfg()[0]->isChecked());
-        QVERIFY(!probe().H_offset_button()->isChecked());
-    }
-
-    void theFilesButtonAsksOnThePress()
-    {
-        openOn({});
-        const QString path = fixture->trace(QStringLiteral("picked.tdr"), TraceBuilder());
-        const auto answer = answerDialog(typeFileName(path));
-        QTest::mousePress(probe().legend_button(), Qt::LeftButton);
-        QVERIFY(answer->served());
-        QCOMPARE(probe().rfg_read_index(), 1);
-        QCOMPARE(probe().rfg_DATA()[0].file_name, QStringLiteral("picked"));
-    }
-
-    void theNavigationButtonsSelectTheCursorBothWays()
-    {
-        openOn({});
-        input::click(probe().curB_nav_button());
-        QVERIFY(probe().curB_button()->isChecked());
-        QVERIFY(probe().curB_action()->isChecked());
-        QVERIFY(!probe().curA_button()->isChecked());
-        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_B));
-        input::click(probe().curA_nav_button());
-        QVERIFY(probe().curA_button()->isChecked());
-        QCOMPARE(int(probe().Cur_flag()), int(MainWindow::CURSOR_A));
-        input::click(probe().curB_button());
-        QVERIFY(probe().curB_nav_button()->isChecked());
-        QVERIFY(!probe().curA_nav_button()->isChecked());
-        // Clicked again it stays checked.
-        input::click(probe().curB_nav_button());
-        QVERIFY(probe().curB_nav_button()->isChecked());
-        QVERIFY(probe().curB_button()->isChecked());
-    }
-
-    void theStoreReachesTheWindow()
-    {
-        openOn(levelTraces(2));
-        SettingsData *store = probe().settingsData();
-        emit store->files_to_load(2);
-        QCOMPARE(probe().rfg_read_index(), 2);
-        store->current_CSS = QStringLiteral("QLabel { color: red; }");
-        emit store->CSS_changed();
-        QCOMPARE(window().styleSheet(), store->current_CSS);
-        probe().smooth_button()->setText(QString());
-        emit store->translation_changed();
-        QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
-        store->window_geometry = geometryOf(QRect(0, 0, 800, 520));
-        emit store->window_geometry_loaded();
-        QCOMPARE(window().height(), 520);
-        store->cursor_dial_speed = 250;
-        emit store->dial_settings_changed();
-        QCOMPARE(probe().cursor_dial()->maximum(), 250);
-    }
-
-    void aTraceMenuOpensAtItsButton()
-    {
-        openOn(levelTraces(1));
-        LegendButton *button = probe().selected_rfg()[2];
-        QPoint corner;
-        const auto answer = answerMenu([&corner](QMenu &menu) { corner = menu.pos(); });
-        emit button->customContextMenuRequested(QPoint());
-        QVERIFY(answer->served());
-        QCOMPARE(corner, window().mapToGlobal(button->geometry().topRight()));
-    }
-
-    void theTraceMenuActsOnItsOwnSlot()
-    {
-        openOn(levelTraces(2));
-        LegendButton *second = probe().selected_rfg()[1];
-        second->visible_action->trigger();
-        QVERIFY(!second->vis());
-        QVERIFY(!probe().rfg_series()[1]->isVisible());
-        second->master_action->trigger();
-        QCOMPARE(probe().rfg_master_ID(), 1);
-        probe().rfg_DATA()[1].offset = 9;
-        probe().rfg_DATA()[0].offset = 9;
-        probe().selected_rfg()[0]->reset_action->trigger();
-        QCOMPARE(probe().rfg_DATA()[0].offset, 0);
-        QCOMPARE(probe().rfg_DATA()[1].offset, 9);
-        second->clear_action->trigger();
-        QCOMPARE(probe().rfg_read_index(), 1);
-        const auto answer = answerDialog(
-            typeFileName(fixture->trace(QStringLiteral("fourth.tdr"), TraceBuilder())));
-        probe().selected_rfg()[3]->load_action->trigger();
-        QVERIFY(answer->served());
-        QCOMPARE(probe().rfg_read_index(), 9);
-        QCOMPARE(probe().rfg_DATA()[3].file_name, QStringLiteral("fourth"));
+        const MainWindowProbe &p = probe();
+        const auto verify = [&p](bool isB) {
+            QCOMPARE(int(p.Cur_flag()), int(isB ? MainWindow::CURSOR_B : MainWindow::CURSOR_A));
+            QCOMPARE(p.curA_button()->isChecked(), !isB);
+            QCOMPARE(p.curB_button()->isChecked(), isB);
+            QCOMPARE(p.curA_nav_button()->isChecked(), !isB);
+            QCOMPARE(p.curB_nav_button()->isChecked(), isB);
+            QCOMPARE(p.curA_action()->isChecked(), !isB);
+            QCOMPARE(p.curB_action()->isChecked(), isB);
+        };
+        p.curB_action()->trigger();
+        verify(true);
+        p.curA_action()->trigger();
+        verify(false);
+        // Clicked again a navigation button stays checked.
+        for (const bool isB : { true, true, false, false }) {
+            input::click(isB ? p.curB_nav_button() : p.curA_nav_button());
+            verify(isB);
+        }
+        for (const bool isB : { true, false }) {
+            input::click(isB ? p.curB_button() : p.curA_button());
+            verify(isB);
+        }
     }
 };
 
