@@ -2,21 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "datetime_lbl.h"
+#include "each.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "settingsdata.h"
-#include "windowfixture.h"
+#include "windowtest.h"
 
-#include <QActionGroup>
 #include <QButtonGroup>
-#include <QFrame>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
-#include <QMenu>
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -71,140 +68,121 @@ QString differenceFrom(const QGridLayout *grid, const QVector<QVector<QWidget *>
     return {};
 }
 
+/// What \a icon draws in the size of \a picture is \a picture.
+bool draws(const QIcon &icon, const QImage &picture, QIcon::Mode mode, QIcon::State state)
+{
+    const auto plain = [](const QImage &image) {
+        return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    };
+    return !picture.isNull()
+        && plain(icon.pixmap(picture.size(), mode, state).toImage()) == plain(picture);
+}
+
 } // namespace
 
 #define COMPARE_CELLS(layout, ...) QCOMPARE(differenceFrom(layout, __VA_ARGS__), QString())
 
-class TestLayout : public QObject
+/// Where the controls are and which pictures they have.
+class TestLayout : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
     QLayout *inWindow(int row) const
     {
         return probe().centralWidget()->layout()->itemAt(row)->layout();
     }
 
 private slots:
-    void initTestCase()
+    void rowsHoldTheirControls()
     {
-        fixture = std::make_unique<WindowFixture>();
         fixture->open();
-    }
-
-    void cleanupTestCase()
-    {
-        fixture.reset();
-    }
-
-    void theWindowIsThreeRows()
-    {
-        COMPARE_CELLS(probe().centralWidget()->layout(),
+        const MainWindowProbe &p = probe();
+        COMPARE_CELLS(p.centralWidget()->layout(),
                       { { inWindow(0), 5 }, { inWindow(1), 33 }, { inWindow(2), 12 } });
-        QVERIFY(qobject_cast<QVBoxLayout *>(probe().centralWidget()->layout()) != nullptr);
+        QVERIFY(qobject_cast<QVBoxLayout *>(p.centralWidget()->layout()) != nullptr);
         for (int row = 0; row < 3; ++row)
             QVERIFY(qobject_cast<QHBoxLayout *>(inWindow(row)) != nullptr);
-    }
 
-    void theTopRowHoldsLogoCursorsDistanceAndClock()
-    {
         const auto *clock = inWindow(0)->itemAt(4)->layout();
         COMPARE_CELLS(inWindow(0),
-                      { { probe().logo_lbl(), 14 },
-                        { probe().curA_button(), 13 },
-                        { probe().delta_lbl(), 26 },
-                        { probe().curB_button(), 13 },
+                      { { p.logo_lbl(), 14 },
+                        { p.curA_button(), 13 },
+                        { p.delta_lbl(), 26 },
+                        { p.curB_button(), 13 },
                         { clock, 14 } });
-        COMPARE_CELLS(clock, { { probe().date_bar(), 0 } });
+        COMPARE_CELLS(clock, { { p.date_bar(), 0 } });
         QVERIFY(qobject_cast<const QVBoxLayout *>(clock) != nullptr);
-        QCOMPARE(probe().logo_lbl()->alignment(), Qt::Alignment(Qt::AlignCenter));
-        QCOMPARE(probe().delta_lbl()->alignment(), Qt::Alignment(Qt::AlignCenter));
-    }
+        QCOMPARE(p.logo_lbl()->alignment(), Qt::Alignment(Qt::AlignCenter));
+        QCOMPARE(p.delta_lbl()->alignment(), Qt::Alignment(Qt::AlignCenter));
 
-    void theLeftColumnHoldsFilesAndTraces()
-    {
-        const QLayout *column = inWindow(1)->itemAt(0)->layout();
-        QVector<Cell> cells{ { probe().legend_button(), 3 }, { lineHere, 1 } };
-        for (LegendButton *button : probe().selected_rfg())
-            cells << Cell{ button, 3 } << Cell{ lineHere, 0 };
-        COMPARE_CELLS(column, cells);
-        QVERIFY(qobject_cast<const QVBoxLayout *>(column) != nullptr);
-        QCOMPARE(column->spacing(), 0);
-        QCOMPARE(column->itemAt(1)->alignment(), Qt::Alignment(Qt::AlignVCenter));
-        for (int slot = 1; slot < 6; ++slot)
-            QVERIFY(probe().selected_rfg()[slot]->y() > probe().selected_rfg()[slot - 1]->y());
-    }
-
-    void theRightColumnHoldsSettingsModesAndNavigation()
-    {
-        const QLayout *column = inWindow(1)->itemAt(2)->layout();
-        auto *grid = qobject_cast<QGridLayout *>(column->itemAt(6)->layout());
-        COMPARE_CELLS(column,
-                      { { probe().settings_button(), 3 },
-                        { lineHere, 1 },
-                        { probe().difference_button(), 3 },
-                        { probe().smooth_button(), 3 },
-                        { probe().reset_all_button(), 3 },
-                        { lineHere, 1 },
-                        { grid, 9 } });
-        QVERIFY(qobject_cast<const QVBoxLayout *>(column) != nullptr);
-        QCOMPARE(column->spacing(), 0);
-    }
-
-    void theLeftColumnOfTheNavigationGridIsTheScaleUpButton()
-    {
-        const QLayout *column = inWindow(1)->itemAt(2)->layout();
-        const auto *grid = qobject_cast<QGridLayout *>(column->itemAt(6)->layout());
-        COMPARE_CELLS(grid,
-                      { { probe().scale_up_button(), probe().scale_down_button() },
-                        { probe().scroll_left_button(), probe().scroll_right_button() },
-                        { probe().curA_nav_button(), probe().curB_nav_button() } });
-        QCOMPARE(grid->spacing(), 0);
-        for (const QPushButton *button :
-             { probe().scale_up_button(), probe().scale_down_button(), probe().scroll_left_button(),
-               probe().scroll_right_button(), probe().curA_nav_button(),
-               probe().curB_nav_button() })
-            QCOMPARE(button->minimumSize(), QSize(20, 10));
-    }
-
-    void theMiddleRowHoldsColumnPlotColumn()
-    {
         COMPARE_CELLS(inWindow(1),
                       { { inWindow(1)->itemAt(0)->layout(), 14 },
-                        { probe().Plot_View(), 52 },
+                        { p.Plot_View(), 52 },
                         { inWindow(1)->itemAt(2)->layout(), 14 } });
+
+        auto *grid = qobject_cast<QGridLayout *>(inWindow(2)->itemAt(1)->layout());
+        COMPARE_CELLS(inWindow(2),
+                      { { p.param_dial(), 14 }, { grid, 52 }, { p.cursor_dial(), 14 } });
+        COMPARE_CELLS(grid,
+                      { { p.H_offset_button(), p.KU_button(), p.pulse_width_button(),
+                          p.impedance_button(), p.average_button() },
+                        { p.V_offset_button(), p.scale_button(), p.pulse_amplitude_button(),
+                          p.gain_button(), p.reserve_button() } });
+        QCOMPARE(grid->spacing(), 0);
     }
 
-    void theBottomRowHoldsTheDialsAndTheParameterGrid()
+    void columnsHoldTheirControls()
     {
-        auto *grid = qobject_cast<QGridLayout *>(inWindow(2)->itemAt(1)->layout());
-        COMPARE_CELLS(
-            inWindow(2),
-            { { probe().param_dial(), 14 }, { grid, 52 }, { probe().cursor_dial(), 14 } });
-        COMPARE_CELLS(
-            grid,
-            { { probe().H_offset_button(), probe().KU_button(), probe().pulse_width_button(),
-                probe().impedance_button(), probe().average_button() },
-              { probe().V_offset_button(), probe().scale_button(), probe().pulse_amplitude_button(),
-                probe().gain_button(), probe().reserve_button() } });
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        const QLayout *left = inWindow(1)->itemAt(0)->layout();
+        QVector<Cell> cells{ { p.legend_button(), 3 }, { lineHere, 1 } };
+        for (LegendButton *button : p.selected_rfg())
+            cells << Cell{ button, 3 } << Cell{ lineHere, 0 };
+        COMPARE_CELLS(left, cells);
+        QCOMPARE(left->itemAt(1)->alignment(), Qt::Alignment(Qt::AlignVCenter));
+        for (int slot = 1; slot < 6; ++slot)
+            QVERIFY(p.selected_rfg()[slot]->y() > p.selected_rfg()[slot - 1]->y());
+
+        const QLayout *right = inWindow(1)->itemAt(2)->layout();
+        auto *grid = qobject_cast<QGridLayout *>(right->itemAt(6)->layout());
+        COMPARE_CELLS(right,
+                      { { p.settings_button(), 3 },
+                        { lineHere, 1 },
+                        { p.difference_button(), 3 },
+                        { p.smooth_button(), 3 },
+                        { p.reset_all_button(), 3 },
+                        { lineHere, 1 },
+                        { grid, 9 } });
+        for (const QLayout *column : { left, right }) {
+            QVERIFY(qobject_cast<const QVBoxLayout *>(column) != nullptr);
+            QCOMPARE(column->spacing(), 0);
+        }
+        // The scale grows by the left column of the grid.
+        const QVector<QVector<QWidget *>> buttons{ { p.scale_up_button(), p.scale_down_button() },
+                                                   { p.scroll_left_button(),
+                                                     p.scroll_right_button() },
+                                                   { p.curA_nav_button(), p.curB_nav_button() } };
+        COMPARE_CELLS(grid, buttons);
         QCOMPARE(grid->spacing(), 0);
+        for (const auto &row : buttons)
+            for (const QWidget *button : row)
+                QCOMPARE(button->minimumSize(), QSize(20, 10));
+
+        const auto frames = p.centralWidget()->findChildren<QFrame *>();
+        QCOMPARE(std::count_if(frames.begin(), frames.end(), isSunkenLine), 9);
     }
 
     void theParameterColumnsAreEqualAtEverySizeInBothLanguages()
     {
+        fixture->open();
         const auto *grid = static_cast<QGridLayout *>(inWindow(2)->itemAt(1)->layout());
         for (const char *language : { "ru_RU", "en_US" }) {
-            probe().settingsData()->current_language = QLatin1String(language);
-            probe().settingsData()->setTranslation();
+            setLanguage(language);
             for (const QSize size : { QSize(2560, 1440), QSize(1280, 800), QSize(1000, 1000),
                                       QSize(1200, 500), QSize(800, 500) }) {
-                fixture->window().resize(size);
+                window().resize(size);
                 WindowFixture::settle();
                 const int first = grid->cellRect(0, 0).width();
                 for (int column = 1; column < 5; ++column)
@@ -215,93 +193,132 @@ private slots:
         }
     }
 
-    void nineSunkenLinesSeparateTheColumns()
-    {
-        int lines = 0;
-        const auto frames = probe().centralWidget()->findChildren<QFrame *>();
-        for (const QFrame *frame : frames)
-            lines += isSunkenLine(frame) ? 1 : 0;
-        QCOMPARE(lines, 9);
-    }
-
     void everythingFitsTheSmallestWindow()
     {
-        QCOMPARE(fixture->window().size(), QSize(800, 500));
-        QCOMPARE(probe().centralWidget()->size(), QSize(800, 500));
-        QCOMPARE(probe().centralWidget()->minimumSize(), QSize(800, 500));
-        QCOMPARE(probe().Plot_View()->minimumSize(), QSize(500, 310));
-        QCOMPARE(fixture->window().QMainWindow::centralWidget(), probe().centralWidget());
-        const auto widgets = probe().centralWidget()->findChildren<QWidget *>();
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        QCOMPARE(window().size(), QSize(800, 500));
+        QCOMPARE(p.centralWidget()->size(), QSize(800, 500));
+        QCOMPARE(p.centralWidget()->minimumSize(), QSize(800, 500));
+        QCOMPARE(p.Plot_View()->minimumSize(), QSize(500, 310));
+        QCOMPARE(window().QMainWindow::centralWidget(), p.centralWidget());
+        const auto widgets = p.centralWidget()->findChildren<QWidget *>();
         for (const QWidget *widget : widgets)
-            if (widget->isVisible() && widget->parentWidget() == probe().centralWidget())
-                QVERIFY(probe().centralWidget()->rect().contains(widget->geometry()));
-    }
-
-    void unplacedWidgetsExistAndAreHidden()
-    {
-        for (const QWidget *widget : { static_cast<QWidget *>(probe().bat_bar()),
-                                       static_cast<QWidget *>(probe().legend_group()),
-                                       static_cast<QWidget *>(probe().misc_group()) }) {
-            QVERIFY(widget->parentWidget() != nullptr);
-            QVERIFY(!widget->isVisible());
+            if (widget->isVisible() && widget->parentWidget() == p.centralWidget())
+                QVERIFY(p.centralWidget()->rect().contains(widget->geometry()));
+        for (const QWidget *unplaced :
+             { static_cast<QWidget *>(p.bat_bar()), static_cast<QWidget *>(p.legend_group()),
+               static_cast<QWidget *>(p.misc_group()) }) {
+            QVERIFY(unplaced->parentWidget() != nullptr);
+            QVERIFY(!unplaced->isVisible());
         }
-        QVERIFY(probe().info_dialog() != nullptr);
+        QVERIFY(p.info_dialog() != nullptr);
     }
 
-    void mostButtonsTakeTheSizeTheyPrefer()
+    void controlsHaveTheirPoliciesNamesAndRanges()
     {
-        const QSizePolicy preferred(QSizePolicy::Preferred, QSizePolicy::Preferred);
-        QVector<QWidget *> buttons{ probe().curA_button(),        probe().curB_button(),
-                                    probe().smooth_button(),      probe().reset_all_button(),
-                                    probe().legend_button(),      probe().settings_button(),
-                                    probe().difference_button(),  probe().scale_up_button(),
-                                    probe().scale_down_button(),  probe().scroll_left_button(),
-                                    probe().scroll_right_button() };
-        const auto parameters = probe().down_buttons()->buttons();
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        QVector<QWidget *> buttons{ p.curA_button(),        p.curB_button(),
+                                    p.smooth_button(),      p.reset_all_button(),
+                                    p.legend_button(),      p.settings_button(),
+                                    p.difference_button(),  p.scale_up_button(),
+                                    p.scale_down_button(),  p.scroll_left_button(),
+                                    p.scroll_right_button() };
+        const auto parameters = p.down_buttons()->buttons();
         for (QAbstractButton *button : parameters)
             buttons << button;
-        for (LegendButton *button : probe().selected_rfg())
+        for (LegendButton *button : p.selected_rfg())
             buttons << button;
         for (const QWidget *button : buttons) {
-            QCOMPARE(button->sizePolicy().horizontalPolicy(), preferred.horizontalPolicy());
-            QCOMPARE(button->sizePolicy().verticalPolicy(), preferred.verticalPolicy());
+            QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
+            QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Preferred);
+        }
+        // Names that style sheets use.
+        QCOMPARE(p.delta_lbl()->objectName(), QStringLiteral("delta"));
+        QCOMPARE(p.scale_up_button()->objectName(), QStringLiteral("ScaleUp"));
+        QCOMPARE(p.scale_down_button()->objectName(), QStringLiteral("ScaleDown"));
+        QVERIFY(p.cursor_dial()->zeroOff);
+        QCOMPARE(p.cursor_dial()->trueMin, 0);
+        QCOMPARE(p.cursor_dial()->trueMax, 64000);
+        for (const Cont_dial *dial : { p.cursor_dial(), p.param_dial() }) {
+            QCOMPARE(dial->maximum(), 100);
+            QCOMPARE(dial->pageStep(), 5);
         }
     }
 
     void theChartViewShowsTheSceneFromItsCorner()
     {
+        fixture->open();
         const QGraphicsView *view = probe().Plot_View();
         QCOMPARE(view->scene(), probe().Plot_Scene());
-        QCOMPARE(probe().Plot_Chart()->scene(), probe().Plot_Scene());
         QCOMPARE(view->dragMode(), QGraphicsView::NoDrag);
         QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(view->alignment(), Qt::AlignLeft | Qt::AlignTop);
         QVERIFY(view->renderHints().testFlag(QPainter::Antialiasing));
-        QCOMPARE(probe().Plot_Chart()->margins(), QMargins(20, 20, 20, 20));
         QCOMPARE(view->sceneRect(), QRectF(-0.5, -0.5, 400.0, 250.0));
         QCOMPARE(view->mapToScene(0, 0), QPointF(0.0, 0.0));
         QVERIFY(view->hasMouseTracking());
         QVERIFY(view->viewport()->hasMouseTracking());
+        // As before the first resize.
+        MainWindow unshown;
+        const MainWindowProbe p(unshown);
+        QCOMPARE(p.Plot_Scene()->sceneRect(), QRectF(-0.5, -0.5, 400.0, 250.0));
+        QCOMPARE(p.Plot_View()->sceneRect(), p.Plot_Scene()->sceneRect());
     }
 
-    void theDialsStartWithTheirRanges()
+    // Buttons that stay down are grey when they are up; that is tested with InterfaceButton.
+    // "impendance" and "diifference" are how the bundle spells them.
+    void eachControlHasItsPicture()
     {
-        const Cont_dial *cursor = probe().cursor_dial();
-        QVERIFY(cursor->zeroOff);
-        QCOMPARE(cursor->trueMin, 0);
-        QCOMPARE(cursor->trueMax, 64000);
-        QCOMPARE(cursor->maximum(), 100);
-        QCOMPARE(cursor->pageStep(), 5);
-        QCOMPARE(probe().param_dial()->maximum(), 100);
-        QCOMPARE(probe().param_dial()->pageStep(), 5);
-    }
-
-    void styleSheetsFindTheirThreeNames()
-    {
-        QCOMPARE(probe().delta_lbl()->objectName(), QStringLiteral("delta"));
-        QCOMPARE(probe().scale_up_button()->objectName(), QStringLiteral("ScaleUp"));
-        QCOMPARE(probe().scale_down_button()->objectName(), QStringLiteral("ScaleDown"));
+        struct Row
+        {
+            const QAbstractButton *button;
+            const char *name; ///< of the picture
+            QIcon::Mode mode;
+            QIcon::State state;
+        };
+        fixture->open();
+        const MainWindowProbe &p = probe();
+        each<Row>(
+            { { p.gain_button(), "rest_64/gain", QIcon::Active, QIcon::On },
+              { p.KU_button(), "rest_64/velocity", QIcon::Active, QIcon::On },
+              { p.average_button(), "rest_64/average", QIcon::Active, QIcon::On },
+              { p.V_offset_button(), "rest_64/Y", QIcon::Active, QIcon::On },
+              { p.H_offset_button(), "rest_64/X", QIcon::Active, QIcon::On },
+              { p.scale_button(), "rest_64/scale", QIcon::Active, QIcon::On },
+              { p.pulse_width_button(), "rest_64/pulse_width", QIcon::Active, QIcon::On },
+              { p.pulse_amplitude_button(), "rest_64/amplitude", QIcon::Active, QIcon::On },
+              { p.impedance_button(), "rest_64/impendance", QIcon::Active, QIcon::On },
+              { p.curA_button(), "rest_64/cursorA", QIcon::Active, QIcon::On },
+              { p.curB_button(), "rest_64/cursorB", QIcon::Active, QIcon::On },
+              { p.settings_button(), "rest_64/setting", QIcon::Normal, QIcon::Off },
+              { p.settings_button(), "rest_64/setting", QIcon::Normal, QIcon::On },
+              { p.difference_button(), "rest_64/diifference", QIcon::Normal, QIcon::Off },
+              { p.difference_button(), "rest_64/diifference", QIcon::Normal, QIcon::On },
+              // The button of the lower scale zooms in.
+              { p.scale_down_button(), "zoom_in.png", QIcon::Normal, QIcon::Off },
+              { p.scale_down_button(), "zoom_in_dis.png", QIcon::Disabled, QIcon::Off },
+              { p.scale_up_button(), "zoom_out.png", QIcon::Normal, QIcon::Off },
+              { p.scale_up_button(), "zoom_out_dis.png", QIcon::Disabled, QIcon::Off },
+              { p.scroll_left_button(), "arrow_left.png", QIcon::Normal, QIcon::Off },
+              { p.scroll_left_button(), "arrow_left_dis.png", QIcon::Disabled, QIcon::Off },
+              { p.scroll_right_button(), "arrow_right.png", QIcon::Normal, QIcon::Off },
+              { p.scroll_right_button(), "arrow_right_dis.png", QIcon::Disabled, QIcon::Off } },
+            [](const Row &row) {
+                const QImage picture(QStringLiteral("://icons/") + QLatin1String(row.name));
+                QVERIFY(draws(row.button->icon(), picture, row.mode, row.state));
+            });
+        for (const QAbstractButton *button : std::initializer_list<const QAbstractButton *>{
+                 p.smooth_button(), p.reset_all_button(), p.legend_button(), p.curA_nav_button(),
+                 p.curB_nav_button(), p.reserve_button() })
+            QVERIFY(button->icon().isNull());
+        QVERIFY(draws(window().windowIcon(), QImage(QStringLiteral("://icons/tdr_btr_64.png")),
+                      QIcon::Normal, QIcon::Off));
+        const QPixmap logo(QStringLiteral("://pix/logo.png"));
+        QCOMPARE(p.logo_lbl()->pixmap(Qt::ReturnByValue).toImage(),
+                 logo.scaled(140, 50, Qt::KeepAspectRatio, Qt::FastTransformation).toImage());
     }
 };
 

@@ -20,6 +20,26 @@
 
 namespace {
 
+/// What is derived from the size of the window: the base size, points of fonts (pixels in the
+/// grid), pixels of icons.
+struct Sizes
+{
+    const char *name;
+    QSize window;
+    float base;
+    int widgets;
+    int title;
+    int grid;
+    int delta;
+    int navigation;
+    int largeIcon;
+    int smallIcon;
+    int letter;
+};
+
+const Sizes smallest{ "800x500", { 800, 500 }, 9.0F, 9, 8, 10, 18, 13, 27, 18, 6 };
+
+/// A line of the debug log.
 struct Line
 {
     QString text;
@@ -61,10 +81,6 @@ private:
         window().resize(width, height);
         WindowFixture::settle();
     }
-    QRectF plot() const
-    {
-        return probe().Plot_Chart()->mapToScene(probe().Plot_Chart()->plotArea()).boundingRect();
-    }
     /// What a debug line must hold besides its name.
     QVector<double> measures() const
     {
@@ -87,19 +103,43 @@ private:
             QVERIFY2(qAbs(numbers[i] - expected[i]) < 0.01, qPrintable(text));
     }
 
-    /// Everything that is derived from the window's size.
-    QVector<double> sizes() const
+    void verifySizes(const Sizes &sizes) const
     {
         const MainWindowProbe &p = probe();
-        return { double{ p.font_size() },
-                 double(p.gain_button()->font().pointSize()),
-                 double(p.chart_title().font().pointSize()),
-                 double(p.axis_lbl()[19].font().pixelSize()),
-                 double(p.delta_lbl()->font().pointSize()),
-                 double(p.curB_nav_button()->font().pointSize()),
-                 double(p.selected_rfg()[5]->iconSize().width()),
-                 double(p.KU_button()->iconSize().width()),
-                 double(p.cur_arrowB()->cur_lbl.font().pointSize()) };
+        QCOMPARE(window().size(), sizes.window);
+        QCOMPARE(p.font_size(), sizes.base);
+        const auto all = QApplication::allWidgets();
+        for (const QWidget *widget : all) {
+            const bool isNavigation
+                = widget == p.curA_nav_button() || widget == p.curB_nav_button();
+            QCOMPARE(widget->font().pointSize(),
+                     widget == p.delta_lbl() ? sizes.delta
+                         : isNavigation      ? sizes.navigation
+                                             : sizes.widgets);
+        }
+        QCOMPARE(p.chart_title().font().pointSize(), sizes.title);
+        QVERIFY(p.chart_title().font().bold());
+        QCOMPARE(p.cursor_step_lbl().font().pointSize(), sizes.title);
+        for (const auto &label : p.axis_lbl())
+            QCOMPARE(label.font().pixelSize(), sizes.grid);
+        for (const auto &label : p.axis_0_lbl())
+            QCOMPARE(label.font().pixelSize(), sizes.grid);
+        const QSize large(sizes.largeIcon, sizes.largeIcon);
+        for (const LegendButton *button : p.selected_rfg())
+            QCOMPARE(button->iconSize(), large);
+        for (const QPushButton *button : { p.scale_up_button(), p.scale_down_button(),
+                                           p.scroll_left_button(), p.scroll_right_button() })
+            QCOMPARE(button->iconSize(), large);
+        const QSize small(sizes.smallIcon, sizes.smallIcon);
+        for (int id = 0; id < 10; ++id)
+            QCOMPARE(p.down_buttons()->button(id)->iconSize(), small);
+        for (const QAbstractButton *button :
+             { p.up_buttons()->button(1), p.up_buttons()->button(2),
+               static_cast<QAbstractButton *>(p.settings_button()),
+               static_cast<QAbstractButton *>(p.difference_button()) })
+            QCOMPARE(button->iconSize(), small);
+        for (const CurArrow *marker : { p.cur_arrowA(), p.cur_arrowB() })
+            QCOMPARE(marker->cur_lbl.font().pointSize(), sizes.letter);
     }
 
 private slots:
@@ -117,66 +157,18 @@ private slots:
 
     void everythingGrowsWithTheWindow()
     {
-        struct Row
-        {
-            const char *name;
-            QSize size;
-            float base;
-            int widgets;
-            int title;
-            int grid;
-            int delta;
-            int navigation;
-            int largeIcon;
-            int smallIcon;
-            int letter;
-        };
-        each<Row>({ { "800x500", { 800, 500 }, 9.0F, 9, 8, 10, 18, 13, 27, 18, 6 },
-                    { "1280x720", { 1280, 720 }, 12.96F, 12, 11, 12, 25, 19, 38, 25, 9 },
-                    { "1920x1080", { 1920, 1080 }, 19.44F, 19, 12, 19, 38, 29, 58, 38, 14 },
-                    // 15/16 of the width, in whole pixels, is less than the height.
-                    { "narrow", { 801, 1000 }, 13.5F, 13, 12, 13, 27, 20, 40, 27, 10 } },
-                  [this](const Row &row) {
-                      resizeTo(row.size.width(), row.size.height());
-                      const MainWindowProbe &p = probe();
-                      QCOMPARE(window().size(), row.size);
-                      QCOMPARE(p.font_size(), row.base);
-                      const auto all = QApplication::allWidgets();
-                      for (const QWidget *widget : all) {
-                          const bool isNavigation
-                              = widget == p.curA_nav_button() || widget == p.curB_nav_button();
-                          QCOMPARE(widget->font().pointSize(),
-                                   widget == p.delta_lbl() ? row.delta
-                                       : isNavigation      ? row.navigation
-                                                           : row.widgets);
-                      }
-                      QCOMPARE(p.chart_title().font().pointSize(), row.title);
-                      QVERIFY(p.chart_title().font().bold());
-                      QCOMPARE(p.cursor_step_lbl().font().pointSize(), row.title);
-                      for (const auto &label : p.axis_lbl())
-                          QCOMPARE(label.font().pixelSize(), row.grid);
-                      for (const auto &label : p.axis_0_lbl())
-                          QCOMPARE(label.font().pixelSize(), row.grid);
-                      for (const LegendButton *button : p.selected_rfg())
-                          QCOMPARE(button->iconSize(), QSize(row.largeIcon, row.largeIcon));
-                      for (const QPushButton *button :
-                           { p.scale_up_button(), p.scale_down_button(), p.scroll_left_button(),
-                             p.scroll_right_button() })
-                          QCOMPARE(button->iconSize(), QSize(row.largeIcon, row.largeIcon));
-                      for (int id = 0; id < 10; ++id)
-                          QCOMPARE(p.down_buttons()->button(id)->iconSize(),
-                                   QSize(row.smallIcon, row.smallIcon));
-                      for (const QAbstractButton *button :
-                           { p.up_buttons()->button(1), p.up_buttons()->button(2),
-                             static_cast<QAbstractButton *>(p.settings_button()),
-                             static_cast<QAbstractButton *>(p.difference_button()) })
-                          QCOMPARE(button->iconSize(), QSize(row.smallIcon, row.smallIcon));
-                      for (const CurArrow *marker : { p.cur_arrowA(), p.cur_arrowB() })
-                          QCOMPARE(marker->cur_lbl.font().pointSize(), row.letter);
-                  });
+        each<Sizes>({ smallest,
+                      { "1280x720", { 1280, 720 }, 12.96F, 12, 11, 12, 25, 19, 38, 25, 9 },
+                      { "1920x1080", { 1920, 1080 }, 19.44F, 19, 12, 19, 38, 29, 58, 38, 14 },
+                      // 15/16 of the width, in whole pixels, is less than the height.
+                      { "narrow", { 801, 1000 }, 13.5F, 13, 12, 13, 27, 20, 40, 27, 10 } },
+                    [this](const Sizes &sizes) {
+                        resizeTo(sizes.window.width(), sizes.window.height());
+                        verifySizes(sizes);
+                    });
     }
 
-    void theChartFillsItsView()
+    void chartTitleAndGridFillTheView()
     {
         resizeTo(1000, 700);
         const QGraphicsView *view = probe().Plot_View();
@@ -184,20 +176,32 @@ private slots:
         QCOMPARE(chart->size(), QSizeF(view->width() + 20.5, view->height() + 20.0));
         QCOMPARE(chart->pos(), QPointF(-10.25, -10.25));
         QCOMPARE(probe().Plot_Scene()->sceneRect(), view->sceneRect());
-        QCOMPARE(double{ probe().trueWidth() }, chart->plotArea().width());
+        QCOMPARE(double{ probe().trueWidth() }, plot().width());
         QCOMPARE(double{ probe().plotLeft() }, plot().left());
-    }
 
-    void titleAndStepAreOnThePlot()
-    {
-        resizeTo(1000, 700);
         const auto &title = probe().chart_title();
         QCOMPARE(title.x(), plot().left() + double{ probe().font_size() });
         QCOMPARE(title.y(), plot().top() - title.boundingRect().height() - 2.0);
-        const QRectF step = probe().cursor_step_lbl().boundingRect();
-        QCOMPARE(
-            probe().cursor_step_lbl().pos(),
-            QPointF(plot().right() - int(step.width()) - int(step.height()) / 2, plot().top()));
+        // The label of the step stays in its corner when its text changes.
+        for (const double factor : { 1.49896229, 1.0 }) {
+            window().KU_change(factor);
+            const QRectF step = probe().cursor_step_lbl().boundingRect();
+            QCOMPARE(
+                probe().cursor_step_lbl().pos(),
+                QPointF(plot().right() - int(step.width()) - int(step.height()) / 2, plot().top()));
+        }
+        window().KU_change(1.49896229);
+        int visible = 0;
+        for (const auto &line : probe().axis_lines()) {
+            if (!line.isVisible())
+                continue;
+            ++visible;
+            const double x = line.x() + line.line().x1();
+            QVERIFY(x > plot().left() && x < plot().right());
+            QCOMPARE(line.line().y1(), plot().bottom());
+            QCOMPARE(line.line().y2(), plot().top());
+        }
+        QCOMPARE(visible, 12);
     }
 
     void markersMoveAndGrowWithTheWindow()
@@ -220,31 +224,13 @@ private slots:
     // Scales are products of floats.
     void twentyTripsToALargeSizeAndBackChangeNothing()
     {
-        const QVector<double> first = sizes();
         for (int trip = 0; trip < 20; ++trip) {
             resizeTo(3840, 2160);
             QCOMPARE(probe().font_size(), 38.88F);
             resizeTo(800, 500);
         }
-        QCOMPARE(window().size(), QSize(800, 500));
-        QCOMPARE(sizes(), first);
+        verifySizes(smallest);
         QVERIFY(qAbs(probe().cur_arrowA()->cur_arrow1.scale() - 1.0) < 1e-5);
-    }
-
-    void theGridFollowsThePlot()
-    {
-        resizeTo(1000, 700);
-        int visible = 0;
-        for (const auto &line : probe().axis_lines()) {
-            if (!line.isVisible())
-                continue;
-            ++visible;
-            const double x = line.x() + line.line().x1();
-            QVERIFY(x > plot().left() && x < plot().right());
-            QCOMPARE(line.line().y1(), plot().bottom());
-            QCOMPARE(line.line().y2(), plot().top());
-        }
-        QCOMPARE(visible, 12);
     }
 
     void spacersAreAFifthOfATraceButton()
@@ -269,7 +255,7 @@ private slots:
             QCOMPARE(spacer->sizeHint(), QSize(10, probe().selected_rfg()[0]->height() / 5));
     }
 
-    void aResizeLogsThreeLines()
+    void sizesAreLogged()
     {
         const QVector<double> before = measures();
         caught().clear();
@@ -292,6 +278,14 @@ private slots:
         QVector<double> withView = measures();
         withView << probe().Plot_View()->width() << probe().Plot_View()->height();
         verifyNumbers(caught()[last + 2].text, withView);
+        // The sizes of the window on request.
+        caught().clear();
+        qInstallMessageHandler(catchLine);
+        window().reportSizes();
+        qInstallMessageHandler(nullptr);
+        QCOMPARE(caught().size(), 2);
+        QVERIFY2(caught()[0].text.contains(QStringLiteral("1000, 700")),
+                 qPrintable(caught()[0].text));
     }
 };
 
