@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "each.h"
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
@@ -12,6 +13,8 @@
 
 #include <limits>
 
+/// The parameters, set by the dial and by the window's operations. Which values are possible is
+/// tested with calc::wholeSamples, calc::clampedVerticalOffset and calc::clampedKU.
 class TestParams : public WindowTest
 {
     Q_OBJECT
@@ -124,6 +127,10 @@ private slots:
         QCOMPARE(dial()->titleText, QStringLiteral("Scale\n31.25 m"));
         input::click(probe().KU_button());
         QCOMPARE(dial()->titleText, QStringLiteral("KU\n1.499"));
+        input::click(probe().H_offset_button());
+        window().KU_change(2.0);
+        QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n"));
+        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift"));
     }
 
     void theDialCopiesTheFactorIntoTheRecord()
@@ -148,10 +155,6 @@ private slots:
     void eachDialParameterReachesItsOperation()
     {
         openWithTrace();
-        input::click(probe().V_offset_button());
-        turnTo(-30);
-        QCOMPARE(probe().rfg_DATA()[0].offset, -30);
-        QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n-30"));
         input::click(probe().H_offset_button());
         turnTo(-7);
         QCOMPARE(probe().rfg_DATA()[0].scroll, -4);
@@ -160,12 +163,11 @@ private slots:
         turnTo(8);
         QCOMPARE(probe().master_scale(), 8);
         QCOMPARE(dial()->titleText, QStringLiteral("Scale\n8000 m"));
-    }
-
-    void anOffsetOf129IsEmptyOnTheDialAnd129OnTheButton()
-    {
-        openWithTrace();
         input::click(probe().V_offset_button());
+        turnTo(-30);
+        QCOMPARE(probe().rfg_DATA()[0].offset, -30);
+        QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n-30"));
+        // The dial shows no level 129; the button does.
         turnTo(129);
         QCOMPARE(probe().rfg_DATA()[0].offset, 129);
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n"));
@@ -225,6 +227,88 @@ private slots:
             }
             QCOMPARE(probe().cursor_dial()->maximum(), 1);
         }
+    }
+
+    // ---- Operations without the dial ----
+
+    void aHorizontalShiftIsTruncatedToWholeSamples()
+    {
+        struct Row
+        {
+            const char *name;
+            int counts;
+            quint32 samples; ///< as in the record: to the left in two's complement
+            int scroll;
+        };
+        openOn({ TraceBuilder(), TraceBuilder().minstep(5.0F) });
+        input::click(probe().selected_rfg()[1]);
+        const rfg_SHOWN &trace = probe().rfg_DATA()[1];
+        each<Row>({ { "rounded down", 7, 1, 4 },
+                    { "past the end", 64001, 16000, 64000 },
+                    { "rounded up", -7, 0xFFFFFFFF, -4 } },
+                  [&](const Row &row) {
+                      window().H_Offset_change(row.counts);
+                      QCOMPARE(quint32{ trace.f_p_840.ch.params.shiftX }, row.samples);
+                      QCOMPARE(trace.scroll, row.scroll);
+                      QCOMPARE(probe().rfg_series()[1]->at(0).x(), double(row.scroll));
+                      const QString text
+                          = QStringLiteral("X Shift\n") + window().count_to_distance(row.scroll);
+                      QCOMPARE(probe().H_offset_button()->text(), text);
+                      QCOMPARE(dial()->titleText, text);
+                  });
+        QCOMPARE(probe().rfg_DATA()[0].scroll, 0);
+        QCOMPARE(probe().rfg_series()[0]->at(0).x(), 0.0);
+    }
+
+    void aVerticalShiftIsClampedAndUpdatesTheCursors()
+    {
+        openOn({ levelTrace(3) });
+        input::click(probe().V_offset_button());
+        for (const int value : { 300, 0, -257, 40 }) {
+            const int offset = qBound(-256, value, 256);
+            window().V_Offset_change(value);
+            QCOMPARE(probe().rfg_DATA()[0].offset, offset);
+            QCOMPARE(probe().rfg_series()[0]->at(0).y(), offset + 3.0);
+            QCOMPARE(probe().V_offset_button()->text(), QStringLiteral("Y Shift\n%1").arg(offset));
+            QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n%1").arg(offset));
+            QCOMPARE(probe().cursor_A_pos_Y(), offset + 3);
+            QCOMPARE(probe().cursor_B_pos_Y(), offset + 3);
+        }
+        window().H_Offset_change(100); // the trace starts right of both cursors
+        QCOMPARE(probe().cursor_A_pos_Y(), 129);
+    }
+
+    void theDialOfAnotherParameterDoesNotChange()
+    {
+        openOn({ TraceBuilder() });
+        input::click(probe().KU_button());
+        const QString before = dialState();
+        window().H_Offset_change(30);
+        window().V_Offset_change(5);
+        window().scale_change(3);
+        QCOMPARE(dialState(), before);
+    }
+
+    void everyDistanceFollowsTheShorteningFactor()
+    {
+        openOn({ TraceBuilder().minstep(5.0F).shiftX(10) });
+        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n5.00 m"));
+        window().KU_change(0.5);
+        // 40 counts of 0.18737 m, and the step of four.
+        QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n7.49 m"));
+        QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n7.49 m"));
+        QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.75 m"));
+        input::click(probe().KU_button());
+        for (const auto &[value, factor] : { std::pair(0.5, 1.0), std::pair(11.0, 10.0) }) {
+            window().KU_change(value);
+            QCOMPARE(double{ probe().master_params().KU }, factor);
+            QCOMPARE(probe().dist_coef(), 0.18737028625 / factor);
+            const QString text = QStringLiteral("KU\n%1").arg(factor, 0, 'f', 3);
+            QCOMPARE(probe().KU_button()->text(), text);
+            QCOMPARE(dial()->titleText, text);
+        }
+        // The record keeps its own.
+        QCOMPARE(float(recordedKU()), 1.49896229F);
     }
 };
 
