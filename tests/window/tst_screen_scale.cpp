@@ -5,8 +5,8 @@
 #include "contrast.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowactions.h"
 #include "windowstate.h"
+#include "windowtest.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -65,36 +65,14 @@ QImage coarsePicture(QWidget &widget)
 
 /// The window on a screen that has more than one pixel for a unit: as large as ever to the eye, and
 /// drawn in all of the pixels.
-class TestScreenScale : public QObject
+class TestScreenScale : public WindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowFixture> fixture;
-
-    MainWindow &window() const
-    {
-        return fixture->window();
-    }
-    const MainWindowProbe &probe() const
-    {
-        return fixture->probe();
-    }
     QRect placeOf(const QWidget *control) const
     {
         return { control->mapTo(&window(), QPoint()), control->size() };
-    }
-    /// Compares as many pixels of the backing store as the window has units: the platform gives no
-    /// more of them.
-    void verifyScreen() const
-    {
-        const QImage screen = screenOf(window());
-        const QImage fresh = freshPictureOf(window()).copy(screen.rect());
-        QRegion letters;
-        for (const QRect &letter : lettersOf(window()))
-            letters += QRect(letter.topLeft() * wantedFactor(), letter.size() * wantedFactor());
-        const QString difference = differenceOf(screen, fresh, letters);
-        QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
     QVector<QAbstractButton *> buttonsWithIcons() const
     {
@@ -109,18 +87,13 @@ private:
 private slots:
     void init()
     {
-        fixture = std::make_unique<WindowFixture>();
+        startOver();
         QVector<TraceBuilder> traces;
         for (int number = 0; number < constants::slotCount; ++number)
             traces.append(TraceBuilder()
                               .samples([number](int i) { return (i * (number + 3)) % 97 - 48; })
                               .shiftY(qint16(number * 6 - 15)));
-        openWith(*fixture, traces);
-    }
-
-    void cleanup()
-    {
-        fixture.reset();
+        openOn(traces);
     }
 
     void theScaleIsFollowedFractionsIncluded()
@@ -201,7 +174,7 @@ private slots:
             window().cursorSetup_slot(40 + step * 11);
             WindowFixture::settle();
         }
-        verifyScreen();
+        QCOMPARE(staleOf(window()), QString());
     }
 
     void panAndZoomLeaveNothingBehind()
@@ -213,7 +186,7 @@ private slots:
                 window().scale_change(step / 2);
             WindowFixture::settle();
         }
-        verifyScreen();
+        QCOMPARE(staleOf(window()), QString());
     }
 };
 
