@@ -7,62 +7,38 @@
 #include "parambutton.h"
 #include "windowtest.h"
 
-#include <QButtonGroup>
 #include <QInputDialog>
 #include <QtTest>
 
 namespace {
 
-/// What an entry dialog shows.
-struct Question
+/// What \a dialog asks: title, label, and the value in its range, by its step.
+QString questionOf(const QInputDialog &dialog)
 {
-    QString title;
-    QString label;
-    QInputDialog::InputMode mode = QInputDialog::TextInput;
-    bool modal = false;
-    int decimals = 0;
-    double min = 0.0;
-    double max = 0.0;
-    double step = 0.0;
-    double value = 0.0;
-    QStringList items;
-    bool editable = true;
-    QString text;
-};
-
-Question read(const QInputDialog &dialog)
-{
-    Question question;
-    question.title = dialog.windowTitle();
-    question.label = dialog.labelText();
-    question.mode = dialog.inputMode();
-    question.modal = dialog.isModal();
-    if (question.mode == QInputDialog::DoubleInput) {
-        question.decimals = dialog.doubleDecimals();
-        question.min = dialog.doubleMinimum();
-        question.max = dialog.doubleMaximum();
-        question.step = dialog.doubleStep();
-        question.value = dialog.doubleValue();
-    } else if (question.mode == QInputDialog::IntInput) {
-        question.min = dialog.intMinimum();
-        question.max = dialog.intMaximum();
-        question.step = dialog.intStep();
-        question.value = dialog.intValue();
-    } else {
-        question.items = dialog.comboBoxItems();
-        question.editable = dialog.isComboBoxEditable();
-        question.text = dialog.textValue();
-    }
-    return question;
-}
-
-bool isNear(double left, double right)
-{
-    return qAbs(left - right) < 1e-9;
+    const auto number = [](double value) { return QString::number(value, 'g', 9); };
+    QString value;
+    if (dialog.inputMode() == QInputDialog::DoubleInput)
+        value = QStringLiteral("%1 in %2..%3 by %4, %5 decimals")
+                    .arg(number(dialog.doubleValue()), number(dialog.doubleMinimum()),
+                         number(dialog.doubleMaximum()), number(dialog.doubleStep()))
+                    .arg(dialog.doubleDecimals());
+    else if (dialog.inputMode() == QInputDialog::IntInput)
+        value = QStringLiteral("%1 in %2..%3 by %4")
+                    .arg(dialog.intValue())
+                    .arg(dialog.intMinimum())
+                    .arg(dialog.intMaximum())
+                    .arg(dialog.intStep());
+    else
+        value = dialog.textValue() + QStringLiteral(" of ")
+            + dialog.comboBoxItems().join(QLatin1Char(' '))
+            + QLatin1String(dialog.isComboBoxEditable() ? ", editable" : "");
+    return dialog.windowTitle() + QLatin1Char('|') + dialog.labelText() + QLatin1Char('|') + value
+        + QLatin1String(dialog.isModal() ? "" : ", not modal");
 }
 
 } // namespace
 
+/// The dialogs that a right click opens. tst_typed_numbers has what can be typed into them.
 class TestEntryDialogs : public WindowTest
 {
     Q_OBJECT
@@ -75,23 +51,19 @@ private:
     /// Two traces: four counts to a sample, two samples right, 7 up; and two counts to a sample.
     void openTraces()
     {
-        WindowFixture::writePreviousRun(
-            { fixture->trace(QStringLiteral("one.tdr"),
-                             TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7)),
-              fixture->trace(QStringLiteral("two.tdr"), TraceBuilder().minstep(2.5F)) });
-        fixture->open();
+        openOn({ TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7), TraceBuilder().minstep(2.5F) });
     }
-    /// Right-clicks \a button; \a answer fills in the dialog and closes it.
-    Question ask(QWidget *button, const std::function<void(QInputDialog &)> &answer)
+    /// Right-clicks \a button; \a answer fills in the dialog and closes it. Returns what it asked.
+    QString ask(QWidget *button, const std::function<void(QInputDialog &)> &answer)
     {
-        Question question;
+        QString question;
         const auto server = answerDialog([&](QDialog &dialog) {
             auto *input = qobject_cast<QInputDialog *>(&dialog);
             if (input == nullptr) {
                 dialog.reject();
                 return;
             }
-            question = read(*input);
+            question = questionOf(*input);
             answer(*input);
         });
         QTest::mousePress(button, Qt::RightButton);
@@ -99,11 +71,7 @@ private:
             qFatal("no dialog");
         return question;
     }
-    Question cancelled(QWidget *button)
-    {
-        return ask(button, [](QInputDialog &dialog) { dialog.reject(); });
-    }
-    Question answered(QWidget *button, double value)
+    QString answered(QWidget *button, double value)
     {
         return ask(button, [value](QInputDialog &dialog) {
             if (dialog.inputMode() == QInputDialog::IntInput)
@@ -113,45 +81,33 @@ private:
             dialog.accept();
         });
     }
-    Question chosen(QWidget *button, const QString &item)
+    QString chosen(QWidget *button, const QString &item)
     {
         return ask(button, [item](QInputDialog &dialog) {
             dialog.setTextValue(item);
             dialog.accept();
         });
     }
-    void verifyNumber(const Question &question, double min, double max, double step, int decimals,
-                      double value)
+    /// The step of the dialog of \a button, which is cancelled.
+    QString stepOf(QWidget *button)
     {
-        QCOMPARE(question.mode, QInputDialog::DoubleInput);
-        QVERIFY(question.modal);
-        QCOMPARE(question.decimals, decimals);
-        // The dialog rounds its range to the decimals it shows, and not its step.
-        QVERIFY(qAbs(question.min - min) < 0.005);
-        QVERIFY(qAbs(question.max - max) < 0.005);
-        QVERIFY(isNear(question.step, step));
-        QVERIFY(isNear(question.value, value));
+        return ask(button, [](QInputDialog &dialog) { dialog.reject(); })
+            .section(QStringLiteral(" by "), 1)
+            .section(QLatin1Char(','), 0, 0);
     }
 
 private slots:
-    void theFactorIsAskedInThousandths()
+    void theFactorIsAskedInThousandthsAndSetsTheDialToItsWholePart()
     {
         openTraces();
-        const Question question = answered(probe().KU_button(), 2.125);
-        QCOMPARE(question.title, QStringLiteral("KU"));
-        QCOMPARE(question.label, QStringLiteral("KU\nRange : [1; 10]"));
-        verifyNumber(question, 1.0, 10.0, 0.001, 3, 1.499);
+        QCOMPARE(answered(probe().KU_button(), 2.125),
+                 QStringLiteral("KU|KU\nRange : [1; 10]|1.499 in 1..10 by 0.001, 3 decimals"));
         QCOMPARE(probe().master_params().KU + 0.0F, 2.125F);
         QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n2.125"));
-    }
-
-    void theDialogOfTheFactorSetsTheDialToItsWholePart()
-    {
-        openTraces();
-        QTest::mouseClick(probe().KU_button(), Qt::LeftButton);
+        input::click(probe().KU_button());
         answered(probe().KU_button(), 7.9);
         QCOMPARE(paramDial()->trueValue, 7);
-        QTest::mouseClick(probe().H_offset_button(), Qt::LeftButton);
+        input::click(probe().H_offset_button());
         answered(probe().KU_button(), 3.0);
         QCOMPARE(paramDial()->trueValue, 8);
     }
@@ -159,17 +115,85 @@ private slots:
     void theHorizontalShiftIsAskedInMetres()
     {
         openTraces();
-        const Question question = answered(probe().H_offset_button(), 3.6);
-        QCOMPARE(question.title, QStringLiteral("X Shift"));
-        QCOMPARE(question.label, QStringLiteral("X Shift\nRange : [-8000; 8000]"));
-        verifyNumber(question, -8000.0, 8000.0, 4 * probe().dist_coef(), 2, 1.0);
+        QCOMPARE(answered(probe().H_offset_button(), 3.6),
+                 QStringLiteral("X Shift|X Shift\nRange : [-8000; 8000]|"
+                                "1 in -8000..8000 by 0.500000002, 2 decimals"));
         // 3.6 m are 28.8 counts: seven samples of four.
         QCOMPARE(probe().rfg_DATA()[0].scroll, 28);
         QCOMPARE(paramDial()->trueValue, 28);
-        QTest::mouseClick(probe().scale_button(), Qt::LeftButton);
+        input::click(probe().scale_button());
         answered(probe().H_offset_button(), -0.6);
         QCOMPARE(probe().rfg_DATA()[0].scroll, -4);
         QCOMPARE(paramDial()->trueValue, probe().master_scale());
+    }
+
+    void theVerticalShiftIsAskedInSampleSteps()
+    {
+        openTraces();
+        QCOMPARE(answered(probe().V_offset_button(), -100),
+                 QStringLiteral("Y Shift|Y Shift\nRange : [-256; 256]|7 in -256..256 by 1"));
+        QCOMPARE(probe().rfg_DATA()[0].offset, -100);
+        QCOMPARE(paramDial()->trueValue, 8);
+        input::click(probe().V_offset_button());
+        answered(probe().V_offset_button(), 256);
+        QCOMPARE(paramDial()->trueValue, 256);
+    }
+
+    void shiftsOfAnEmptySlotCanBeEntered()
+    {
+        fixture->open();
+        answered(probe().V_offset_button(), 12);
+        QCOMPARE(probe().rfg_DATA()[0].offset, 12);
+        QCOMPARE(answered(probe().H_offset_button(), 10.0),
+                 QStringLiteral("X Shift|X Shift\nRange : [-8000; 8000]|"
+                                "0 in -8000..8000 by 0.125000001, 2 decimals"));
+        QCOMPARE(probe().rfg_DATA()[0].scroll, 79);
+    }
+
+    void theScaleIsChosenFromNine()
+    {
+        openTraces();
+        const QString items = QStringLiteral("31.25m 62.5m 125m 250m 500m 1000m 2000m 4000m 8000m");
+        for (int exponent = 0; exponent < 9; ++exponent) {
+            window().scale_change(2);
+            QCOMPARE(
+                chosen(probe().scale_button(), items.section(QLatin1Char(' '), exponent, exponent)),
+                QStringLiteral("Scale|Scale\nRange : [31.25; 8000]|125m of ") + items);
+            QCOMPARE(probe().master_scale(), exponent);
+            QCOMPARE(paramDial()->trueValue, 8);
+        }
+        input::click(probe().scale_button());
+        chosen(probe().scale_button(), QStringLiteral("500m"));
+        QCOMPARE(paramDial()->trueValue, 4);
+        QCOMPARE(probe().scrollfactorX(), 0);
+    }
+
+    void aCursorIsAskedInMetres()
+    {
+        openTraces();
+        window().cursorSetup_slot(40);
+        const QString range = QStringLiteral(
+            "|Cursor %1\nRange : [0; 8000]|%2 in 0..8000 by 0.500000002, 2 decimals");
+        QCOMPARE(answered(probe().curA_button(), 10.3),
+                 QStringLiteral("Cursor A") + range.arg(QStringLiteral("A"), QStringLiteral("5")));
+        // 82.4 counts: the cursor snaps to a sample, the dial is set to the cursor.
+        QCOMPARE(probe().cursor_A_pos(), 80);
+        QCOMPARE(probe().cursor_dial()->trueValue, 80);
+        input::click(probe().curB_button());
+        QCOMPARE(answered(probe().curB_button(), 20.1),
+                 QStringLiteral("Cursor B") + range.arg(QStringLiteral("B"), QStringLiteral("0")));
+        QCOMPARE(probe().cursor_B_pos(), 160);
+        QCOMPARE(probe().cursor_dial()->trueValue, 160);
+        QCOMPARE(probe().cursor_A_pos(), 80);
+        // The dialog of A moves the active cursor and leaves the typed column on the dial.
+        QCOMPARE(answered(probe().curA_button(), 30.1),
+                 QStringLiteral("Cursor A") + range.arg(QStringLiteral("A"), QStringLiteral("10")));
+        QCOMPARE(probe().cursor_A_pos(), 80);
+        QCOMPARE(probe().cursor_B_pos(), 240);
+        QCOMPARE(probe().cursor_dial()->trueValue, 240);
+        answered(probe().curA_button(), 30.3);
+        QCOMPARE(probe().cursor_B_pos(), 240);
+        QCOMPARE(probe().cursor_dial()->trueValue, 242);
     }
 
     void anUnchangedValueMayMoveByOneSample()
@@ -185,112 +209,21 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 36);
     }
 
-    void theVerticalShiftIsAskedInSampleSteps()
-    {
-        openTraces();
-        const Question question = answered(probe().V_offset_button(), -100);
-        QCOMPARE(question.title, QStringLiteral("Y Shift"));
-        QCOMPARE(question.label, QStringLiteral("Y Shift\nRange : [-256; 256]"));
-        QCOMPARE(question.mode, QInputDialog::IntInput);
-        QVERIFY(question.modal);
-        QCOMPARE(question.min, -256.0);
-        QCOMPARE(question.max, 256.0);
-        QCOMPARE(question.step, 1.0);
-        QCOMPARE(question.value, 7.0);
-        QCOMPARE(probe().rfg_DATA()[0].offset, -100);
-        QCOMPARE(paramDial()->trueValue, 8);
-        QTest::mouseClick(probe().V_offset_button(), Qt::LeftButton);
-        answered(probe().V_offset_button(), 256);
-        QCOMPARE(paramDial()->trueValue, 256);
-    }
-
-    void shiftsOfAnEmptySlotCanBeEntered()
-    {
-        fixture->open();
-        answered(probe().V_offset_button(), 12);
-        QCOMPARE(probe().rfg_DATA()[0].offset, 12);
-        const Question question = answered(probe().H_offset_button(), 10.0);
-        verifyNumber(question, -8000.0, 8000.0, probe().dist_coef(), 2, 0.0);
-        QCOMPARE(probe().rfg_DATA()[0].scroll, 79);
-    }
-
-    void theScaleIsChosenFromNine()
-    {
-        openTraces();
-        const QStringList items
-            = QStringLiteral("31.25m 62.5m 125m 250m 500m 1000m 2000m 4000m 8000m")
-                  .split(QLatin1Char(' '));
-        for (int exponent = 0; exponent < 9; ++exponent) {
-            window().scale_change(2);
-            const Question question = chosen(probe().scale_button(), items[exponent]);
-            QCOMPARE(question.title, QStringLiteral("Scale"));
-            QCOMPARE(question.label, QStringLiteral("Scale\nRange : [31.25; 8000]"));
-            QCOMPARE(question.mode, QInputDialog::TextInput);
-            QVERIFY(question.modal);
-            QVERIFY(!question.editable);
-            QCOMPARE(question.items, items);
-            QCOMPARE(question.text, QStringLiteral("125m"));
-            QCOMPARE(probe().master_scale(), exponent);
-            QCOMPARE(paramDial()->trueValue, 8);
-        }
-        QTest::mouseClick(probe().scale_button(), Qt::LeftButton);
-        chosen(probe().scale_button(), QStringLiteral("500m"));
-        QCOMPARE(paramDial()->trueValue, 4);
-        QCOMPARE(probe().scrollfactorX(), 0);
-    }
-
-    void aCursorIsAskedInMetres()
-    {
-        openTraces();
-        window().cursorSetup_slot(40);
-        const Question question = answered(probe().curA_button(), 10.3);
-        QCOMPARE(question.title, QStringLiteral("Cursor A"));
-        QCOMPARE(question.label, QStringLiteral("Cursor A\nRange : [0; 8000]"));
-        verifyNumber(question, 0.0, 8000.0, 4 * probe().dist_coef(), 2, 5.0);
-        // 82.4 counts: the cursor snaps to a sample, the dial is set to the cursor.
-        QCOMPARE(probe().cursor_A_pos(), 80);
-        QCOMPARE(probe().cursor_dial()->trueValue, 80);
-        QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
-        const Question other = answered(probe().curB_button(), 20.1);
-        QCOMPARE(other.title, QStringLiteral("Cursor B"));
-        QCOMPARE(other.label, QStringLiteral("Cursor B\nRange : [0; 8000]"));
-        verifyNumber(other, 0.0, 8000.0, 4 * probe().dist_coef(), 2, 0.0);
-        QCOMPARE(probe().cursor_B_pos(), 160);
-        QCOMPARE(probe().cursor_dial()->trueValue, 160);
-        QCOMPARE(probe().cursor_A_pos(), 80);
-    }
-
-    void theDialogOfCursorAMovesTheActiveCursor()
-    {
-        openTraces();
-        window().cursorSetup_slot(40);
-        QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
-        const Question question = answered(probe().curA_button(), 20.1);
-        QVERIFY(isNear(question.value, 5.0));
-        QCOMPARE(probe().cursor_A_pos(), 40);
-        QCOMPARE(probe().cursor_B_pos(), 160);
-        // The dialog of the other cursor leaves the typed column on the dial.
-        QCOMPARE(probe().cursor_dial()->trueValue, 160);
-        answered(probe().curA_button(), 20.3);
-        QCOMPARE(probe().cursor_B_pos(), 160);
-        QCOMPARE(probe().cursor_dial()->trueValue, 162);
-    }
-
     void theCursorsStepIsThatOfTheTraceThatDecides()
     {
+        const QString oneCount = QStringLiteral("0.125000001");
+        const QString two = QStringLiteral("0.250000001");
+        const QString four = QStringLiteral("0.500000002");
         fixture->open();
-        QVERIFY(isNear(cancelled(probe().curA_button()).step, probe().dist_coef()));
-        // Closed first: closing writes the settings that the next window reads.
-        fixture->close();
+        QCOMPARE(stepOf(probe().curA_button()), oneCount);
         openTraces();
-        const double count = probe().dist_coef();
-        QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
-        QVERIFY(isNear(cancelled(probe().curA_button()).step, 2 * count));
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QVERIFY(isNear(cancelled(probe().curA_button()).step, 4 * count));
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QTest::mouseClick(probe().selected_rfg()[3], Qt::LeftButton);
-        QVERIFY(isNear(cancelled(probe().curB_button()).step, 4 * count));
+        input::click(probe().selected_rfg()[1]);
+        QCOMPARE(stepOf(probe().curA_button()), two);
+        input::click(probe().difference_button());
+        QCOMPARE(stepOf(probe().curA_button()), four);
+        input::click(probe().difference_button());
+        input::click(probe().selected_rfg()[3]);
+        QCOMPARE(stepOf(probe().curB_button()), four);
     }
 
     void cancellingChangesNothing()
@@ -300,6 +233,15 @@ private slots:
         window().cursorSelect_slot(2);
         window().cursorSetup_slot(80);
         const MainWindowProbe &p = probe();
+        const auto values = [&p] {
+            return QVector<double>{
+                double{ p.master_params().KU },    double(p.rfg_DATA()[0].scroll),
+                double(p.rfg_DATA()[0].offset),    double(p.master_scale()),
+                double(p.cursor_A_pos()),          double(p.cursor_B_pos()),
+                double(p.param_dial()->trueValue), double(p.cursor_dial()->trueValue)
+            };
+        };
+        const QVector<double> before = values();
         for (QWidget *button :
              { static_cast<QWidget *>(p.KU_button()), static_cast<QWidget *>(p.H_offset_button()),
                static_cast<QWidget *>(p.V_offset_button()),
@@ -314,14 +256,7 @@ private slots:
                     dialog.setTextValue(dialog.comboBoxItems().first());
                 dialog.reject();
             });
-            QCOMPARE(p.master_params().KU + 0.0F, 1.49896229F);
-            QCOMPARE(p.rfg_DATA()[0].scroll, 8);
-            QCOMPARE(p.rfg_DATA()[0].offset, 7);
-            QCOMPARE(p.master_scale(), 2);
-            QCOMPARE(p.cursor_A_pos(), 40);
-            QCOMPARE(p.cursor_B_pos(), 80);
-            QCOMPARE(p.param_dial()->trueValue, 8);
-            QCOMPARE(p.cursor_dial()->trueValue, 80);
+            QCOMPARE(values(), before);
         }
     }
 

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "each.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowtest.h"
@@ -134,50 +133,14 @@ private slots:
         QCOMPARE(probe().Plot_Scene()->backgroundBrush(), nearBlack);
     }
 
-    void newSheetDarkensThePlotInDifferenceModeToo()
-    {
-        fixture->open();
-        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        QCOMPARE(probe().Plot_Scene()->backgroundBrush().color(), QColor(40, 40, 60));
-        window().set_CSS();
-        QCOMPARE(probe().Plot_Scene()->backgroundBrush().color(), QColor(11, 12, 13));
-        QCOMPARE(int(probe().diff_flag()), int(MainWindow::DIFF));
-    }
-
-    void unreadableSheetIsEmpty()
-    {
-        WindowFixture::writeSettings("[General]\nCSS=/nowhere/at/all.qss\n");
-        fixture->open();
-        QCOMPARE(look(), QByteArray());
-        QCOMPARE(currentPath(), QStringLiteral("/nowhere/at/all.qss"));
-    }
-
-    // Each of these ended the program, or used a gigabyte, or needed ten seconds to start.
+    // tst_style_text has what is refused.
     void refusedSheetIsStoredAndNotApplied()
     {
-        struct Row
-        {
-            const char *name;
-            QByteArray text;
-        };
-        each<Row>(
-            {
-                { "range without a middle", "QDial { qproperty-minimum: 100 }" },
-                { "sheet within itself",
-                  "* { qproperty-styleSheet: \"* { qproperty-styleSheet: '* {}' }\" }" },
-                { "gradient without numbers",
-                  "* { background: qradialgradient(cx:nan, cy:inf, radius:0, fx:1e300) }" },
-                { "width", "* { min-width: 40000px }" },
-                { "index without bounds", "* { button-layout: 1000000 }" },
-                { "selectors of every widget", QByteArray("*,").repeated(2500) + "* {}" },
-                { "size", QByteArray("QLabel { color: red }").repeated(20000) },
-            },
-            [this](const Row &row) {
-                openWithSheet(row.text);
-                QCOMPARE(look(), QByteArray());
-                QCOMPARE(dialogLook(), QByteArray());
-                QCOMPARE(window().settings()->current_CSS.toLatin1(), row.text);
-            });
+        const QByteArray text = "QDial { qproperty-minimum: 100 }";
+        openWithSheet(text);
+        QCOMPARE(look(), QByteArray());
+        QCOMPARE(dialogLook(), QByteArray());
+        QCOMPARE(window().settings()->current_CSS.toLatin1(), text);
     }
 
     void withoutADeveloperSheetNothingIsWatched()
@@ -188,13 +151,6 @@ private slots:
             QVERIFY2(probe().CSS_watcher().files().isEmpty(), folder);
             QVERIFY2(probe().CSS_watcher().directories().isEmpty(), folder);
         }
-    }
-
-    void watchedSheetIsNotAppliedAtStart()
-    {
-        openWithSheets();
-        QVERIFY(isOnlySheetWatched());
-        QVERIFY(look() != firstSheet);
     }
 
     void savedSheetIsAppliedAndBecomesTheCurrentOne()
@@ -219,6 +175,8 @@ private slots:
     void sheetReplacedByRenamingStaysWatched()
     {
         openWithSheets();
+        QVERIFY(isOnlySheetWatched());
+        QVERIFY(look() != firstSheet); // not applied at start
         for (const QByteArray &text : { secondSheet, thirdSheet, firstSheet }) {
             replaceByRenaming(sheet, text);
             QTRY_COMPARE(look(), text);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
+#include "each.h"
 #include "inputevents.h"
 #include "parambutton.h"
 #include "windowtest.h"
@@ -154,24 +155,23 @@ private:
     }
 
 private slots:
-    void aNumberIsReadAlikeInEveryLocale_data()
-    {
-        QTest::addColumn<QLocale>("locale");
-        for (const char *name : { "C", "en_US", "de_DE", "ru_RU", "ar_EG" })
-            QTest::newRow(name) << QLocale(QLatin1String(name));
-    }
-
     void aNumberIsReadAlikeInEveryLocale()
     {
-        QFETCH(const QLocale, locale);
+        struct Row
+        {
+            const char *name;
+        };
         const QLocale former;
-        QLocale::setDefault(locale);
-        openOn({ TraceBuilder() });
-        window().cursorSetup_slot(12000);
-        verify(probe().curA_button(), cursorEntries);
-        verify(probe().H_offset_button(), shiftEntries);
-        verify(probe().KU_button(), factorEntries);
-        verify(probe().V_offset_button(), levelEntries);
+        each<Row>({ { "C" }, { "en_US" }, { "de_DE" }, { "ru_RU" }, { "ar_EG" } },
+                  [this](const Row &row) {
+                      QLocale::setDefault(QLocale(QLatin1String(row.name)));
+                      openOn({ TraceBuilder() });
+                      window().cursorSetup_slot(12000);
+                      verify(probe().curA_button(), cursorEntries);
+                      verify(probe().H_offset_button(), shiftEntries);
+                      verify(probe().KU_button(), factorEntries);
+                      verify(probe().V_offset_button(), levelEntries);
+                  });
         QLocale::setDefault(former);
     }
 
