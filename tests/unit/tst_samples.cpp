@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
+#include "calc/tdr_record.h"
+#include "calc/view_range.h"
 #include "each.h"
 #include "protocol_vx840.h"
 #include "record.h"
@@ -13,6 +15,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
+#include <numeric>
 
 using namespace instrument;
 using Protocol_VX840::TDR_FILE_t;
@@ -43,8 +47,7 @@ TDR_FILE_t recordOf(const QString &fileName)
 /// Counts per sample.
 int stepOf(const TDR_FILE_t &record)
 {
-    return static_cast<int>(static_cast<double>(record.ch.params.sample_minstep)
-                            / constants::nsPerCount);
+    return calc::countsPerSample(record.ch.params.sample_minstep);
 }
 
 /// Where the viewer draws sample \a index of \a record, in metres by the record's own factor.
@@ -52,14 +55,14 @@ double metresOf(const TDR_FILE_t &record, int index)
 {
     const auto shift = static_cast<qint32>(record.ch.params.shiftX);
     const double sample = double(shift) + double(record.ch.params.delay) + index;
-    return sample * stepOf(record) * constants::distCoef0 / double(record.ch.params.KU);
+    return sample * stepOf(record) * calc::metresPerCount(record.ch.params.KU);
 }
 
 /// The pulse at half height, in metres on the screen.
 double pulseLength(const TDR_FILE_t &record)
 {
-    return record.ch.params.pulse_width / constants::nsPerCount * constants::distCoef0
-        / double(record.ch.params.KU);
+    return record.ch.params.pulse_width / constants::nsPerCount
+        * calc::metresPerCount(record.ch.params.KU);
 }
 
 /// Output of the filter matched to the launched pulse at sample \a index.
@@ -90,30 +93,25 @@ double crestNear(const TDR_FILE_t &record, double metres, int sign)
 
 } // namespace
 
+/// The sample traces, and the records that the simulated instrument makes.
 class TestSamples : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void theFolderHoldsTheSixTraces()
+    void theFolderHoldsTheSixTracesThatTheInstrumentMakes()
     {
-        QStringList made;
-        for (const SampleTrace &sample : sampleTraces())
-            made.append(sample.fileName);
-        QCOMPARE(made.size(), constants::slotCount);
-        QCOMPARE(sampleFolder().entryList({ QStringLiteral("*.tdr") }, QDir::Files, QDir::Name),
-                 made);
-    }
-
-    void theInstrumentMakesTheSameFiles()
-    {
+        QStringList names;
         for (const SampleTrace &sample : sampleTraces()) {
+            names.append(sample.fileName);
             const Trace trace = acquire(sample.cable, sample.settings);
             QCOMPARE(trace.clipped, 0);
             TDR_FILE_t made = makeRecord(trace, sample.settings, sample.survey);
-            QCOMPARE(contents(sample.fileName).size(), 37775);
+            const QByteArray bytes = contents(sample.fileName);
+            QCOMPARE(bytes.size(), 37775);
+            // The check byte makes the sum of all bytes 0.
+            QCOMPARE(std::accumulate(bytes.begin(), bytes.end(), 0) & 0xFF, 0);
             TDR_FILE_t kept = recordOf(sample.fileName);
-            QCOMPARE(int(kept.crc), int(checkByte(kept)));
             // Another compiler's last digit may round a sample the other way.
             for (int i = 0; i < Protocol_VX840::fileSamples; ++i)
                 QVERIFY2(std::abs(made.samples[i] - kept.samples[i]) <= 1,
@@ -122,6 +120,9 @@ private slots:
             made.crc = checkByte(made);
             QVERIFY2(fileBytes(made) == fileBytes(kept), qPrintable(sample.fileName));
         }
+        QCOMPARE(names.size(), constants::slotCount);
+        QCOMPARE(sampleFolder().entryList({ QStringLiteral("*.tdr") }, QDir::Files, QDir::Name),
+                 names);
     }
 
     void everyTraceFitsTheChart()
@@ -209,6 +210,43 @@ private slots:
         QCOMPARE(steps, (QVector<int>{ 4, 4, 4, 4, 8, 2 }));
         QCOMPARE(delayed, 1);
         QCOMPARE(shifted, 1);
+    }
+
+    void placesOfARecordAreInCentimetresAndSamples()
+    {
+        Survey survey;
+        survey.faultDistance = 71.5;
+        survey.marks = { { 38.0, "joint" }, { 71.5, "short" } };
+        const TDR_FILE_t record = makeRecord({}, Settings(), survey);
+        QCOMPARE(quint32(record.ch.fault_distance), 7150U); // cm
+        QCOMPARE(quint32(record.mark[0].distance_smpl), 76U); // 0.5 m a sample
+        QCOMPARE(quint32(record.mark[1].distance_smpl), 143U);
+        QCOMPARE(int(record.mark[2].id), 0);
+        QCOMPARE(QByteArray(record.mark[1].note), QByteArray("short"));
+        QCOMPARE(int(record.ch.cursor[1].position_pixel), 143);
+        QVERIFY(std::abs(double(record.ch.cursor[1].position_ns) - 715.0) < 1.0e-3);
+        QCOMPARE(int(record.name.len_samples), 0);
+    }
+
+    void valuesOutOfRangeAreCutOrClamped()
+    {
+        Survey survey;
+        survey.note = QByteArray(2000, 'n');
+        survey.marks.assign(40, { 1.0, QByteArray(100, 'm') });
+        const TDR_FILE_t longTexts = makeRecord({}, Settings(), survey);
+        QCOMPARE(QByteArray(longTexts.ext_params.note), QByteArray(1023, 'n'));
+        QCOMPARE(QByteArray(longTexts.mark[31].note), QByteArray(63, 'm'));
+        QCOMPARE(int(longTexts.mark[31].id), 32);
+        QCOMPARE(quint32(longTexts.ext_nodes.id_site), 1U);
+        survey.faultDistance = 1.0e30;
+        survey.marks = { { -5.0, {} }, { std::numeric_limits<double>::quiet_NaN(), {} } };
+        const TDR_FILE_t record = makeRecord({}, Settings(), survey);
+        QCOMPARE(quint32(record.ch.fault_distance), 0xFFFFFFFFU);
+        QCOMPARE(quint32(record.mark[0].distance_smpl), 0U);
+        QCOMPARE(quint32(record.mark[1].distance_smpl), 0U);
+        QCOMPARE(int(record.ch.cursor[1].position_pixel), 249);
+        QCOMPARE(int(record.ch.test_date.RTC_Month), 0);
+        QCOMPARE(int(record.ch.test_time.RTC_Hours), 0);
     }
 };
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "calc/cursor_level.h"
 #include "calc/trace_points.h"
 #include "each.h"
 
@@ -13,6 +14,8 @@ using Samples = std::array<qint8, 250>;
 
 namespace {
 
+constexpr int noLevel = 129;
+
 template <typename Function> Samples samplesFrom(Function function)
 {
     Samples samples = {};
@@ -23,6 +26,7 @@ template <typename Function> Samples samplesFrom(Function function)
 
 } // namespace
 
+/// Points of traces and of differences, and the level under a cursor.
 class TestTracePoints : public QObject
 {
     Q_OBJECT
@@ -33,6 +37,11 @@ class TestTracePoints : public QObject
 
     QVector<QPointF> m_points;
 
+    TraceRef ramp(int step, quint32 delay = 0, int scroll = 0, int offset = 0) const
+    {
+        return { m_ramp.data(), step, delay, scroll, offset };
+    }
+
 private slots:
     void init()
     {
@@ -41,7 +50,7 @@ private slots:
 
     void samplesBecomeSteps()
     {
-        calc::stepPoints({ m_ramp.data(), 2, 10, 6, -3 }, m_points);
+        calc::stepPoints(ramp(2, 10, 6, -3), m_points);
         QCOMPARE(m_points.size(), 499);
         QCOMPARE(m_points[0], QPointF(26, -128)); // 6 + 10 * 2
         QCOMPARE(m_points[1], QPointF(28, -128));
@@ -52,29 +61,17 @@ private slots:
         QCOMPARE(m_points[498], QPointF(524, 121)); // 6 + (10 + 249) * 2, without a right end
     }
 
-    void samplesBecomeSplinePoints()
+    void samplesBecomeSplinePointsWithoutAFilter()
     {
-        calc::splinePoints({ m_ramp.data(), 4, 1, -8, 100 }, m_points);
+        calc::splinePoints(ramp(4, 1, -8, 100), m_points);
         QCOMPARE(m_points.size(), 250);
         QCOMPARE(m_points[0], QPointF(-4, -25));
         QCOMPARE(m_points[1], QPointF(0, -24));
         QCOMPARE(m_points[249], QPointF(992, 224));
-    }
-
-    void smoothingFiltersNothing()
-    {
         const Samples spikes = samplesFrom([](int i) { return i % 2 == 0 ? -128 : 127; });
         calc::splinePoints({ spikes.data(), 1, 0, 0, 0 }, m_points);
         for (int i = 0; i < 250; ++i)
             QCOMPARE(m_points[i], QPointF(i, i % 2 == 0 ? -128 : 127));
-    }
-
-    void aFlatTraceIsAtLevelZero()
-    {
-        calc::stepPoints({ m_flat.data(), 1, 0, 0, 0 }, m_points);
-        QCOMPARE(m_points.size(), 499);
-        for (int i = 0; i < 499; ++i)
-            QCOMPARE(m_points[i], QPointF((i + 1) / 2, 0));
     }
 
     void positionsDoNotWrap()
@@ -98,7 +95,7 @@ private slots:
                     { "negative step counts as 1", INT_MIN, 3, 0, 3.0, 252.0 },
                     { "step beyond the axis", INT_MAX, 1, 0, 64000.0, 16000000.0 } },
                   [this](const Row &row) {
-                      const TraceRef trace = { m_ramp.data(), row.step, row.delay, row.scroll, 0 };
+                      const TraceRef trace = ramp(row.step, row.delay, row.scroll);
                       for (const auto &points : { calc::splinePoints, calc::stepPoints }) {
                           points(trace, m_points);
                           QCOMPARE(m_points.first(), QPointF(row.first, -125));
@@ -120,10 +117,8 @@ private slots:
 
     void identicalTracesDifferByZero()
     {
-        for (const TraceRef &trace :
-             { TraceRef{ m_ramp.data(), 1, 0, 0, 5 }, TraceRef{ m_ramp.data(), 4, 17, 0, 5 },
-               TraceRef{ m_ramp.data(), 4, 17, -32, 5 },
-               TraceRef{ m_ramp.data(), 64000, 0xFFFFFFFFU, INT_MIN, 5 } }) {
+        for (const TraceRef &trace : { ramp(1, 0, 0, 5), ramp(4, 17, 0, 5), ramp(4, 17, -32, 5),
+                                       ramp(64000, 0xFFFFFFFFU, INT_MIN, 5) }) {
             QVector<QPointF> normal;
             calc::stepPoints(trace, normal);
             calc::stepDifference(trace, trace, m_points);
@@ -133,20 +128,6 @@ private slots:
             calc::splineDifference(trace, trace, m_points);
             QCOMPARE(m_points.size(), 250);
         }
-    }
-
-    void aTraceRaisedByTenDiffersByMinusTen()
-    {
-        calc::splineDifference({ m_ramp.data(), 1, 0, 0, 0 }, { m_ramp.data(), 1, 0, 0, 10 },
-                               m_points);
-        QCOMPARE(m_points.size(), 250);
-        for (const QPointF &point : qAsConst(m_points))
-            QCOMPARE(point.y(), -10.0);
-        calc::stepDifference({ m_ramp.data(), 1, 0, 0, 10 }, { m_ramp.data(), 1, 0, 0, 0 },
-                             m_points);
-        QCOMPARE(m_points.size(), 499);
-        for (const QPointF &point : qAsConst(m_points))
-            QCOMPARE(point.y(), 10.0);
     }
 
     void aDifferenceHasAPointAtEachCommonColumn()
@@ -216,8 +197,7 @@ private slots:
     void aDelayShiftsTheSamplesThatAreCompared()
     {
         // The trace starts at 8, where the master has its third sample.
-        calc::splineDifference({ m_ramp.data(), 4, 0, 0, 0 }, { m_ramp.data(), 4, 2, 0, 0 },
-                               m_points);
+        calc::splineDifference(ramp(4), ramp(4, 2), m_points);
         QCOMPARE(m_points.size(), 248);
         QCOMPARE(m_points[0], QPointF(8, -123 - -125));
         QCOMPARE(m_points[247], QPointF(996, 124 - 122));
@@ -225,8 +205,8 @@ private slots:
 
     void theBufferKeepsItsCapacity()
     {
-        const TraceRef master = { m_ramp.data(), 4, 0, 0, 0 };
-        const TraceRef apart = { m_ramp.data(), 4, 0, 1, 0 };
+        const TraceRef master = ramp(4);
+        const TraceRef apart = ramp(4, 0, 1);
         calc::stepPoints(master, m_points);
         const auto capacity = m_points.capacity();
         const QPointF *const place = m_points.constData();
@@ -240,13 +220,76 @@ private slots:
         QCOMPARE(m_points.constData(), place);
     }
 
-    void aCopyTakenByASeriesKeepsItsPoints()
+    void columnsSnapToTheStepAtTheirLeftAndStayOnTheAxis()
     {
-        calc::stepPoints({ m_ramp.data(), 1, 0, 0, 0 }, m_points);
-        const QVector<QPointF> copy = m_points;
-        calc::stepPoints({ m_ramp.data(), 1, 0, 1000, 0 }, m_points);
-        QCOMPARE(copy[0], QPointF(0, -125));
-        QCOMPARE(m_points[0], QPointF(1000, -125));
+        QCOMPARE(calc::snapped(10, 4), 8);
+        QCOMPARE(calc::snapped(12, 4), 12);
+        QCOMPARE(calc::snapped(-5, 4), 0); // left of the axis
+        QCOMPARE(calc::snapped(64001, 4), 64000);
+        QCOMPARE(calc::snapped(70000, 3), 63999); // the end of the axis is no sample
+        QCOMPARE(calc::snapped(63999, 64000), 0);
+        QCOMPARE(calc::snapped(64000, INT_MAX), 64000);
+        QCOMPARE(calc::snapped(10, 0), 10); // steps below 1 count as 1
+        QCOMPARE(calc::snapped(10, -4), 10);
+        QCOMPARE(calc::snapped(INT_MIN, 1), 0);
+        QCOMPARE(calc::snapped(INT_MAX, 1), 64000);
+        QCOMPARE(calc::clampedColumn(-1), 0);
+        QCOMPARE(calc::clampedColumn(0), 0);
+        QCOMPARE(calc::clampedColumn(64000), 64000);
+        QCOMPARE(calc::clampedColumn(64001), 64000);
+    }
+
+    void theLevelIsOffsetPlusSample()
+    {
+        QCOMPARE(calc::levelUnder(0, ramp(1)), -125);
+        QCOMPARE(calc::levelUnder(249, ramp(1)), 124);
+        QCOMPARE(calc::levelUnder(250, ramp(1)), noLevel);
+        QCOMPARE(calc::levelUnder(8, ramp(4, 0, 0, 2)), -121);
+        QCOMPARE(calc::levelUnder(11, ramp(4)), -123); // within a sample
+        QCOMPARE(calc::levelUnder(0, ramp(1, 0, 0, -256)), -381);
+        QCOMPARE(calc::levelUnder(13, ramp(1, 0, 10)), -122);
+        QCOMPARE(calc::levelUnder(13, ramp(1, 0, -10)), -102);
+        QCOMPARE(calc::levelUnder(4, ramp(1, 5)), noLevel);
+        QCOMPARE(calc::levelUnder(5, ramp(1, 5)), -125);
+        QCOMPARE(calc::levelUnder(20, ramp(4, 5)), -125); // the delay counts samples
+        QCOMPARE(calc::levelUnder(64000, ramp(1, 0xFFFFFFFFU)), noLevel);
+        // 64000 + 2147483648 - 2147547645 = 3: neither the shift nor the delay wraps.
+        QCOMPARE(calc::levelUnder(64000, ramp(1, 2147547645U, INT_MIN)), -122);
+        QCOMPARE(calc::levelUnder(249, ramp(1, 0, 0, INT_MAX)), INT_MAX);
+        QCOMPARE(calc::levelUnder(249, ramp(1, 0, 0, 5)), 129); // a real level of 129
+        QCOMPARE(calc::levelUnder(3, ramp(0)), -122); // step 0 counts as 1
+    }
+
+    void lessThanAStepLeftOfTheTraceReadsItsFirstSample()
+    {
+        QCOMPARE(calc::levelUnder(7, ramp(4, 0, 10)), -125); // starts at 10
+        QCOMPARE(calc::levelUnder(6, ramp(4, 0, 10)), noLevel);
+        // With a delay the index is negative there.
+        QCOMPARE(calc::levelUnder(8, ramp(4, 1, 6)), noLevel);
+    }
+
+    void aCursorReadsTheLevelAtItsSnappedColumn()
+    {
+        QCOMPARE(calc::cursorOn(10, ramp(4, 0, 0, 1)).column, 8);
+        QCOMPARE(calc::cursorOn(10, ramp(4, 0, 0, 1)).level, -122);
+        QCOMPARE(calc::cursorOn(-5, ramp(4)).column, 0);
+        QCOMPARE(calc::cursorOn(-5, ramp(4)).level, -125);
+    }
+
+    void aCursorOnADifferenceSnapsToTheLeftmostOfBoth()
+    {
+        const auto columnOn = [this](int column, const TraceRef &master, int step) {
+            return calc::cursorOnDifference(column, master, ramp(step)).column;
+        };
+        QCOMPARE(columnOn(10, ramp(3), 4), 8); // own step
+        QCOMPARE(columnOn(10, ramp(4), 3), 8); // the master's step
+        QCOMPARE(columnOn(10, ramp(3, 2), 4), 7); // the master's delay
+        QCOMPARE(columnOn(10, ramp(3, 10), 4), 0); // not below 0
+        QCOMPARE(columnOn(64000, ramp(1, 0xFFFFFFFFU), 1), 0);
+        QCOMPARE(columnOn(70000, ramp(1), 1), 64000);
+        QCOMPARE(columnOn(-70000, ramp(1), 1), 0);
+        QCOMPARE(columnOn(10, ramp(0), 0), 10); // steps 0 count as 1
+        QCOMPARE(calc::cursorOnDifference(10, ramp(3), ramp(4)).level, noLevel);
     }
 };
 

@@ -10,6 +10,13 @@
 
 using calc::Range;
 
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
 namespace QTest {
 
 template <> char *toString(const Range &range)
@@ -19,6 +26,7 @@ template <> char *toString(const Range &range)
 
 } // namespace QTest
 
+/// The visible part of the axis, the shifts of a trace and the shortening factor.
 class TestViewRange : public QObject
 {
     Q_OBJECT
@@ -26,33 +34,24 @@ class TestViewRange : public QObject
 private slots:
     void eachZoomStepDoublesTheView()
     {
-        struct Row
-        {
-            const char *name;
-            int exponent;
-            int level;
-        };
-        each<Row>({ { "smallest int", INT_MIN, 0 },
-                    { "below", -3, 0 },
-                    { "0", 0, 0 },
-                    { "1", 1, 1 },
-                    { "2", 2, 2 },
-                    { "3", 3, 3 },
-                    { "4", 4, 4 },
-                    { "5", 5, 5 },
-                    { "6", 6, 6 },
-                    { "7", 7, 7 },
-                    { "8", 8, 8 },
-                    { "above", 12, 8 },
-                    { "largest int", INT_MAX, 8 } },
-                  [](const Row &row) {
-                      QCOMPARE(calc::clampedScale(row.exponent), row.level);
-                      QCOMPARE(calc::visibleCounts(row.exponent), 250 * (1 << row.level));
-                      // Exact at every level, and read back as the level.
-                      const float caption = calc::scaleDistance(row.exponent);
-                      QCOMPARE(caption, 31.25F * static_cast<float>(1 << row.level));
-                      QCOMPARE(calc::exponentOfDistance(double{ caption }), row.level);
-                  });
+        for (int exponent = 0; exponent <= 8; ++exponent) {
+            QCOMPARE(calc::clampedScale(exponent), exponent);
+            QCOMPARE(calc::visibleCounts(exponent), 250 << exponent);
+            // Exact at every level, and read back as the level.
+            const float caption = calc::scaleDistance(exponent);
+            QCOMPARE(caption, 31.25F * static_cast<float>(1 << exponent));
+            QCOMPARE(calc::exponentOfDistance(double{ caption }), exponent);
+        }
+        for (const int below : { INT_MIN, -3 }) {
+            QCOMPARE(calc::clampedScale(below), 0);
+            QCOMPARE(calc::visibleCounts(below), 250);
+            QCOMPARE(calc::scaleDistance(below), 31.25F);
+        }
+        for (const int above : { INT_MAX, 12 }) {
+            QCOMPARE(calc::clampedScale(above), 8);
+            QCOMPARE(calc::visibleCounts(above), 64000);
+            QCOMPARE(calc::scaleDistance(above), 8000.0F);
+        }
     }
 
     void otherCaptionsGiveTheLowerZoom()
@@ -60,31 +59,23 @@ private slots:
         QCOMPARE(calc::exponentOfDistance(100.0), 1);
         QCOMPARE(calc::exponentOfDistance(0.0), INT_MIN);
         QCOMPARE(calc::exponentOfDistance(-1.0), 0);
-        QCOMPARE(calc::exponentOfDistance(std::numeric_limits<double>::quiet_NaN()), 0);
+        QCOMPARE(calc::exponentOfDistance(notANumber), 0);
     }
 
     void theStepOfTheMasterSetsTheZoom()
     {
-        struct Row
-        {
-            const char *name;
-            float minstep;
-            int exponent;
-        };
-        each<Row>(
-            { { "0.3 ns", 0.3F, -2 },
-              { "1 ns", 1.0F, 0 },
-              { "one count", 1.25F, 0 },
-              { "two counts", 2.5F, 1 },
-              { "nearly three counts", 3.7F, 1 },
-              { "four counts", 5.0F, 2 },
-              { "eight counts", 10.0F, 3 },
-              { "256 counts", 320.0F, 8 },
-              { "zero", 0.0F, INT_MIN },
-              { "negative", -5.0F, 0 },
-              { "not a number", std::numeric_limits<float>::quiet_NaN(), 0 },
-              { "infinity", std::numeric_limits<float>::infinity(), INT_MAX } },
-            [](const Row &row) { QCOMPARE(calc::exponentForMinstep(row.minstep), row.exponent); });
+        QCOMPARE(calc::exponentForMinstep(0.3F), -2);
+        QCOMPARE(calc::exponentForMinstep(1.0F), 0);
+        QCOMPARE(calc::exponentForMinstep(1.25F), 0);
+        QCOMPARE(calc::exponentForMinstep(2.5F), 1);
+        QCOMPARE(calc::exponentForMinstep(3.7F), 1); // nearly three counts
+        QCOMPARE(calc::exponentForMinstep(5.0F), 2);
+        QCOMPARE(calc::exponentForMinstep(10.0F), 3);
+        QCOMPARE(calc::exponentForMinstep(320.0F), 8);
+        QCOMPARE(calc::exponentForMinstep(0.0F), INT_MIN);
+        QCOMPARE(calc::exponentForMinstep(-5.0F), 0);
+        QCOMPARE(calc::exponentForMinstep(std::numeric_limits<float>::quiet_NaN()), 0);
+        QCOMPARE(calc::exponentForMinstep(std::numeric_limits<float>::infinity()), INT_MAX);
     }
 
     void aStepPastAnEndIsRefused()
@@ -146,47 +137,73 @@ private slots:
 
     void aMasterIsShownFromItsDelay()
     {
-        struct Row
-        {
-            const char *name;
-            quint32 delay;
-            int exponent;
-            Range expected;
-        };
-        each<Row>({ { "no delay", 0, 0, { 0, 250 } },
-                    { "short delay", 7, 2, { 7, 1007 } },
-                    { "beyond the axis", 100000, 0, { 100000, 100250 } },
-                    { "last delay that fits", 2147419647, 8, { 2147419647, INT_MAX } },
-                    { "first that does not", 2147419648, 8, { 2147419647, INT_MAX } },
-                    { "largest", 0xFFFFFFFF, 0, { 2147419647, 2147419897 } },
-                    { "zoom out of range", 0, 30, { 0, 64000 } } },
-                  [](const Row &row) {
-                      QCOMPARE(calc::rangeFromDelay(row.delay, row.exponent), row.expected);
-                  });
+        QCOMPARE(calc::rangeFromDelay(0, 0), (Range{ 0, 250 }));
+        QCOMPARE(calc::rangeFromDelay(7, 2), (Range{ 7, 1007 }));
+        QCOMPARE(calc::rangeFromDelay(100000, 0), (Range{ 100000, 100250 })); // beyond the axis
+        QCOMPARE(calc::rangeFromDelay(2147419647, 8), (Range{ 2147419647, INT_MAX }));
+        QCOMPARE(calc::rangeFromDelay(2147419648, 8), (Range{ 2147419647, INT_MAX }));
+        QCOMPARE(calc::rangeFromDelay(0xFFFFFFFF, 0), (Range{ 2147419647, 2147419897 }));
+        QCOMPARE(calc::rangeFromDelay(0, 30), (Range{ 0, 64000 })); // zoom out of range
     }
 
     void aDragScrollsByTheCountsThatItCovers()
     {
-        constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-        struct Row
-        {
-            const char *name;
-            int exponent;
-            double pixels;
-            float width;
-            int expected;
-        };
-        each<Row>({ { "half a count per pixel", 0, 10.0, 500.0F, 5 },
-                    { "to the left, zoomed out", 3, -3.0, 500.0F, -12 },
-                    { "less than a count", 0, -1.0, 500.0F, 0 },
-                    { "no width yet", 8, 100.0, 0.0F, 0 },
-                    { "negative width", 8, 100.0, -1.0F, 0 },
-                    { "width is no number", 8, 100.0, static_cast<float>(noNumber), 0 },
-                    { "pixels are no number", 8, noNumber, 500.0F, 0 },
-                    { "beyond an int", 8, 1e300, 500.0F, INT_MAX } },
-                  [](const Row &row) {
-                      QCOMPARE(calc::panStep(row.exponent, row.pixels, row.width), row.expected);
-                  });
+        QCOMPARE(calc::panStep(0, 10.0, 500.0F), 5); // half a count per pixel
+        QCOMPARE(calc::panStep(3, -3.0, 500.0F), -12);
+        QCOMPARE(calc::panStep(0, -1.0, 500.0F), 0); // less than a count
+        for (const float width : { 0.0F, -1.0F, static_cast<float>(notANumber) })
+            QCOMPARE(calc::panStep(8, 100.0, width), 0);
+        QCOMPARE(calc::panStep(8, notANumber, 500.0F), 0);
+        QCOMPARE(calc::panStep(8, 1e300, 500.0F), INT_MAX);
+    }
+
+    void horizontalShiftsAreWholeSamples()
+    {
+        QCOMPARE(calc::wholeSamples(7, 4), 1);
+        QCOMPARE(calc::wholeSamples(-7, 4), -1);
+        QCOMPARE(calc::wholeSamples(-3, 4), 0);
+        QCOMPARE(calc::wholeSamples(64000, 1), 64000);
+        QCOMPARE(calc::wholeSamples(100000, 1), 64000); // beyond the ends of the axis
+        QCOMPARE(calc::wholeSamples(-100000, 3), -21333);
+        QCOMPARE(calc::wholeSamples(INT_MIN, 64000), -1);
+        QCOMPARE(calc::wholeSamples(INT_MAX, 64000), 1);
+        QCOMPARE(calc::wholeSamples(64000, 80000), 1); // a step beyond the axis
+        QCOMPARE(calc::wholeSamples(7, 0), 7); // steps below 1 count as 1
+        QCOMPARE(calc::wholeSamples(-7, -4), -7);
+    }
+
+    void verticalOffsetsStopAt256()
+    {
+        QCOMPARE(calc::clampedVerticalOffset(300), 256);
+        QCOMPARE(calc::clampedVerticalOffset(257), 256);
+        QCOMPARE(calc::clampedVerticalOffset(256), 256);
+        QCOMPARE(calc::clampedVerticalOffset(129), 129);
+        QCOMPARE(calc::clampedVerticalOffset(-256), -256);
+        QCOMPARE(calc::clampedVerticalOffset(-257), -256);
+        QCOMPARE(calc::clampedVerticalOffset(INT_MIN), -256);
+    }
+
+    void shorteningFactorsStayBetweenOneAndTen()
+    {
+        QCOMPARE(calc::clampedKU(1.0), 1.0F);
+        QCOMPARE(calc::clampedKU(1.5), 1.5F);
+        QCOMPARE(calc::clampedKU(10.0), 10.0F);
+        for (const double low : { 0.5, 0.0, -1e300, notANumber })
+            QCOMPARE(calc::clampedKU(low), 1.0F);
+        for (const double high : { 11.0, 1e300, infinity })
+            QCOMPARE(calc::clampedKU(high), 10.0F);
+    }
+
+    void theDialCountsThousandthsAboveOne()
+    {
+        QCOMPARE(calc::dialOfKU(1.0F), 0);
+        QCOMPARE(calc::dialOfKU(1.49896229F), 498);
+        QCOMPARE(calc::dialOfKU(10.0F), 9000);
+        QCOMPARE(calc::dialOfKU(std::numeric_limits<float>::quiet_NaN()), 0);
+        QCOMPARE(calc::dialOfKU(std::numeric_limits<float>::infinity()), INT_MAX);
+        QCOMPARE(calc::kuOfDial(0), 1.0);
+        QCOMPARE(calc::kuOfDial(500), 1.5);
+        QCOMPARE(calc::kuOfDial(9000), 10.0);
     }
 };
 
