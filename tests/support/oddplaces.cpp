@@ -12,7 +12,9 @@
 #include <limits>
 
 #ifdef Q_OS_UNIX
+#include <csignal>
 #include <cstring>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -143,6 +145,24 @@ void asOrdinaryUser(const std::function<void()> &work)
         qFatal("the test cannot become itself again");
 #else
     work();
+#endif
+}
+
+void onFullDisk(quint64 bytes, const std::function<void()> &work)
+{
+#ifdef Q_OS_UNIX
+    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit former = {};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit tight = { bytes, former.rlim_max };
+    if (setrlimit(RLIMIT_FSIZE, &tight) != 0)
+        qFatal("cannot limit the size of files");
+    work();
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, formerHandler);
+#else
+    Q_UNUSED(bytes)
+    Q_UNUSED(work)
 #endif
 }
 

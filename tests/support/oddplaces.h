@@ -43,6 +43,10 @@ private:
 /// Runs \a work with the rights of an ordinary user, also when root runs the test.
 void asOrdinaryUser(const std::function<void()> &work);
 
+/// Runs \a work while no file may grow beyond \a bytes, which fails like a full disk. Elsewhere
+/// than on Unix, does nothing.
+void onFullDisk(quint64 bytes, const std::function<void()> &work);
+
 /// The shortest time in milliseconds of five runs of \a work: a busy machine delays some runs, a
 /// file that blocks delays all.
 qint64 fastest(const std::function<void()> &work);

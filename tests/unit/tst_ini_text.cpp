@@ -77,7 +77,6 @@ QByteArray randomIni(QRandomGenerator &random)
                                   "@@",
                                   "@ByteArray(",
                                   "@String(",
-
                                   "@Invalid()",
                                   ")",
                                   "%41" };

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/program_files.h"
+#include "oddplaces.h"
 #include "testfiles.h"
 
 #include <QStandardPaths>
@@ -8,8 +9,6 @@
 #include <QtTest>
 
 #ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -116,10 +115,9 @@ private slots:
     void onlyARegularFileOfSettingsIsBackedUp()
     {
         // A copy of this one would be an empty regular file.
-        const QString backup = program_files::settingsBackupFile();
         QVERIFY(QFile::link(QStringLiteral("/dev/null"), beside()));
         program_files::backUpSettings();
-        QVERIFY(!QFileInfo::exists(backup));
+        QVERIFY(!QFileInfo::exists(program_files::settingsBackupFile()));
     }
 #endif
 
@@ -142,19 +140,30 @@ private slots:
     }
 
 #ifdef Q_OS_UNIX
-    void onlyRegularFilesAreOpened()
+    void onlyRegularFilesAreReadAndReplaced()
     {
         const QTemporaryDir folder;
         const QString pipe = folder.filePath(QStringLiteral("pipe"));
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         const QString link = folder.filePath(QStringLiteral("link"));
         QVERIFY(QFile::link(pipe, link));
-        for (const QString &path : { pipe, link, folder.path(), QStringLiteral("/dev/zero"),
+        const QString inner = folder.filePath(QStringLiteral("folder"));
+        QVERIFY(QDir().mkdir(inner));
+        for (const QString &path : { pipe, link, inner, QStringLiteral("/dev/zero"),
                                      folder.filePath(QStringLiteral("missing")), QString() }) {
             QFile file(path);
             QVERIFY2(!program_files::openRegularFile(file), qPrintable(path));
             QCOMPARE(program_files::readRegularFile(path, 10), QByteArray());
         }
+        for (const QString &path : { pipe, inner, QString(), QStringLiteral(":/ini/new.ini"),
+                                     pipe + QStringLiteral("/a.ini") }) {
+            QVERIFY2(!program_files::replaceFile(path, "new"), qPrintable(path));
+        }
+        QCOMPARE(entriesOf(folder.path()),
+                 QStringList(
+                     { QStringLiteral("folder"), QStringLiteral("link"), QStringLiteral("pipe") }));
+        QVERIFY(!QFileInfo(pipe).isFile());
+        QVERIFY(QFileInfo(inner).isDir());
     }
 
     void aFullDiskLeavesTheOldFile()
@@ -162,18 +171,12 @@ private slots:
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a.ini"));
         writeFile(path, "old");
-        // A limit on the size of a file has the same effect as a full disk.
-        const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit former{};
-        QCOMPARE(getrlimit(RLIMIT_FSIZE, &former), 0);
-        rlimit tight = former;
-        tight.rlim_cur = 8192;
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
-        // Fails in write() and, from the buffer, in flush().
-        const bool replaced = program_files::replaceFile(path, QByteArray(200000, 'x'))
-            || program_files::replaceFile(path, QByteArray(9000, 'x'));
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &former), 0);
-        std::signal(SIGXFSZ, formerHandler);
+        bool replaced = true;
+        onFullDisk(8192, [&] {
+            // Fails in write() and, from the buffer, in flush().
+            replaced = program_files::replaceFile(path, QByteArray(200000, 'x'))
+                || program_files::replaceFile(path, QByteArray(9000, 'x'));
+        });
         QVERIFY(!replaced);
         QCOMPARE(contentOf(path), QByteArray("old"));
         QCOMPARE(entriesOf(folder.path()), QStringList(QStringLiteral("a.ini")));
@@ -190,23 +193,6 @@ private slots:
         QVERIFY(QFileInfo(link).isSymLink());
         QVERIFY(!QFileInfo(path).isSymLink());
         QCOMPARE(contentOf(path), QByteArray("new"));
-    }
-
-    void aPlaceThatIsNoRegularFileIsLeftAlone()
-    {
-        const QTemporaryDir folder;
-        const QString pipe = folder.filePath(QStringLiteral("pipe"));
-        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-        const QString inner = folder.filePath(QStringLiteral("folder"));
-        QVERIFY(QDir().mkdir(inner));
-        for (const QString &path : { pipe, inner, QString(), QStringLiteral(":/ini/new.ini"),
-                                     pipe + QStringLiteral("/a.ini") }) {
-            QVERIFY2(!program_files::replaceFile(path, "new"), qPrintable(path));
-        }
-        QCOMPARE(entriesOf(folder.path()),
-                 QStringList({ QStringLiteral("folder"), QStringLiteral("pipe") }));
-        QVERIFY(!QFileInfo(pipe).isFile());
-        QVERIFY(QFileInfo(inner).isDir());
     }
 #endif
 
@@ -225,24 +211,16 @@ private slots:
         QCOMPARE(program_files::readRegularFile(path, large.size() - 1), QByteArray());
     }
 
-    void aFileIsReplacedCompletely()
+    void aFileIsReplacedCompletelyAndItsFolderMade()
     {
         const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("a.ini"));
+        const QString path = folder.filePath(QStringLiteral("new/folder/a.ini"));
         QVERIFY(program_files::replaceFile(path, "a longer first text"));
         QVERIFY(program_files::replaceFile(path, "second"));
         QCOMPARE(contentOf(path), QByteArray("second"));
         QVERIFY(program_files::replaceFile(path, QByteArray()));
         QCOMPARE(contentOf(path), QByteArray());
-        QCOMPARE(entriesOf(folder.path()), QStringList(QStringLiteral("a.ini")));
-    }
-
-    void aMissingFolderIsMade()
-    {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("new/folder/a.ini"));
-        QVERIFY(program_files::replaceFile(path, "text"));
-        QCOMPARE(contentOf(path), QByteArray("text"));
+        QCOMPARE(entriesOf(QFileInfo(path).path()), QStringList(QStringLiteral("a.ini")));
     }
 
 private:

@@ -1,20 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
+#include "testfiles.h"
 
 #include <QDirIterator>
-#include <QFile>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// A window of 800 x 500 at (560, 259) inside its frame, on a screen 1920 wide.
 QByteArray factoryGeometry()
@@ -44,8 +40,31 @@ QStringList bundledFiles()
     return files;
 }
 
+const QString builtIn = QStringLiteral(":/style/style_2.qss");
+const QString older = QStringLiteral(":/style/style_1.qss");
+
+/// The rules of a sheet in their order, one in each line, without comments.
+QString rulesOf(const QString &path)
+{
+    static const QRegularExpression comment(QStringLiteral("/\\*.*?\\*/"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    return QString::fromUtf8(contentOf(path))
+        .remove(comment)
+        .simplified()
+        .replace(QStringLiteral("} "), QStringLiteral("}\n"));
+}
+
+QStringList warnings;
+
+void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type != QtDebugMsg)
+        warnings.append(text);
+}
+
 } // namespace
 
+/// The files that are compiled in.
 class TestResources : public QObject
 {
     Q_OBJECT
@@ -67,18 +86,11 @@ private slots:
         QCOMPARE(count("^:/(?!sharp/|catalogues/|docs/)"), 57); // nothing else
     }
 
-    void bothFormsOfAPathNameTheSameFile()
-    {
-        const QByteArray once = contents(QStringLiteral(":/style/style_2.qss"));
-        QVERIFY(!once.isEmpty());
-        QCOMPARE(contents(QStringLiteral("://style/style_2.qss")), once);
-    }
-
     // UTF-16, big-endian with a mark. Readers stop at the first empty line: the languages behind it
     // have no catalogues yet.
     void theLanguageListOffersTwoLanguages()
     {
-        const QByteArray bytes = contents(constants::languageFile);
+        const QByteArray bytes = contentOf(constants::languageFile);
         QCOMPARE(bytes.size(), 162);
         QCOMPARE(bytes.left(2), QByteArray("\xFE\xFF"));
         QString text;
@@ -91,7 +103,7 @@ private slots:
 
     void theFactorySettingsKeepTheirLines()
     {
-        const QByteArray bytes = contents(constants::defaultSettings);
+        const QByteArray bytes = contentOf(constants::defaultSettings);
         QCOMPARE(bytes.size(), 478);
         QVERIFY(bytes.endsWith("\r\n"));
         QCOMPARE(bytes.count('\n'), bytes.count("\r\n"));
@@ -106,37 +118,24 @@ private slots:
                             "[Dials]\ncursorSpeed=100\nparamSpeed=100\n\n"));
     }
 
-    void theFactorySettingsReadBack()
+    void theFactorySettingsHoldAWindow()
     {
         const QSettings settings(constants::defaultSettings, QSettings::IniFormat);
         QCOMPARE(settings.status(), QSettings::NoError);
         QCOMPARE(settings.allKeys().size(), 8);
-        const auto value = [&settings](const char *key) {
-            return settings.value(QString::fromLatin1(key)).toByteArray();
-        };
-        QCOMPARE(value("language"), QByteArray("en_US"));
-        QCOMPARE(value("CSS"), QByteArray(":/style/style_2.qss"));
-        QCOMPARE(value("PrevFiles/StateIndex"), QByteArray("0"));
-        QCOMPARE(value("PrevFiles/MasterId"), QByteArray("0"));
-        QCOMPARE(value("Dials/cursorSpeed"), QByteArray("100"));
-        QCOMPARE(value("Dials/paramSpeed"), QByteArray("100"));
-        QCOMPARE(value("WindowState/geometry"), factoryGeometry());
-        QCOMPARE(value("WindowState/windowState"), factoryWindowState());
-    }
-
-    // So a file that the program saved can replace the factory file.
-    void theByteArraysAreWrittenAsQtWritesThem()
-    {
-        QTemporaryDir folder;
+        QCOMPARE(settings.value(QStringLiteral("WindowState/geometry")), factoryGeometry());
+        QCOMPARE(settings.value(QStringLiteral("WindowState/windowState")), factoryWindowState());
+        // Written as Qt writes them: a file that the program saved can replace the factory file.
+        const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("saved.ini"));
         {
-            QSettings settings(path, QSettings::IniFormat);
-            settings.setValue(QStringLiteral("geometry"), factoryGeometry());
-            settings.setValue(QStringLiteral("windowState"), factoryWindowState());
+            QSettings saved(path, QSettings::IniFormat);
+            saved.setValue(QStringLiteral("geometry"), factoryGeometry());
+            saved.setValue(QStringLiteral("windowState"), factoryWindowState());
         }
-        const QByteArray factory = contents(constants::defaultSettings);
+        const QByteArray factory = contentOf(constants::defaultSettings);
         int compared = 0;
-        for (const QByteArray &line : contents(path).split('\n')) {
+        for (const QByteArray &line : contentOf(path).split('\n')) {
             if (!line.contains("@ByteArray"))
                 continue;
             QVERIFY2(factory.contains(line.trimmed()), line.constData());
@@ -149,13 +148,96 @@ private slots:
     {
         QSet<QByteArray> seen;
         for (int i = 0; i < 5; ++i) {
-            const QByteArray bytes = contents(QStringLiteral(":/data/data0%1.bin").arg(i));
+            const QByteArray bytes = contentOf(QStringLiteral(":/data/data0%1.bin").arg(i));
             QCOMPARE(bytes.size(), 493);
             seen.insert(bytes);
         }
         QCOMPARE(seen.size(), 5);
     }
+
+    void builtInSheetHasItsRulesInOrder()
+    {
+        QCOMPARE(rulesOf(builtIn),
+                 QStringLiteral(R"(
+QWidget { background: rgb(64, 65, 66); color: rgb(230, 230, 230); }
+QTabBar::tab { color: rgb(64, 65, 66); }
+QMenu::item:selected { background: rgb(80, 85, 90); }
+QMenu::item:checked, QMenu::item:unchecked { }
+QMenu::item:disabled { color: rgb(150, 150, 150); }
+QChart { background: rgb(180, 100, 200); color: rgb(180, 100, 200); }
+QGraphicsView { background: rgb(80, 100, 200); color: rgb(180, 100, 200); }
+QGraphicsScene { background: rgb(80, 150, 100); color: rgb(180, 100, 100); }
+QDial { color: rgb(64, 65, 66); font-weight: bold; }
+QPushButton:disabled { color: rgb(150, 150, 150); }
+QPushButton#ScaleDown:disabled { }
+InterfaceButton:pressed:checked { background: rgb(110, 115, 120); }
+InterfaceButton:hover:!checked { background: rgb(80, 85, 90); }
+InterfaceButton:pressed:hover:!checked { background: rgb(80, 85, 90); }
+InterfaceButton:checked, QPushButton:checked { background: rgb(100, 105, 110); }
+QLabel#delta { color: rgb(255, 255, 0); font-weight: 500; }
+LegendButton:checked, LegendButton:pressed { border-style: inset; border-width: 4px; }
+LegendButton:!checked { border-style: outset; border-width: 2px; }
+LegendButton#rfg_1 { border-color: rgb(0, 255, 0); }
+LegendButton#rfg_2 { border-color: rgb(0, 255, 255); }
+LegendButton#rfg_3 { border-color: rgb(255, 0, 255); }
+LegendButton#rfg_4 { border-color: rgb(255, 0, 0); }
+LegendButton#rfg_5 { border-color: rgb(255, 255, 0); }
+LegendButton#rfg_6 { border-color: rgb(0, 0, 255); }
+LegendButton[vis="false"] { border-width: 0px; }
+LegendButton[vis="false"]:hover { border-width: 1px; }
+LegendButton[mast="true"] { font-weight: 500; font-style: oblique; color: rgb(255, 255, 255); }
+)")
+                     .trimmed());
+    }
+
+    void olderSheetHasItsRulesInOrder()
+    {
+        QString expected = QStringLiteral(R"(
+QWidget { background: rgb(64, 65, 66); color: rgb(230, 230, 230); }
+QChart { background: rgb(180, 100, 200); color: rgb(180, 100, 200); }
+QGraphicsView { background: rgb(80, 100, 200); color: rgb(180, 100, 200); }
+QGraphicsScene { background: rgb(80, 150, 200); }
+QPushButton:disabled { color: rgb(150, 150, 150); }
+)")
+                               .trimmed();
+        int slot = 0;
+        for (const char *colour :
+             { "0, 128, 0", "180, 200, 50", "225, 150, 40", "100, 80, 225", "180, 80, 25" })
+            expected += QStringLiteral("\nQPushButton#rfg_%1 { border-style: outset; "
+                                       "border-width: 3px; border-color: rgb(%2); }"
+                                       "\nQPushButton#rfg_%1:checked { background: rgb(90, 110, "
+                                       "110); border-style: inset; }")
+                            .arg(++slot)
+                            .arg(QLatin1String(colour));
+        QCOMPARE(rulesOf(older), expected);
+    }
+
+    void qtReadsTheSheetsWithoutAWarning()
+    {
+        for (const QString &path : { builtIn, older }) {
+            QWidget window;
+            QPushButton button(&window);
+            const QtMessageHandler former = qInstallMessageHandler(keepWarning);
+            window.setStyleSheet(QString::fromUtf8(contentOf(path)));
+            button.ensurePolished();
+            qInstallMessageHandler(former);
+            QCOMPARE(warnings, QStringList());
+            const QPalette palette = button.palette();
+            QCOMPARE(palette.color(QPalette::Button), QColor(64, 65, 66));
+            QCOMPARE(palette.color(QPalette::Active, QPalette::ButtonText), QColor(230, 230, 230));
+            button.setEnabled(false);
+            QCOMPARE(button.palette().color(QPalette::Disabled, QPalette::ButtonText),
+                     QColor(150, 150, 150));
+        }
+    }
+
+    void sheetsSetNoFontSize()
+    {
+        // A size in a sheet would override the sizes that the window sets by code.
+        for (const QString &path : { builtIn, older })
+            QVERIFY(!rulesOf(path).contains(QRegularExpression(QStringLiteral("font(-size)?:"))));
+    }
 };
 
-QTEST_GUILESS_MAIN(TestResources)
+QTEST_MAIN(TestResources)
 #include "tst_resources.moc"

@@ -1,20 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/constants.h"
 #include "base/program_files.h"
 #include "each.h"
 #include "settingsdefaults.h"
 #include "testfiles.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#endif
-
-/// Settings files: what is loaded from them and saved to them.
+/// Settings: loading, saving, copying and applying them.
 class TestSettingsData : public QObject
 {
     Q_OBJECT
@@ -25,8 +23,6 @@ private slots:
         folder.reset(new QTemporaryDir);
         path = folder->filePath(QStringLiteral("a.ini"));
     }
-
-    // ---- Loading ----
 
     void aNewStoreHoldsItsInitialValues()
     {
@@ -107,46 +103,16 @@ private slots:
                   });
     }
 
-    void theFirstGapEndsTheFolders()
+    void theSectionsOfAMaskAreLoadedAsTheyWereSaved()
     {
-        struct Row
-        {
-            const char *name;
-            QByteArray section;
-            int folders;
-        };
-        QByteArray many;
-        for (int i = 1; i <= 1005; ++i)
-            many += "folder" + QByteArray::number(i) + "=x\n";
-        each<Row>({ { "gap", "folder1=a\nfolder2=b\nfolder4=d\n", 2 },
-                    { "first is empty", "folder1=\nfolder2=b\n", 0 },
-                    { "none", "", 0 },
-                    { "more than are read", many, 1000 } },
-                  [this](const Row &row) {
-                      writeFile(path, "[WorkFolders]\n" + row.section);
-                      SettingsData data(nullptr);
-                      data.work_folders << QStringLiteral("old");
-                      data.loadSettings(path, 4);
-                      QCOMPARE(data.work_folders.size(), row.folders);
-                  });
-    }
-
-    void sectionsOutsideTheMaskAreNotLoaded()
-    {
+        // The folder is created.
+        path = folder->filePath(QStringLiteral("new/folder/a.ini"));
         filledStore()->saveSettings(path, 63);
-        for (const int mask : { 0, 1, 2, 4, 8, 16, 32, 64 }) {
+        for (const int mask : { 0, 1, 2, 4, 8, 16, 32, 63, 64 }) {
             SettingsData data(nullptr);
             data.loadSettings(path, mask);
-            QCOMPARE(data.read_index != 0, mask == 1);
-            QCOMPARE(data.master_ID != -1, mask == 1);
-            QCOMPARE(!data.current_CSS_path.isEmpty(), mask == 2);
-            QCOMPARE(!data.last_folder.isEmpty(), mask == 4);
-            QCOMPARE(!data.work_folders.isEmpty(), mask == 4);
-            QCOMPARE(!data.current_language.isEmpty(), mask == 8);
-            QCOMPARE(!data.window_geometry.isEmpty(), mask == 16);
-            QCOMPARE(!data.window_state.isEmpty(), mask == 16);
-            QCOMPARE(data.cursor_dial_speed != 100, mask == 32);
-            QCOMPARE(data.param_dial_speed != 100, mask == 32);
+            expectSections(data, mask);
+            QCOMPARE(data.current_files[1], QString()); // its bit is clear
         }
     }
 
@@ -198,8 +164,6 @@ private slots:
         }
     }
 
-    // ---- Saving ----
-
     void aSavedFileHoldsTheSectionsOfItsMaskAndNothingElse()
     {
         struct Row
@@ -238,52 +202,143 @@ private slots:
                                QCoreApplication::applicationDirPath(), QDir::currentPath() }));
     }
 
-    void everythingSavedIsLoadedAgain()
+    void sectionsAreAppliedInTheOrderOfTheirBits()
     {
-        const SettingsData *saved = filledStore();
-        // The folder is created.
-        path = folder->filePath(QStringLiteral("new/folder/a.ini"));
-        saved->saveSettings(path, 63);
         SettingsData data(nullptr);
-        data.loadSettings(path, 63);
-        QCOMPARE(data.read_index, saved->read_index);
-        QCOMPARE(data.master_ID, saved->master_ID);
-        QCOMPARE(data.current_files[0], saved->current_files[0]);
-        QCOMPARE(data.current_files[5], saved->current_files[5]);
-        QCOMPARE(data.current_files[1], QString());
-        QCOMPARE(data.current_language, saved->current_language);
-        QCOMPARE(data.current_CSS_path, saved->current_CSS_path);
-        QCOMPARE(data.last_folder, saved->last_folder);
-        QCOMPARE(data.window_geometry, saved->window_geometry);
-        QCOMPARE(data.window_state, saved->window_state);
-        QCOMPARE(data.cursor_dial_speed, saved->cursor_dial_speed);
-        QCOMPARE(data.param_dial_speed, saved->param_dial_speed);
+        data.current_CSS_path = constants::defaultStyle;
+        QStringList order;
+        const auto note = [&order](const char *name) {
+            return [&order, name] { order << QLatin1String(name); };
+        };
+        connect(&data, &SettingsData::dial_settings_changed, this, note("dials"));
+        connect(&data, &SettingsData::window_geometry_loaded, this, note("geometry"));
+        connect(&data, &SettingsData::translation_changed, this, note("language"));
+        connect(&data, &SettingsData::CSS_changed, this, note("style"));
+        connect(&data, &SettingsData::files_to_load, this, note("files"));
+        struct Row
+        {
+            const char *name;
+            int mask;
+        };
+        each<Row>({ { "files style language geometry dials", 63 },
+                    { "style dials", 32 + 2 },
+                    { "", 4 }, // the folders need no action
+                    { "", 0 },
+                    { "", 64 + 128 } },
+                  [&](const Row &row) {
+                      order.clear();
+                      data.updateSettings(row.mask);
+                      QCOMPARE(order.join(QLatin1Char(' ')), QLatin1String(row.name));
+                  });
+        const QSignalSpy spy(&data, &SettingsData::files_to_load);
+        data.read_index = 1000000;
+        data.updateSettings(1);
+        QCOMPARE(spy.at(0).at(0).toInt(), 1000000); // bits beyond the slots too
     }
 
-#ifdef Q_OS_UNIX
-    void aPlaceThatIsNoRegularFileIsNeitherReadNorWritten()
+    void theSignalsStandInTheirOrder()
     {
-        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-        for (const QString &place : { path, folder->path(), QString() }) {
+        const QMetaObject &meta = SettingsData::staticMetaObject;
+        QStringList names;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            names << QString::fromLatin1(meta.method(i).name());
+        QCOMPARE(names.join(QLatin1Char(' ')),
+                 QStringLiteral("CSS_changed translation_changed files_to_load "
+                                "window_geometry_loaded dial_settings_changed"));
+    }
+
+    void aCopyTakesTheSectionsOfItsMaskAndTheApplication()
+    {
+        SettingsData *from = filledStore();
+        from->current_CSS = QStringLiteral("text");
+        from->languageList[19].id = 19;
+        from->languageList[19].CODE = QStringLiteral("xx");
+        from->languageList[19].label = QStringLiteral("X");
+        // Never looked at: any address does.
+        from->curAppPointer = reinterpret_cast<QApplication *>(from);
+        for (const int mask : { 0, 1, 2, 4, 8, 16, 32, 63 }) {
             SettingsData data(nullptr);
-            data.loadSettings(place, 63);
-            expectDefaults(data);
-            data.saveSettings(place, 63);
+            data.copy(from, mask);
+            expectSections(data, mask);
+            const auto has = [mask](int bit) { return (mask & bit) != 0; };
+            QCOMPARE(data.current_files[1] == from->current_files[1], has(1));
+            QCOMPARE(data.current_CSS == from->current_CSS, has(2));
+            QCOMPARE(data.work_folders == from->work_folders, has(4));
+            QCOMPARE(data.languageList[19].id == 19, has(8));
+            QCOMPARE(data.languageList[19].CODE == QStringLiteral("xx"), has(8));
+            QCOMPARE(data.languageList[19].label == QStringLiteral("X"), has(8));
+            QCOMPARE(data.curAppPointer, from->curAppPointer);
         }
-        QVERIFY(!QFileInfo(path).isFile());
-        QCOMPARE(QDir(folder->path()).entryList(QDir::System | QDir::Files).size(), 1);
     }
 
-    void aLockFileBlocksNothing()
+    void aSheetIsReadByteByByteUpToFourMegabytes()
     {
-        QVERIFY(QDir().mkdir(path + QStringLiteral(".lock")));
         SettingsData data(nullptr);
-        data.saveSettings(path, 32);
-        QCOMPARE(contentOf(path), QByteArray("[Dials]\ncursorSpeed=100\nparamSpeed=100\n"));
+        data.current_CSS_path = folder->filePath(QStringLiteral("a.qss"));
+        QSignalSpy spy(&data, &SettingsData::CSS_changed);
+        writeFile(data.current_CSS_path, QByteArray("a\xe9\0z", 4));
+        data.parse_CSS();
+        QCOMPARE(data.current_CSS, QString::fromUtf16(u"a\u00e9\0z", 4));
+        QCOMPARE(spy.count(), 1);
+        const QByteArray largest(4 * 1024 * 1024, ' ');
+        writeFile(data.current_CSS_path, largest);
+        data.parse_CSS();
+        QCOMPARE(data.current_CSS.size(), largest.size());
+        writeFile(data.current_CSS_path, largest + ' ');
+        for (const QString &place : { data.current_CSS_path, folder->path(), QString(),
+                                      folder->filePath(QStringLiteral("missing.qss")) }) {
+            data.current_CSS = QStringLiteral("the sheet before");
+            data.current_CSS_path = place;
+            spy.clear();
+            data.parse_CSS();
+            QCOMPARE(data.current_CSS, QString());
+            QCOMPARE(spy.count(), 1);
+        }
     }
-#endif
+
+    void aLanguageIsInstalledAndRemoved()
+    {
+        // The last one delays nothing: it is cut for the search.
+        const QString endless(1000000, QLatin1Char('_'));
+        for (const QString &code : { QStringLiteral("en_US"), QStringLiteral("de_DE"), QString(),
+                                     QStringLiteral("../../etc"), endless }) {
+            SettingsData data(nullptr);
+            const QSignalSpy spy(&data, &SettingsData::translation_changed);
+            data.current_language = QStringLiteral("ru_RU");
+            data.setTranslation();
+            data.setTranslation();
+            QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"),
+                     QStringLiteral("Отчистить"));
+            data.current_language = code;
+            QElapsedTimer clock;
+            clock.start();
+            data.setTranslation();
+            QVERIFY(clock.elapsed() < 5000);
+            QCOMPARE(QCoreApplication::translate("Dictionary", "Clear"), QStringLiteral("Clear"));
+            QCOMPARE(data.current_language, code);
+            QCOMPARE(spy.count(), 3);
+        }
+    }
 
 private:
+    /// Fails unless \a data holds the sections of \a mask of the filled store and no other.
+    void expectSections(const SettingsData &data, int mask) const
+    {
+        const auto has = [mask](int bit) { return (mask & bit) != 0; };
+        QCOMPARE(data.read_index == store->read_index, has(1));
+        QCOMPARE(data.master_ID == store->master_ID, has(1));
+        QCOMPARE(data.current_files[0] == store->current_files[0], has(1));
+        QCOMPARE(data.current_files[5] == store->current_files[5], has(1));
+        QCOMPARE(data.current_CSS_path == store->current_CSS_path, has(2));
+        QCOMPARE(data.last_folder == store->last_folder, has(4));
+        QCOMPARE(!data.work_folders.isEmpty(), has(4));
+        QCOMPARE(data.current_language == store->current_language, has(8));
+        QCOMPARE(data.window_geometry == store->window_geometry, has(16));
+        QCOMPARE(data.window_state == store->window_state, has(16));
+        QCOMPARE(data.cursor_dial_speed == store->cursor_dial_speed, has(32));
+        QCOMPARE(data.param_dial_speed == store->param_dial_speed, has(32));
+    }
+
     SettingsData *filledStore()
     {
         store.reset(new SettingsData(nullptr));
@@ -294,6 +349,7 @@ private:
         store->current_files[5] = QStringLiteral("/трасса,@DateTime(а).tdr");
         store->current_language = QStringLiteral("ru_RU");
         store->current_CSS_path = QStringLiteral("/a b/@style.qss");
+        store->work_folders << QStringLiteral("a");
         store->last_folder = QStringLiteral("/трасса ");
         store->window_geometry = QByteArray("\x00\x01\xff,;=\"\\)\n", 10);
         store->window_state = QByteArray(300, '\0');
