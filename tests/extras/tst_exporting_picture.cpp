@@ -4,7 +4,6 @@
 #include "each.h"
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
-#include "settingsdata.h"
 #include "windowstate.h"
 #include "windowtest.h"
 
@@ -52,6 +51,15 @@ struct Drawing
         } else {
             texts.append({ text, place });
         }
+    }
+
+    bool isWithinItsArea() const
+    {
+        for (const Line &line : lines)
+            for (const QPointF &point : line.points)
+                if (!area.contains(point))
+                    return false;
+        return true;
     }
 
     QStringList words() const
@@ -123,13 +131,6 @@ QVector<TraceBuilder> sixTraces()
              comb().shiftX(9), comb().minstep(10.0F), comb().shiftX(quint32(-30)) };
 }
 
-void speak(MainWindow &window, const char *language)
-{
-    window.settings()->current_language = QLatin1String(language);
-    window.settings()->setTranslation();
-    emit window.settings()->translation_changed();
-}
-
 } // namespace
 
 /// Pictures, pages and drawings of what the window shows.
@@ -138,263 +139,245 @@ class TestExportingPicture : public WindowTest
     Q_OBJECT
 
 private slots:
-    void captionTellsEverything();
-    void nothingIsClippedNorCovered();
-    void tracesKeepTheirHueOnWhite();
-    void pictureHasTheGroundOfTheScreen();
-    void pictureFitsOnAPage();
-    void levelLinesAreDashedWithinTheView();
-    void curvesGoThroughTheirSamples();
-    void hiddenTracesAreLeftOut();
-    void pageIsOneOfA4();
-    void drawingChangesNothing();
-    void oddRecordsCanBeDrawn();
-    void linesAreClipped();
-};
-
-void TestExportingPicture::captionTellsEverything()
-{
-    MainWindow &window = openOn({ comb(), comb().date(2031, 12, 5), comb() }, 1);
-    QTest::mouseClick(probe().rfg_buttons()->button(2), Qt::LeftButton);
-    QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-    QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-    struct Row
+    void captionTellsEverything()
     {
-        const char *name; ///< of the language
-        QStringList words;
-    };
-    each<Row>({ { "en_US",
-                  { QStringLiteral("m"), QStringLiteral("RFG 1"), QStringLiteral("master"),
-                    QStringLiteral("selected"), QStringLiteral("RFG 2 minus each"),
-                    QStringLiteral("Smooth") } },
-                { "ru_RU",
-                  { QStringLiteral("м"), QStringLiteral("РФГ 1"), QStringLiteral("мастер"),
-                    QStringLiteral("выбрана"), QStringLiteral("РФГ 2 минус каждая"),
-                    QStringLiteral("Сглаживание") } } },
-              [&](const Row &row) {
-                  speak(window, row.name);
-                  QStringList words = row.words;
-                  for (int slot = 0; slot < 3; ++slot)
-                      words << extras::fileOf(window, slot) << extras::measuredOf(window, slot);
-                  for (const auto &[name, value] : extras::factsOf(window))
-                      words << name << value;
-                  const QStringList drawn = drawingOf(window).words();
-                  for (const QString &word : std::as_const(words))
-                      QVERIFY2(drawn.contains(word), qPrintable(word));
-              });
-}
-
-void TestExportingPicture::nothingIsClippedNorCovered()
-{
-    QStringList paths;
-    const QVector<TraceBuilder> traces = sixTraces();
-    for (int i = 0; i < traces.size(); ++i)
-        paths.append(fixture->trace(QString(20 * i + 1, u'n') + QLatin1String(".tdr"), traces[i]));
-    WindowFixture::writePreviousRun(paths);
-    MainWindow &window = fixture->open();
-    // Twenty labels of four digits at the widest scale.
-    window.KU_change(1.2);
-    // Both at one place, near the right edge.
-    for (QPushButton *cursor : { probe().curB_nav_button(), probe().curA_nav_button() }) {
-        QTest::mouseClick(cursor, Qt::LeftButton);
-        window.cursorSetup_slot(996);
+        const MainWindow &window = openOn({ comb(), comb().date(2031, 12, 5), comb() }, 1);
+        QTest::mouseClick(probe().rfg_buttons()->button(2), Qt::LeftButton);
+        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+        struct Row
+        {
+            const char *name; ///< of the language
+            QStringList words;
+        };
+        each<Row>({ { "en_US",
+                      { QStringLiteral("m"), QStringLiteral("RFG 1"), QStringLiteral("master"),
+                        QStringLiteral("selected"), QStringLiteral("RFG 2 minus each"),
+                        QStringLiteral("Smooth") } },
+                    { "ru_RU",
+                      { QStringLiteral("м"), QStringLiteral("РФГ 1"), QStringLiteral("мастер"),
+                        QStringLiteral("выбрана"), QStringLiteral("РФГ 2 минус каждая"),
+                        QStringLiteral("Сглаживание") } } },
+                  [&](const Row &row) {
+                      speak(row.name);
+                      QStringList words = row.words;
+                      for (int slot = 0; slot < 3; ++slot)
+                          words << extras::fileOf(window, slot) << extras::measuredOf(window, slot);
+                      for (const auto &[name, value] : extras::factsOf(window))
+                          words << name << value;
+                      const QStringList drawn = drawingOf(window).words();
+                      for (const QString &word : std::as_const(words))
+                          QVERIFY2(drawn.contains(word), qPrintable(word));
+                  });
     }
-    for (const QSize size : { QSize(800, 500), QSize(1280, 800), QSize(2560, 1440) })
-        for (const char *language : { "en_US", "ru_RU" })
-            for (const int scale : { 2, 8 }) { // with and without differences and smoothing
-                window.resize(size);
-                speak(window, language);
-                QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-                QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-                window.scale_change(scale);
-                const Drawing drawing = drawingOf(window);
-                // The caption is not higher than the chart.
-                QVERIFY(drawing.area.height() < 2 * viewport()->height());
-                for (const Drawing::Line &line : drawing.lines)
-                    for (const QPointF &point : line.points)
-                        QVERIFY(drawing.area.contains(point));
-                for (int i = 0; i < drawing.texts.size(); ++i) {
-                    const auto &[text, place] = drawing.texts[i];
-                    QVERIFY2(drawing.area.contains(place), qPrintable(text));
-                    for (int j = 0; j < i; ++j)
-                        QVERIFY2(!place.intersects(drawing.texts[j].place), qPrintable(text));
+
+    void nothingIsClippedNorCovered()
+    {
+        QStringList paths;
+        const QVector<TraceBuilder> traces = sixTraces();
+        for (int i = 0; i < traces.size(); ++i)
+            paths.append(
+                fixture->trace(QString(20 * i + 1, u'n') + QLatin1String(".tdr"), traces[i]));
+        WindowFixture::writePreviousRun(paths);
+        MainWindow &window = fixture->open();
+        // Twenty labels of four digits at the widest scale.
+        window.KU_change(1.2);
+        // Both at one place, near the right edge.
+        for (QPushButton *cursor : { probe().curB_nav_button(), probe().curA_nav_button() }) {
+            QTest::mouseClick(cursor, Qt::LeftButton);
+            window.cursorSetup_slot(996);
+        }
+        for (const QSize size : { QSize(800, 500), QSize(1280, 800), QSize(2560, 1440) })
+            for (const char *language : { "en_US", "ru_RU" })
+                for (const int scale : { 2, 8 }) { // with and without differences and smoothing
+                    window.resize(size);
+                    speak(language);
+                    QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+                    QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+                    window.scale_change(scale);
+                    const Drawing drawing = drawingOf(window);
+                    // The caption is not higher than the chart.
+                    QVERIFY(drawing.area.height() < 2 * viewport()->height());
+                    QVERIFY(drawing.isWithinItsArea());
+                    for (int i = 0; i < drawing.texts.size(); ++i) {
+                        const auto &[text, place] = drawing.texts[i];
+                        QVERIFY2(drawing.area.contains(place), qPrintable(text));
+                        for (int j = 0; j < i; ++j)
+                            QVERIFY2(!place.intersects(drawing.texts[j].place), qPrintable(text));
+                    }
                 }
-            }
-}
-
-void TestExportingPicture::tracesKeepTheirHueOnWhite()
-{
-    const extras::Ink ink(openOn({ comb() }), Ground::White);
-    QCOMPARE(ink.ground(), QColor(Qt::white));
-    for (const quint32 screen : constants::slotColours) {
-        const QColor colour = ink.of(QColor::fromRgba(screen));
-        QVERIFY(contrast(colour.rgb(), 0xFFFFFFFF) >= 3.0);
-        QCOMPARE(colour.hsvHue(), QColor::fromRgba(screen).hsvHue());
-        QCOMPARE(colour.hsvSaturation(), 255);
     }
-    QVERIFY(contrast(ink.text().rgb(), 0xFFFFFFFF) >= 4.5);
-    QVERIFY(contrast(ink.of(Qt::gray).rgb(), 0xFFFFFFFF) >= 4.5);
-}
 
-void TestExportingPicture::pictureHasTheGroundOfTheScreen()
-{
-    const MainWindow &window = openOn({ comb() });
-    QCOMPARE(extras::chartPicture(window, Ground::Screen).pixelColor(0, 0), QColor(11, 12, 13));
-    QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-    const QImage picture = extras::chartPicture(window, Ground::Screen);
-    QCOMPARE(picture.pixelColor(0, 0), QColor(40, 40, 60));
-    QCOMPARE(picture.pixelColor(picture.width() - 1, picture.height() - 1), QColor(40, 40, 60));
-    QCOMPARE(extras::chartPicture(window, Ground::White).pixelColor(0, 0), QColor(Qt::white));
-}
-
-void TestExportingPicture::pictureFitsOnAPage()
-{
-    MainWindow &window = openOn({ comb() });
-    const QImage small = extras::chartPicture(window, Ground::Screen);
-    QCOMPARE(small.dotsPerMeterX(), 11811);
-    QCOMPARE(small.dotsPerMeterY(), 11811);
-    const double dots = viewport()->width() * 300.0 / window.logicalDpiX();
-    QVERIFY(std::abs(small.width() - dots) <= 1.0);
-    window.resize(2560, 1440);
-    QCOMPARE(extras::chartPicture(window, Ground::Screen).width(), 3300);
-}
-
-void TestExportingPicture::levelLinesAreDashedWithinTheView()
-{
-    MainWindow &window = openOn({ comb() });
-    window.cursorSetup_slot(100);
-    for (const int scale : { 0, 2, 8 }) {
-        window.scale_change(scale);
-        const Drawing drawing = drawingOf(window);
-        int dashed = 0;
-        for (const Drawing::Line &line : drawing.lines) {
-            dashed += line.dashed ? 1 : 0;
-            QVERIFY(!line.dashed || line.points.size() == 2);
-            QVERIFY(!line.dashed || drawing.area.contains(line.points.last()));
-        }
-        QCOMPARE(dashed, 2);
-    }
-}
-
-void TestExportingPicture::curvesGoThroughTheirSamples()
-{
-    openOn({ TraceBuilder().samples([](int i) { return i % 5 == 0 ? 100 : 0; }) });
-    QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-    const QRgb green = extras::Ink(window(), Ground::White).of(QColor(0, 255, 0)).rgb();
-    QPolygonF curve;
-    const QVector<Drawing::Line> lines = drawingOf(window()).lines;
-    for (const Drawing::Line &line : lines)
-        if (line.colour == green && line.points.size() > curve.size())
-            curve = line.points;
-    // Between the crests, which are five samples apart, the curve falls and rises in many pieces.
-    QVERIFY(curve.size() > 1000);
-    const double top = curve.first().y();
-    int crests = 0;
-    for (int i = 1; i + 1 < curve.size(); ++i) {
-        QVERIFY(curve[i].x() >= curve[i - 1].x());
-        crests += std::abs(curve[i].y() - top) < 0.01 ? 1 : 0;
-    }
-    QVERIFY2(crests >= 49, qPrintable(QString::number(crests)));
-}
-
-void TestExportingPicture::hiddenTracesAreLeftOut()
-{
-    MainWindow &window = openOn({ comb(), comb().shiftY(40) });
-    const QRgb second = extras::Ink(window, Ground::White).of(QColor(0, 255, 255)).rgb();
-    const auto linesOfSecond = [&] {
-        const Drawing drawing = drawingOf(window);
-        return std::count_if(drawing.lines.begin(), drawing.lines.end(),
-                             [&](const Drawing::Line &line) { return line.colour == second; });
-    };
-    // The trace, and its sample in the caption.
-    QCOMPARE(linesOfSecond(), 2);
-    window.RFG_visibleToggle(1, false);
-    QCOMPARE(linesOfSecond(), 0);
-    QVERIFY(!drawingOf(window).words().contains(QStringLiteral("t2.tdr")));
-}
-
-void TestExportingPicture::pageIsOneOfA4()
-{
-    const QByteArray pdf = extras::chartPage(openOn({ comb() }));
-    QVERIFY(pdf.startsWith("%PDF-1."));
-    QVERIFY(pdf.trimmed().endsWith("%%EOF"));
-    QCOMPARE(pdf.count("/Type /Page\n"), 1);
-    QCOMPARE(pdf.count("/Subtype /Image"), 0);
-    QVERIFY(pdf.contains("/FontFile2"));
-    const QList<QByteArray> box = pdf.mid(pdf.indexOf("/MediaBox [") + 11, 40).split(' ');
-    QCOMPARE(box[2].toDouble(), 842.0); // points
-    QCOMPARE(box[3].left(3), QByteArray("595"));
-}
-
-void TestExportingPicture::drawingChangesNothing()
-{
-    MainWindow &window = openOn({ comb(), comb().minstep(2.5F) });
-    window.cursorSetup_slot(80);
-    WindowFixture::settle();
-    const QStringList state = stateOf(window);
-    const QImage screen = screenOf(window);
-    QVERIFY(!extras::chartPicture(window, Ground::White).isNull());
-    QVERIFY(!extras::chartPage(window).isEmpty());
-    QVERIFY(!extras::chartDrawing(window).isEmpty());
-    QVERIFY(!extras::table(window).isEmpty());
-    WindowFixture::settle();
-    QCOMPARE(stateOf(window), state);
-    QCOMPARE(screenOf(window), screen);
-}
-
-void TestExportingPicture::oddRecordsCanBeDrawn()
-{
-    const float none = std::numeric_limits<float>::quiet_NaN();
-    MainWindow &window = openOn(
-        { TraceBuilder().minstep(none).ku(none), comb().delay(0xFFFFFFFF).shiftX(0xFFFFFFFF),
-          comb().minstep(1.0e30F).shiftX(0x7FFFFFFF), comb().delay(1).shiftY(-32768) });
-    for (QPushButton *mode :
-         { probe().smooth_button(), probe().difference_button(), probe().smooth_button() }) {
-        QTest::mouseClick(mode, Qt::LeftButton);
-        for (int slot = 0; slot < 4; ++slot) {
-            window.rfgSelect_slot(slot);
-            window.cursorSetup_slot(constants::xLength);
-            const Drawing drawing = drawingOf(window);
-            for (const Drawing::Line &line : drawing.lines)
-                for (const QPointF &point : line.points)
-                    QVERIFY(drawing.area.contains(point));
-            QVERIFY(!extras::chartPicture(window, Ground::Screen).isNull());
-            QVERIFY(extras::chartPage(window).trimmed().endsWith("%%EOF"));
-        }
-    }
-}
-
-void TestExportingPicture::linesAreClipped()
-{
-    const QRectF area(0.0, 0.0, 100.0, 100.0);
-    struct Row
+    void tracesKeepTheirHueOnWhite()
     {
-        const char *name;
-        QPolygonF line;
-        QVector<QPolygonF> parts;
-    };
-    const auto line
-        = [](std::initializer_list<QPointF> points) { return QPolygonF(QVector<QPointF>(points)); };
-    each<Row>({ { "within",
-                  line({ { 1, 2 }, { 3, 4 }, { 5, 2 } }),
-                  { line({ { 1, 2 }, { 3, 4 }, { 5, 2 } }) } },
-                { "through",
-                  line({ { -9000, 50 }, { 9000, 50 } }),
-                  { line({ { 0, 50 }, { 100, 50 } }) } },
-                { "out and in again",
-                  line({ { 50, 50 }, { 50, 150 }, { 60, 150 }, { 60, 50 } }),
-                  { line({ { 50, 50 }, { 50, 100 } }), line({ { 60, 100 }, { 60, 50 } }) } },
-                { "beside", line({ { -10, 150 }, { 9000, 150 } }), {} },
-                { "around the corner", line({ { -50, 20 }, { 20, -60 } }), {} },
-                { "nothing", {}, {} } },
-              [&](const Row &row) {
-                  QVector<QPolygonF> parts;
-                  const auto all = extras::clipped(row.line, area).toSubpathPolygons();
-                  for (const QPolygonF &part : all)
-                      parts.append(part);
-                  QCOMPARE(parts, row.parts);
-              });
-}
+        const extras::Ink ink(openOn({ comb() }), Ground::White);
+        QCOMPARE(ink.ground(), QColor(Qt::white));
+        for (const quint32 screen : constants::slotColours) {
+            const QColor colour = ink.of(QColor::fromRgba(screen));
+            QVERIFY(contrast(colour.rgb(), 0xFFFFFFFF) >= 3.0);
+            QCOMPARE(colour.hsvHue(), QColor::fromRgba(screen).hsvHue());
+            QCOMPARE(colour.hsvSaturation(), 255);
+        }
+        QVERIFY(contrast(ink.text().rgb(), 0xFFFFFFFF) >= 4.5);
+        QVERIFY(contrast(ink.of(Qt::gray).rgb(), 0xFFFFFFFF) >= 4.5);
+    }
+
+    void pictureFitsOnAPageAndHasTheGroundOfTheScreen()
+    {
+        MainWindow &window = openOn({ comb() });
+        QCOMPARE(extras::chartPicture(window, Ground::Screen).pixelColor(0, 0), QColor(11, 12, 13));
+        QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
+        const QImage picture = extras::chartPicture(window, Ground::Screen);
+        QCOMPARE(picture.pixelColor(0, 0), QColor(40, 40, 60));
+        QCOMPARE(picture.pixelColor(picture.width() - 1, picture.height() - 1), QColor(40, 40, 60));
+        QCOMPARE(extras::chartPicture(window, Ground::White).pixelColor(0, 0), QColor(Qt::white));
+        QCOMPARE(picture.dotsPerMeterX(), 11811);
+        QCOMPARE(picture.dotsPerMeterY(), 11811);
+        const double dots = viewport()->width() * 300.0 / window.logicalDpiX();
+        QVERIFY(std::abs(picture.width() - dots) <= 1.0);
+        window.resize(2560, 1440);
+        QCOMPARE(extras::chartPicture(window, Ground::Screen).width(), 3300);
+    }
+
+    void levelLinesAreDashedWithinTheView()
+    {
+        MainWindow &window = openOn({ comb() });
+        window.cursorSetup_slot(100);
+        for (const int scale : { 0, 2, 8 }) {
+            window.scale_change(scale);
+            const Drawing drawing = drawingOf(window);
+            int dashed = 0;
+            for (const Drawing::Line &line : drawing.lines) {
+                dashed += line.dashed ? 1 : 0;
+                QVERIFY(!line.dashed || line.points.size() == 2);
+                QVERIFY(!line.dashed || drawing.area.contains(line.points.last()));
+            }
+            QCOMPARE(dashed, 2);
+        }
+    }
+
+    void curvesGoThroughTheirSamples()
+    {
+        openOn({ TraceBuilder().samples([](int i) { return i % 5 == 0 ? 100 : 0; }) });
+        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
+        const QRgb green = extras::Ink(window(), Ground::White).of(QColor(0, 255, 0)).rgb();
+        QPolygonF curve;
+        const QVector<Drawing::Line> lines = drawingOf(window()).lines;
+        for (const Drawing::Line &line : lines)
+            if (line.colour == green && line.points.size() > curve.size())
+                curve = line.points;
+        // Between the crests, which are five samples apart, the curve falls and rises in many
+        // pieces.
+        QVERIFY(curve.size() > 1000);
+        const double top = curve.first().y();
+        int crests = 0;
+        for (int i = 1; i + 1 < curve.size(); ++i) {
+            QVERIFY(curve[i].x() >= curve[i - 1].x());
+            crests += std::abs(curve[i].y() - top) < 0.01 ? 1 : 0;
+        }
+        QVERIFY2(crests >= 49, qPrintable(QString::number(crests)));
+    }
+
+    void hiddenTracesAreLeftOut()
+    {
+        MainWindow &window = openOn({ comb(), comb().shiftY(40) });
+        const QRgb second = extras::Ink(window, Ground::White).of(QColor(0, 255, 255)).rgb();
+        const auto linesOfSecond = [&] {
+            const Drawing drawing = drawingOf(window);
+            return std::count_if(drawing.lines.begin(), drawing.lines.end(),
+                                 [&](const Drawing::Line &line) { return line.colour == second; });
+        };
+        // The trace, and its sample in the caption.
+        QCOMPARE(linesOfSecond(), 2);
+        window.RFG_visibleToggle(1, false);
+        QCOMPARE(linesOfSecond(), 0);
+        QVERIFY(!drawingOf(window).words().contains(QStringLiteral("t2.tdr")));
+    }
+
+    void pageIsOneOfA4()
+    {
+        const QByteArray pdf = extras::chartPage(openOn({ comb() }));
+        QVERIFY(pdf.startsWith("%PDF-1."));
+        QVERIFY(pdf.trimmed().endsWith("%%EOF"));
+        QCOMPARE(pdf.count("/Type /Page\n"), 1);
+        QCOMPARE(pdf.count("/Subtype /Image"), 0);
+        QVERIFY(pdf.contains("/FontFile2"));
+        const QList<QByteArray> box = pdf.mid(pdf.indexOf("/MediaBox [") + 11, 40).split(' ');
+        QCOMPARE(box[2].toDouble(), 842.0); // points
+        QCOMPARE(box[3].left(3), QByteArray("595"));
+    }
+
+    void drawingChangesNothing()
+    {
+        MainWindow &window = openOn({ comb(), comb().minstep(2.5F) });
+        window.cursorSetup_slot(80);
+        WindowFixture::settle();
+        const QStringList state = stateOf(window);
+        const QImage screen = screenOf(window);
+        QVERIFY(!extras::chartPicture(window, Ground::White).isNull());
+        QVERIFY(!extras::chartPage(window).isEmpty());
+        QVERIFY(!extras::chartDrawing(window).isEmpty());
+        QVERIFY(!extras::table(window).isEmpty());
+        WindowFixture::settle();
+        QCOMPARE(stateOf(window), state);
+        QCOMPARE(screenOf(window), screen);
+    }
+
+    void oddRecordsCanBeExported()
+    {
+        const float none = std::numeric_limits<float>::quiet_NaN();
+        MainWindow &window = openOn(
+            { TraceBuilder().minstep(none).ku(none), comb().delay(0xFFFFFFFF).shiftX(0xFFFFFFFF),
+              comb().minstep(1.0e30F).shiftX(0x7FFFFFFF),
+              comb().delay(1).shiftY(-32768).raw(171, QByteArray(8, '\xFF')) });
+        for (QPushButton *mode :
+             { probe().smooth_button(), probe().difference_button(), probe().smooth_button() }) {
+            QTest::mouseClick(mode, Qt::LeftButton);
+            for (int slot = 0; slot < 4; ++slot) {
+                window.rfgSelect_slot(slot);
+                window.cursorSetup_slot(constants::xLength);
+                QVERIFY(drawingOf(window).isWithinItsArea());
+                QVERIFY(!extras::chartPicture(window, Ground::Screen).isNull());
+                QVERIFY(extras::chartPage(window).trimmed().endsWith("%%EOF"));
+                QVERIFY(!extras::readings(window).isEmpty());
+                QVERIFY(extras::table(window).count('\n') > 250);
+            }
+        }
+    }
+
+    void linesAreClipped()
+    {
+        const QRectF area(0.0, 0.0, 100.0, 100.0);
+        struct Row
+        {
+            const char *name;
+            QPolygonF line;
+            QVector<QPolygonF> parts;
+        };
+        const auto line = [](std::initializer_list<QPointF> points) {
+            return QPolygonF(QVector<QPointF>(points));
+        };
+        each<Row>({ { "within",
+                      line({ { 1, 2 }, { 3, 4 }, { 5, 2 } }),
+                      { line({ { 1, 2 }, { 3, 4 }, { 5, 2 } }) } },
+                    { "through",
+                      line({ { -9000, 50 }, { 9000, 50 } }),
+                      { line({ { 0, 50 }, { 100, 50 } }) } },
+                    { "out and in again",
+                      line({ { 50, 50 }, { 50, 150 }, { 60, 150 }, { 60, 50 } }),
+                      { line({ { 50, 50 }, { 50, 100 } }), line({ { 60, 100 }, { 60, 50 } }) } },
+                    { "beside", line({ { -10, 150 }, { 9000, 150 } }), {} },
+                    { "around the corner", line({ { -50, 20 }, { 20, -60 } }), {} },
+                    { "nothing", {}, {} } },
+                  [&](const Row &row) {
+                      QVector<QPolygonF> parts;
+                      const auto all = extras::clipped(row.line, area).toSubpathPolygons();
+                      for (const QPolygonF &part : all)
+                          parts.append(part);
+                      QCOMPARE(parts, row.parts);
+                  });
+    }
+};
 
 QTEST_MAIN(TestExportingPicture)
 #include "tst_exporting_picture.moc"

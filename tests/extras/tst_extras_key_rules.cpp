@@ -303,16 +303,6 @@ private slots:
         press(&window, Qt::Key_D);
         QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
     }
-
-    void aKeyDoesNothingThatTheMouseCannotDo()
-    {
-        MainWindow &window = openThree();
-        press(&window, Qt::Key_6);
-        const QStringList before = stateOf(window);
-        for (const int key : { Qt::Key_H, Qt::Key_M, Qt::Key_F5, Qt::Key_Delete })
-            press(&window, key);
-        QCOMPARE(stateOf(window), before);
-    }
 };
 
 QTEST_MAIN(TestExtrasKeyRules)

@@ -34,9 +34,8 @@ MainWindow &WindowTest::openOn(const QVector<TraceBuilder> &traces, int master)
 
 void WindowTest::setLanguage(const char *code)
 {
-    SettingsData *settings = probe().settingsData();
-    settings->current_language = QString::fromLatin1(code);
-    settings->updateSettings(8);
+    window().settings()->current_language = QString::fromLatin1(code);
+    window().settings()->updateSettings(1 << SettingsData::LanguageSection);
     WindowFixture::settle();
 }
 
