@@ -45,15 +45,16 @@ velkor_add_fuzz_search(window LONGEST 3105 COST 150 ROBUST 5000 SOAK 100000)
 velkor_add_fuzz_search(settings LONGEST 4096 COST 10 ROBUST 10000 SOAK 300000)
 velkor_add_fuzz_search(texts LONGEST 4096 COST 25 ROBUST 3000 SOAK 100000)
 
-velkor_add_search(monkey COST 120 COMMAND velkor-monkey --keep ${findings}
-  ROBUST --seeds 1..3 --events 20000
-  SOAK --new-seeds 100 --events 10000)
-velkor_add_search(rounds COST 20 COMMAND velkor-monkey
-  ROBUST --rounds 10
-  SOAK --new-seeds 1 --rounds 6000)
+set(monkey $<TARGET_FILE_DIR:velkor-monkey>)
+velkor_add_search(monkey COST 120 COMMAND ${monkey}/monkey.dir/monkey seeds
+  ROBUST 1 3 20000 ${findings}
+  SOAK new 100 10000 ${findings})
+velkor_add_search(rounds COST 20 COMMAND ${monkey}/rounds.dir/rounds rounds
+  ROBUST 1 10
+  SOAK new 6000)
 velkor_add_search(kills COST 10 COMMAND velkor-faults
-  ROBUST --kills 200 --program-kills 20
-  SOAK --kills 2000 --program-kills 200 --seed 0)
+  ROBUST kills 200 1
+  SOAK kills 2000 new)
 velkor_add_search(failing_calls COST 12 COMMAND velkor-faults
-  ROBUST --every 10
-  SOAK --every 1)
+  ROBUST calls 10
+  SOAK calls 1)

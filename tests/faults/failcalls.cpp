@@ -3,10 +3,9 @@
 // Preloaded library (LD_PRELOAD): counts the program's calls of open, read, write, rename, fsync
 // and stat, makes one of them fail, and closes the program's windows once they are open.
 //
-//     VELKOR_FAIL_CALL=N     the N-th call fails, counted from 1; 0 lets all succeed
-//     VELKOR_FAIL_REPORT=F   how many calls were counted goes to the file F at the end
-//     VELKOR_CLOSE_SIGNAL=D  a byte is written to the descriptor D when the windows are to be
-//     closed VELKOR_CLOSE_WAIT=D    and a byte is waited for on D before they are
+//     VELKOR_FAIL_CALL=N      the N-th call fails, counted from 1; 0 lets all succeed
+//     VELKOR_FAIL_REPORT=F    the number of calls is written to the file F at the end
+//     VELKOR_BEFORE_CLOSE=C   the shell runs the command C before the windows are closed
 //
 // Calls are counted from the construction of QApplication on, because Qt aborts without a platform
 // plugin. Calls of all libraries count. Reads and writes count on regular files only: on pipes and
@@ -30,12 +29,6 @@ namespace {
 bool counting = false;
 long calls = 0;
 long failing = 0;
-
-long numberIn(const char *variable)
-{
-    const char *text = std::getenv(variable);
-    return text == nullptr ? 0 : std::atol(text);
-}
 
 /// Calls the system directly, so the call is not counted.
 void put(int descriptor, const char *text)
@@ -67,13 +60,6 @@ template <typename Function> Function next(Function, const char *name)
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
-mode_t modeIn(int flags, va_list arguments)
-{
-    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE
-        ? static_cast<mode_t>(va_arg(arguments, unsigned))
-        : 0;
-}
-
 void report()
 {
     counting = false;
@@ -88,12 +74,9 @@ void report()
 
 void closeWindows()
 {
-    const long signal = numberIn("VELKOR_CLOSE_SIGNAL");
-    if (signal > 0)
-        put(static_cast<int>(signal), "c");
-    char go = 0;
-    if (const long wait = numberIn("VELKOR_CLOSE_WAIT"); wait > 0)
-        syscall(SYS_read, wait, &go, 1);
+    const char *command = std::getenv("VELKOR_BEFORE_CLOSE");
+    if (command != nullptr && std::system(command) != 0)
+        std::abort();
     QApplication::closeAllWindows();
 }
 
@@ -101,7 +84,8 @@ void begin()
 {
     // Not in child processes.
     unsetenv("LD_PRELOAD");
-    failing = numberIn("VELKOR_FAIL_CALL");
+    if (const char *number = std::getenv("VELKOR_FAIL_CALL"))
+        failing = std::atol(number);
     std::atexit(report);
     counting = true;
     // When the event loop turns, the window is up.
@@ -116,30 +100,18 @@ extern "C" {
 
 int open(const char *path, int flags, ...)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeIn(flags, arguments);
-    va_end(arguments);
-    static const auto real = next(&open, "open");
+    mode_t mode = 0;
+    if ((flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE) {
+        va_list arguments;
+        va_start(arguments, flags);
+        mode = static_cast<mode_t>(va_arg(arguments, unsigned));
+        va_end(arguments);
+    }
+    static const auto real = next(&open, "open64");
     return fails("open", path, EIO) ? -1 : real(path, flags, mode);
 }
 
-int open64(const char *path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeIn(flags, arguments);
-    va_end(arguments);
-    static const auto real = next(&open64, "open64");
-    return fails("open", path, EIO) ? -1 : real(path, flags, mode);
-}
-
-int __open_2(const char *path, int flags);
-int __open_2(const char *path, int flags)
-{
-    static const auto real = next(&__open_2, "__open_2");
-    return fails("open", path, EIO) ? -1 : real(path, flags);
-}
+int open64(const char *path, int flags, ...) __attribute__((alias("open")));
 
 FILE *fopen(const char *path, const char *mode)
 {
@@ -195,12 +167,6 @@ int linkat(int fromFolder, const char *from, int toFolder, const char *to, int f
     return fails("rename", to, EIO) ? -1 : real(fromFolder, from, toFolder, to, flags);
 }
 
-int fsync(int descriptor)
-{
-    static const auto real = next(&fsync, "fsync");
-    return fails("fsync", nullptr, EIO) ? -1 : real(descriptor);
-}
-
 int fdatasync(int descriptor)
 {
     static const auto real = next(&fdatasync, "fdatasync");
@@ -216,12 +182,6 @@ int stat(const char *path, struct stat *status) noexcept
 int stat64(const char *path, struct stat64 *status) noexcept
 {
     static const auto real = next(&stat64, "stat64");
-    return fails("stat", path, EIO) ? -1 : real(path, status);
-}
-
-int lstat(const char *path, struct stat *status) noexcept
-{
-    static const auto real = next(&lstat, "lstat");
     return fails("stat", path, EIO) ? -1 : real(path, status);
 }
 

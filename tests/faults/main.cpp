@@ -6,53 +6,31 @@
 #include "killing.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QRandomGenerator>
 
 #include <cstdio>
 
-namespace {
-
-/// Drops the debug messages of the window.
-void noMessages(QtMsgType, const QMessageLogContext &, const QString &) { }
-
-} // namespace
-
 int main(int argc, char **argv)
 {
-    qInstallMessageHandler(noMessages);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The window writes a line at each resize.
+    qputenv("QT_LOGGING_RULES", "default.debug=false");
     const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    const QCommandLineOption kills(QStringLiteral("kills"),
-                                   QStringLiteral("Kills a window while it saves."),
-                                   QStringLiteral("N"));
-    const QCommandLineOption programKills(QStringLiteral("program-kills"),
-                                          QStringLiteral("Kills the viewer while it closes."),
-                                          QStringLiteral("N"));
-    const QCommandLineOption every(QStringLiteral("every"),
-                                   QStringLiteral("Lets every N-th call of a run fail, each in a "
-                                                  "run of its own."),
-                                   QStringLiteral("N"));
-    const QCommandLineOption seed(QStringLiteral("seed"),
-                                  QStringLiteral("Of the moments; 0 for a new one."),
-                                  QStringLiteral("N"), QStringLiteral("1"));
-    parser.addOptions({ kills, programKills, every, seed });
-    parser.process(application);
-    const auto number
-        = [&parser](const QCommandLineOption &option) { return parser.value(option).toInt(); };
-    const auto moments = parser.value(seed) == QLatin1String("0")
-        ? QRandomGenerator::global()->generate()
-        : static_cast<unsigned>(number(seed));
-    std::printf("seed %u\n", moments);
-    bool well = true;
-    if (parser.isSet(kills))
-        well = killSavingWindows(number(kills), moments) && well;
-    if (parser.isSet(programKills))
-        well = killClosingPrograms(number(programKills), moments) && well;
-    if (parser.isSet(every))
-        well = failCalls(qMax(1, number(every))) && well;
-    std::fflush(stdout);
-    return well ? 0 : 1;
+    const QByteArray command = argc > 2 ? argv[1] : "";
+    const int count = argc > 2 ? QByteArray(argv[2]).toInt() : 0;
+    if (command == "calls" && argc == 3 && count > 0)
+        return failCalls(count) ? 0 : 1;
+    if (command == "kills" && argc == 4 && count > 0) {
+        const QByteArray text = argv[3];
+        const unsigned seed
+            = text == "new" ? QRandomGenerator::global()->generate() : text.toUInt();
+        std::printf("seed %u\n", seed);
+        return killSavingWindows(count, seed) ? 0 : 1;
+    }
+    std::fprintf(stderr,
+                 "velkor-faults calls N        lets every N-th system call fail, each in a run of "
+                 "its own\n"
+                 "velkor-faults kills N SEED   kills N windows while they save; SEED may be "
+                 "\"new\"\n");
+    return 2;
 }

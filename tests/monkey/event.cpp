@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "event.h"
 
-#include "randomsource.h"
-
 #include <QList>
+#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -37,9 +36,9 @@ constexpr int sumOfWeights()
 }
 static_assert(sumOfWeights() == 1000, "weights are thousandths");
 
-Event::Kind randomKind(RandomSource &random)
+Event::Kind randomKind(QRandomGenerator &random)
 {
-    int rest = random.below(sumOfWeights());
+    int rest = random.bounded(sumOfWeights());
     int kind = 0;
     while (rest >= kinds[kind].weight)
         rest -= kinds[kind++].weight;
@@ -68,14 +67,9 @@ bool readEvent(const QByteArray &line, Event &event)
 
 } // namespace
 
-QByteArray nameOf(Event::Kind kind)
-{
-    return kinds[kind].name;
-}
-
 QByteArray lineOf(const Event &event)
 {
-    QByteArray line = nameOf(event.kind);
+    QByteArray line = kinds[event.kind].name;
     for (const int number : event.numbers)
         line += ' ' + QByteArray::number(number);
     return line + ' ' + QByteArray::number(event.answer);
@@ -83,15 +77,15 @@ QByteArray lineOf(const Event &event)
 
 Script randomScript(unsigned seed, int length)
 {
-    RandomSource random(seed);
+    QRandomGenerator random(seed);
     Script script;
     script.reserve(length);
     for (int i = 0; i < length; ++i) {
         Event event;
         event.kind = randomKind(random);
         for (int &number : event.numbers)
-            number = random.below(Event::bound);
-        event.answer = static_cast<unsigned>(random.below(1 << 30));
+            number = random.bounded(Event::bound);
+        event.answer = random.bounded(1U << 30);
         script.append(event);
     }
     return script;
@@ -119,10 +113,7 @@ Script parsedScript(const QByteArray &text, QString *error)
 
 QByteArray textOf(const Script &script, const QByteArray &comment)
 {
-    QByteArray text;
-    const QList<QByteArray> remarks = comment.split('\n');
-    for (const QByteArray &remark : remarks)
-        text += "# " + remark + '\n';
+    QByteArray text = "# " + comment + '\n';
     for (const Event &event : script)
         text += lineOf(event) + '\n';
     return text;

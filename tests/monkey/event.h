@@ -65,26 +65,11 @@ struct Event
 
 using Script = QVector<Event>;
 
-/// The number of events as int, which Qt 6 would need a cast for.
-inline int lengthOf(const Script &script)
-{
-    return static_cast<int>(script.size());
-}
-
 /// The one of \a choices that the number of an event selects.
 template <typename List> auto pick(const List &choices, int number)
 {
     return choices[number % static_cast<int>(std::size(choices))];
 }
-
-/// \a number of an event, scaled to 0 .. \a count - 1.
-inline int scaled(int number, int count)
-{
-    return number * count / Event::bound;
-}
-
-/// The name of \a kind in a script.
-QByteArray nameOf(Event::Kind kind);
 
 /// "drag 12 500 900 500 4711"
 QByteArray lineOf(const Event &event);
@@ -97,5 +82,5 @@ Script randomScript(unsigned seed, int length);
 /// skipped. On a line that is no event, \a error says which, and the result is empty.
 Script parsedScript(const QByteArray &text, QString *error);
 
-/// \a script as text, after \a comment, which may have several lines.
+/// \a script as text, after a line with \a comment.
 QByteArray textOf(const Script &script, const QByteArray &comment);

@@ -1,137 +1,152 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays random events at the viewer's window. Each run is a process of its own, so that a crash can
-// be reported, repeated and shortened.
-#include "supervisor.h"
-#include "worker.h"
+// Plays random events at the viewer's window and checks its invariants after each.
+#include "childrun.h"
+#include "runs.h"
+#include "shrink.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
+#include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QTemporaryDir>
 
 #include <cstdio>
-#include <cstring>
+#include <sys/wait.h>
 
 namespace {
 
-const QString seedsOption = QStringLiteral("seeds");
-const QString newSeedsOption = QStringLiteral("new-seeds");
-const QString eventsOption = QStringLiteral("events");
-const QString scriptOption = QStringLiteral("script");
-const QString roundsOption = QStringLiteral("rounds");
-const QString keepOption = QStringLiteral("keep");
-const QString progressOption = QStringLiteral("progress");
+constexpr int longestOutput = 6000; ///< characters that are printed of a failed run
+constexpr int tries = 400; ///< runs that shorten one script
 
-void parse(QCommandLineParser &parser, const QStringList &arguments)
+/// Prints what is \a broken and returns the exit code.
+int report(const QStringList &broken)
 {
-    parser.setApplicationDescription(QStringLiteral(
-        "Plays random events at the viewer's window and checks its invariants after each."));
-    parser.addHelpOption();
-    parser.addOptions({
-        { seedsOption, QStringLiteral("Seeds to play."), QStringLiteral("A..B"),
-          QStringLiteral("1..3") },
-        { newSeedsOption, QStringLiteral("Plays N new seeds instead."), QStringLiteral("N") },
-        { eventsOption, QStringLiteral("Events per seed."), QStringLiteral("N"),
-          QStringLiteral("1000") },
-        { scriptOption, QStringLiteral("Plays this script instead."), QStringLiteral("FILE") },
-        { roundsOption,
-          QStringLiteral("Plays N rounds of 500 events in one window and checks memory and "
-                         "descriptors after each."),
-          QStringLiteral("N") },
-        { keepOption, QStringLiteral("Where the script of a failure is saved."),
-          QStringLiteral("FOLDER"), QStringLiteral(".") },
-        { QStringLiteral("worker"), QStringLiteral("Plays in this process.") },
-        { progressOption, QStringLiteral("Where a worker writes the number of its event."),
-          QStringLiteral("FILE") },
-    });
-    parser.process(arguments);
-}
-
-/// "3" or "1..100"; false when \a text is neither.
-bool readRange(const QString &text, int &first, int &last)
-{
-    bool good = false;
-    bool alsoGood = false;
-    first = text.section(QLatin1String(".."), 0, 0).toInt(&good);
-    last = text.section(QLatin1String(".."), -1).toInt(&alsoGood);
-    return good && alsoGood && first >= 0 && first <= last;
-}
-
-int supervise(const QCommandLineParser &parser)
-{
-    int first = 0;
-    int last = 0;
-    if (parser.isSet(newSeedsOption)) {
-        first = QRandomGenerator::global()->bounded(1 << 30);
-        last = first + parser.value(newSeedsOption).toInt() - 1;
-    } else if (!readRange(parser.value(seedsOption), first, last)) {
-        std::fprintf(stderr, "the seeds are a number or two: 7 or 1..100\n");
-        return 2;
-    }
-    const Supervisor supervisor(parser.value(keepOption));
-    if (parser.isSet(scriptOption))
-        return supervisor.playScript(parser.value(scriptOption)) ? 0 : 1;
-    if (parser.isSet(roundsOption))
-        return supervisor.playRounds(first, parser.value(roundsOption).toInt()) ? 0 : 1;
-    bool passed = true;
-    for (int seed = first; seed <= last; ++seed)
-        passed = supervisor.playSeed(seed, parser.value(eventsOption).toInt()) && passed;
-    return passed ? 0 : 1;
-}
-
-/// Drops what the window logs for support and what the offscreen platform cannot do.
-void filterMessages(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    const bool platform = text.startsWith(QLatin1String("This plugin does not support"));
-    if (type != QtDebugMsg && type != QtInfoMsg && !platform)
-        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-    if (type == QtFatalMsg)
-        std::abort();
-}
-
-QStringList brokenByFile(const QString &path, const QString &progressPath)
-{
-    QFile file(path);
-    QString error = QStringLiteral("cannot be read");
-    Script script;
-    if (file.open(QIODevice::ReadOnly))
-        script = parsedScript(file.readAll(), &error);
-    if (script.isEmpty())
-        return { path + QLatin1Char(' ') + error };
-    QFile progress(progressPath);
-    const bool notes = progress.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    return brokenBy(script, [&](int number) {
-        if (notes) {
-            progress.seek(0);
-            progress.write(QByteArray::number(number).rightJustified(10));
-        }
-    });
-}
-
-int work(const QCommandLineParser &parser)
-{
-    qInstallMessageHandler(filterMessages);
-    const QStringList broken = parser.isSet(roundsOption)
-        ? brokenInRounds(parser.value(seedsOption).toUInt(), parser.value(roundsOption).toInt())
-        : brokenByFile(parser.value(scriptOption), parser.value(progressOption));
     for (const QString &line : broken)
         std::printf("broken: %s\n", qUtf8Printable(line));
-    std::fflush(stdout);
     return broken.isEmpty() ? 0 : 1;
+}
+
+int play(const Script &script, int &progress)
+{
+    char name[] = "velkor-monkey";
+    char *arguments[] = { name, nullptr };
+    int count = 1;
+    const QApplication application(count, arguments);
+    return report(brokenBy(script, progress));
+}
+
+/// Plays \a script in a process of its own, so that a crash can be repeated.
+Ending endingOf(const Script &script)
+{
+    // A crash leaves files behind, and Qt saves settings that the next run would read.
+    const QTemporaryDir folder;
+    return runInChild([&](int &progress) {
+        qputenv("TMPDIR", folder.path().toLocal8Bit());
+        qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+        return play(script, progress);
+    });
+}
+
+/// What failed, without its numbers: equal for two runs that fail in the same way. Empty for a run
+/// that passed.
+QByteArray verdictOf(const Ending &ending)
+{
+    if (ending.status == 0)
+        return {};
+    const QList<QByteArray> lines = ending.output.split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("broken: "))
+            return line.left(line.indexOf(':', 8));
+        if (line.startsWith("stall: "))
+            return "stall";
+        if (line.contains("runtime error: "))
+            return line.left(line.indexOf(':'));
+        if (line.contains("ERROR: AddressSanitizer: ") || line.contains("ERROR: LeakSanitizer: "))
+            return line.mid(line.indexOf("ERROR: ")).split(' ').mid(0, 3).join(' ');
+    }
+    return WIFSIGNALED(ending.status) ? "signal " + QByteArray::number(WTERMSIG(ending.status))
+                                      : "code " + QByteArray::number(WEXITSTATUS(ending.status));
+}
+
+/// Plays \a events random events. After a failure prints it, and saves a shortened script in
+/// \a folder.
+bool playSeed(unsigned seed, int events, const QDir &folder)
+{
+    const Script script = randomScript(seed, events);
+    const Ending ending = endingOf(script);
+    const QByteArray verdict = verdictOf(ending);
+    std::printf("seed %u, %d events: %s\n", seed, events,
+                verdict.isEmpty() ? "passed" : verdict.constData());
+    if (verdict.isEmpty())
+        return true;
+    std::printf("at event %d:\n%s\n", ending.progress,
+                ending.output.right(longestOutput).constData());
+    std::fflush(stdout);
+    const auto failsAlike
+        = [&](const Script &shorter) { return verdictOf(endingOf(shorter)) == verdict; };
+    Script failing = script.mid(0, ending.progress + 1);
+    if (failsAlike(failing))
+        failing = shrunk(failing, failsAlike, tries);
+    else
+        std::printf("it does not fail again\n");
+    QFile file(folder.filePath(QStringLiteral("seed-%1.monkey").arg(seed)));
+    const QByteArray comment = "Seed " + QByteArray::number(seed) + " failed with: " + verdict;
+    if (file.open(QIODevice::WriteOnly) && file.write(textOf(failing, comment)) > 0)
+        std::printf("the script is in %s\n", qUtf8Printable(file.fileName()));
+    return false;
+}
+
+int playFile(const char *path)
+{
+    QFile file(QFile::decodeName(path));
+    QString error = QStringLiteral("cannot be read");
+    const Script script
+        = file.open(QIODevice::ReadOnly) ? parsedScript(file.readAll(), &error) : Script();
+    if (script.isEmpty())
+        return report({ file.fileName() + QLatin1Char(' ') + error });
+    int event = 0;
+    const int code = play(script, event);
+    std::printf("played to event %d of %d\n", event, static_cast<int>(script.size()));
+    return code;
+}
+
+unsigned seedFrom(const QByteArray &text)
+{
+    return text == "new" ? QRandomGenerator::global()->generate() : text.toUInt();
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    QCommandLineParser parser;
-    if (argc > 1 && std::strcmp(argv[1], "--worker") == 0) {
-        const QApplication application(argc, argv);
-        parse(parser, QCoreApplication::arguments());
-        return work(parser);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The window writes a line at each resize.
+    qputenv("QT_LOGGING_RULES", "default.debug=false");
+    const QByteArray command = argc > 1 ? argv[1] : "";
+    if (command == "seeds" && argc == 6) {
+        const unsigned first = seedFrom(argv[2]);
+        const QDir folder(QFile::decodeName(argv[5]));
+        bool passed = true;
+        for (unsigned i = 0; i < QByteArray(argv[3]).toUInt(); ++i)
+            passed = playSeed(first + i, QByteArray(argv[4]).toInt(), folder) && passed;
+        return passed ? 0 : 1;
     }
-    const QCoreApplication application(argc, argv);
-    parse(parser, QCoreApplication::arguments());
-    return supervise(parser);
+    if (command == "rounds" && argc == 4) {
+        const QApplication application(argc, argv);
+        return report(brokenInRounds(seedFrom(argv[2]), QByteArray(argv[3]).toInt()));
+    }
+    if (command == "script" && argc == 3)
+        return playFile(argv[2]);
+    std::fprintf(
+        stderr,
+        "velkor-monkey seeds FIRST COUNT EVENTS FOLDER\n"
+        "    plays COUNT scripts of EVENTS random events, saves those that fail in FOLDER\n"
+        "velkor-monkey rounds FIRST COUNT\n"
+        "    plays COUNT rounds in one window and checks memory and descriptors\n"
+        "velkor-monkey script FILE\n"
+        "    plays a saved script\n"
+        "FIRST is the first seed, a number or \"new\"\n");
+    return 2;
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player.h"
 
-#include "cont_dial.h"
 #ifdef VELKOR_EXTRAS
 #include "extras/extras.h"
 #endif
@@ -11,46 +10,39 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
+#include "testfiles.h"
+#include "useractions.h"
 
-#include <QApplication>
+#include <QAction>
 #include <QButtonGroup>
-#include <QContextMenuEvent>
-#include <QDropEvent>
-#include <QGraphicsView>
-#include <QMenu>
-#include <QMimeData>
+#include <QDir>
 #include <QPushButton>
-#include <QUrl>
-#include <QtTest>
+#include <QRandomGenerator>
+
+#include <cmath>
+#include <limits>
 
 namespace {
 
-constexpr Qt::MouseButton mouseButtons[]
-    = { Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::MiddleButton, Qt::RightButton };
+constexpr unsigned noiseSeed = 840;
 
-const Qt::MouseButtons heldButtons[] = { Qt::NoButton,
-                                         Qt::LeftButton,
-                                         Qt::LeftButton,
-                                         Qt::MiddleButton,
-                                         Qt::RightButton,
-                                         Qt::LeftButton | Qt::MiddleButton,
-                                         Qt::LeftButton | Qt::RightButton };
+/// A cable with reflections: something to see at any offset.
+int fault(int sample)
+{
+    return static_cast<int>(100.0 * std::sin(sample / 9.0)) - (sample % 50 == 0 ? 20 : 0);
+}
 
-/// Eighths of a degree: whole notches, high-resolution wheels, several notches at once.
-constexpr int turns[] = { 120, -120, 120, -120, 15, -15, 0, 360, -360, 1 };
+QByteArray noise(int size)
+{
+    QRandomGenerator random(noiseSeed);
+    QByteArray bytes;
+    bytes.reserve(size);
+    while (bytes.size() < size)
+        bytes.append(static_cast<char>(random.bounded(256)));
+    return bytes;
+}
 
 } // namespace
-
-// In the order of the kinds.
-const Player::Action Player::actions[Event::KindCount] = {
-    &Player::press,       &Player::move,        &Player::release,     &Player::drag,
-    &Player::click,       &Player::doubleClick, &Player::wheelOnPlot, &Player::wheelAnywhere,
-    &Player::turnDial,    &Player::dialKey,     &Player::key,         &Player::focus,
-    &Player::button,      &Player::chartMenu,   &Player::slotMenu,    &Player::slotAction,
-    &Player::entry,       &Player::files,       &Player::settings,    &Player::resize,
-    &Player::windowState, &Player::drop,        &Player::language,    &Player::style,
-    &Player::pointer,     &Player::settle,      &Player::reopen,
-};
 
 Player::Player()
 {
@@ -79,6 +71,11 @@ const MainWindowProbe &Player::probe() const
     return m_fixture.probe();
 }
 
+const Choices &Player::choices() const
+{
+    return m_choices;
+}
+
 void Player::chooseFrom(const QStringList &traces)
 {
     m_choices.traces = traces;
@@ -87,7 +84,7 @@ void Player::chooseFrom(const QStringList &traces)
 void Player::play(const Event &event)
 {
     const Popups popups(m_choices, event.answer);
-    (this->*actions[event.kind])(event);
+    perform(*this, event);
 }
 
 void Player::reset()
@@ -104,235 +101,79 @@ void Player::reset()
     input::click(probe().H_offset_button());
     input::click(probe().curA_button());
     probe().cur_wheel_action()->trigger();
-    SettingsData &settings = *probe().settingsData();
-    if (settings.current_language != QLatin1String(constants::defaultLanguage)) {
-        settings.current_language = constants::defaultLanguage;
-        settings.setTranslation();
+    SettingsData &store = *probe().settingsData();
+    if (store.current_language != QLatin1String(constants::defaultLanguage)) {
+        store.current_language = constants::defaultLanguage;
+        store.setTranslation();
     }
     window().showNormal();
     window().resize(800, 500);
 }
 
-QWidget *Player::plot() const
+void Player::makeTraces()
 {
-    return probe().Plot_View()->viewport();
-}
-
-QPoint Player::onPlot(int x, int y) const
-{
-    // A tenth beyond the edges on all sides: a drag may leave the view.
-    const QSize size = plot()->size();
-    const auto beyond = [](int number) { return number * 12 / 10 - Event::bound / 10; };
-    return { scaled(beyond(x), size.width()), scaled(beyond(y), size.height()) };
-}
-
-Player::Target Player::targetAt(int x, int y) const
-{
-    const QPoint position(scaled(x, window().width()), scaled(y, window().height()));
-    QWidget *widget = window().childAt(position);
-    if (widget == nullptr)
-        widget = &window();
-    return { widget, widget->mapFrom(&window(), position) };
-}
-
-QDial *Player::dial(int which) const
-{
-    return which % 2 == 0 ? probe().cursor_dial() : probe().param_dial();
-}
-
-QList<QAbstractButton *> Player::openButtons() const
-{
-    // Those that open a dialog have events of their own and take as long as twenty others.
-    const auto opensDialog = [this](const QAbstractButton *button) {
-        return button == probe().legend_button() || button == probe().settings_button();
+    const auto add = [this](const char *name, const TraceBuilder &trace) {
+        m_choices.traces.append(m_fixture.trace(QLatin1String(name), trace));
     };
-    QList<QAbstractButton *> open;
-    const auto buttons = probe().centralWidget()->findChildren<QAbstractButton *>();
-    for (QAbstractButton *button : buttons)
-        if (button->isVisible() && button->isEnabled() && !opensDialog(button))
-            open.append(button);
-    return open;
+    const auto addBytes = [this](const char *name, const QByteArray &bytes) {
+        m_choices.traces.append(m_fixture.path(QLatin1String(name)));
+        writeFile(m_choices.traces.last(), bytes);
+    };
+    const auto good = [](float minstep) { return TraceBuilder().minstep(minstep).samples(fault); };
+    add("fine.tdr", good(1.25F));
+    add("double.tdr", good(2.5F).ku(1.7F).shiftY(-20));
+    add("five.tdr", good(5.0F).ku(2.0F).delay(30));
+    add("odd step.tdr", good(3.75F).shiftX(11).shiftY(129));
+    add("wide.tdr", good(320.0F).ku(1.0F));
+    add("left.tdr", good(10.0F).shiftX(0xFFFFFFF0U).delay(3));
+    add("far.tdr", good(1.25F).delay(5000));
+    add("late.tdr", good(40.0F).delay(0xFFFFFFFFU));
+    add("slow.tdr", good(0.5F).ku(99.0F));
+    add("nothing known.tdr",
+        good(std::numeric_limits<float>::quiet_NaN())
+            .ku(std::numeric_limits<float>::infinity())
+            .shiftX(0x80000000U)
+            .shiftY(-32768));
+    addBytes("short.tdr", good(5.0F).bytes().left(300));
+    addBytes("long.tdr", good(2.5F).bytes() + QByteArray(5000, 'x'));
+    addBytes("empty.tdr", QByteArray());
+    addBytes("noise.tdr", noise(37775));
+    m_choices.traces.append(m_fixture.path(QStringLiteral("missing.tdr")));
+    QDir().mkpath(m_fixture.path(QStringLiteral("folder.tdr")));
+    m_choices.traces.append(m_fixture.path(QStringLiteral("folder.tdr")));
 }
 
-void Player::press(const Event &event)
+void Player::makeSettings()
 {
-    const Qt::MouseButton button = pick(mouseButtons, event[2]);
-    const Qt::MouseButtons held = pick(heldButtons, event[3]);
-    input::mouse(plot(), QEvent::MouseButtonPress, onPlot(event[0], event[1]), button,
-                 held | button);
-}
+    m_choices.folder = m_fixture.path(QStringLiteral("saved"));
+    QDir().mkpath(m_choices.folder);
+    const auto add = [this](const char *name, const QByteArray &bytes) {
+        m_choices.settings.append(m_fixture.path(QLatin1String(name)));
+        writeFile(m_choices.settings.last(), bytes);
+    };
+    const QByteArray first = m_choices.traces.at(0).toUtf8();
+    const QByteArray second = m_choices.traces.at(2).toUtf8();
+    add("two.ini",
+        "[General]\nlanguage=ru_RU\nCSS=:/style/"
+        "style_1.qss\n[PrevFiles]\nStateIndex=3\nMasterId=1\n"
+        "file1="
+            + first + "\nfile2=" + second + "\n[Dials]\ncursorSpeed=500\nparamSpeed=20\n");
+    add("gap.ini",
+        "[General]\nlanguage=en_US\n[PrevFiles]\nStateIndex=40\nMasterId=0\nfile4=" + first
+            + "\nfile6=" + second + "\n[Dials]\ncursorSpeed=10\nparamSpeed=1000\n");
+    add("wild.ini",
+        "[General]\nlanguage=../../x\nCSS=/\n[PrevFiles]\nStateIndex=-1\nMasterId=200\n"
+        "[Dials]\ncursorSpeed=-7\nparamSpeed=2147483647\n[WindowState]\ngeometry=x\n");
+    add("empty.ini", QByteArray());
+    add("noise.ini", noise(5000));
+    m_choices.settings.append(m_fixture.path(QStringLiteral("missing.ini")));
+    for (int i = 0; i < 3; ++i)
+        m_choices.settings.append(m_choices.folder + QStringLiteral("/saved%1.ini").arg(i));
 
-void Player::move(const Event &event)
-{
-    input::move(plot(), onPlot(event[0], event[1]), pick(heldButtons, event[2]));
-}
-
-void Player::release(const Event &event)
-{
-    input::release(plot(), onPlot(event[0], event[1]), pick(mouseButtons, event[2]));
-}
-
-void Player::drag(const Event &event)
-{
-    // Not the right button: it opens a menu, which ends the drag.
-    const Qt::MouseButton button = event.answer % 3 == 0 ? Qt::MiddleButton : Qt::LeftButton;
-    input::drag(plot(), onPlot(event[0], event[1]), onPlot(event[2], event[3]), button,
-                static_cast<int>(1 + event.answer % 4));
-}
-
-void Player::click(const Event &event)
-{
-    const Target target = targetAt(event[0], event[1]);
-    input::clickAt(target.widget, target.position, pick(mouseButtons, event[2]));
-}
-
-void Player::doubleClick(const Event &event)
-{
-    const Target target = targetAt(event[0], event[1]);
-    input::clickAt(target.widget, target.position);
-    input::mouse(target.widget, QEvent::MouseButtonDblClick, target.position, Qt::LeftButton,
-                 Qt::LeftButton);
-    input::release(target.widget, target.position);
-}
-
-void Player::wheelOnPlot(const Event &event)
-{
-    input::wheel(plot(), pick(turns, event[2]));
-}
-
-void Player::wheelAnywhere(const Event &event)
-{
-    input::wheel(targetAt(event[0], event[1]).widget, pick(turns, event[2]));
-}
-
-void Player::turnDial(const Event &event)
-{
-    const int start = scaled(event[1], 360);
-    input::turnDial(dial(event[0]), start, event[2] - Event::bound / 2, 1 + event[3] % 5);
-}
-
-void Player::button(const Event &event)
-{
-    const auto open = openButtons();
-    if (!open.isEmpty())
-        input::click(pick(open, event[0]));
-}
-
-void Player::chartMenu(const Event &event)
-{
-    input::clickAt(plot(), onPlot(event[0], event[1]), Qt::RightButton);
-}
-
-void Player::slotMenu(const Event &event)
-{
-    LegendButton *button = pick(probe().selected_rfg(), event[0]);
-    const QPoint middle = button->rect().center();
-    QContextMenuEvent request(QContextMenuEvent::Mouse, middle, button->mapToGlobal(middle));
-    QApplication::sendEvent(button, &request);
-}
-
-void Player::slotAction(const Event &event)
-{
-    const LegendButton &button = *pick(probe().selected_rfg(), event[0]);
-    // Loading is rare: its dialog takes as long as all the others together.
-    QAction *const choices[]
-        = { button.reset_action,   button.visible_action, button.visible_action,
-            button.master_action,  button.master_action,  button.clear_action,
-            button.visible_action, button.reset_action,   button.load_action };
-    QAction *action = pick(choices, event[1]);
-    if (action->isEnabled())
-        action->trigger();
-}
-
-void Player::entry(const Event &event)
-{
-    QWidget *const buttons[]
-        = { probe().KU_button(),    probe().V_offset_button(), probe().H_offset_button(),
-            probe().scale_button(), probe().curA_button(),     probe().curB_button() };
-    input::click(pick(buttons, event[0]), Qt::RightButton);
-}
-
-void Player::files(const Event &)
-{
-    input::click(probe().legend_button());
-}
-
-void Player::settings(const Event &)
-{
-    input::click(probe().settings_button());
-}
-
-void Player::resize(const Event &event)
-{
-    window().resize(600 + event[0], 400 + event[1]);
-}
-
-void Player::windowState(const Event &event)
-{
-    MainWindow &window = m_fixture.window();
-    void (QWidget::*const states[])()
-        = { &QWidget::showNormal, &QWidget::showNormal, &QWidget::showMaximized,
-            &QWidget::showMinimized, &QWidget::showFullScreen };
-    (window.*pick(states, event[0]))();
-    WindowFixture::settle();
-    // A minimised window gets no input.
-    if (window.isMinimized())
-        window.showNormal();
-}
-
-void Player::drop(const Event &event)
-{
-    QMimeData data;
-    QList<QUrl> urls;
-    for (int i = event[3] / 4 % 8; i >= 0; --i)
-        urls.append(QUrl::fromLocalFile(pick(m_choices.traces, event[2] + i)));
-    data.setUrls(urls);
-    const auto [widget, position] = targetAt(event[0], event[1]);
-    QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &enter);
-    QDragMoveEvent over(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &over);
-    if (event[3] % 4 == 0) {
-        QDragLeaveEvent away;
-        QApplication::sendEvent(widget, &away);
-        return;
-    }
-    QDropEvent let(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &let);
-}
-
-void Player::language(const Event &event)
-{
-    const QString codes[] = { QStringLiteral("en_US"), QStringLiteral("ru_RU"),
-                              QStringLiteral("ru_RU"), QStringLiteral("xx"), QString() };
-    SettingsData &settings = *probe().settingsData();
-    settings.current_language = pick(codes, event[0]);
-    settings.setTranslation();
-}
-
-void Player::style(const Event &event)
-{
-    window().CSS_watcher_slot(pick(m_sheets, event[0]));
-}
-
-void Player::pointer(const Event &event)
-{
-    const auto [widget, position] = targetAt(event[0], event[1]);
-    QEnterEvent enter(position, widget->mapTo(&window(), position), widget->mapToGlobal(position));
-    QApplication::sendEvent(widget, &enter);
-    input::move(widget, position, Qt::NoButton);
-    if (event[2] % 2 == 0) {
-        QEvent leave(QEvent::Leave);
-        QApplication::sendEvent(widget, &leave);
-    }
-}
-
-void Player::settle(const Event &)
-{
-    WindowFixture::settle();
-}
-
-void Player::reopen(const Event &)
-{
-    open();
+    writeFile(m_fixture.path(QStringLiteral("loud.qss")),
+              "QPushButton { color: red; } QWidget { background: #202020; }\n");
+    m_choices.sheets
+        = QStringList{ QStringLiteral(":/style/style_1.qss"), QStringLiteral(":/style/style_2.qss"),
+                       m_fixture.path(QStringLiteral("loud.qss")),
+                       m_fixture.path(QStringLiteral("no such sheet.qss")) };
 }

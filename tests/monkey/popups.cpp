@@ -46,9 +46,14 @@ Popups::~Popups()
         popup->close();
 }
 
-int Popups::answers() const
+bool Popups::percent(int share)
 {
-    return m_answers;
+    return m_random.bounded(100) < share;
+}
+
+template <typename List> auto Popups::oneOf(const List &choices)
+{
+    return choices[m_random.bounded(static_cast<int>(std::size(choices)))];
 }
 
 void Popups::wait()
@@ -68,7 +73,6 @@ void Popups::answerOne()
         return;
     m_again = popup == m_last ? m_again + 1 : 0;
     m_last = popup;
-    ++m_answers;
     auto *dialog = qobject_cast<QDialog *>(popup);
     if (auto *menu = qobject_cast<QMenu *>(popup); menu != nullptr && m_again == 0)
         answerMenu(*menu);
@@ -87,17 +91,17 @@ void Popups::answerMenu(QMenu &menu)
     for (QAction *action : actions)
         if (action->isEnabled() && !action->isSeparator())
             open.append(action);
-    if (open.isEmpty() || m_random.percent(20)) {
+    if (open.isEmpty() || percent(20)) {
         menu.close();
         return;
     }
-    menu.setActiveAction(m_random.oneOf(open));
+    menu.setActiveAction(oneOf(open));
     QTest::keyClick(&menu, Qt::Key_Return);
 }
 
 void Popups::answerDialog(QDialog &dialog)
 {
-    if (m_random.percent(10)) {
+    if (percent(10)) {
         QTest::keyClick(&dialog, Qt::Key_Escape);
         return;
     }
@@ -112,13 +116,8 @@ void Popups::answerDialog(QDialog &dialog)
         if (buttons.isEmpty())
             dialog.reject();
         else
-            input::click(m_random.oneOf(buttons));
+            input::click(oneOf(buttons));
     }
-}
-
-QString Popups::anyOf(const QStringList &paths)
-{
-    return m_random.oneOf(paths);
 }
 
 void Popups::answerFileDialog(QDialog &dialog)
@@ -127,17 +126,17 @@ void Popups::answerFileDialog(QDialog &dialog)
     if (files.acceptMode() == QFileDialog::AcceptSave) {
         const bool wantsSettings = files.nameFilters().join(QChar()).contains(QLatin1String("ini"));
         const QString name = QStringLiteral("saved%1.%2")
-                                 .arg(m_random.below(3))
+                                 .arg(m_random.bounded(3))
                                  .arg(QLatin1String(wantsSettings ? "ini" : "csv"));
         typeFileName(m_choices.folder + QLatin1Char('/') + name)(dialog);
     } else if (files.fileMode() == QFileDialog::ExistingFiles) {
         QStringList paths;
-        for (int i = m_random.between(1, 8); i > 0; --i)
-            paths.append(anyOf(m_choices.traces));
+        for (int i = m_random.bounded(1, 9); i > 0; --i)
+            paths.append(oneOf(m_choices.traces));
         typeFileNames(paths)(dialog);
     } else {
         const bool wantsTraces = files.nameFilters().join(QChar()).contains(QLatin1String("tdr"));
-        typeFileName(anyOf(wantsTraces ? m_choices.traces : m_choices.settings))(dialog);
+        typeFileName(oneOf(wantsTraces ? m_choices.traces : m_choices.settings))(dialog);
     }
 }
 
@@ -146,27 +145,26 @@ void Popups::answerQuestion(QInputDialog &dialog)
     if (dialog.inputMode() == QInputDialog::TextInput) {
         const QStringList items = dialog.comboBoxItems();
         if (!items.isEmpty())
-            dialog.setTextValue(anyOf(items));
-    } else if (m_random.percent(50)) {
+            dialog.setTextValue(oneOf(items));
+    } else if (percent(50)) {
         if (auto *edit = dialog.findChild<QLineEdit *>()) {
-            const auto count = static_cast<int>(std::size(typedNumbers));
             edit->selectAll();
             // The edit takes only what its validator lets through, as from the keyboard.
-            edit->insert(QLatin1String(typedNumbers[m_random.below(count)]));
+            edit->insert(QLatin1String(oneOf(typedNumbers)));
         }
     } else if (dialog.inputMode() == QInputDialog::IntInput) {
-        dialog.setIntValue(m_random.between(-300, 300));
+        dialog.setIntValue(m_random.bounded(-300, 301));
     } else {
         const double range = dialog.doubleMaximum() - dialog.doubleMinimum();
-        dialog.setDoubleValue(dialog.doubleMinimum() + range * m_random.below(1001) / 1000.0);
+        dialog.setDoubleValue(dialog.doubleMinimum() + range * m_random.bounded(1001) / 1000.0);
     }
-    QTest::keyClick(&dialog, m_random.percent(90) ? Qt::Key_Return : Qt::Key_Escape);
+    QTest::keyClick(&dialog, percent(90) ? Qt::Key_Return : Qt::Key_Escape);
 }
 
 void Popups::answerSettings(SettingsMenu &dialog)
 {
     // Some changes, some file buttons, and out by one of the three ways.
-    for (int i = m_random.below(4); i > 0; --i)
+    for (int i = m_random.bounded(4); i > 0; --i)
         changeSettings(dialog);
     QPushButton *const buttons[] = { dialog.ok_button,
                                      dialog.ok_button,
@@ -176,25 +174,25 @@ void Popups::answerSettings(SettingsMenu &dialog)
                                      dialog.load_default_button,
                                      dialog.load_settings_button,
                                      dialog.save_settings_button };
-    input::click(buttons[m_random.below(static_cast<int>(std::size(buttons)))]);
+    input::click(oneOf(buttons));
 }
 
 void Popups::changeSettings(SettingsMenu &dialog)
 {
-    switch (m_random.below(4)) {
+    switch (m_random.bounded(4)) {
     case 0:
-        dialog.language_select->setCurrentIndex(m_random.below(dialog.language_select->count()));
+        dialog.language_select->setCurrentIndex(m_random.bounded(dialog.language_select->count()));
         break;
     case 1: {
         const auto checks = dialog.findChildren<QCheckBox *>();
-        input::click(m_random.oneOf(checks));
+        input::click(oneOf(checks));
         break;
     }
     case 2:
-        dialog.cursor_accur->setValue(m_random.between(0, 1100));
+        dialog.cursor_accur->setValue(m_random.bounded(0, 1101));
         break;
     default:
-        dialog.param_accur->setValue(m_random.between(0, 1100));
+        dialog.param_accur->setValue(m_random.bounded(0, 1101));
         break;
     }
 }

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "randomsource.h"
-
 #include <QObject>
 #include <QPointer>
+#include <QRandomGenerator>
 #include <QStringList>
 
 class QDialog;
@@ -19,6 +18,7 @@ struct Choices
 {
     QStringList traces; ///< paths, some of them good
     QStringList settings; ///< paths of settings files, some of them good
+    QStringList sheets; ///< paths of style sheets, some of them good
     QString folder; ///< where files may be written
 };
 
@@ -34,9 +34,6 @@ public:
     ~Popups() override;
     Q_DISABLE_COPY(Popups)
 
-    /// How many answers were given so far.
-    int answers() const;
-
 private:
     void wait();
     void answerOne();
@@ -46,11 +43,11 @@ private:
     void answerQuestion(QInputDialog &dialog);
     void answerSettings(SettingsMenu &dialog);
     void changeSettings(SettingsMenu &dialog);
-    QString anyOf(const QStringList &paths);
+    bool percent(int share);
+    template <typename List> auto oneOf(const List &choices);
 
     const Choices &m_choices;
-    RandomSource m_random;
+    QRandomGenerator m_random;
     QPointer<QWidget> m_last; ///< what was answered last
     int m_again = 0; ///< how often in a row
-    int m_answers = 0;
 };

@@ -2,18 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shrink.h"
 
-namespace {
-
-/// \a script without the \a count events from \a first on.
-Script without(const Script &script, int first, int count)
-{
-    Script rest = script;
-    rest.remove(first, qMin(count, rest.size() - first));
-    return rest;
-}
-
-} // namespace
-
 Script shrunk(Script script, const std::function<bool(const Script &)> &fails, int tries)
 {
     const auto stillFails
@@ -28,13 +16,13 @@ Script shrunk(Script script, const std::function<bool(const Script &)> &fails, i
         }
     }
 
-    int piece = qMax(1, lengthOf(script) / 2);
+    int piece = qMax(1, static_cast<int>(script.size()) / 2);
     while (tries > 0) {
         bool smaller = false;
         // From the end, because later events depend on earlier ones.
-        for (int first = (lengthOf(script) - 1) / piece * piece; first >= 0; first -= piece) {
-            const Script rest = without(script, first, piece);
-            if (rest.size() < script.size() && stillFails(rest)) {
+        for (int end = static_cast<int>(script.size()); end > 0; end -= piece) {
+            const Script rest = script.mid(0, qMax(0, end - piece)) + script.mid(end);
+            if (stillFails(rest)) {
                 script = rest;
                 smaller = true;
             }
@@ -43,15 +31,6 @@ Script shrunk(Script script, const std::function<bool(const Script &)> &fails, i
             piece = (piece + 1) / 2;
         else if (!smaller)
             break;
-    }
-
-    for (int i = 0; i < script.size() && tries > 0; ++i) {
-        for (std::size_t place = 0; place < script[i].numbers.size(); ++place) {
-            Script simpler = script;
-            simpler[i].numbers[place] = 0;
-            if (script[i].numbers[place] != 0 && stillFails(simpler))
-                script = simpler;
-        }
     }
     return script;
 }

@@ -7,7 +7,6 @@
 #include <functional>
 
 /// Removes events from \a script as long as \a fails is true of the rest: first large pieces, then
-/// smaller ones, then single events. At last numbers become 0 where they do not matter. \a fails is
-/// called at most \a tries times; if that was enough, each event of the result is needed. \a script
-/// must fail.
+/// smaller ones, then single events. \a fails is called at most \a tries times; if that was enough,
+/// each event of the result is needed. \a script must fail.
 Script shrunk(Script script, const std::function<bool(const Script &)> &fails, int tries);

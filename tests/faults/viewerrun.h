@@ -3,18 +3,16 @@
 #pragma once
 
 #include <QByteArray>
-#include <QProcess>
 #include <QProcessEnvironment>
-#include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 /// Runs the real viewer in a program folder of its own, with six traces and the settings of a
 /// previous run that had them open. The viewer runs offscreen, loads the traces and is closed.
-class Room
+class ViewerRun
 {
 public:
-    /// \a program is the viewer, \a library the preloaded one.
-    Room(const QString &program, const QString &library);
+    ViewerRun();
 
     /// Restores the settings of the previous run and removes all other files that a run left.
     void tidy();
@@ -24,36 +22,35 @@ public:
         bool ended = false; ///< within the time that a run may take
         bool crashed = false;
         int code = 0; ///< of the viewer
-        QByteArray said;
+        QByteArray output;
     };
-    /// A whole run; \a failing is the number of the call that fails, 0 for none.
+    /// A whole run; \a failing is the number of the system call that fails, 0 for none.
     Outcome run(int failing = 0);
-    /// The end of a run that was begun with \c prepare.
-    static Outcome endOf(QProcess &viewer);
 
     /// The command that starts the viewer, for a run under other rights or limits; it gets the
     /// viewer's path as its last argument. Empty again, the viewer is started directly.
     void startBy(const QStringList &command);
+    /// Sets a variable of the viewer's environment for all further runs.
+    void setVariable(const char *name, const QString &value);
 
-    /// The process before its start, for further changes.
-    void prepare(QProcess &viewer, int failing = 0) const;
-
-    /// How many calls the last run had that could have failed; -1 when it did not say.
+    /// How many calls of the last run could have failed; -1 when it did not say.
     int callsOfLastRun() const;
 
-    QString path(const QString &name) const;
+    /// Path of \a name in the program folder.
+    QString path(const QString &name = QString()) const;
     QString settingsFile() const;
-    /// What the former run left.
+    /// Settings of the previous run.
     QByteArray oldSettings() const;
-    /// What lies there now; null when there is no such file.
+    /// The present settings; null when there is no such file.
     QByteArray settings() const;
     /// Files in the program folder that no finished run leaves there.
     QStringList strays() const;
-    /// Empty when \a settings are complete settings that some closing window wrote; else why not.
+    /// Why \a settings are not complete settings that some closing window wrote; empty if they are.
     static QString flawIn(const QByteArray &settings);
 
 private:
     QTemporaryDir m_folder;
+    QProcessEnvironment m_environment;
     QStringList m_command;
     QByteArray m_old;
 };

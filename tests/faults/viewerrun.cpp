@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "room.h"
+#include "viewerrun.h"
 
 #include "base/constants.h"
 #include "tracebuilder.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QSettings>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -17,7 +19,9 @@ namespace {
 /// A run that takes longer counts as hanging. Long because of sanitizers and busy machines.
 constexpr int patienceMs = 120000;
 
+constexpr QLatin1String programName = constants::latin1("velkor");
 constexpr QLatin1String libraryName = constants::latin1("failcalls.so");
+constexpr QLatin1String reportName = constants::latin1("calls");
 
 void bring(const QString &from, const QString &to)
 {
@@ -36,11 +40,20 @@ void put(const QString &path, const QByteArray &bytes)
 
 } // namespace
 
-Room::Room(const QString &program, const QString &library)
+ViewerRun::ViewerRun()
+    : m_environment(QProcessEnvironment::systemEnvironment())
 {
     // The settings are beside the program; every user must be able to read the library.
-    bring(program, path(QStringLiteral("velkor")));
-    bring(library, path(libraryName));
+    bring(QStringLiteral(VELKOR_PROGRAM), path(programName));
+    bring(QStringLiteral(VELKOR_FAILCALLS), path(libraryName));
+    setVariable("QT_QPA_PLATFORM", QStringLiteral("offscreen"));
+    setVariable("LD_PRELOAD", path(libraryName));
+    // A sanitizer must be the first library. Other tests look for leaks.
+    setVariable("ASAN_OPTIONS", QStringLiteral("verify_asan_link_order=0:detect_leaks=0"));
+    setVariable("XDG_CONFIG_HOME", path(QStringLiteral("config")));
+    setVariable("XDG_RUNTIME_DIR", path());
+    setVariable("LC_ALL", QStringLiteral("C.UTF-8"));
+    setVariable("VELKOR_FAIL_REPORT", path(reportName));
     m_old = "[General]\nCSS=:/style/style_2.qss\nlanguage=ru_RU\n\n[Dials]\ncursorSpeed=70\n"
             "paramSpeed=90\n\n[PrevFiles]\nMasterId=2\nStateIndex=63\n";
     for (int slot = 0; slot < constants::slotCount; ++slot) {
@@ -51,7 +64,7 @@ Room::Room(const QString &program, const QString &library)
     tidy();
 }
 
-void Room::tidy()
+void ViewerRun::tidy()
 {
     const QStringList left = strays();
     for (const QString &name : left)
@@ -60,44 +73,19 @@ void Room::tidy()
     put(settingsFile(), m_old);
 }
 
-void Room::prepare(QProcess &viewer, int failing) const
+ViewerRun::Outcome ViewerRun::run(int failing)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("LD_PRELOAD"), path(libraryName));
-    // A sanitizer must be the first library. Other tests look for leaks.
-    environment.insert(QStringLiteral("ASAN_OPTIONS"),
-                       QStringLiteral("verify_asan_link_order=0:detect_leaks=0"));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("VELKOR_FAIL_CALL"), QString::number(failing));
-    environment.insert(QStringLiteral("VELKOR_FAIL_REPORT"), path(QStringLiteral("calls")));
-    viewer.setProcessEnvironment(environment);
-    viewer.setProcessChannelMode(QProcess::MergedChannels);
-    viewer.setWorkingDirectory(m_folder.path());
+    QFile::remove(path(reportName));
+    setVariable("VELKOR_FAIL_CALL", QString::number(failing));
     QStringList command = m_command;
-    command.append(path(QStringLiteral("velkor")));
+    command.append(path(programName));
+    QProcess viewer;
+    viewer.setProcessEnvironment(m_environment);
+    viewer.setProcessChannelMode(QProcess::MergedChannels);
+    viewer.setWorkingDirectory(path());
     viewer.setProgram(command.takeFirst());
     viewer.setArguments(command);
-}
-
-Room::Outcome Room::run(int failing)
-{
-    QFile::remove(path(QStringLiteral("calls")));
-    QProcess viewer;
-    prepare(viewer, failing);
     viewer.start(QIODevice::ReadOnly);
-    return endOf(viewer);
-}
-
-void Room::startBy(const QStringList &command)
-{
-    m_command = command;
-}
-
-Room::Outcome Room::endOf(QProcess &viewer)
-{
     Outcome outcome;
     outcome.ended = viewer.waitForFinished(patienceMs);
     if (!outcome.ended) {
@@ -106,50 +94,60 @@ Room::Outcome Room::endOf(QProcess &viewer)
     }
     outcome.crashed = viewer.exitStatus() != QProcess::NormalExit;
     outcome.code = viewer.exitCode();
-    outcome.said = viewer.readAll();
+    outcome.output = viewer.readAll();
     return outcome;
 }
 
-int Room::callsOfLastRun() const
+void ViewerRun::startBy(const QStringList &command)
 {
-    QFile file(path(QStringLiteral("calls")));
+    m_command = command;
+}
+
+void ViewerRun::setVariable(const char *name, const QString &value)
+{
+    m_environment.insert(QLatin1String(name), value);
+}
+
+int ViewerRun::callsOfLastRun() const
+{
+    QFile file(path(reportName));
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : -1;
 }
 
-QString Room::path(const QString &name) const
+QString ViewerRun::path(const QString &name) const
 {
     return m_folder.filePath(name);
 }
 
-QString Room::settingsFile() const
+QString ViewerRun::settingsFile() const
 {
     return path(constants::settingsFile);
 }
 
-QByteArray Room::oldSettings() const
+QByteArray ViewerRun::oldSettings() const
 {
     return m_old;
 }
 
-QByteArray Room::settings() const
+QByteArray ViewerRun::settings() const
 {
     QFile file(settingsFile());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QStringList Room::strays() const
+QStringList ViewerRun::strays() const
 {
-    QStringList names;
-    const QStringList all = QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden);
-    for (const QString &name : all)
-        if (name != QLatin1String("velkor") && name != libraryName && name != QLatin1String("calls")
-            && name != constants::settingsFile && name != constants::settingsBackupFile
-            && !name.endsWith(QLatin1String(".tdr")))
-            names.append(name);
+    const QStringList known{ programName, libraryName, reportName, constants::settingsFile,
+                             constants::settingsBackupFile };
+    QStringList names = QDir(path()).entryList(QDir::Files | QDir::Hidden);
+    const auto isKnown = [&known](const QString &name) {
+        return known.contains(name) || name.endsWith(QLatin1String(".tdr"));
+    };
+    names.erase(std::remove_if(names.begin(), names.end(), isKnown), names.end());
     return names;
 }
 
-QString Room::flawIn(const QByteArray &settings)
+QString ViewerRun::flawIn(const QByteArray &settings)
 {
     if (settings.isEmpty())
         return QStringLiteral("empty or missing");
@@ -159,18 +157,12 @@ QString Room::flawIn(const QByteArray &settings)
     const QString copy = folder.filePath(QStringLiteral("copy.ini"));
     put(copy, settings);
     const QSettings ini(copy, QSettings::IniFormat);
-    QStringList keys{ QStringLiteral("CSS"),
-                      QStringLiteral("language"),
-                      QStringLiteral("Dials/cursorSpeed"),
-                      QStringLiteral("Dials/paramSpeed"),
-                      QStringLiteral("PrevFiles/MasterId"),
-                      QStringLiteral("PrevFiles/StateIndex"),
-                      QStringLiteral("WindowState/geometry"),
-                      QStringLiteral("WindowState/windowState"),
-                      QStringLiteral("WorkFolders/folder1"),
-                      QStringLiteral("WorkFolders/folder2"),
-                      QStringLiteral("WorkFolders/folder3"),
-                      QStringLiteral("WorkFolders/lastFolder") };
+    QStringList keys
+        = QStringLiteral("CSS language Dials/cursorSpeed Dials/paramSpeed PrevFiles/MasterId "
+                         "PrevFiles/StateIndex WindowState/geometry WindowState/windowState "
+                         "WorkFolders/folder1 WorkFolders/folder2 WorkFolders/folder3 "
+                         "WorkFolders/lastFolder")
+              .split(QLatin1Char(' '));
     const int mask = ini.value(QStringLiteral("PrevFiles/StateIndex")).toInt();
     for (int slot = 0; slot < constants::slotCount; ++slot)
         if ((mask >> slot & 1) != 0)
