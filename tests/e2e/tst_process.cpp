@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "each.h"
+#include "programtest.h"
 #include "testfiles.h"
-#include "virtualscreen.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
@@ -16,7 +15,6 @@
 
 namespace {
 
-const QString viewer = QStringLiteral("^Velkor$");
 constexpr QPoint logo(75, 35);
 constexpr QRgb linkColour = 0xFF5ADCFF; ///< on the dark ground of the built-in sheet
 
@@ -87,54 +85,30 @@ private:
 } // namespace
 
 /// The real program and what starts, stops and listens to it.
-class TestProcess : public QObject
+class TestProcess : public ProgramTest
 {
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
-    VirtualScreen m_screen;
-    QProcess m_viewer;
-
-    QString settingsFile() const
+    void sendSignal(int number)
     {
-        return m_folder.filePath(QStringLiteral("settings_current.ini"));
+        QCOMPARE(::kill(static_cast<pid_t>(viewer.processId()), number), 0);
     }
 
-    /// Starts the viewer by a \a script in which $0 is its path.
-    void start(const QString &script = QStringLiteral("exec \"$0\""))
+    /// The program ended as it should, and saved its settings.
+    void verifySaved()
     {
-        QFile::remove(settingsFile());
-        m_viewer.setProcessEnvironment(m_screen.environment());
-        m_viewer.start(
-            QStringLiteral("sh"),
-            { QStringLiteral("-c"), script, m_folder.filePath(QStringLiteral("velkor")) });
-        QVERIFY(m_viewer.waitForStarted());
-        QVERIFY(!m_screen.waitForWindow(viewer).isEmpty());
+        verifyThatItEnds();
+        QVERIFY(QFile::remove(settingsFile()));
     }
 
-    /// The window is gone, its settings are saved, and the program ended as it should.
-    void checkThatItEnds()
+    void closeAndVerifySaved()
     {
-        QVERIFY(m_viewer.waitForFinished(10000));
-        QCOMPARE(m_viewer.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(m_viewer.exitCode(), 0);
-        QVERIFY(QFile::exists(settingsFile()));
+        screen->closeWindow(title);
+        verifySaved();
     }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(QFile::copy(QStringLiteral(VELKOR_PROGRAM),
-                            m_folder.filePath(QStringLiteral("velkor"))));
-    }
-
-    void cleanup()
-    {
-        m_viewer.kill();
-        m_viewer.waitForFinished();
-    }
-
     void signalCloses()
     {
         struct Row
@@ -145,8 +119,8 @@ private slots:
         each<Row>({ { "SIGTERM", SIGTERM }, { "SIGINT", SIGINT }, { "SIGHUP", SIGHUP } },
                   [this](const Row &row) {
                       start();
-                      QCOMPARE(::kill(static_cast<pid_t>(m_viewer.processId()), row.number), 0);
-                      checkThatItEnds();
+                      sendSignal(row.number);
+                      verifySaved();
                   });
     }
 
@@ -163,65 +137,61 @@ private slots:
               { "settings dialog", QPoint(723, 91), 1 } },
             [this](const Row &row) {
                 start();
-                const QPoint corner = m_screen.waitForWindow(viewer).topLeft();
-                m_screen.moveTo(corner + row.place);
-                const QImage before = m_screen.picture();
-                m_screen.click(corner + row.place, row.button);
-                QVERIFY(m_screen.waitUntil([&before](const QImage &now) { return now != before; }));
-                m_viewer.terminate();
-                checkThatItEnds();
+                screen->moveTo(onScreen(row.place));
+                const QImage before = screen->picture();
+                screen->click(onScreen(row.place), row.button);
+                QVERIFY(screen->waitUntil([&before](const QImage &now) { return now != before; }));
+                sendSignal(SIGTERM);
+                verifySaved();
             });
     }
 
     void signalThatIsIgnoredAtTheStartStaysIgnored()
     {
         start(QStringLiteral("trap '' HUP; exec \"$0\""));
-        QCOMPARE(::kill(static_cast<pid_t>(m_viewer.processId()), SIGHUP), 0);
-        QVERIFY(!m_viewer.waitForFinished(500));
-        m_screen.closeWindow(viewer);
-        checkThatItEnds();
+        sendSignal(SIGHUP);
+        QVERIFY(!viewer.waitForFinished(500));
+        closeAndVerifySaved();
     }
 
     void browserDoesNotInheritTheVariableOfThePlatform()
     {
         // Qt opens links with the program of this name.
-        const QString environment = m_folder.filePath(QStringLiteral("environment"));
-        const QString browser = m_folder.filePath(QStringLiteral("xdg-open"));
-        writeFile(browser, "#!/bin/sh\nenv >" + QFile::encodeName(environment) + '\n');
+        const QString variables = path(QStringLiteral("environment"));
+        const QString browser = path(QStringLiteral("xdg-open"));
+        writeFile(browser, "#!/bin/sh\nenv >" + QFile::encodeName(variables) + '\n');
         QVERIFY(QFile::setPermissions(browser, QFile::ReadOwner | QFile::ExeOwner));
         start(QStringLiteral("PATH=${0%/*}:$PATH exec \"$0\""));
-        m_screen.click(m_screen.waitForWindow(viewer).topLeft() + logo);
-        QVERIFY(!m_screen.waitForWindow(QStringLiteral("^About Qt$")).isEmpty());
+        screen->click(onScreen(logo));
+        QVERIFY(!screen->waitForWindow(QStringLiteral("^About Qt$")).isEmpty());
         QPoint link;
-        QVERIFY(m_screen.waitUntil([&link](const QImage &screen) {
-            for (int y = 0; y < screen.height(); ++y)
-                for (int x = 0; x < screen.width(); ++x)
-                    if (screen.pixel(x, y) == linkColour)
+        QVERIFY(screen->waitUntil([&link](const QImage &now) {
+            for (int y = 0; y < now.height(); ++y)
+                for (int x = 0; x < now.width(); ++x)
+                    if (now.pixel(x, y) == linkColour)
                         link = { x, y };
             return !link.isNull();
         }));
-        m_screen.click(link);
-        QTRY_VERIFY_WITH_TIMEOUT(contentOf(environment).contains("DISPLAY="), 10000);
-        QVERIFY(!contentOf(environment).contains("QT_XCB_GL_INTEGRATION"));
-        m_viewer.terminate();
-        checkThatItEnds();
+        screen->click(link);
+        QTRY_VERIFY_WITH_TIMEOUT(contentOf(variables).contains("DISPLAY="), 10000);
+        QVERIFY(!contentOf(variables).contains("QT_XCB_GL_INTEGRATION"));
+        sendSignal(SIGTERM);
+        verifySaved();
     }
 
     void closedStreamsLeaveTheDisplayAlone()
     {
         start(QStringLiteral("exec \"$0\" 2>&-"));
-        m_screen.closeWindow(viewer);
-        checkThatItEnds();
+        closeAndVerifySaved();
     }
 
     void fullPipeForMessagesBlocksNothing()
     {
-        const QString path = m_folder.filePath(QStringLiteral("pipe"));
-        const Pipe pipe(path);
+        const QString fifo = path(QStringLiteral("pipe"));
+        const Pipe pipe(fifo);
         pipe.fill();
-        start(QStringLiteral("exec \"$0\" 2>") + path);
-        m_screen.closeWindow(viewer);
-        checkThatItEnds();
+        start(QStringLiteral("exec \"$0\" 2>") + fifo);
+        closeAndVerifySaved();
     }
 
     void terminalThatReadsNoMessagesBlocksNothing()
@@ -231,22 +201,20 @@ private slots:
         const QString rules = QString(3000, QLatin1Char('x')) + QLatin1String("=maybe;");
         start(QStringLiteral("QT_LOGGING_RULES='%1' exec \"$0\" 2>%2")
                   .arg(rules.repeated(10), terminal.path()));
-        m_screen.closeWindow(viewer);
-        checkThatItEnds();
+        closeAndVerifySaved();
     }
 
     void settingsAreSavedWithoutAReaderOfMessages()
     {
-        const QString path = m_folder.filePath(QStringLiteral("pipe"));
-        Pipe pipe(path);
+        const QString fifo = path(QStringLiteral("pipe"));
+        Pipe pipe(fifo);
         // A process that starts this test may ignore the signal, which would be inherited.
-        start(QStringLiteral("exec env --default-signal=PIPE \"$0\" 2>") + path);
+        start(QStringLiteral("exec env --default-signal=PIPE \"$0\" 2>") + fifo);
         pipe.closeReader();
         // Each change of size writes messages.
-        m_screen.resizeWindow(viewer, QSize(900, 600));
-        QCOMPARE(m_screen.waitForWindow(viewer).size(), QSize(900, 600));
-        m_screen.closeWindow(viewer);
-        checkThatItEnds();
+        screen->resizeWindow(title, QSize(900, 600));
+        QCOMPARE(screen->waitForWindow(title).size(), QSize(900, 600));
+        closeAndVerifySaved();
     }
 };
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "each.h"
 #include "testfiles.h"
 #include "viewerrun.h"
 
@@ -33,7 +34,7 @@ QStringList asAnybody()
 }
 
 /// Limits files to 512 bytes, which has the effect of a full disk.
-QStringList withLittleRoom()
+QStringList withSmallFiles()
 {
     return { QStringLiteral("sh"), QStringLiteral("-c"),
              QStringLiteral("trap '' XFSZ; ulimit -f 1; exec \"$0\"") };
@@ -119,50 +120,41 @@ private slots:
         QVERIFY(viewer.settings().contains("StateIndex=63\n"));
     }
 
-    void aDiskWithoutRoomLeavesTheOldSettings()
+    void fullDiskLeavesTheOldSettings()
     {
-        ViewerRun viewer;
-        viewer.startBy(withLittleRoom());
-        checkEnd(viewer.run());
-        QCOMPARE(viewer.settings(), viewer.oldSettings());
-        QCOMPARE(viewer.strays(), QStringList());
-        viewer.startBy({});
-        checkEnd(viewer.run());
-        QCOMPARE(ViewerRun::flawIn(viewer.settings()), QString());
-    }
+        struct Row
+        {
+            const char *name;
+            bool isLink; ///< the settings file is a link to another folder
+            bool isSmallDisk; ///< which is on a disk of its own
+        };
+        std::vector<Row> rows{ { "limit", false, false }, { "limit behind a link", true, false } };
+        // Only root makes file systems.
+        if (SmallDisk().isThere())
+            rows.push_back({ "64 KiB", true, true });
+        each(rows, [](const Row &row) {
+            ViewerRun viewer;
+            const SmallDisk disk;
+            const QString place = row.isLink ? disk.path("settings.ini") : viewer.settingsFile();
+            if (row.isLink) {
+                QVERIFY(QFile::rename(viewer.settingsFile(), place));
+                QVERIFY(QFile::link(place, viewer.settingsFile()));
+            }
+            if (row.isSmallDisk)
+                disk.fill();
+            else
+                viewer.startBy(withSmallFiles());
+            checkEnd(viewer.run());
+            QCOMPARE(contentOf(place), viewer.oldSettings());
+            QCOMPARE(QFileInfo(viewer.settingsFile()).isSymLink(), row.isLink);
+            QCOMPARE(viewer.strays(), QStringList());
 
-    void aFullSmallDiskLeavesTheOldSettings_data()
-    {
-        QTest::addColumn<QStringList>("command");
-        const SmallDisk disk;
-        // Only root makes file systems. Others have the row that needs none.
-        if (disk.isThere())
-            QTest::newRow("64 KiB") << QStringList();
-        QTest::newRow("limit") << withLittleRoom();
-    }
-
-    void aFullSmallDiskLeavesTheOldSettings()
-    {
-        QFETCH(QStringList, command);
-        const SmallDisk disk;
-        ViewerRun viewer;
-        viewer.startBy(command);
-        // The program is larger than the disk, so a link leads there.
-        const QString place = disk.path("settings.ini");
-        writeFile(place, viewer.oldSettings());
-        QVERIFY(QFile::remove(viewer.settingsFile()));
-        QVERIFY(QFile::link(place, viewer.settingsFile()));
-        if (command.isEmpty())
-            disk.fill();
-        checkEnd(viewer.run());
-        QCOMPARE(contentOf(place), viewer.oldSettings());
-        QVERIFY(QFileInfo(viewer.settingsFile()).isSymLink());
-
-        // With room again, the next close saves.
-        QFile::remove(disk.path("filler"));
-        viewer.startBy({});
-        checkEnd(viewer.run());
-        QCOMPARE(ViewerRun::flawIn(contentOf(place)), QString());
+            // With space again, the next close saves.
+            QFile::remove(disk.path("filler"));
+            viewer.startBy({});
+            checkEnd(viewer.run());
+            QCOMPARE(ViewerRun::flawIn(contentOf(place)), QString());
+        });
     }
 
     void aReadOnlyProgramFolderSendsTheSettingsToTheUsers()

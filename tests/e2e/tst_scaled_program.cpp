@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "each.h"
+#include "programtest.h"
+#include "testfiles.h"
 #include "tracebuilder.h"
-#include "virtualscreen.h"
 
-#include <QFile>
-#include <QPainter>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -14,151 +13,79 @@ constexpr QSize windowSize(800, 500);
 constexpr QRect clockArea(656, 9, 135, 50);
 constexpr QPoint widerButton(690, 272);
 constexpr QRect scaleCaption(262, 450, 76, 30);
-const QString viewer = QStringLiteral("^Velkor$");
-
-/// Many once the traces, the grid and the texts are there.
-int coloursIn(const QImage &picture)
-{
-    QSet<QRgb> colours;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            colours.insert(picture.pixel(x, y));
-    return static_cast<int>(colours.size());
-}
 
 } // namespace
 
 /// The real program on screens that have more than one pixel for a unit, or seem to.
-class TestScaledProgram : public QObject
+class TestScaledProgram : public ProgramTest
 {
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
-    QProcess m_viewer;
-    QRect m_window;
-
-    QString program() const
+    void startOnATrace(const QString &script = QStringLiteral("exec \"$0\""))
     {
-        return m_folder.filePath(QStringLiteral("velkor"));
-    }
-
-    void start(const VirtualScreen &screen, const char *variable = nullptr,
-               const char *value = nullptr)
-    {
-        QProcessEnvironment environment = screen.environment();
-        if (variable != nullptr)
-            environment.insert(QString::fromLatin1(variable), QString::fromLatin1(value));
-        m_viewer.setProcessEnvironment(environment);
-        m_viewer.setProcessChannelMode(QProcess::ForwardedChannels);
-        m_viewer.start(program(), QStringList());
-        QVERIFY(m_viewer.waitForStarted());
-        m_window = screen.waitForWindow(viewer);
-        // The pointer rests where no button lights up under it.
-        screen.moveTo(m_window.bottomLeft() + QPoint(m_window.width() / 2, -2));
-    }
-
-    void closeAsAUserDoes(const VirtualScreen &screen)
-    {
-        screen.closeWindow(viewer);
-        QVERIFY(m_viewer.waitForFinished(-1));
-        QCOMPARE(m_viewer.exitCode(), 0);
-    }
-
-    /// The window without the clock, as soon as two pictures in a row are the same.
-    QImage settledPicture(const VirtualScreen &screen) const
-    {
-        QImage last;
-        screen.waitUntil([&](const QImage &now) {
-            QImage inside = now.copy(m_window).convertToFormat(QImage::Format_RGB32);
-            QPainter(&inside).fillRect(clockArea, Qt::black);
-            const bool still = coloursIn(inside) > 100 && inside == last;
-            last = inside;
-            return still;
-        });
-        return last;
+        const QString trace = TraceBuilder()
+                                  .samples([](int i) { return (i * 5) % 97 - 48; })
+                                  .write(path(QStringLiteral("trace.tdr")));
+        writeFile(settingsFile(),
+                  "[PrevFiles]\nStateIndex=1\nMasterId=0\nfile1=" + trace.toUtf8() + '\n');
+        start(script);
     }
 
 private slots:
-    void initTestCase()
+    void screenWithoutAScaleShowsWhatAnUnscaledProgramDoes()
     {
-        QVERIFY(QFile::copy(QStringLiteral(VELKOR_PROGRAM), program()));
-        TraceBuilder()
-            .samples([](int i) { return (i * 5) % 97 - 48; })
-            .write(m_folder.filePath(QStringLiteral("trace.tdr")));
+        struct Row
+        {
+            const char *name;
+            int dotsPerInch;
+        };
+        // X servers report 100 dpi by default; 96 dpi is a scale of 1.
+        each<Row>({ { "what the server says", 0 }, { "exactly 1", 96 } }, [this](const Row &row) {
+            // This width is a whole number of millimetres.
+            useScreen(QSize(1440, 900), row.dotsPerInch);
+            startOnATrace(QStringLiteral("QT_ENABLE_HIGHDPI_SCALING=0 exec \"$0\""));
+            const QImage unscaled = settledPicture(clockArea);
+            closeViewer();
+            startOnATrace();
+            QCOMPARE(window.size(), windowSize);
+            QCOMPARE(settledPicture(clockArea), unscaled);
+            closeViewer();
+        });
     }
 
-    void init()
+    void scaleOfTheScreenIsFollowed()
     {
-        QFile settings(m_folder.filePath(QStringLiteral("settings_current.ini")));
-        QVERIFY(settings.open(QIODevice::WriteOnly));
-        settings.write("[PrevFiles]\nStateIndex=1\nMasterId=0\nfile1="
-                       + m_folder.filePath(QStringLiteral("trace.tdr")).toUtf8() + '\n');
+        struct Row
+        {
+            const char *name;
+            double factor;
+        };
+        each<Row>({ { "1.25", 1.25 }, { "1.5", 1.5 }, { "2", 2.0 }, { "3", 3.0 } },
+                  [this](const Row &row) {
+                      useScreen(QSize(2600, 1700));
+                      screen->setScale(row.factor);
+                      startOnATrace();
+                      QCOMPARE(window.size(), windowSize * row.factor);
+                      // Clicks reach what is shown at their place.
+                      const QRect caption(scaleCaption.topLeft() * row.factor,
+                                          scaleCaption.size() * row.factor);
+                      const QImage before = part(caption);
+                      screen->click(onScreen(widerButton * row.factor));
+                      QVERIFY(screen->waitUntil([&](const QImage &now) {
+                          return now.copy(onScreen(caption)) != before;
+                      }));
+                      closeViewer();
+                  });
     }
 
-    void cleanup()
+    void environmentComesFirst()
     {
-        if (m_viewer.state() != QProcess::NotRunning) {
-            m_viewer.kill();
-            m_viewer.waitForFinished();
-        }
-    }
-
-    // 100 dpi, which X servers report by default, and 96 dpi, which is a scale of 1.
-    void aScreenWithoutAScaleShowsWhatAnUnscaledProgramDoes_data()
-    {
-        QTest::addColumn<int>("dotsPerInch");
-        QTest::newRow("what the server says") << 0;
-        QTest::newRow("exactly 1") << 96;
-    }
-
-    void aScreenWithoutAScaleShowsWhatAnUnscaledProgramDoes()
-    {
-        QFETCH(const int, dotsPerInch);
-        // This width is a whole number of millimetres.
-        const VirtualScreen screen(QSize(1440, 900), dotsPerInch);
-        start(screen, "QT_ENABLE_HIGHDPI_SCALING", "0");
-        const QImage unscaled = settledPicture(screen);
-        closeAsAUserDoes(screen);
-        init();
-        start(screen);
-        QCOMPARE(m_window.size(), windowSize);
-        QCOMPARE(settledPicture(screen), unscaled);
-        closeAsAUserDoes(screen);
-    }
-
-    void theScaleOfTheScreenIsFollowed_data()
-    {
-        QTest::addColumn<double>("factor");
-        QTest::newRow("1.25") << 1.25;
-        QTest::newRow("1.5") << 1.5;
-        QTest::newRow("2") << 2.0;
-        QTest::newRow("3") << 3.0;
-    }
-
-    void theScaleOfTheScreenIsFollowed()
-    {
-        QFETCH(const double, factor);
-        const VirtualScreen screen(QSize(2600, 1700));
-        screen.setScale(factor);
-        start(screen);
-        QCOMPARE(m_window.size(), windowSize * factor);
-        // Clicks reach what is shown at their place.
-        const QRect caption(m_window.topLeft() + scaleCaption.topLeft() * factor,
-                            scaleCaption.size() * factor);
-        const QImage before = screen.picture().copy(caption);
-        screen.click(m_window.topLeft() + widerButton * factor);
-        QVERIFY(screen.waitUntil([&](const QImage &now) { return now.copy(caption) != before; }));
-        closeAsAUserDoes(screen);
-    }
-
-    void theEnvironmentComesFirst()
-    {
-        const VirtualScreen screen;
-        screen.setScale(1.5);
-        start(screen, "QT_SCALE_FACTOR_ROUNDING_POLICY", "Floor");
-        QCOMPARE(m_window.size(), windowSize);
-        closeAsAUserDoes(screen);
+        useScreen(QSize(1400, 900));
+        screen->setScale(1.5);
+        startOnATrace(QStringLiteral("QT_SCALE_FACTOR_ROUNDING_POLICY=Floor exec \"$0\""));
+        QCOMPARE(window.size(), windowSize);
+        closeViewer();
     }
 };
 

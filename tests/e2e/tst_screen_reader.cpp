@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibletree.h"
+#include "programtest.h"
+#include "testfiles.h"
 #include "tracebuilder.h"
-#include "virtualscreen.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -14,13 +13,12 @@ namespace {
 
 using Nodes = QVector<AccessibleTree::Node>;
 
-const QString viewer = QStringLiteral("^Velkor$");
 const QString program = QStringLiteral("velkor");
 constexpr QPoint plotMiddle(420, 220);
 
 /// What is read of the window, control by control: role, name, description. Where a line ends in an
 /// ellipsis any text may follow.
-const char *const english[] = {
+const char *const controls[] = {
     "frame: Velkor",
     "graphic: Logo",
     "label: Δ = 0.00 m (Distance between the cursors)",
@@ -58,44 +56,6 @@ const char *const english[] = {
     "radio button: Reserved",
 };
 
-const char *const russian[] = {
-    "frame: Velkor",
-    "graphic: Логотип",
-    "label: Δ = 0.00 м (Расстояние между курсорами)",
-    "check box: Сглаживание рефлектограмм",
-    "push button: Сбросить всё",
-    "push button: Открыть файлы рефлектограмм",
-    "push button: Настройки",
-    "check box: Разность с мастером",
-    "push button: Уменьшить",
-    "push button: Увеличить",
-    "push button: Прокрутить влево",
-    "push button: Прокрутить вправо",
-    "radio button: Выбрать курсор A",
-    "radio button: Выбрать курсор B",
-    "dial: X Сдвиг 0.00 м (Энкодер параметров)",
-    "dial: Курсор A 0.00 м (Энкодер курсоров)",
-    "chart: …",
-    "radio button: Курсор A x = 0.00 м y = 17",
-    "radio button: Курсор B x = 0.00 м y = 17",
-    "radio button: РФГ 1 5 Mar 2024 (Рефлектограмма 1, мастер)",
-    "radio button: РФГ 2 9 Jul 2025 (Рефлектограмма 2)",
-    "radio button: РФГ 3 …",
-    "radio button: РФГ 4 …",
-    "radio button: РФГ 5 …",
-    "radio button: РФГ 6 …",
-    "radio button: X Сдвиг 0.00 м (Горизонтальный сдвиг)",
-    "radio button: КУ 1.500 (Коэффициент укорочения)",
-    "radio button: Ширина импульса …",
-    "radio button: Импеданс …",
-    "radio button: Усреднение …",
-    "radio button: Y Сдвиг 0 (Вертикальный сдвиг)",
-    "radio button: Масштаб 31.25 m",
-    "radio button: Амплитуда 20В (Амплитуда импульса)",
-    "radio button: Усиление …",
-    "radio button: Резерв",
-};
-
 bool isOnlyThere(const AccessibleTree::Node &node)
 {
     return !node.isShown || node.role == QLatin1String("application")
@@ -131,38 +91,24 @@ QString focusedIn(const Nodes &nodes)
 } // namespace
 
 /// The real program, as a screen reader reads it on the accessibility bus.
-class TestScreenReader : public QObject
+class TestScreenReader : public ProgramTest
 {
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
-    VirtualScreen m_screen;
     std::unique_ptr<AccessibleTree> m_tree;
-    QProcess m_viewer;
-    QRect m_window;
 
-    QString inFolder(const char *name) const
+    void startOnTwoTraces()
     {
-        return m_folder.filePath(QString::fromLatin1(name));
-    }
-
-    void start(const char *language)
-    {
-        QFile settings(inFolder("settings_current.ini"));
-        QVERIFY(settings.open(QIODevice::WriteOnly));
-        settings.write(QByteArray("[General]\nlanguage=") + language
-                       + "\n[PrevFiles]\nStateIndex=3\nMasterId=0\nfile1="
-                       + inFolder("t1.tdr").toUtf8() + "\nfile2=" + inFolder("t2.tdr").toUtf8()
-                       + '\n');
-        settings.close();
-        m_viewer.setProcessEnvironment(m_tree->environment());
-        m_viewer.setProcessChannelMode(QProcess::ForwardedChannels);
-        m_viewer.start(inFolder("velkor"), QStringList());
-        QVERIFY(m_viewer.waitForStarted());
-        m_window = m_screen.waitForWindow(viewer);
-        QVERIFY(!m_window.isEmpty());
-        m_screen.moveTo(m_window.topLeft() + plotMiddle);
+        const QString first = path(QStringLiteral("t1.tdr"));
+        const QString second = path(QStringLiteral("t2.tdr"));
+        TraceBuilder().samples(17).ku(1.5F).write(first);
+        TraceBuilder().date(2025, 7, 9).write(second);
+        writeFile(settingsFile(),
+                  "[PrevFiles]\nStateIndex=3\nMasterId=0\nfile1=" + first.toUtf8()
+                      + "\nfile2=" + second.toUtf8() + '\n');
+        start();
+        screen->moveTo(onScreen(plotMiddle));
     }
 
     void waitForFocus(const char *name) const
@@ -176,104 +122,76 @@ private:
     }
 
 private slots:
-    void initTestCase()
+    void init()
     {
-        QVERIFY(QFile::copy(QStringLiteral(VELKOR_PROGRAM), inFolder("velkor")));
-        TraceBuilder().samples([](int) { return 17; }).ku(1.5F).write(inFolder("t1.tdr"));
-        TraceBuilder().date(2025, 7, 9).write(inFolder("t2.tdr"));
-        m_tree = std::make_unique<AccessibleTree>(m_screen.environment());
-    }
-
-    void cleanup()
-    {
-        if (m_viewer.state() == QProcess::NotRunning)
-            return;
-        m_screen.closeWindow(viewer);
-        if (!m_viewer.waitForFinished(10000))
-            m_viewer.kill();
-        QCOMPARE(m_viewer.exitStatus(), QProcess::NormalExit);
-    }
-
-    void cleanupTestCase()
-    {
-        m_tree.reset();
-    }
-
-    void theWholeWindowIsReadOut_data()
-    {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<QStringList>("expected");
-        const auto list = [](const auto &lines) {
-            QStringList texts;
-            for (const char *line : lines)
-                texts.append(QString::fromUtf8(line));
-            return texts;
-        };
-        QTest::newRow("English") << "en_US" << list(english);
-        QTest::newRow("Russian") << "ru_RU" << list(russian);
+        if (m_tree == nullptr)
+            m_tree = std::make_unique<AccessibleTree>(screen->environment());
+        environment = m_tree->environment();
     }
 
     void theWholeWindowIsReadOut()
     {
-        QFETCH(const QString, language);
-        QFETCH(const QStringList, expected);
-        start(qPrintable(language));
-        QStringList heard;
+        startOnTwoTraces();
+        constexpr int count = static_cast<int>(std::size(controls));
+        QStringList lines;
         QVERIFY(m_tree->waitUntil(program, [&](const Nodes &nodes) {
-            heard = readOut(nodes);
-            return heard.size() > expected.size();
+            lines = readOut(nodes);
+            return lines.size() > count;
         }));
         // The clock is between the cursor buttons and the dials.
-        const auto clock = heard.indexOf(QRegularExpression(
-            QStringLiteral("^label: .*\\d\\d:\\d\\d:\\d\\d \\((Date and time|Дата и время)\\)$")));
+        const auto clock = lines.indexOf(QRegularExpression(
+            QStringLiteral("^label: .*\\d\\d:\\d\\d:\\d\\d \\(Date and time\\)$")));
         QVERIFY(clock >= 0);
-        heard.removeAt(clock);
-        QCOMPARE(heard.size(), expected.size());
-        for (int i = 0; i < expected.size(); ++i) {
-            const QString line = expected.at(i);
+        lines.removeAt(clock);
+        QCOMPARE(static_cast<int>(lines.size()), count);
+        for (int i = 0; i < count; ++i) {
+            const QString line = QString::fromUtf8(controls[i]);
             const bool matches = line.endsWith(QChar(0x2026))
-                ? heard.at(i).startsWith(line.chopped(1)) && heard.at(i).size() >= line.size()
-                : heard.at(i) == line;
-            QVERIFY2(matches, qPrintable(heard.at(i) + QLatin1String(" / ") + line));
+                ? lines.at(i).startsWith(line.chopped(1)) && lines.at(i).size() >= line.size()
+                : lines.at(i) == line;
+            QVERIFY2(matches, qPrintable(lines.at(i) + QLatin1String(" / ") + line));
         }
+        closeViewer();
     }
 
     void theKeyboardGoesFromThePlotThroughTheWindow()
     {
-        start("en_US");
+        startOnTwoTraces();
         waitForFocus("Plot");
-        const QImage before = m_screen.picture();
-        m_screen.key(QStringLiteral("Tab"));
+        const QImage before = screen->picture();
+        screen->key(QStringLiteral("Tab"));
         waitForFocus("Settings");
         // The focus frame is white.
-        QVERIFY(m_screen.waitUntil([&](const QImage &screen) {
+        QVERIFY(screen->waitUntil([&](const QImage &now) {
             int white = 0;
-            for (int y = m_window.top(); y <= m_window.bottom(); ++y)
-                for (int x = m_window.left(); x <= m_window.right(); ++x)
-                    if (screen.pixel(x, y) == qRgb(255, 255, 255)
+            for (int y = window.top(); y <= window.bottom(); ++y)
+                for (int x = window.left(); x <= window.right(); ++x)
+                    if (now.pixel(x, y) == qRgb(255, 255, 255)
                         && before.pixel(x, y) != qRgb(255, 255, 255))
                         ++white;
             return white > 500;
         }));
-        m_screen.key(QStringLiteral("shift+Tab"));
+        screen->key(QStringLiteral("shift+Tab"));
         waitForFocus("Plot");
+        closeViewer();
     }
 
     void aChangedReadingIsReported()
     {
-        start("en_US");
+        startOnTwoTraces();
         waitForFocus("Plot");
         // The wheel over the plot moves the cursor.
-        m_screen.click(m_window.topLeft() + plotMiddle, 4);
+        screen->click(onScreen(plotMiddle), 4);
         const QRegularExpression moved(
             QStringLiteral("^radio button: Cursor A x = 0\\.[1-9]\\d m y = 17$"));
-        QStringList heard;
+        QStringList lines;
         QVERIFY2(m_tree->waitUntil(program,
                                    [&](const Nodes &nodes) {
-                                       heard = readOut(nodes);
-                                       return heard.indexOf(moved) >= 0;
+                                       lines = readOut(nodes);
+                                       return lines.indexOf(moved) >= 0;
                                    }),
-                 qPrintable(heard.join(QLatin1Char('\n'))));
+                 qPrintable(lines.join(QLatin1Char('\n'))));
+        closeViewer();
     }
 };
 

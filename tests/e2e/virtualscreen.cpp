@@ -35,17 +35,12 @@ VirtualScreen::VirtualScreen(QSize size, int dotsPerInch)
 {
     // The server chooses a free display and writes its number to standard output. Without -noreset
     // it would start over, and end the window manager, when the last of the other clients leaves.
-    QStringList arguments{ QStringLiteral("-displayfd"),
-                           QStringLiteral("1"),
-                           QStringLiteral("-screen"),
-                           QStringLiteral("0"),
-                           QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height()),
-                           QStringLiteral("-nolisten"),
-                           QStringLiteral("tcp"),
-                           QStringLiteral("-noreset") };
+    QString server = QStringLiteral("-displayfd 1 -screen 0 %1x%2x24 -nolisten tcp -noreset")
+                         .arg(size.width())
+                         .arg(size.height());
     if (dotsPerInch > 0)
-        arguments << QStringLiteral("-dpi") << QString::number(dotsPerInch);
-    m_server.start(QStringLiteral("Xvfb"), arguments);
+        server += QStringLiteral(" -dpi %1").arg(dotsPerInch);
+    m_server.start(QStringLiteral("Xvfb"), server.split(QLatin1Char(' ')));
     if (!m_server.waitForStarted() || !m_server.waitForReadyRead(-1))
         qFatal("no virtual screen: is Xvfb installed?");
     m_display = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
@@ -75,10 +70,8 @@ VirtualScreen::~VirtualScreen()
 void VirtualScreen::setScale(double factor) const
 {
     constexpr double unscaledDots = 96.0;
-    run(QStringLiteral("xprop"),
-        { QStringLiteral("-root"), QStringLiteral("-f"), QStringLiteral("RESOURCE_MANAGER"),
-          QStringLiteral("8s"), QStringLiteral("-set"), QStringLiteral("RESOURCE_MANAGER"),
-          QStringLiteral("Xft.dpi:\t%1\n").arg(unscaledDots * factor) });
+    run(QStringLiteral("xprop -root -f RESOURCE_MANAGER 8s -set RESOURCE_MANAGER"),
+        QStringLiteral("Xft.dpi:\t%1\n").arg(unscaledDots * factor));
 }
 
 QProcessEnvironment VirtualScreen::environment() const
@@ -91,8 +84,12 @@ QProcessEnvironment VirtualScreen::environment() const
     return environment;
 }
 
-QByteArray VirtualScreen::run(const QString &program, const QStringList &arguments) const
+QByteArray VirtualScreen::run(const QString &command, const QString &lastArgument) const
 {
+    QStringList arguments = command.split(QLatin1Char(' '));
+    const QString program = arguments.takeFirst();
+    if (!lastArgument.isEmpty())
+        arguments.append(lastArgument);
     QProcess process;
     process.setProcessEnvironment(environment());
     process.start(program, arguments);
@@ -104,9 +101,7 @@ QByteArray VirtualScreen::run(const QString &program, const QStringList &argumen
 
 QString VirtualScreen::windowId(const QString &name) const
 {
-    const QByteArray ids = run(QStringLiteral("xdotool"),
-                               { QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                 QStringLiteral("--name"), name });
+    const QByteArray ids = run(QStringLiteral("xdotool search --onlyvisible --name"), name);
     return QString::fromLatin1(ids).trimmed().section(QLatin1Char('\n'), -1);
 }
 
@@ -119,13 +114,9 @@ QRect VirtualScreen::waitForWindow(const QString &name) const
             return false;
         // The pointer is sent into the window's corner and asked where it is: under a window
         // manager the plain position counts the frame twice.
-        const QByteArray size
-            = run(QStringLiteral("xdotool"),
-                  { QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id });
+        const QByteArray size = run(QStringLiteral("xdotool getwindowgeometry --shell"), id);
         const QByteArray corner = run(
-            QStringLiteral("xdotool"),
-            { QStringLiteral("mousemove"), QStringLiteral("--window"), id, QStringLiteral("0"),
-              QStringLiteral("0"), QStringLiteral("getmouselocation"), QStringLiteral("--shell") });
+            QStringLiteral("xdotool mousemove --window %1 0 0 getmouselocation --shell").arg(id));
         const QRect now(shellNumber(corner, "X="), shellNumber(corner, "Y="),
                         shellNumber(size, "WIDTH="), shellNumber(size, "HEIGHT="));
         // Twice the same: the manager has put the window where it stays.
@@ -143,64 +134,52 @@ bool VirtualScreen::waitUntilGone(const QString &name) const
 
 void VirtualScreen::closeWindow(const QString &name) const
 {
-    const int id = windowId(name).toInt();
-    run(QStringLiteral("wmctrl"),
-        { QStringLiteral("-i"), QStringLiteral("-c"), QStringLiteral("0x%1").arg(id, 0, 16) });
+    run(QStringLiteral("wmctrl -i -c 0x%1").arg(windowId(name).toInt(), 0, 16));
 }
 
 void VirtualScreen::resizeWindow(const QString &name, QSize size) const
 {
-    run(QStringLiteral("wmctrl"),
-        { QStringLiteral("-i"), QStringLiteral("-r"), windowId(name), QStringLiteral("-e"),
-          QStringLiteral("0,-1,-1,%1,%2").arg(size.width()).arg(size.height()) });
+    run(QStringLiteral("wmctrl -i -r %1 -e 0,-1,-1,%2,%3")
+            .arg(windowId(name))
+            .arg(size.width())
+            .arg(size.height()));
     waitFor([&] { return waitForWindow(name).size() == size; });
 }
 
 void VirtualScreen::moveTo(QPoint at) const
 {
-    run(QStringLiteral("xdotool"),
-        { QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()) });
+    run(QStringLiteral("xdotool mousemove %1 %2").arg(at.x()).arg(at.y()));
 }
 
 void VirtualScreen::click(QPoint at, int button) const
 {
-    run(QStringLiteral("xdotool"),
-        { QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
-          QStringLiteral("click"), QString::number(button) });
+    run(QStringLiteral("xdotool mousemove %1 %2 click %3").arg(at.x()).arg(at.y()).arg(button));
 }
 
-void VirtualScreen::drag(QPoint from, QPoint to, int button) const
+void VirtualScreen::drag(QPoint from, QPoint to) const
 {
     constexpr int steps = 10;
-    QStringList arguments{ QStringLiteral("mousemove"), QString::number(from.x()),
-                           QString::number(from.y()), QStringLiteral("mousedown"),
-                           QString::number(button) };
-    for (int step = 1; step <= steps; ++step) {
-        const QPoint at = from + (to - from) * step / steps;
-        arguments << QStringLiteral("mousemove") << QString::number(at.x())
-                  << QString::number(at.y());
-    }
-    run(QStringLiteral("xdotool"),
-        arguments << QStringLiteral("mouseup") << QString::number(button));
+    const auto moveTo
+        = [](QPoint at) { return QStringLiteral(" mousemove %1 %2").arg(at.x()).arg(at.y()); };
+    QString command = QStringLiteral("xdotool") + moveTo(from) + QStringLiteral(" mousedown 1");
+    for (int step = 1; step <= steps; ++step)
+        command += moveTo(from + (to - from) * step / steps);
+    run(command + QStringLiteral(" mouseup 1"));
 }
 
 void VirtualScreen::type(const QString &text) const
 {
-    run(QStringLiteral("xdotool"),
-        { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
+    run(QStringLiteral("xdotool type --delay 5"), text);
 }
 
 void VirtualScreen::key(const QString &name) const
 {
-    run(QStringLiteral("xdotool"), { QStringLiteral("key"), name });
+    run(QStringLiteral("xdotool key"), name);
 }
 
 QImage VirtualScreen::picture() const
 {
-    return QImage::fromData(
-        run(QStringLiteral("import"),
-            { QStringLiteral("-window"), QStringLiteral("root"), QStringLiteral("png:-") }),
-        "PNG");
+    return QImage::fromData(run(QStringLiteral("import -window root png:-")), "PNG");
 }
 
 bool VirtualScreen::waitUntil(const std::function<bool(const QImage &)> &looksRight) const

@@ -9,7 +9,6 @@
 #include <QRect>
 #include <QSize>
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 
@@ -20,7 +19,7 @@ class VirtualScreen
 public:
     /// A screen of \a size pixels; \a dotsPerInch is what it says of itself, 0 for what the server
     /// says by default.
-    explicit VirtualScreen(QSize size = QSize(1280, 900), int dotsPerInch = 0);
+    explicit VirtualScreen(QSize size, int dotsPerInch = 0);
     ~VirtualScreen();
     Q_DISABLE_COPY(VirtualScreen)
 
@@ -43,8 +42,8 @@ public:
 
     void moveTo(QPoint at) const;
     void click(QPoint at, int button = 1) const;
-    /// Presses at \a from, moves to \a to in steps, releases.
-    void drag(QPoint from, QPoint to, int button = 1) const;
+    /// Presses the left button at \a from, moves to \a to in steps, releases.
+    void drag(QPoint from, QPoint to) const;
     void type(const QString &text) const;
     void key(const QString &name) const;
 
@@ -54,7 +53,8 @@ public:
     bool waitUntil(const std::function<bool(const QImage &)> &looksRight) const;
 
 private:
-    QByteArray run(const QString &program, const QStringList &arguments) const;
+    /// Standard output of \a command, whose words end at blanks; nothing if it fails.
+    QByteArray run(const QString &command, const QString &lastArgument = QString()) const;
     QString windowId(const QString &name) const;
 
     QProcess m_server;
