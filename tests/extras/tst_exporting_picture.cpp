@@ -159,7 +159,7 @@ private slots:
                         QStringLiteral("выбрана"), QStringLiteral("РФГ 2 минус каждая"),
                         QStringLiteral("Сглаживание") } } },
                   [&](const Row &row) {
-                      speak(row.name);
+                      setLanguage(row.name);
                       QStringList words = row.words;
                       for (int slot = 0; slot < 3; ++slot)
                           words << extras::fileOf(window, slot) << extras::measuredOf(window, slot);
@@ -191,7 +191,7 @@ private slots:
             for (const char *language : { "en_US", "ru_RU" })
                 for (const int scale : { 2, 8 }) { // with and without differences and smoothing
                     window.resize(size);
-                    speak(language);
+                    setLanguage(language);
                     QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
                     QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
                     window.scale_change(scale);
