@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/bundledpicture.h"
+#include "base/shared_bevels.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "interfacebutton.h"
@@ -330,6 +331,7 @@ void MainWindow::decorateControls()
 {
     setWindowTitle(QStringLiteral("Velkor"));
     setWindowIcon(QIcon(windowPicture));
+    setStyle(SharedBevels::instance());
     setNamesAndPolicies(*this);
     setIcons(*this);
     Plot_View->setMouseTracking(true);

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/shared_bevels.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowtest.h"
@@ -141,6 +142,25 @@ private slots:
         QCOMPARE(look(), QByteArray());
         QCOMPARE(dialogLook(), QByteArray());
         QCOMPARE(window().settings()->current_CSS.toLatin1(), text);
+    }
+
+    void sharedBevelsLookLikeQtsOwn()
+    {
+        const auto pictures = [this] {
+            QVector<QImage> images;
+            for (auto *button : window().findChildren<QPushButton *>())
+                images.append(button->grab().toImage());
+            return images;
+        };
+        openOn({ TraceBuilder() });
+        const QVector<QImage> shared = pictures();
+        QVERIFY(shared.size() > 20);
+        window().setStyle(QApplication::style());
+        QCOMPARE(pictures(), shared);
+
+        MainWindow other;
+        other.setStyleSheet({});
+        QCOMPARE(other.style(), SharedBevels::instance());
     }
 
     void withoutADeveloperSheetNothingIsWatched()
