@@ -307,10 +307,17 @@ void pointer(Player &player, const Event &event)
     QEnterEvent enter(position, widget->mapTo(&player.window(), position),
                       widget->mapToGlobal(position));
     QApplication::sendEvent(widget, &enter);
+    // The window system also tells a button to light up.
+    const auto hover = [&widget = widget, &position = position](QEvent::Type type) {
+        QHoverEvent change(type, position, position);
+        QApplication::sendEvent(widget, &change);
+    };
+    hover(QEvent::HoverEnter);
     input::move(widget, position, Qt::NoButton);
     if (event[2] % 2 == 0) {
         QEvent leave(QEvent::Leave);
         QApplication::sendEvent(widget, &leave);
+        hover(QEvent::HoverLeave);
     }
 }
 
