@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "calc/axis_grid.h"
 #include "calc/numeric.h"
-#include "mainwindow.h"
 
 #include <QGraphicsScene>
 

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "calc/readout.h"
 #include "calc/trace_points.h"
 #include "curarrow.h"
 #include "dictionary.h"
 #include "legendbutton.h"
-#include "mainwindow.h"
 #include "serieslayer.h"
 
 #include <QGraphicsScene>

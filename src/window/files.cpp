@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "base/program_files.h"
 #include "calc/tdr_record.h"
 #include "dictionary.h"
 #include "legendbutton.h"
-#include "mainwindow.h"
 #include "settingsdata.h"
 
 #include <QButtonGroup>

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "base/bundledpicture.h"
 #include "base/shared_bevels.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
-#include "mainwindow.h"
 #include "parambutton.h"
 
 #include <QAction>

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "calc/view_range.h"
 #include "cont_dial.h"
 #include "dictionary.h"
-#include "mainwindow.h"
 #include "settingsdata.h"
 
 namespace {

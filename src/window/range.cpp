@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "calc/numeric.h"
 #include "calc/view_range.h"
 #include "cont_dial.h"
 #include "curarrow.h"
 #include "dictionary.h"
-#include "mainwindow.h"
 #include "parambutton.h"
 
 #include <QButtonGroup>

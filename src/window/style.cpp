@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/style_text.h"
 #include "mainwindow.h"
+
+#include "base/style_text.h"
 #include "settingsdata.h"
 
 #include <QDir>

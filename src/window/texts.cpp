@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "calc/readout.h"
 #include "cont_dial.h"
 #include "dictionary.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
-#include "mainwindow.h"
 #include "parambutton.h"
 #include "settingsmenu.h"
 

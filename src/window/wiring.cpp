@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow.h"
+
 #include "calc/numeric.h"
 #include "cont_dial.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
-#include "mainwindow.h"
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
