@@ -25,6 +25,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include <memory>
+
 namespace {
 
 struct Wording
@@ -72,46 +74,59 @@ QVector<Wording> descriptions(const MainWindowParts &parts)
     };
 }
 
-void describeTrace(LegendButton &button, const Catalogue &language)
-{
-    QStringList facts{
-        language.text(QT_TRANSLATE_NOOP("Accessibility", "Trace %1")).arg(button.id + 1)
-    };
-    if (button.mast())
-        facts += language.text(QT_TRANSLATE_NOOP("Accessibility", "master"));
-    // The menu entry is disabled while the slot is empty.
-    if (!button.vis() && button.visible_action->isEnabled())
-        facts += language.text(QT_TRANSLATE_NOOP("Accessibility", "hidden"));
-    button.setAccessibleDescription(facts.join(QLatin1String(", ")));
-}
-
-void describeControls(const MainWindowParts &parts, const Catalogue &language)
-{
-    const QVector<Wording> named = names(parts);
-    for (const Wording &wording : named)
-        wording.control->setAccessibleName(language.text(wording.text));
-    const QVector<Wording> described = descriptions(parts);
-    for (const Wording &wording : described)
-        wording.control->setAccessibleDescription(language.text(wording.text));
-    for (LegendButton *button : parts.selected_rfg)
-        describeTrace(*button, language);
-    // Qt does not use the title of the box around it as its name.
-    parts.settingsMenu->language_select->setAccessibleName(parts.d->LANGUAGE_STR);
-}
-
 /// Keeps the names and descriptions up to date: the language and the state of the traces change.
-void followChanges(const MainWindowParts &parts, const Catalogue &language)
+class Wordings : public QObject
 {
-    QObject::connect(parts.settingsData, &SettingsData::translation_changed, &language,
-                     [&parts, &language] { describeControls(parts, language); });
-    for (LegendButton *button : parts.selected_rfg) {
-        const auto describe = [button, &language] { describeTrace(*button, language); };
-        QObject::connect(button, &LegendButton::mastChanged, &language, describe);
-        QObject::connect(button, &LegendButton::visChanged, &language, describe);
-        // Enabled when the slot is loaded, disabled when it is emptied.
-        QObject::connect(button->visible_action, &QAction::changed, &language, describe);
+public:
+    explicit Wordings(MainWindow &window)
+        : QObject(&window)
+        , m_parts(window.parts())
+    {
+        describeControls();
+        connect(m_parts.settingsData, &SettingsData::translation_changed, this,
+                &Wordings::describeControls);
+        for (LegendButton *button : m_parts.selected_rfg) {
+            const auto describe = [this, button] { describeTrace(*button); };
+            connect(button, &LegendButton::mastChanged, this, describe);
+            connect(button, &LegendButton::visChanged, this, describe);
+            // Enabled when the slot is loaded, disabled when it is emptied.
+            connect(button->visible_action, &QAction::changed, this, describe);
+        }
     }
-}
+
+private:
+    void describeControls()
+    {
+        m_texts
+            = std::make_unique<Catalogue>("Accessibility", m_parts.settingsData->current_language);
+        const QVector<Wording> named = names(m_parts);
+        for (const Wording &wording : named)
+            wording.control->setAccessibleName(m_texts->text(wording.text));
+        const QVector<Wording> described = descriptions(m_parts);
+        for (const Wording &wording : described)
+            wording.control->setAccessibleDescription(m_texts->text(wording.text));
+        for (LegendButton *button : m_parts.selected_rfg)
+            describeTrace(*button);
+        // Qt does not use the title of the box around it as its name.
+        m_parts.settingsMenu->language_select->setAccessibleName(m_parts.d->LANGUAGE_STR);
+    }
+
+    void describeTrace(LegendButton &button) const
+    {
+        QStringList facts{
+            m_texts->text(QT_TRANSLATE_NOOP("Accessibility", "Trace %1")).arg(button.id + 1)
+        };
+        if (button.mast())
+            facts += m_texts->text(QT_TRANSLATE_NOOP("Accessibility", "master"));
+        // The menu entry is disabled while the slot is empty.
+        if (!button.vis() && button.visible_action->isEnabled())
+            facts += m_texts->text(QT_TRANSLATE_NOOP("Accessibility", "hidden"));
+        button.setAccessibleDescription(facts.join(QLatin1String(", ")));
+    }
+
+    const MainWindowParts &m_parts;
+    std::unique_ptr<Catalogue> m_texts; ///< in the present language
+};
 
 /// Qt reports a button as a radio button only if it is exclusive without its group. Inside a group
 /// the property changes nothing else.
@@ -215,10 +230,7 @@ private:
 void accessibility::attach(MainWindow &window)
 {
     const MainWindowParts &parts = window.parts();
-    const auto *language
-        = new Catalogue(parts.settingsData, QLatin1String("Accessibility"), &window);
-    describeControls(parts, *language);
-    followChanges(parts, *language);
+    new Wordings(window);
     markRadioButtons(parts);
     installDialInterface(parts.param_dial);
     installDialInterface(parts.cursor_dial);

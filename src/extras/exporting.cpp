@@ -116,7 +116,7 @@ bool writeAll(QSaveFile &file, const QByteArray &bytes)
 /// Saves and tells the outcome.
 void saveAndTell(const MainWindow &window, const QString &path, Format format)
 {
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     const QString reason = saveShown(window, path, format);
     const QString outcome = reason.isEmpty()
         ? texts.text(QT_TRANSLATE_NOOP("Extras", "%1 saved")).arg(texts.text(rowOf(format).name))
@@ -128,7 +128,7 @@ void saveAndTell(const MainWindow &window, const QString &path, Format format)
 
 void copyShown(MainWindow &window)
 {
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     auto *data = new QMimeData;
     const QImage picture = chartPicture(window, Ground::Screen);
     if (!picture.isNull())
@@ -145,7 +145,7 @@ void copyShown(MainWindow &window)
 
 void askAndSaveShown(MainWindow &window)
 {
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     const QStringList lines = filters(texts);
     // The window, and the dialog with it, can be destroyed while the dialog is open.
     const QPointer<QFileDialog> dialog
@@ -176,7 +176,7 @@ void askAndSaveShown(MainWindow &window)
 
 QString saveShown(const MainWindow &window, const QString &path, Format format)
 {
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     QString inTheWay = obstacle(path, texts);
     if (!inTheWay.isEmpty())
         return inTheWay;

@@ -7,6 +7,7 @@
 #include "extras/exporting_chart.h"
 #include "extras/exporting_text.h"
 #include "mainwindow.h"
+#include "settingsdata.h"
 
 #include <QPainter>
 
@@ -38,7 +39,7 @@ Caption::Caption(const MainWindow &window, const QFont &font, double width)
 void Caption::addTraces(const MainWindow &window, double width)
 {
     const MainWindowState &state = window.state();
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         if (!isShown(window, slot))
             continue;

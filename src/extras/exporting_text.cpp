@@ -9,6 +9,7 @@
 #include "extras/reflection_steps.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
+#include "settingsdata.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -52,7 +53,7 @@ QVector<QPair<QString, QString>> factsOf(const MainWindow &window)
     const MainWindowState &state = window.state();
     const MainWindowParts &parts = window.parts();
     const Dictionary &words = *parts.d;
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     const float ku = state.master_params.KU;
     const double halfSpeed = state.dist_coef / constants::nsPerCount * 1000.0;
     QVector<QPair<QString, QString>> facts{
@@ -96,7 +97,7 @@ QString readings(const MainWindow &window)
 {
     const MainWindowState &state = window.state();
     const Dictionary &words = *window.parts().d;
-    const Catalogue texts(window.settings(), QLatin1String("Extras"));
+    const Catalogue texts("Extras", window.settings()->current_language);
     QStringList lines;
     const auto add = [&lines](const QString &name, const QString &value) {
         lines.append(name + QStringLiteral(": ") + value);

@@ -273,7 +273,7 @@ void showHelp(MainWindow &window)
         if (help == nullptr)
             help = qobject_cast<HelpWindow *>(widget);
     if (help == nullptr) {
-        const Catalogue texts(window.settings(), QLatin1String("Extras"));
+        const Catalogue texts("Extras", window.settings()->current_language);
         help = new HelpWindow(window.settings()->current_language,
                               texts.text(QT_TRANSLATE_NOOP("Extras", "Back")),
                               texts.text(QT_TRANSLATE_NOOP("Extras", "Forward")));

@@ -129,7 +129,7 @@ public:
         : m_window(window)
         , m_parts(window.parts())
         , m_state(window.state())
-        , m_texts(window.settings(), QLatin1String("Extras"))
+        , m_texts("Extras", window.settings()->current_language)
     {
     }
 
