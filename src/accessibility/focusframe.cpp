@@ -7,11 +7,9 @@
 
 namespace {
 
-// Light on dark: one of the two is seen on any ground.
+// White around black: one of the two is seen on any ground.
 constexpr int lightWidth = 2;
 constexpr int darkWidth = 1;
-constexpr QRgb lightColour = 0xFFFFFFFF;
-constexpr QRgb darkColour = 0xFF000000;
 
 QRect shrunk(const QRect &rect, int by)
 {
@@ -118,8 +116,6 @@ void FocusFrame::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
-    painter.fillRect(rect(), QColor::fromRgb(darkColour));
-    const QRegion light = QRegion(rect()) - QRegion(shrunk(rect(), lightWidth));
-    for (const QRect &side : light)
-        painter.fillRect(side, QColor::fromRgb(lightColour));
+    painter.fillRect(rect(), Qt::white);
+    painter.fillRect(shrunk(rect(), lightWidth), Qt::black);
 }

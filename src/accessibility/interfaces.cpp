@@ -48,6 +48,8 @@ public:
     {
         m_dial.trueValue = qMin(qMax(value.toInt(), m_dial.trueMin), m_dial.trueMax);
         emit m_dial.trueValueChanged(m_dial.trueValue);
+        QAccessibleValueChangeEvent event(&m_dial, m_dial.trueValue);
+        QAccessible::updateAccessibility(&event);
     }
 
 private:
@@ -99,10 +101,6 @@ void install(QAccessibleInterface *own)
 void accessibility::installDialInterface(Cont_dial *dial)
 {
     install(new DialInterface(dial));
-    QObject::connect(dial, &Cont_dial::trueValueChanged, dial, [dial](int value) {
-        QAccessibleValueChangeEvent event(dial, value);
-        QAccessible::updateAccessibility(&event);
-    });
 }
 
 void accessibility::installPlotInterface(QWidget *plot, const QGraphicsSimpleTextItem &title,
