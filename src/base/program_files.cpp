@@ -18,8 +18,6 @@ extern Q_CORE_EXPORT int qt_ntfs_permission_lookup;
 
 namespace {
 
-constexpr qint64 pieceBytes = 1 << 16;
-
 bool isWritableFolder(const QString &folder)
 {
 #ifdef Q_OS_WIN
@@ -106,15 +104,8 @@ QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
     QFile file(path);
     if (!openRegularFile(file))
         return {};
-    // One byte more than the limit, because the file may have grown since it was opened. In pieces,
-    // because QFile::read allocates what it is asked for and most files are small.
-    const qint64 wanted = lengthToRead(file, limit + 1);
-    QByteArray bytes;
-    QByteArray piece;
-    do {
-        piece = file.read(qMin(wanted - bytes.size(), pieceBytes));
-        bytes += piece;
-    } while (!piece.isEmpty() && bytes.size() < wanted);
+    // One byte more than the limit, because the file may have grown since it was opened.
+    QByteArray bytes = file.read(lengthToRead(file, limit + 1));
     if (bytes.size() > limit)
         bytes.clear();
     return bytes;
@@ -122,18 +113,26 @@ QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
 
 bool program_files::replaceFile(const QString &path, const QByteArray &bytes)
 {
+    QSaveFile file(path);
+    return replaceFile(file, bytes);
+}
+
+bool program_files::replaceFile(QSaveFile &file, const QByteArray &bytes)
+{
+    const QString path = file.fileName();
     const QFileInfo former(path);
     if (path.isEmpty() || (former.exists() && !former.isFile()))
         return false;
     former.dir().mkpath(QStringLiteral("."));
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // A buffer would hide an error until `commit`, which replaces the old file all the same.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
-    // Both checks are needed: `commit` alone would replace the old file with a truncated one on
-    // a full disk.
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
-        file.cancelWriting();
-        return false;
+    // A disk that gets full takes a part without an error; only the next write fails.
+    for (qint64 written = 0; written < bytes.size();) {
+        const qint64 part = file.write(bytes.constData() + written, bytes.size() - written);
+        if (part <= 0)
+            return false;
+        written += part;
     }
     return file.commit();
 }

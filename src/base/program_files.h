@@ -6,6 +6,7 @@
 #include <QString>
 
 class QFile;
+class QSaveFile;
 
 /// \file
 /// The folders of the settings file, and safe reading and replacing of files. Nothing else in the
@@ -56,5 +57,8 @@ QByteArray readRegularFile(const QString &path, qint64 limit);
 /// False, and the former file unchanged, when \a path is taken by anything but a regular file or
 /// the bytes cannot all be written.
 bool replaceFile(const QString &path, const QByteArray &bytes);
+
+/// The same for the path of \a file, which has the reason when it fails.
+bool replaceFile(QSaveFile &file, const QByteArray &bytes);
 
 } // namespace program_files

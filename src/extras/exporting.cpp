@@ -3,27 +3,34 @@
 #include "extras/exporting.h"
 
 #include "base/catalogue.h"
-#include "extras/exporting_note.h"
+#include "base/program_files.h"
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
 
+#include <QAccessible>
 #include <QBuffer>
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMimeData>
 #include <QPointer>
+#include <QPushButton>
 #include <QSaveFile>
+#include <QTimer>
 
 #include <iterator>
 
 namespace extras {
 
 namespace {
+
+constexpr int noteTime = 5000; ///< ms
+constexpr int noteMargin = 8; ///< pixels around the text, and below the note
 
 QByteArray pngOf(const MainWindow &window, Ground ground)
 {
@@ -99,18 +106,33 @@ QString obstacle(const QString &path, const Catalogue &texts)
     return {};
 }
 
-/// False, with the reason in \a file, unless all of \a bytes are written.
-bool writeAll(QSaveFile &file, const QByteArray &bytes)
+/// Shows \a lines at the lower edge of the plot of \a window for some seconds, in the place of a
+/// former note. A line that is wider than the plot is shortened in the middle. The note takes
+/// neither the focus nor the mouse, and screen readers announce it.
+void showNote(const MainWindow &window, const QStringList &lines)
 {
-    // A disk that gets full takes a part without an error; only the next write fails.
-    qint64 written = 0;
-    while (written < bytes.size()) {
-        const qint64 part = file.write(bytes.constData() + written, bytes.size() - written);
-        if (part <= 0)
-            return false;
-        written += part;
-    }
-    return file.flush();
+    const auto name = QStringLiteral("note");
+    QWidget *plot = window.parts().Plot_View;
+    delete plot->findChild<QLabel *>(name);
+    auto *note = new QLabel(plot);
+    note->setObjectName(name);
+    note->setFont(window.parts().legend_button->font());
+    note->setTextFormat(Qt::PlainText);
+    note->setAlignment(Qt::AlignCenter);
+    note->setFrameShape(QFrame::Box);
+    note->setMargin(noteMargin);
+    note->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QStringList fitting;
+    for (const QString &line : lines)
+        fitting.append(note->fontMetrics().elidedText(line.simplified(), Qt::ElideMiddle,
+                                                      plot->width() - 6 * noteMargin));
+    note->setText(fitting.join(QLatin1Char('\n')));
+    note->adjustSize();
+    note->move((plot->width() - note->width()) / 2, plot->height() - note->height() - noteMargin);
+    note->show();
+    QAccessibleEvent alert(note, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+    QTimer::singleShot(noteTime, note, &QObject::deleteLater);
 }
 
 /// Saves and tells the outcome.
@@ -185,8 +207,7 @@ QString saveShown(const MainWindow &window, const QString &path, Format format)
     if (bytes.isEmpty())
         return texts.text(QT_TRANSLATE_NOOP("Extras", "there is not enough memory"));
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, bytes)
-        && file.commit())
+    if (program_files::replaceFile(file, bytes))
         return {};
     return file.error() == QFileDevice::ResourceError
         ? texts.text(QT_TRANSLATE_NOOP("Extras", "the disk is full"))
