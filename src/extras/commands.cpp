@@ -29,25 +29,10 @@ void followCursor(MainWindow &window)
         window.gotoCursor(cursor);
 }
 
-LegendButton *selectedSlot(const MainWindow &window)
-{
-    return window.parts().selected_rfg[window.state().rfg_ID];
-}
-
-void choose(QAction *action)
+void trigger(QAction *action)
 {
     if (action->isEnabled())
         action->trigger();
-}
-
-/// The press of the right button opens the entry dialogs.
-void pressRight(QWidget *button)
-{
-    const QPointF middle = button->rect().center();
-    QMouseEvent press(QEvent::MouseButtonPress, middle, middle,
-                      button->mapToGlobal(middle.toPoint()), Qt::RightButton, Qt::RightButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(button, &press);
 }
 
 } // namespace
@@ -129,57 +114,28 @@ void showCursor(MainWindow &window)
         window.gotoCursor(cursor);
 }
 
-void selectSlot(MainWindow &window, int slot)
+void choose(MainWindow &window, QAction *LegendButton::*entry)
 {
-    window.parts().selected_rfg[slot]->click();
+    trigger(window.parts().selected_rfg[window.state().rfg_ID]->*entry);
 }
 
-void toggleVisibility(MainWindow &window)
+void enterValue(const QButtonGroup &group)
 {
-    choose(selectedSlot(window)->visible_action);
-}
-
-void makeMaster(MainWindow &window)
-{
-    choose(selectedSlot(window)->master_action);
-}
-
-void loadSelected(MainWindow &window)
-{
-    choose(selectedSlot(window)->load_action);
-}
-
-void resetSelected(MainWindow &window)
-{
-    choose(selectedSlot(window)->reset_action);
-}
-
-void clearSelected(MainWindow &window)
-{
-    choose(selectedSlot(window)->clear_action);
-}
-
-void selectParameter(MainWindow &window, int parameter)
-{
-    window.parts().down_buttons->button(parameter)->click();
-}
-
-void enterParameter(MainWindow &window)
-{
-    if (QAbstractButton *button = window.parts().down_buttons->checkedButton())
-        pressRight(button);
-}
-
-void enterCursor(MainWindow &window)
-{
-    if (QAbstractButton *button = window.parts().up_buttons->checkedButton())
-        pressRight(button);
+    QWidget *button = group.checkedButton();
+    if (!button)
+        return;
+    // The press of the right button opens the entry dialogs.
+    const QPointF middle = button->rect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, middle, middle,
+                      button->mapToGlobal(middle.toPoint()), Qt::RightButton, Qt::RightButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(button, &press);
 }
 
 void switchWheel(MainWindow &window)
 {
     const MainWindowParts &parts = window.parts();
-    choose(window.state().zoom_wheel_flag ? parts.cur_wheel_action : parts.scale_wheel_action);
+    trigger(window.state().zoom_wheel_flag ? parts.cur_wheel_action : parts.scale_wheel_action);
 }
 
 } // namespace extras

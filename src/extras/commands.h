@@ -5,7 +5,10 @@
 #include <QPointF>
 #include <QVector>
 
+class LegendButton;
 class MainWindow;
+class QAction;
+class QButtonGroup;
 
 /// \file
 /// The actions of the keys. Each does what the mouse does: by the window's operations or else by
@@ -38,22 +41,11 @@ void fitTrace(MainWindow &window);
 /// Brings the active cursor into the middle of the view, as far as the ends allow.
 void showCursor(MainWindow &window);
 
-/// Selects the trace slot \a slot, 0 to 5.
-void selectSlot(MainWindow &window, int slot);
+/// Chooses \a entry in the menu of the selected slot.
+void choose(MainWindow &window, QAction *LegendButton::*entry);
 
-/// Entries of the selected slot's menu.
-void toggleVisibility(MainWindow &window);
-void makeMaster(MainWindow &window);
-void loadSelected(MainWindow &window);
-void resetSelected(MainWindow &window);
-void clearSelected(MainWindow &window);
-
-/// Checks the button of \a parameter.
-void selectParameter(MainWindow &window, int parameter);
-
-/// Opens the entry dialog of the checked parameter or of the active cursor.
-void enterParameter(MainWindow &window);
-void enterCursor(MainWindow &window);
+/// Opens the entry dialog of the checked button of \a group.
+void enterValue(const QButtonGroup &group);
 
 /// Lets the wheel over the plot change the scale instead of moving the cursor, or back.
 void switchWheel(MainWindow &window);

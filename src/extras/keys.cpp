@@ -8,7 +8,9 @@
 #include "extras/help.h"
 #include "extras/reflection_steps.h"
 #include "interfacebutton.h"
+#include "legendbutton.h"
 #include "mainwindow.h"
+#include "parambutton.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -58,7 +60,7 @@ const Key keys[] = {
     { { Qt::Key_End, {} }, Once, [](Window &w) { moveCursorToEnd(w, true); } },
     { { Qt::Key_N, {} }, Repeated, toNextReflection },
     { { Qt::Key_P, {} }, Repeated, toPreviousReflection },
-    { { Qt::Key_F2, shift }, Once, enterCursor },
+    { { Qt::Key_F2, shift }, Once, [](Window &w) { enterValue(*w.parts().up_buttons); } },
 
     { { Qt::Key_Plus, control },
       Repeated,
@@ -77,27 +79,27 @@ const Key keys[] = {
 
     { { Qt::Key_O, {} }, Once, [](Window &w) { w.files_slot(); } },
     { { Qt::Key_O, control }, Once, [](Window &w) { w.files_slot(); } },
-    { { Qt::Key_1, {} }, Once, [](Window &w) { selectSlot(w, 0); } },
-    { { Qt::Key_2, {} }, Once, [](Window &w) { selectSlot(w, 1); } },
-    { { Qt::Key_3, {} }, Once, [](Window &w) { selectSlot(w, 2); } },
-    { { Qt::Key_4, {} }, Once, [](Window &w) { selectSlot(w, 3); } },
-    { { Qt::Key_5, {} }, Once, [](Window &w) { selectSlot(w, 4); } },
-    { { Qt::Key_6, {} }, Once, [](Window &w) { selectSlot(w, 5); } },
-    { { Qt::Key_L, {} }, Once, loadSelected },
-    { { Qt::Key_H, {} }, Once, toggleVisibility },
-    { { Qt::Key_M, {} }, Once, makeMaster },
-    { { Qt::Key_F5, {} }, Once, resetSelected },
-    { { Qt::Key_Delete, {} }, Once, clearSelected },
+    { { Qt::Key_1, {} }, Once, [](Window &w) { w.parts().selected_rfg[0]->click(); } },
+    { { Qt::Key_2, {} }, Once, [](Window &w) { w.parts().selected_rfg[1]->click(); } },
+    { { Qt::Key_3, {} }, Once, [](Window &w) { w.parts().selected_rfg[2]->click(); } },
+    { { Qt::Key_4, {} }, Once, [](Window &w) { w.parts().selected_rfg[3]->click(); } },
+    { { Qt::Key_5, {} }, Once, [](Window &w) { w.parts().selected_rfg[4]->click(); } },
+    { { Qt::Key_6, {} }, Once, [](Window &w) { w.parts().selected_rfg[5]->click(); } },
+    { { Qt::Key_L, {} }, Once, [](Window &w) { choose(w, &LegendButton::load_action); } },
+    { { Qt::Key_H, {} }, Once, [](Window &w) { choose(w, &LegendButton::visible_action); } },
+    { { Qt::Key_M, {} }, Once, [](Window &w) { choose(w, &LegendButton::master_action); } },
+    { { Qt::Key_F5, {} }, Once, [](Window &w) { choose(w, &LegendButton::reset_action); } },
+    { { Qt::Key_Delete, {} }, Once, [](Window &w) { choose(w, &LegendButton::clear_action); } },
 
-    { { Qt::Key_X, {} }, Once, [](Window &w) { selectParameter(w, Window::H_OFFSET); } },
-    { { Qt::Key_Y, {} }, Once, [](Window &w) { selectParameter(w, Window::V_OFFSET); } },
-    { { Qt::Key_K, {} }, Once, [](Window &w) { selectParameter(w, Window::KU); } },
-    { { Qt::Key_Z, {} }, Once, [](Window &w) { selectParameter(w, Window::SCALE); } },
+    { { Qt::Key_X, {} }, Once, [](Window &w) { w.parts().H_offset_button->click(); } },
+    { { Qt::Key_Y, {} }, Once, [](Window &w) { w.parts().V_offset_button->click(); } },
+    { { Qt::Key_K, {} }, Once, [](Window &w) { w.parts().KU_button->click(); } },
+    { { Qt::Key_Z, {} }, Once, [](Window &w) { w.parts().scale_button->click(); } },
     { { Qt::Key_Plus, {} }, Repeated, [](Window &w) { w.paramWheel(1); } },
     { { Qt::Key_Minus, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
     { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { w.paramWheel(several); } },
     { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { w.paramWheel(-several); } },
-    { { Qt::Key_F2, {} }, Once, enterParameter },
+    { { Qt::Key_F2, {} }, Once, [](Window &w) { enterValue(*w.parts().down_buttons); } },
 
     { { Qt::Key_C, control }, Once, copyShown },
     { { Qt::Key_E, control }, Once, askAndSaveShown },
