@@ -103,12 +103,13 @@ QString anchorOf(const QString &heading)
     return anchor;
 }
 
-/// Calls \a look with each heading of \a page until that returns true.
-template <typename Look> void findHeading(const QTextDocument &page, const Look &look)
+QVector<QTextBlock> headingsOf(const QTextDocument &page)
 {
+    QVector<QTextBlock> headings;
     for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
-        if (block.blockFormat().headingLevel() > 0 && look(block))
-            return;
+        if (block.blockFormat().headingLevel() > 0)
+            headings.append(block);
+    return headings;
 }
 
 } // namespace
@@ -186,13 +187,8 @@ void HelpWindow::open(const QWidget *dialog)
 void HelpWindow::showControl(int section)
 {
     m_page->setSource(m_controls);
-    int number = -1; // the first heading is the title of the chapter
-    findHeading(*m_page->document(), [&](const QTextBlock &heading) {
-        if (number++ != section)
-            return false;
-        scrollTo(heading.position());
-        return true;
-    });
+    // The first heading is the title of the chapter.
+    scrollTo(headingsOf(*m_page->document()).value(section + 1).position());
 }
 
 void HelpWindow::followAnchor(const QUrl &page)
@@ -206,15 +202,11 @@ void HelpWindow::followAnchor(const QUrl &page)
             m_chapters->setCurrentRow(row);
         }
     }
-    if (!page.hasFragment())
-        return;
     const QString anchor = page.fragment(QUrl::FullyDecoded);
-    findHeading(*m_page->document(), [&](const QTextBlock &heading) {
-        if (anchorOf(heading.text()) != anchor)
-            return false;
-        scrollTo(heading.position());
-        return true;
-    });
+    const QVector<QTextBlock> headings = headingsOf(*m_page->document());
+    for (const QTextBlock &heading : headings)
+        if (anchorOf(heading.text()) == anchor)
+            return scrollTo(heading.position());
 }
 
 void HelpWindow::scrollTo(int position)
