@@ -17,8 +17,17 @@
 namespace {
 
 constexpr qint64 maxStyleSheetBytes = 4 << 20; ///< a larger sheet counts as unreadable
+constexpr QLatin1String defaultLanguage = constants::latin1("en_US");
+constexpr QLatin1String defaultStyle = constants::latin1(":/style/style_2.qss");
+constexpr QLatin1String languageFile = constants::latin1(":/l10n/translation.ini");
+constexpr QLatin1String catalogueFolder = constants::latin1(":/l10n");
+
 constexpr QLatin1String keyLanguage = constants::latin1("language");
 constexpr QLatin1String keyStyle = constants::latin1("CSS");
+constexpr QLatin1String groupPrevFiles = constants::latin1("PrevFiles");
+constexpr QLatin1String keyStateIndex = constants::latin1("StateIndex");
+constexpr QLatin1String keyMasterId = constants::latin1("MasterId");
+constexpr QLatin1String keyFile = constants::latin1("file%1"); ///< counted from 1
 constexpr QLatin1String groupWorkFolders = constants::latin1("WorkFolders");
 constexpr QLatin1String keyLastFolder = constants::latin1("lastFolder");
 constexpr QLatin1String keyWorkFolder = constants::latin1("folder%1"); ///< counted from 1
@@ -32,16 +41,11 @@ constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are r
 
 constexpr int qtCodeLength = 2; ///< the catalogues of Qt are named by language, without country
 
-QString numberedKey(QLatin1String pattern, int number)
-{
-    return QString(pattern).arg(number);
-}
-
 QStringList readFolders(const IniReader &ini)
 {
     QStringList folders;
     for (int i = 1; i <= maxWorkFolders; ++i) {
-        const QString folder = ini.value(numberedKey(keyWorkFolder, i)).toString();
+        const QString folder = ini.value(QString(keyWorkFolder).arg(i)).toString();
         if (folder.isEmpty())
             break;
         folders.append(folder);
@@ -56,7 +60,7 @@ void writeFolders(IniWriter &ini)
                                 QCoreApplication::applicationDirPath(), QDir::currentPath() };
     int number = 0;
     for (const QString &folder : folders)
-        ini.setValue(numberedKey(keyWorkFolder, ++number), folder);
+        ini.setValue(QString(keyWorkFolder).arg(++number), folder);
 }
 
 } // namespace
@@ -72,23 +76,22 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
 {
     IniReader ini(program_files::readRegularFile(file, program_files::maxSettingsBytes));
     if (checkbit(mask, LanguageSection))
-        current_language = ini.value(keyLanguage, QString(constants::defaultLanguage)).toString();
+        current_language = ini.value(keyLanguage, QString(defaultLanguage)).toString();
     if (checkbit(mask, StyleSection))
-        current_CSS_path = ini.value(keyStyle, QString(constants::defaultStyle)).toString();
+        current_CSS_path = ini.value(keyStyle, QString(defaultStyle)).toString();
     ini.beginGroup(groupWorkFolders);
     if (checkbit(mask, FoldersSection)) {
         last_folder = ini.value(keyLastFolder, QDir::currentPath()).toString();
         work_folders = readFolders(ini);
     }
-    ini.beginGroup(constants::groupPrevFiles);
+    ini.beginGroup(groupPrevFiles);
     if (checkbit(mask, FilesSection)) {
-        read_index = ini.value(constants::keyStateIndex, 0).toInt();
+        read_index = ini.value(keyStateIndex, 0).toInt();
         // The default is slot 1, although a new store has no master.
-        master_ID = static_cast<signed char>(ini.value(constants::keyMasterId, 0).toInt());
+        master_ID = static_cast<signed char>(ini.value(keyMasterId, 0).toInt());
         for (int slot = 0; slot < constants::slotCount; ++slot) {
             if (checkbit(read_index, slot))
-                current_files[slot]
-                    = ini.value(numberedKey(constants::keyFile, slot + 1)).toString();
+                current_files[slot] = ini.value(QString(keyFile).arg(slot + 1)).toString();
         }
     }
     ini.beginGroup(groupWindowState);
@@ -117,12 +120,12 @@ void SettingsData::saveSettings(const QString &file, state_index mask) const
         writeFolders(ini);
     }
     if (checkbit(mask, FilesSection)) {
-        ini.beginGroup(constants::groupPrevFiles);
-        ini.setValue(constants::keyStateIndex, read_index);
-        ini.setValue(constants::keyMasterId, static_cast<int>(master_ID));
+        ini.beginGroup(groupPrevFiles);
+        ini.setValue(keyStateIndex, read_index);
+        ini.setValue(keyMasterId, static_cast<int>(master_ID));
         for (int slot = 0; slot < constants::slotCount; ++slot)
             if (checkbit(read_index, slot))
-                ini.setValue(numberedKey(constants::keyFile, slot + 1), current_files[slot]);
+                ini.setValue(QString(keyFile).arg(slot + 1), current_files[slot]);
     }
     if (checkbit(mask, GeometrySection)) {
         ini.beginGroup(groupWindowState);
@@ -197,7 +200,7 @@ void SettingsData::parse_CSS()
 
 void SettingsData::parse_translations()
 {
-    QFile file{ QString(constants::languageFile) };
+    QFile file{ QString(languageFile) };
     if (!program_files::openRegularFile(file))
         return;
     readLanguages(file);
@@ -226,12 +229,12 @@ void SettingsData::setTranslation()
     QCoreApplication::removeTranslator(&m_translator);
     QCoreApplication::removeTranslator(&qt_translator);
     // Installed even when loading fails: an empty translator replaces the former language.
-    const QString folder = constants::catalogueFolder;
+    const QString folder = catalogueFolder;
     const QString code = current_language.left(constants::longestLanguageCode);
-    (void)m_translator.load(QString(constants::programCatalogue).arg(code), folder);
+    (void)m_translator.load(QStringLiteral("Velkor_%1").arg(code), folder);
     QCoreApplication::installTranslator(&m_translator);
     const QString qtCode = code.left(qtCodeLength);
-    (void)qt_translator.load(QString(constants::qtCatalogue).arg(qtCode), folder);
+    (void)qt_translator.load(QStringLiteral("qt_%1").arg(qtCode), folder);
     QCoreApplication::installTranslator(&qt_translator);
     emit translation_changed();
 }

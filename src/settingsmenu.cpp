@@ -27,6 +27,7 @@
 
 namespace {
 
+constexpr QLatin1String defaultSettings = constants::latin1(":/ini/settings_default.ini");
 constexpr int minSpeed = 10;
 constexpr int maxSpeed = 1000;
 constexpr int speedStep = 10;
@@ -189,7 +190,7 @@ void SettingsMenu::connectControls()
 void SettingsMenu::connectFileButtons()
 {
     connect(load_default_button, &QPushButton::pressed, this,
-            [this] { loadIntoLiveStore(constants::defaultSettings); });
+            [this] { loadIntoLiveStore(defaultSettings); });
     connect(load_settings_button, &QPushButton::pressed, this, &SettingsMenu::loadFile_slot);
     connect(save_settings_button, &QPushButton::pressed, this, &SettingsMenu::saveFile_slot);
     connect(load_last_button, &QPushButton::pressed, this,

@@ -25,7 +25,6 @@ template <std::size_t size> constexpr QLatin1String latin1(const char (&text)[si
 // ---- Traces ----
 
 constexpr int slotCount = 6; ///< trace slots 0..5, shown to the user as 1..6
-constexpr int slotMask = 63; ///< one bit per trace slot
 constexpr int allSections = 63; ///< one bit per section of the settings
 constexpr int drawnSamples = 250; ///< samples drawn of each trace, whatever the record holds
 constexpr int lastSample = drawnSamples - 1; ///< highest sample index under a cursor
@@ -52,15 +51,12 @@ constexpr float startKU = 1.49896229F; ///< makes one count 0.125 m, to the prec
 /// Metres per count at the speed of light, one way: 299792458 m/s x 1.25 ns / 2.
 constexpr double distCoef0 = 0.18737028625;
 constexpr float kuDialUnits = 1000.0F; ///< dial steps per unit of KU
-constexpr int kuDecimals = 3;
 
 // ---- Chart ----
 
-constexpr int distanceDecimals = 2; ///< metres are shown to the centimetre
 constexpr int gridLines = 20; ///< interior grid lines that exist; no range needs more
 constexpr int gridEdges = 2; ///< lines at the left and right edge of the plot
 constexpr double chartPosition = -10.25; ///< x and y of the chart in the scene
-constexpr int axisLinePen = 2;
 constexpr int tracePen = 2; ///< width of a trace, and of the selected one later on
 /// Pens of the six traces, 0xAARRGGBB as QColor takes them.
 constexpr quint32 slotColours[slotCount] = {
@@ -80,28 +76,11 @@ constexpr QLatin1String settingsBackupFile = latin1("settings_current_old.ini");
 /// Names the folder that holds the style sheet being worked on; unset, nothing is watched.
 constexpr char developerFolderVariable[] = "VELKOR_DEV_FOLDER";
 
-// ---- Keys of the settings file ----
+// ---- Languages ----
 
-constexpr QLatin1String groupPrevFiles = latin1("PrevFiles");
-constexpr QLatin1String keyStateIndex = latin1("StateIndex");
-constexpr QLatin1String keyMasterId = latin1("MasterId");
-constexpr QLatin1String keyFile = latin1("file%1"); ///< counted from 1
 /// The longest file name on common file systems. QTranslator looks for every prefix of a name that
 /// ends before an underscore or dot: a million underscores would take it half an hour.
 constexpr int longestLanguageCode = 255;
-constexpr QLatin1String defaultLanguage = latin1("en_US");
-
-// ---- Resources ----
-
-constexpr QLatin1String defaultStyle = latin1(":/style/style_2.qss");
-constexpr QLatin1String defaultSettings = latin1(":/ini/settings_default.ini");
-constexpr QLatin1String languageFile = latin1(":/l10n/translation.ini");
-constexpr QLatin1String catalogueFolder = latin1(":/l10n");
-constexpr QLatin1String programCatalogue = latin1("Velkor_%1");
-constexpr QLatin1String qtCatalogue = latin1("qt_%1");
-constexpr QLatin1String slotIcon
-    = latin1("://icons/canal_64/canal_%1"); ///< visible, not the master
-constexpr QLatin1String masterSlotIcon = latin1("://icons/canal_64/canal_%1M"); ///< visible master
 
 static_assert(xLength == 64000, "the widest view is 250 samples of 256 counts");
 

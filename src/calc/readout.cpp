@@ -20,7 +20,7 @@ double countsToMetres(int counts, double metresPerCount)
 QString distanceText(int counts, double metresPerCount, const QString &suffix)
 {
     const double metres = countsToMetres(counts, metresPerCount);
-    return QString::number(metres, 'f', constants::distanceDecimals) + QLatin1Char(' ') + suffix;
+    return QString::number(metres, 'f', distanceDecimals) + QLatin1Char(' ') + suffix;
 }
 
 QString levelText(int level)
@@ -30,7 +30,7 @@ QString levelText(int level)
 
 QString kuText(float ku)
 {
-    return QString::number(static_cast<double>(ku), 'f', constants::kuDecimals);
+    return QString::number(static_cast<double>(ku), 'f', kuDecimals);
 }
 
 QString generalText(double value)

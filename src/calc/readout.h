@@ -10,6 +10,9 @@
 
 namespace calc {
 
+constexpr int distanceDecimals = 2; ///< metres are shown to the centimetre
+constexpr int kuDecimals = 3;
+
 /// Metres along the cable for \a counts of echo time (one count is 1.25 ns, there and back).
 /// \a metresPerCount includes the shortening factor and the halving for the two ways.
 double countsToMetres(int counts, double metresPerCount);

@@ -151,12 +151,12 @@ void Chart::drawLevels()
     for (int i = 0; i < axis.tickCount(); ++i) {
         const double level = axis.min() + i * step;
         const double y = at(0.0, level).y();
-        setPen(axis.gridLinePen().color(), i == 0 ? constants::axisLinePen : 1);
+        setPen(axis.gridLinePen().color(), i == 0 ? axis.linePen().widthF() : 1.0);
         m_painter.drawLine(QPointF(m_plot.left(), y), QPointF(m_plot.right(), y));
         const QString text = QString::number(calc::truncated(level));
         write({ m_plot.left() - widthOf(text) - m_letter / 2, y - m_letter / 2 }, text, Qt::gray);
     }
-    setPen(axis.gridLinePen().color(), constants::axisLinePen);
+    setPen(axis.gridLinePen().color(), axis.linePen().widthF());
     m_painter.drawLine(m_plot.bottomLeft(), m_plot.topLeft());
 }
 

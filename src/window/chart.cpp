@@ -19,6 +19,7 @@ namespace {
 constexpr int chartMargin = 20; ///< pixels on each side of the plot
 constexpr quint32 axisColour = 0xFF323232; ///< axes, base line and grid
 constexpr quint32 differenceBackground = 0xFF28283C; ///< behind differences
+constexpr int axisLinePen = 2;
 constexpr int baseLinePen = 3;
 
 // QVector::resize copies a buffer that a series shares even when the size is the same.
@@ -44,7 +45,7 @@ void createChartAxes(MainWindowParts &parts, QPen &pen, int length)
     parts.cust_axisY
         = qobject_cast<QValueAxis *>(parts.Plot_Chart->axes(Qt::Vertical).constFirst());
 
-    pen.setWidth(constants::axisLinePen);
+    pen.setWidth(axisLinePen);
     for (QValueAxis *axis : { parts.cust_axisX, parts.cust_axisY }) {
         axis->setLinePen(pen);
         axis->setGridLineColor(colour);

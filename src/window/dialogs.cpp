@@ -150,7 +150,7 @@ public:
         if (!askForNumber({ double{ m_state.KU_min },
                             double{ m_state.KU_max },
                             kuDialogStep,
-                            constants::kuDecimals,
+                            calc::kuDecimals,
                             double{ m_state.master_params.KU },
                             {} }))
             return;
@@ -166,8 +166,7 @@ public:
         const double limit = m_state.x_length * m_state.dist_coef;
         setDialogTexts(m_words.H_OFFSET_STR, calc::generalText(-limit), calc::generalText(limit));
         if (!askForNumber({ -limit, limit, m_state.stepOf(m_state.rfg_ID) * m_state.dist_coef,
-                            constants::distanceDecimals, trace().scroll * m_state.dist_coef,
-                            metre() }))
+                            calc::distanceDecimals, trace().scroll * m_state.dist_coef, metre() }))
             return;
         m_window.H_Offset_change(calc::truncated(m_dialog.doubleValue() / m_state.dist_coef));
         if (dialSets(MainWindow::H_OFFSET))
@@ -213,7 +212,7 @@ public:
         setDialogTexts(which == MainWindow::CURSOR_A ? m_words.CURSOR_A_STR : m_words.CURSOR_B_STR,
                        QString::number(0), calc::generalText(limit));
         if (!askForNumber({ 0.0, limit, m_state.cursorStep() * m_state.dist_coef,
-                            constants::distanceDecimals,
+                            calc::distanceDecimals,
                             m_window.cursorPosition(which) * m_state.dist_coef, metre() }))
             return;
         // Moves the active cursor, also when the button is that of the other one.

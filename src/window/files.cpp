@@ -18,6 +18,12 @@
 
 using Protocol_VX840::TDR_FILE_t;
 
+namespace {
+
+constexpr int slotMask = 63; ///< one bit per trace slot
+
+} // namespace
+
 bool MainWindowState::isSlot(int id)
 {
     return id >= 0 && id < constants::slotCount;
@@ -113,7 +119,7 @@ void MainWindow::openFiles(const QStringList &files)
 
 void MainWindow::show_AllSelected_RFGs(state_index mask)
 {
-    rfg_read_index = mask & constants::slotMask;
+    rfg_read_index = mask & slotMask;
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         if (isLoaded(slot)) {
             // The result is ignored: a trace whose file is gone keeps its slot.

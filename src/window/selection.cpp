@@ -18,6 +18,8 @@ QT_CHARTS_USE_NAMESPACE
 namespace {
 
 constexpr double thinTracePen = 1.0; ///< width of the traces that are not selected
+constexpr QLatin1String slotIcon = constants::latin1("://icons/canal_64/canal_%1");
+constexpr QLatin1String masterSlotIcon = constants::latin1("://icons/canal_64/canal_%1M");
 constexpr QLatin1String hiddenSlotIcon = constants::latin1("://icons/canal_64/Canal_Disabled");
 
 void setSlotIcon(LegendButton *button, QLatin1String path)
@@ -104,8 +106,7 @@ void MainWindow::RFG_visibleToggle(int id, bool visible)
     if (!visible)
         setSlotIcon(selected_rfg[id], hiddenSlotIcon);
     else
-        setSlotIcon(selected_rfg[id],
-                    id == rfg_master_ID ? constants::masterSlotIcon : constants::slotIcon);
+        setSlotIcon(selected_rfg[id], id == rfg_master_ID ? masterSlotIcon : slotIcon);
     selected_rfg[id]->setVis(visible);
 }
 
@@ -119,7 +120,7 @@ void MainWindow::setMasterID(int id)
         unmarkMaster(previous);
     selected_rfg[rfg_master_ID]->setMast(true);
     if (selected_rfg[rfg_master_ID]->vis())
-        setSlotIcon(selected_rfg[rfg_master_ID], constants::masterSlotIcon);
+        setSlotIcon(selected_rfg[rfg_master_ID], masterSlotIcon);
     settingsData->master_ID = static_cast<signed char>(rfg_master_ID);
 
     const auto params = rfg_DATA[rfg_master_ID].f_p_840.ch.params;
@@ -161,7 +162,7 @@ void MainWindow::unmarkMaster(int id)
     // setMast(false) enables "Set as Master", which an empty slot must not offer.
     selected_rfg[id]->menuEnable(isLoaded(id));
     if (selected_rfg[id]->vis())
-        setSlotIcon(selected_rfg[id], constants::slotIcon);
+        setSlotIcon(selected_rfg[id], slotIcon);
 }
 
 void MainWindow::addremove_aux(int id, bool shown)

@@ -102,8 +102,8 @@ void Player::reset()
     input::click(probe().curA_button());
     probe().cur_wheel_action()->trigger();
     SettingsData &store = *probe().settingsData();
-    if (store.current_language != QLatin1String(constants::defaultLanguage)) {
-        store.current_language = constants::defaultLanguage;
+    if (store.current_language != QLatin1String("en_US")) {
+        store.current_language = QStringLiteral("en_US");
         store.setTranslation();
     }
     window().showNormal();

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windowfixture.h"
 
-#include "base/constants.h"
 #include "base/program_files.h"
 
 #include <QCoreApplication>
@@ -81,11 +80,11 @@ void WindowFixture::writeSettings(const QByteArray &bytes)
 void WindowFixture::writePreviousRun(const QStringList &traces, int master)
 {
     QSettings settings(settingsFile(), QSettings::IniFormat);
-    settings.beginGroup(constants::groupPrevFiles);
-    settings.setValue(constants::keyStateIndex, (1 << traces.size()) - 1);
-    settings.setValue(constants::keyMasterId, master);
+    settings.beginGroup(QStringLiteral("PrevFiles"));
+    settings.setValue(QStringLiteral("StateIndex"), (1 << traces.size()) - 1);
+    settings.setValue(QStringLiteral("MasterId"), master);
     for (int slot = 0; slot < traces.size(); ++slot)
-        settings.setValue(QString(constants::keyFile).arg(slot + 1), traces[slot]);
+        settings.setValue(QStringLiteral("file%1").arg(slot + 1), traces[slot]);
     settings.endGroup();
 }
 

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/constants.h"
 #include "each.h"
 #include "testfiles.h"
 
@@ -185,8 +184,7 @@ private slots:
     void theRussianCatalogueHasEachTextAndNoOther()
     {
         QTranslator translator;
-        QVERIFY(translator.load(QString(constants::programCatalogue).arg(QLatin1String("ru_RU")),
-                                constants::catalogueFolder));
+        QVERIFY(translator.load(QStringLiteral("Velkor_ru_RU"), QStringLiteral(":/l10n")));
         for (const Message &message : messages)
             QCOMPARE(translator.translate(message.context, message.source),
                      QString::fromUtf8(message.russian));
@@ -198,7 +196,7 @@ private slots:
     void theEnglishCatalogueIsEmpty()
     {
         QTranslator translator;
-        QVERIFY(translator.load(QStringLiteral("Velkor_en_US"), constants::catalogueFolder));
+        QVERIFY(translator.load(QStringLiteral("Velkor_en_US"), QStringLiteral(":/l10n")));
         QVERIFY(translator.isEmpty());
         QCOMPARE(messageCount(QStringLiteral(":/l10n/Velkor_en_US.qm")), 0);
     }
@@ -221,8 +219,7 @@ private slots:
                                     QStringLiteral("qtxmlpatterns_ru") };
         QCOMPARE(names, expected);
         QTranslator translator;
-        QVERIFY(!translator.load(QString(constants::qtCatalogue).arg(QLatin1String("ru")),
-                                 constants::catalogueFolder));
+        QVERIFY(!translator.load(QStringLiteral("qt_ru"), QStringLiteral(":/l10n")));
         QVERIFY(translator.isEmpty());
     }
 

@@ -60,6 +60,8 @@ const std::vector<Picture> &pictures()
     return all;
 }
 
+const QLatin1String slotIcon("://icons/canal_64/canal_%1");
+const QLatin1String masterSlotIcon("://icons/canal_64/canal_%1M");
 constexpr QRgb windowGrey = qRgb(64, 65, 66);
 constexpr int smallestIcon = 18;
 /// Contrast of shapes that carry a meaning.
@@ -221,8 +223,8 @@ private slots:
     void aSlotPictureShowsTheColourOfItsTraceAndTheMaster()
     {
         for (int slot = 0; slot < constants::slotCount; ++slot) {
-            const QImage plain = slotPicture(constants::slotIcon, slot);
-            const QImage master = slotPicture(constants::masterSlotIcon, slot);
+            const QImage plain = slotPicture(slotIcon, slot);
+            const QImage master = slotPicture(masterSlotIcon, slot);
             for (const QImage &image : { plain, master }) {
                 const QRgb colour = constants::slotColours[slot];
                 const QRect middle(12, 30, 40, 24);

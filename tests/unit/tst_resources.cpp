@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/constants.h"
 #include "testfiles.h"
 
 #include <QDirIterator>
@@ -11,6 +10,8 @@
 #include <QtTest>
 
 namespace {
+
+const auto factorySettings = QStringLiteral(":/ini/settings_default.ini");
 
 /// A window of 800 x 500 at (560, 259) inside its frame, on a screen 1920 wide.
 QByteArray factoryGeometry()
@@ -90,7 +91,7 @@ private slots:
     // have no catalogues yet.
     void theLanguageListOffersTwoLanguages()
     {
-        const QByteArray bytes = contentOf(constants::languageFile);
+        const QByteArray bytes = contentOf(QStringLiteral(":/l10n/translation.ini"));
         QCOMPARE(bytes.size(), 162);
         QCOMPARE(bytes.left(2), QByteArray("\xFE\xFF"));
         QString text;
@@ -103,7 +104,7 @@ private slots:
 
     void theFactorySettingsKeepTheirLines()
     {
-        const QByteArray bytes = contentOf(constants::defaultSettings);
+        const QByteArray bytes = contentOf(factorySettings);
         QCOMPARE(bytes.size(), 478);
         QVERIFY(bytes.endsWith("\r\n"));
         QCOMPARE(bytes.count('\n'), bytes.count("\r\n"));
@@ -120,7 +121,7 @@ private slots:
 
     void theFactorySettingsHoldAWindow()
     {
-        const QSettings settings(constants::defaultSettings, QSettings::IniFormat);
+        const QSettings settings(factorySettings, QSettings::IniFormat);
         QCOMPARE(settings.status(), QSettings::NoError);
         QCOMPARE(settings.allKeys().size(), 8);
         QCOMPARE(settings.value(QStringLiteral("WindowState/geometry")), factoryGeometry());
@@ -133,7 +134,7 @@ private slots:
             saved.setValue(QStringLiteral("geometry"), factoryGeometry());
             saved.setValue(QStringLiteral("windowState"), factoryWindowState());
         }
-        const QByteArray factory = contentOf(constants::defaultSettings);
+        const QByteArray factory = contentOf(factorySettings);
         int compared = 0;
         for (const QByteArray &line : contentOf(path).split('\n')) {
             if (!line.contains("@ByteArray"))

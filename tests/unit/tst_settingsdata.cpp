@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/constants.h"
 #include "base/program_files.h"
 #include "each.h"
 #include "settingsdefaults.h"
@@ -205,7 +204,7 @@ private slots:
     void sectionsAreAppliedInTheOrderOfTheirBits()
     {
         SettingsData data(nullptr);
-        data.current_CSS_path = constants::defaultStyle;
+        data.current_CSS_path = QStringLiteral(":/style/style_2.qss");
         QStringList order;
         const auto note = [&order](const char *name) {
             return [&order, name] { order << QLatin1String(name); };

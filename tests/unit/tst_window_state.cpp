@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/constants.h"
 #include "base/window_geometry.h"
 
 #include <QSettings>
@@ -11,7 +10,7 @@ namespace {
 
 QByteArray factoryRecord(const char *key)
 {
-    return QSettings(constants::defaultSettings, QSettings::IniFormat)
+    return QSettings(QStringLiteral(":/ini/settings_default.ini"), QSettings::IniFormat)
         .value(QLatin1String(key))
         .toByteArray();
 }

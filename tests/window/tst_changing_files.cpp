@@ -142,9 +142,10 @@ private slots:
                      settings->loadSettings(path, 63);
                      const QString language = settings->current_language;
                      const QString sheet = settings->current_CSS_path;
-                     const bool isRight = (language == constants::defaultLanguage
-                                           || isBeginningOf(language, "ru_RU"))
-                         && (sheet == constants::defaultStyle || isBeginningOf(sheet, "mine.qss"))
+                     const bool isRight
+                         = (language == QLatin1String("en_US") || isBeginningOf(language, "ru_RU"))
+                         && (sheet == QLatin1String(":/style/style_2.qss")
+                             || isBeginningOf(sheet, "mine.qss"))
                          && cursorSpeeds.contains(settings->cursor_dial_speed)
                          && paramSpeeds.contains(settings->param_dial_speed)
                          && settings->read_index == 0;

@@ -69,7 +69,7 @@ const std::vector<Change> changes{
       } },
     { "raise", [](W &w, const P &p) { w.seriesUp(p.rfg_series()[1]); } },
     { "load", [](W &w, const P &p) { w.add_Selected_RFG(p.settingsData()->current_files[4], 0); } },
-    { "load six", [](W &w, const P &) { w.show_AllSelected_RFGs(constants::slotMask); } },
+    { "load six", [](W &w, const P &) { w.show_AllSelected_RFGs(63); } },
     { "load three", [](W &w, const P &) { w.show_AllSelected_RFGs(7); } },
     { "clear", [](W &w, const P &) { w.remove_Selected_RFG(0); } },
     { "reset a trace", [](W &w, const P &) { w.resetCurrent_slot(3); } },
