@@ -111,13 +111,9 @@ SettingsMenu::SettingsMenu(Dictionary *words, SettingsData *store, QWidget *pare
     , data_ex(store)
     , data_in(new SettingsData(this))
 {
-    createPages();
     createControls();
     connectControls();
-    connectFileButtons();
-    layOutLanguageAndDials();
-    layOutFiles();
-    layOutDialog();
+    layOut();
     limitSpeed(cursor_accur);
     limitSpeed(param_accur);
     // After the connections: the ticks reach save_load_index. Neither the open files nor the
@@ -128,7 +124,7 @@ SettingsMenu::SettingsMenu(Dictionary *words, SettingsData *store, QWidget *pare
     dial_settings_check->setChecked(true);
 }
 
-void SettingsMenu::createPages()
+void SettingsMenu::createControls()
 {
     tabs = new QTabWidget(this);
     files_widget = new QWidget(tabs);
@@ -140,10 +136,7 @@ void SettingsMenu::createPages()
     ok_button = new QPushButton(this);
     cancel_button = new QPushButton(this);
     apply_button = new QPushButton(this);
-}
 
-void SettingsMenu::createControls()
-{
     language_select = new QComboBox(language_box);
     load_default_button = new QPushButton(settings_box);
     load_last_button = new QPushButton(settings_box);
@@ -176,8 +169,10 @@ void SettingsMenu::connectControls()
     connect(language_select, &QComboBox::currentTextChanged, this,
             &SettingsMenu::languageChosen_slot);
     const auto speedChanged = qOverload<int>(&QSpinBox::valueChanged);
-    connect(cursor_accur, speedChanged, this, &SettingsMenu::cursorSpeed_slot);
-    connect(param_accur, speedChanged, this, &SettingsMenu::paramSpeed_slot);
+    connect(cursor_accur, speedChanged, this,
+            [this](int speed) { setSpeed(&SettingsData::cursor_dial_speed, speed); });
+    connect(param_accur, speedChanged, this,
+            [this](int speed) { setSpeed(&SettingsData::param_dial_speed, speed); });
     for (const QSpinBox *box : { cursor_accur, param_accur })
         connect(box->findChild<QLineEdit *>(), &QLineEdit::textChanged, this, [this] {
             const bool areSpeeds
@@ -185,10 +180,7 @@ void SettingsMenu::connectControls()
             ok_button->setEnabled(areSpeeds);
             apply_button->setEnabled(areSpeeds && update_index != 0);
         });
-}
 
-void SettingsMenu::connectFileButtons()
-{
     connect(load_default_button, &QPushButton::pressed, this,
             [this] { loadIntoLiveStore(defaultSettings); });
     connect(load_settings_button, &QPushButton::pressed, this, &SettingsMenu::loadFile_slot);
@@ -200,7 +192,7 @@ void SettingsMenu::connectFileButtons()
     connect(cancel_button, &QPushButton::pressed, this, &QDialog::reject);
 }
 
-void SettingsMenu::layOutLanguageAndDials()
+void SettingsMenu::layOut()
 {
     auto *language = new QVBoxLayout(language_box);
     language->addWidget(language_select);
@@ -209,15 +201,12 @@ void SettingsMenu::layOutLanguageAndDials()
     dials->addLayout(speedRow(cursor_accur_lbl, cursor_accur));
     dials->addLayout(speedRow(param_accur_lbl, param_accur));
     dials->addWidget(accur_lbl);
-}
 
-void SettingsMenu::layOutFiles()
-{
-    auto *buttons = new QVBoxLayout;
-    buttons->addWidget(load_settings_button);
-    buttons->addWidget(load_last_button);
-    buttons->addWidget(load_default_button);
-    buttons->addWidget(save_settings_button);
+    auto *fileButtons = new QVBoxLayout;
+    fileButtons->addWidget(load_settings_button);
+    fileButtons->addWidget(load_last_button);
+    fileButtons->addWidget(load_default_button);
+    fileButtons->addWidget(save_settings_button);
 
     auto *checks = new QVBoxLayout(settings_check_box);
     const QList<QAbstractButton *> sections = settings_check_group->buttons();
@@ -225,12 +214,9 @@ void SettingsMenu::layOutFiles()
         checks->addWidget(check);
 
     auto *files = new QHBoxLayout(settings_box);
-    files->addLayout(buttons);
+    files->addLayout(fileButtons);
     files->addWidget(settings_check_box);
-}
 
-void SettingsMenu::layOutDialog()
-{
     auto *page = new QVBoxLayout(settings_widget);
     page->addWidget(language_box);
     page->addWidget(dial_accur_box);
@@ -328,23 +314,14 @@ void SettingsMenu::languageChosen_slot(const QString &text)
     data_in->current_language = code;
 }
 
-void SettingsMenu::cursorSpeed_slot(int speed)
+void SettingsMenu::setSpeed(int SettingsData::*member, int speed)
 {
     // Going back to the live speed does not take the mark away: applying it again is harmless.
-    if (speed != data_ex->cursor_dial_speed) {
+    if (speed != data_ex->*member) {
         update_index = setbit(update_index, SettingsData::DialsSection);
         apply_button->setEnabled(true);
     }
-    data_in->cursor_dial_speed = speed;
-}
-
-void SettingsMenu::paramSpeed_slot(int speed)
-{
-    if (speed != data_ex->param_dial_speed) {
-        update_index = setbit(update_index, SettingsData::DialsSection);
-        apply_button->setEnabled(true);
-    }
-    data_in->param_dial_speed = speed;
+    data_in->*member = speed;
 }
 
 void SettingsMenu::loadIntoLiveStore(const QString &file)

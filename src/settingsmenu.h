@@ -76,21 +76,17 @@ public:
     bool initiated = false; ///< the language box is filled
 
 private:
-    void createPages();
     void createControls();
     void connectControls();
-    void connectFileButtons();
-    void layOutLanguageAndDials();
-    void layOutFiles();
-    void layOutDialog();
+    void layOut();
     /// Reads \a file into the live store, section by section as ticked, and applies it.
     void loadIntoLiveStore(const QString &file);
     void applyEdits();
 
     void sectionToggled_slot(int id, bool checked);
     void languageChosen_slot(const QString &text);
-    void cursorSpeed_slot(int speed);
-    void paramSpeed_slot(int speed);
+    /// Sets one of the two speeds of the working copy.
+    void setSpeed(int SettingsData::*member, int speed);
     void loadFile_slot();
     void saveFile_slot();
     void ok_slot();
