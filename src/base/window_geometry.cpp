@@ -15,11 +15,6 @@ constexpr quint16 newestVersion = 3;
 constexpr int largestDesktops = 4;
 constexpr int largestSide = 32767; ///< pixels; the largest window of X11
 
-constexpr quint32 stateMagic = 0xFF;
-constexpr quint8 docksMarker = 0xFD;
-constexpr quint8 toolBarsMarker = 0xFC;
-constexpr int cornerCount = 4;
-
 struct Edges
 {
     qint32 left = 0;
@@ -72,27 +67,14 @@ bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop)
 
 bool isPlausibleState(const QByteArray &record)
 {
-    QDataStream stream(record);
-    quint32 magic = 0;
-    qint32 version = 0;
-    quint8 docks = 0;
-    qint32 dockCount = 0;
-    QSize central; // ignored: the layout sets it
-    stream >> magic >> version >> docks >> dockCount >> central;
-    if (magic != stateMagic || version != 0 || docks != docksMarker || dockCount != 0)
-        return false;
-    for (int corner = 0; corner < cornerCount; ++corner) {
-        qint32 side = 0;
-        stream >> side;
-        if (side != Qt::LeftDockWidgetArea && side != Qt::RightDockWidgetArea
-            && side != Qt::TopDockWidgetArea && side != Qt::BottomDockWidgetArea)
-            return false;
-    }
-    quint8 toolBars = 0;
-    qint32 toolBarLines = -1;
-    stream >> toolBars >> toolBarLines;
-    return toolBars == toolBarsMarker && toolBarLines == 0 && stream.status() == QDataStream::Ok
-        && stream.atEnd();
+    QByteArray expected = QByteArray::fromHex("000000ff 00000000 fd 00000000"
+                                              "00000000 00000000"
+                                              "00000004 00000004 00000008 00000008 fc 00000000");
+    // The size of the central widget; the layout sets it.
+    constexpr int sizeAt = 13;
+    constexpr int sizeBytes = 8;
+    expected.replace(sizeAt, sizeBytes, record.mid(sizeAt, sizeBytes));
+    return record == expected;
 }
 
 } // namespace window_geometry

@@ -14,10 +14,10 @@ namespace window_geometry {
 /// is.
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 
-/// True when \a record is a state that QMainWindow::saveState can have made of this window: no
-/// docks, no tool bars, each of the four corners given to a side, nothing after them. restoreState
-/// uses the numbers of a record as loop bounds and array indices: a damaged byte blocks it for
-/// minutes or makes it write outside its arrays.
+/// True when \a record is a state that QMainWindow::saveState can have made of this window, which
+/// has no docks and no tool bars and leaves its corners to the sides that Qt gives them to.
+/// restoreState uses the numbers of a record as loop bounds and array indices: a damaged byte
+/// blocks it for minutes or makes it write outside its arrays.
 bool isPlausibleState(const QByteArray &record);
 
 } // namespace window_geometry
