@@ -157,17 +157,8 @@ QString header(const TraceTable &table, QChar separator)
     return row;
 }
 
-/// The places on which the samples of a column lie.
-struct Grid
-{
-    qint64 step = 1; ///< counts
-    qint64 phase = 0; ///< of a sample within a step
-
-    bool operator==(const Grid &other) const
-    {
-        return step == other.step && phase == other.phase;
-    }
-};
+/// The places on which the samples of a column lie: the step, and where in a step a sample is.
+using Grid = std::pair<qint64, qint64>;
 
 Grid gridOf(const TraceRef &trace)
 {
@@ -199,13 +190,12 @@ std::vector<Block> blocksOf(const TraceTable &table)
             splinePoints(trace.trace, points);
         // A difference has levels only where the master has samples.
         const Grid grid = gridOf(difference ? table.masterTrace : trace.trace);
-        std::size_t block = 0;
-        while (block < blocks.size() && !(blocks[block].grid == grid))
-            ++block;
-        if (block == blocks.size())
-            blocks.push_back({ grid, {} });
+        auto block = std::find_if(blocks.begin(), blocks.end(),
+                                  [&grid](const Block &other) { return other.grid == grid; });
+        if (block == blocks.end())
+            block = blocks.insert(blocks.end(), { grid, {} });
         for (const QPointF &point : std::as_const(points)) {
-            const auto row = blocks[block].rows.emplace(static_cast<qint64>(point.x()), empty);
+            const auto row = block->rows.emplace(static_cast<qint64>(point.x()), empty);
             row.first->second[i] = QString::number(truncated(point.y()));
         }
     }

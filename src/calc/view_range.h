@@ -20,10 +20,6 @@ struct Range
     {
         return min == other.min && max == other.max;
     }
-    bool operator!=(const Range &other) const
-    {
-        return !(*this == other);
-    }
 };
 
 // ---- Zoom ----
