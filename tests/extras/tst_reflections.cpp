@@ -180,6 +180,7 @@ private slots:
                     { "launched pulse", Shape().bell(0.0, 120.0).levels() },
                     { "clipped launch", Shape().bell(0.0, 400.0, 20.0).levels(2.0, 3.0) },
                     { "echo cut off at the end", Shape().bell(252.0, 100.0, 12.0).levels() },
+                    { "wider than an echo", Shape().bell(125.0, 60.0, 80.0).levels() },
                     { "single sample off", Shape().spike(90, 60.0).levels() },
                     { "noise below one step", Shape().levels(0.2) } },
                   [](const Row &row) { QCOMPARE(placesIn(row.levels), QVector<int>()); });
