@@ -64,6 +64,8 @@ private:
 
     // ---- Controls (window/controls.cpp) ----
     void createControls();
+    void createDialsAndDialogs();
+    void createChartObjects();
 
     // ---- Layout, groups, icons, chart menu (window/layout.cpp) ----
     void setWindowSizes();

@@ -25,111 +25,87 @@
 
 QT_CHARTS_USE_NAMESPACE
 
-namespace {
-
-void createCursorRow(MainWindowParts &parts, QWidget *window, QWidget *area)
-{
-    parts.logo_lbl = new QLabel(area);
-    parts.up_buttons = new QButtonGroup(window);
-    parts.curA_button = new InterfaceButton(parts.d);
-    parts.curB_button = new InterfaceButton(parts.d);
-    parts.delta_lbl = new QLabel(area);
-}
-
-void createParameterRow(MainWindowParts &parts, QWidget *window)
-{
-    parts.down_buttons = new QButtonGroup(window);
-    parts.gain_button = new ParamButton(parts.d, MainWindow::GAIN);
-    parts.KU_button = new ParamButton(parts.d, MainWindow::KU);
-    parts.average_button = new ParamButton(parts.d, MainWindow::AVERAGE);
-    parts.V_offset_button = new ParamButton(parts.d, MainWindow::V_OFFSET);
-    parts.pulse_width_button = new ParamButton(parts.d, MainWindow::PULSE_WIDTH);
-    parts.pulse_amplitude_button = new ParamButton(parts.d, MainWindow::PULSE_AMPLITUDE);
-    parts.impedance_button = new ParamButton(parts.d, MainWindow::IMPEDANCE);
-    parts.H_offset_button = new ParamButton(parts.d, MainWindow::H_OFFSET);
-    parts.scale_button = new ParamButton(parts.d, MainWindow::SCALE);
-    parts.reserve_button = new ParamButton(parts.d, MainWindow::SCALE + 1);
-}
-
-void createTraceAndMiscButtons(MainWindowParts &parts, QWidget *window, QWidget *area)
-{
-    parts.rfg_buttons = new QButtonGroup(window);
-    parts.smooth_button = new QPushButton(area);
-    parts.reset_all_button = new QPushButton(area);
-    parts.legend_button = new QPushButton(area);
-    parts.settings_button = new PictureButton(area);
-    parts.difference_button = new PictureButton(area);
-}
-
-void createNavigation(MainWindowParts &parts, QWidget *window, QWidget *area)
-{
-    parts.scale_nav_group = new QButtonGroup(window);
-    parts.scale_up_button = new QPushButton(area);
-    parts.scale_down_button = new QPushButton(area);
-    parts.scroll_nav_group = new QButtonGroup(window);
-    parts.scroll_left_button = new QPushButton(area);
-    parts.scroll_right_button = new QPushButton(area);
-    parts.cur_nav_group = new QButtonGroup(window);
-    parts.curA_nav_button = new QPushButton(area);
-    parts.curB_nav_button = new QPushButton(area);
-}
-
-void createStatusAndBoxes(MainWindowParts &parts, QWidget *area)
-{
-    parts.bat_bar = new QProgressBar(area);
-    parts.date_bar = new DateTime_lbl(area);
-    parts.blank_1 = new QSpacerItem(0, 0);
-    parts.blank_2 = new QSpacerItem(0, 0);
-    parts.blank_3 = new QSpacerItem(0, 0);
-    parts.legend_group = new QGroupBox(area);
-    parts.misc_group = new QGroupBox(area);
-    // They are in no layout; shown, they would lie in the corner of the window.
-    parts.bat_bar->hide();
-    parts.legend_group->hide();
-    parts.misc_group->hide();
-}
-
-void createDialsAndDialogs(MainWindowParts &parts, QWidget *window, QWidget *area)
-{
-    parts.param_dial = new Cont_dial(area);
-    parts.cursor_dial = new Cont_dial(area);
-    parts.chartMenu = new QMenu(window);
-    parts.curA_action = new QAction(parts.chartMenu);
-    parts.curB_action = new QAction(parts.chartMenu);
-    parts.cur_wheel_action = new QAction(parts.chartMenu);
-    parts.scale_wheel_action = new QAction(parts.chartMenu);
-    parts.input_dialog = new QInputDialog(window);
-    // Numbers with a point and Latin digits, as everywhere in the window.
-    parts.input_dialog->setLocale(QLocale::c());
-    parts.info_dialog = new QMessageBox(window);
-}
-
-void createChartObjects(MainWindowParts &parts, QWidget *window, QWidget *area)
-{
-    parts.Plot_View = new PlotView(area);
-    parts.Plot_Scene = new PlotScene(window);
-    parts.Plot_Chart = new QChart;
-    parts.cursor_A = new QLineSeries(window);
-    parts.cursor_B = new QLineSeries(window);
-    parts.cursor_A_add = new QLineSeries(window);
-    parts.cursor_B_add = new QLineSeries(window);
-    parts.axisX = new QLineSeries(window);
-    parts.cur_arrowA = new CurArrow(MainWindow::CURSOR_A);
-    parts.cur_arrowB = new CurArrow(MainWindow::CURSOR_B);
-}
-
-} // namespace
-
 void MainWindow::createControls()
 {
     centralWidget = new QWidget(this);
-    createCursorRow(*this, this, centralWidget);
-    createParameterRow(*this, this);
-    createTraceAndMiscButtons(*this, this, centralWidget);
-    createNavigation(*this, this, centralWidget);
-    createStatusAndBoxes(*this, centralWidget);
-    createDialsAndDialogs(*this, this, centralWidget);
-    createChartObjects(*this, this, centralWidget);
+    logo_lbl = new QLabel(centralWidget);
+    up_buttons = new QButtonGroup(this);
+    curA_button = new InterfaceButton(d);
+    curB_button = new InterfaceButton(d);
+    delta_lbl = new QLabel(centralWidget);
+
+    down_buttons = new QButtonGroup(this);
+    gain_button = new ParamButton(d, GAIN);
+    KU_button = new ParamButton(d, KU);
+    average_button = new ParamButton(d, AVERAGE);
+    V_offset_button = new ParamButton(d, V_OFFSET);
+    pulse_width_button = new ParamButton(d, PULSE_WIDTH);
+    pulse_amplitude_button = new ParamButton(d, PULSE_AMPLITUDE);
+    impedance_button = new ParamButton(d, IMPEDANCE);
+    H_offset_button = new ParamButton(d, H_OFFSET);
+    scale_button = new ParamButton(d, SCALE);
+    reserve_button = new ParamButton(d, SCALE + 1);
+
+    rfg_buttons = new QButtonGroup(this);
+    smooth_button = new QPushButton(centralWidget);
+    reset_all_button = new QPushButton(centralWidget);
+    legend_button = new QPushButton(centralWidget);
+    settings_button = new PictureButton(centralWidget);
+    difference_button = new PictureButton(centralWidget);
+
+    scale_nav_group = new QButtonGroup(this);
+    scale_up_button = new QPushButton(centralWidget);
+    scale_down_button = new QPushButton(centralWidget);
+    scroll_nav_group = new QButtonGroup(this);
+    scroll_left_button = new QPushButton(centralWidget);
+    scroll_right_button = new QPushButton(centralWidget);
+    cur_nav_group = new QButtonGroup(this);
+    curA_nav_button = new QPushButton(centralWidget);
+    curB_nav_button = new QPushButton(centralWidget);
+
+    bat_bar = new QProgressBar(centralWidget);
+    date_bar = new DateTime_lbl(centralWidget);
+    blank_1 = new QSpacerItem(0, 0);
+    blank_2 = new QSpacerItem(0, 0);
+    blank_3 = new QSpacerItem(0, 0);
+    legend_group = new QGroupBox(centralWidget);
+    misc_group = new QGroupBox(centralWidget);
+    // They are in no layout; shown, they would lie in the corner of the window.
+    bat_bar->hide();
+    legend_group->hide();
+    misc_group->hide();
+
+    createDialsAndDialogs();
+    createChartObjects();
     for (int slot = 0; slot < constants::slotCount; ++slot)
         selected_rfg[slot] = new LegendButton(d, static_cast<char>(slot));
+}
+
+void MainWindow::createDialsAndDialogs()
+{
+    param_dial = new Cont_dial(centralWidget);
+    cursor_dial = new Cont_dial(centralWidget);
+    chartMenu = new QMenu(this);
+    curA_action = new QAction(chartMenu);
+    curB_action = new QAction(chartMenu);
+    cur_wheel_action = new QAction(chartMenu);
+    scale_wheel_action = new QAction(chartMenu);
+    input_dialog = new QInputDialog(this);
+    // Numbers with a point and Latin digits, as everywhere in the window.
+    input_dialog->setLocale(QLocale::c());
+    info_dialog = new QMessageBox(this);
+}
+
+void MainWindow::createChartObjects()
+{
+    Plot_View = new PlotView(centralWidget);
+    Plot_Scene = new PlotScene(this);
+    Plot_Chart = new QChart;
+    cursor_A = new QLineSeries(this);
+    cursor_B = new QLineSeries(this);
+    cursor_A_add = new QLineSeries(this);
+    cursor_B_add = new QLineSeries(this);
+    axisX = new QLineSeries(this);
+    cur_arrowA = new CurArrow(CURSOR_A);
+    cur_arrowB = new CurArrow(CURSOR_B);
 }
