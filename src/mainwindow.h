@@ -7,7 +7,6 @@
 /// source file that its heading names; helpers of one file are functions of that file. What can be
 /// computed without a widget is in calc/.
 
-#include "calc/cursor_level.h"
 #include "calc/trace_points.h"
 #include "calc/view_range.h"
 #include "mainwindow_parts.h"
@@ -108,7 +107,6 @@ public slots:
 
 private:
     void watchStyleSheet();
-    void styleFolderChanged();
 
     // ---- Trace slots (window/files.cpp) ----
 public slots:
@@ -191,6 +189,9 @@ public:
 
 private:
     void buildChart();
+    /// Draws slot \a id again after a change of its samples or shifts, and the differences from it.
+    void redraw(int id);
+    void redrawLoaded();
 
     // ---- Axes, grid, title (window/axes.cpp) ----
 public:
@@ -202,8 +203,7 @@ public:
     void setXAxis();
 
 private:
-    void setAxisFonts();
-    void placeTitle();
+    void setChartFonts();
     QRectF plotInScene() const;
 
     // ---- View range: scale, scroll, shifts, KU (window/range.cpp) ----
@@ -268,7 +268,6 @@ public:
     int cursorPosition(int which) const;
 
 private:
-    calc::CursorPoint pointUnder(int column) const;
     /// As \c cursorSetup_slot, but keeps the drawing order.
     void moveCursor(int column);
     /// Series of both cursors in drawing order, the active one last. None in delta mode.

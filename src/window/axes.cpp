@@ -55,29 +55,26 @@ QRectF MainWindow::plotInScene() const
     return Plot_Chart->mapToScene(Plot_Chart->plotArea()).boundingRect();
 }
 
-void MainWindow::placeTitle()
+void MainWindow::setChartFonts()
 {
-    QFont font = chart_title.font();
-    font.setPointSize(titlePoints(font_size));
-    chart_title.setFont(font);
+    QFont title = chart_title.font();
+    title.setPointSize(titlePoints(font_size));
+    chart_title.setFont(title);
     const QPointF corner = plotInScene().topLeft();
     chart_title.setPos(corner.x() + double{ font_size },
                        corner.y() - chart_title.boundingRect().height() - titleGap);
 
-    QFont stepFont = cursor_step_lbl.font();
-    stepFont.setPointSize(titlePoints(font_size));
-    cursor_step_lbl.setFont(stepFont);
+    QFont step = cursor_step_lbl.font();
+    step.setPointSize(titlePoints(font_size));
+    cursor_step_lbl.setFont(step);
     set_cur_step_lbl();
-}
 
-void MainWindow::setAxisFonts()
-{
-    QFont font = axis_lbl[0].font();
-    font.setPixelSize(calc::truncated(std::max(minGridPixels, double{ font_size })));
-    for (QGraphicsSimpleTextItem &label : axis_lbl)
-        label.setFont(font);
-    for (QGraphicsSimpleTextItem &label : axis_0_lbl)
-        label.setFont(font);
+    QFont label = axis_lbl[0].font();
+    label.setPixelSize(calc::truncated(std::max(minGridPixels, double{ font_size })));
+    for (QGraphicsSimpleTextItem &item : axis_lbl)
+        item.setFont(label);
+    for (QGraphicsSimpleTextItem &item : axis_0_lbl)
+        item.setFont(label);
 }
 
 void MainWindow::axisSetup(QRectF plot, QRectF chart)

@@ -170,6 +170,22 @@ void MainWindow::load_rfg(int id)
     }
 }
 
+void MainWindow::redrawLoaded()
+{
+    for (int slot = 0; slot < constants::slotCount; ++slot)
+        if (isLoaded(slot))
+            load_rfg(slot);
+}
+
+void MainWindow::redraw(int id)
+{
+    // All differences depend on the master.
+    if (diff_flag == DIFF && id == rfg_master_ID)
+        redrawLoaded();
+    else
+        load_rfg(id);
+}
+
 void MainWindow::setSmoothFlag(bool on)
 {
     smooth_rfg_flag = on;
@@ -188,9 +204,7 @@ void MainWindow::setDiff_flag(bool on)
     m_brush = QBrush(QColor::fromRgba(on ? differenceBackground : constants::normalBackground),
                      Qt::SolidPattern);
     Plot_Scene->setBackgroundBrush(m_brush);
-    for (int slot = 0; slot < constants::slotCount; ++slot)
-        if (isLoaded(slot))
-            load_rfg(slot);
+    redrawLoaded();
     rfgSelect_slot(rfg_ID);
 }
 

@@ -48,6 +48,18 @@ void colourCursors(const MainWindowParts &parts, int active)
     colour(active == MainWindow::CURSOR_B, parts.cursor_B, parts.cursor_B_add, parts.cur_arrowB);
 }
 
+calc::CursorPoint pointUnder(const MainWindow &window, int column)
+{
+    const MainWindowState &state = window.state();
+    const int slot = state.rfg_ID;
+    if (!state.isLoaded(slot))
+        return { calc::snapped(column, state.stepOf(slot)), constants::noLevel };
+    if (state.isDrawnAsDifference(slot))
+        return calc::cursorOnDifference(column, window.traceRef(state.rfg_master_ID),
+                                        window.traceRef(slot));
+    return calc::cursorOn(column, window.traceRef(slot));
+}
+
 } // namespace
 
 void MainWindow::cursorSetup_slot(int column)
@@ -61,7 +73,7 @@ void MainWindow::moveCursor(int column)
     if (Cur_flag == DELTA)
         return;
     const int clamped = calc::clampedColumn(column);
-    const calc::CursorPoint point = pointUnder(clamped);
+    const calc::CursorPoint point = pointUnder(*this, clamped);
     const bool isA = Cur_flag == CURSOR_A;
     (isA ? cursor_A_pos : cursor_B_pos) = point.column;
     (isA ? cursor_A_pos_Y : cursor_B_pos_Y) = point.level;
@@ -82,15 +94,6 @@ void MainWindow::moveCursor(int column)
     cursorInfo_update();
 }
 
-calc::CursorPoint MainWindow::pointUnder(int column) const
-{
-    if (!isLoaded(rfg_ID))
-        return { calc::snapped(column, stepOf(rfg_ID)), constants::noLevel };
-    if (isDrawnAsDifference(rfg_ID))
-        return calc::cursorOnDifference(column, traceRef(rfg_master_ID), traceRef(rfg_ID));
-    return calc::cursorOn(column, traceRef(rfg_ID));
-}
-
 QVector<QXYSeries *> MainWindow::cursorSeries() const
 {
     if (Cur_flag_true == DELTA)
@@ -107,16 +110,12 @@ void MainWindow::cursorSelect_slot(int mode)
         button->setChecked(true);
 
     QString caption;
-    if (mode == CURSOR_A) {
-        curA_action->setChecked(true);
-        cursor_dial->trueValue = cursor_A_pos;
-        caption = count_to_distance(cursor_A_pos);
-        cur_arrowB->group->stackBefore(cur_arrowA->group);
-    } else if (mode == CURSOR_B) {
-        curB_action->setChecked(true);
-        cursor_dial->trueValue = cursor_B_pos;
-        caption = count_to_distance(cursor_B_pos);
-        cur_arrowA->group->stackBefore(cur_arrowB->group);
+    if (isCursor) {
+        const bool isA = mode == CURSOR_A;
+        (isA ? curA_action : curB_action)->setChecked(true);
+        cursor_dial->trueValue = cursorPosition(mode);
+        caption = count_to_distance(cursorPosition(mode));
+        (isA ? cur_arrowB : cur_arrowA)->group->stackBefore((isA ? cur_arrowA : cur_arrowB)->group);
     } else {
         cursor_dial->ring_color = Qt::black;
     }

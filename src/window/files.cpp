@@ -174,13 +174,7 @@ void MainWindow::add_Selected_RFG(const QString &path, int id)
     setRfgButtonText(id);
     if (id == rfg_master_ID || !master_is_set)
         setMasterID(id);
-    load_rfg(id);
-    // A new record in the master's slot changes every difference.
-    if (diff_flag == DIFF && id == rfg_master_ID) {
-        for (int slot = 0; slot < constants::slotCount; ++slot)
-            if (slot != id && isLoaded(slot))
-                load_rfg(slot);
-    }
+    redraw(id);
     rfgSelect_slot(rfg_ID);
 }
 

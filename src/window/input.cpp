@@ -212,9 +212,8 @@ void MainWindow::scaleInterface()
     const float ratio = former == 0.0F ? 1.0F : font_size / former;
 
     scaleFonts(*this, font(), font_size);
-    placeTitle();
     scaleIcons(*this, font_size);
-    setAxisFonts();
+    setChartFonts();
     const QRectF plot = plotInScene();
     axisSetup(plot, Plot_Chart->mapToScene(Plot_Chart->geometry()).boundingRect());
     for (CurArrow *marker : { cur_arrowA, cur_arrowB }) {

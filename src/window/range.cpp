@@ -14,23 +14,6 @@
 
 #include <algorithm>
 
-namespace {
-
-void redrawAfterShift(MainWindow &window)
-{
-    const MainWindowState &state = window.state();
-    if (state.diff_flag == MainWindow::NORMAL || state.rfg_ID != state.rfg_master_ID) {
-        window.load_rfg(state.rfg_ID);
-        return;
-    }
-    // All differences depend on the master.
-    for (int slot = 0; slot < constants::slotCount; ++slot)
-        if (state.isLoaded(slot))
-            window.load_rfg(slot);
-}
-
-} // namespace
-
 calc::Range MainWindow::viewRange() const
 {
     return { calc::truncated(cust_axisX->min()), calc::truncated(cust_axisX->max()) };
@@ -106,7 +89,7 @@ void MainWindow::H_Offset_change(int value)
     // Shifts to the left are kept in two's complement, as the instrument does.
     trace.f_p_840.ch.params.shiftX = static_cast<quint32>(samples);
     trace.scroll = samples * step;
-    redrawAfterShift(*this);
+    redraw(rfg_ID);
     setCaption(H_offset_button, d->H_OFFSET_STR, count_to_distance(trace.scroll));
     cursors_update();
     if (checkedParameter() == H_OFFSET)
@@ -117,7 +100,7 @@ void MainWindow::V_Offset_change(int value)
 {
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     trace.offset = calc::clampedVerticalOffset(value);
-    redrawAfterShift(*this);
+    redraw(rfg_ID);
     setCaption(V_offset_button, d->V_OFFSET_STR, QString::number(trace.offset));
     cursors_update();
     // The dial shows levels, in which 129 means "no level": at an offset of 129 its text is empty,

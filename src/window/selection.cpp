@@ -129,11 +129,8 @@ void MainWindow::setMasterID(int id)
     for (int slot = 0; slot < constants::slotCount; ++slot)
         if (!isLoaded(slot))
             rfg_DATA[slot].coef_from_min = calc::countsPerSample(params.sample_minstep);
-    if (diff_flag == DIFF) {
-        for (int slot = 0; slot < constants::slotCount; ++slot)
-            if (isLoaded(slot))
-                load_rfg(slot);
-    }
+    if (diff_flag == DIFF)
+        redrawLoaded();
 
     const int exponent = calc::exponentForMinstep(params.sample_minstep);
     const calc::Range range = calc::rangeFromDelay(params.delay, calc::clampedScale(exponent));

@@ -32,8 +32,10 @@ void MainWindow::set_CSS()
 void MainWindow::watchStyleSheet()
 {
     connect(&CSS_watcher, &QFileSystemWatcher::fileChanged, this, &MainWindow::CSS_watcher_slot);
-    connect(&CSS_watcher, &QFileSystemWatcher::directoryChanged, this,
-            &MainWindow::styleFolderChanged);
+    connect(&CSS_watcher, &QFileSystemWatcher::directoryChanged, this, [this] {
+        if (QFileInfo(watchedStyleSheet).isFile())
+            CSS_watcher_slot(watchedStyleSheet);
+    });
     const QString folder = qEnvironmentVariable(constants::developerFolderVariable);
     if (folder.isEmpty())
         return;
@@ -57,10 +59,4 @@ void MainWindow::CSS_watcher_slot(const QString &path)
     }
     settingsData->current_CSS_path = path;
     settingsData->parse_CSS();
-}
-
-void MainWindow::styleFolderChanged()
-{
-    if (QFileInfo(watchedStyleSheet).isFile())
-        CSS_watcher_slot(watchedStyleSheet);
 }
