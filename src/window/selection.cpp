@@ -22,12 +22,11 @@ constexpr QLatin1String slotIcon = constants::latin1("://icons/canal_64/canal_%1
 constexpr QLatin1String masterSlotIcon = constants::latin1("://icons/canal_64/canal_%1M");
 constexpr QLatin1String hiddenSlotIcon = constants::latin1("://icons/canal_64/Canal_Disabled");
 
-void setSlotIcon(LegendButton *button, QLatin1String path)
+void setSlotIcon(LegendButton *button, bool isVisible, bool isMaster)
 {
-    // The name of the hidden icon has no number.
-    const QString name = path;
-    const bool numbered = name.contains(QLatin1String("%1"));
-    button->setIcon(QIcon(bundledPicture(numbered ? name.arg(button->id + 1) : name)));
+    QString path = isMaster ? masterSlotIcon : slotIcon;
+    path = isVisible ? path.arg(button->id + 1) : QString(hiddenSlotIcon);
+    button->setIcon(QIcon(bundledPicture(path)));
 }
 
 } // namespace
@@ -103,10 +102,7 @@ void MainWindow::RFG_visibleToggle(int id, bool visible)
         rfg_series_sp[id]->setVisible(visible);
     else
         rfg_series[id]->setVisible(visible);
-    if (!visible)
-        setSlotIcon(selected_rfg[id], hiddenSlotIcon);
-    else
-        setSlotIcon(selected_rfg[id], id == rfg_master_ID ? masterSlotIcon : slotIcon);
+    setSlotIcon(selected_rfg[id], visible, id == rfg_master_ID);
     selected_rfg[id]->setVis(visible);
 }
 
@@ -118,9 +114,9 @@ void MainWindow::setMasterID(int id)
         return;
     if (previous != rfg_master_ID)
         unmarkMaster(previous);
-    selected_rfg[rfg_master_ID]->setMast(true);
-    if (selected_rfg[rfg_master_ID]->vis())
-        setSlotIcon(selected_rfg[rfg_master_ID], masterSlotIcon);
+    LegendButton *button = selected_rfg[rfg_master_ID];
+    button->setMast(true);
+    setSlotIcon(button, button->vis(), true);
     settingsData->master_ID = static_cast<signed char>(rfg_master_ID);
 
     const auto params = rfg_DATA[rfg_master_ID].f_p_840.ch.params;
@@ -158,8 +154,7 @@ void MainWindow::unmarkMaster(int id)
     selected_rfg[id]->setMast(false);
     // setMast(false) enables "Set as Master", which an empty slot must not offer.
     selected_rfg[id]->menuEnable(isLoaded(id));
-    if (selected_rfg[id]->vis())
-        setSlotIcon(selected_rfg[id], slotIcon);
+    setSlotIcon(selected_rfg[id], selected_rfg[id]->vis(), false);
 }
 
 void MainWindow::addremove_aux(int id, bool shown)
