@@ -112,7 +112,7 @@ private:
     QRegularExpression m_pattern;
 };
 
-/// The unit of distances, in Latin and in Russian letters whatever the interface speaks.
+/// Pattern of the unit of distances: a Latin or a Russian letter, in every language.
 QString metre()
 {
     return QStringLiteral("[mм]");
@@ -145,9 +145,8 @@ public:
 
     void ku()
     {
-        setDialogTexts(m_words.KU_STR, calc::generalText(double{ m_state.KU_min }),
-                       calc::generalText(double{ m_state.KU_max }));
-        if (!askForNumber({ double{ m_state.KU_min },
+        if (!askForNumber(m_words.KU_STR,
+                          { double{ m_state.KU_min },
                             double{ m_state.KU_max },
                             kuDialogStep,
                             calc::kuDecimals,
@@ -164,8 +163,8 @@ public:
     void horizontalOffset()
     {
         const double limit = m_state.x_length * m_state.dist_coef;
-        setDialogTexts(m_words.H_OFFSET_STR, calc::generalText(-limit), calc::generalText(limit));
-        if (!askForNumber({ -limit, limit, m_state.stepOf(m_state.rfg_ID) * m_state.dist_coef,
+        if (!askForNumber(m_words.H_OFFSET_STR,
+                          { -limit, limit, m_state.stepOf(m_state.rfg_ID) * m_state.dist_coef,
                             calc::distanceDecimals, trace().scroll * m_state.dist_coef, metre() }))
             return;
         m_window.H_Offset_change(calc::truncated(m_dialog.doubleValue() / m_state.dist_coef));
@@ -176,8 +175,8 @@ public:
     void verticalOffset()
     {
         constexpr int limit = constants::verticalOffsetLimit;
-        setDialogTexts(m_words.V_OFFSET_STR, QString::number(-limit), QString::number(limit));
-        if (!askForNumber({ -limit, limit, 1, 0, double(trace().offset), {} }))
+        if (!askForNumber(m_words.V_OFFSET_STR,
+                          { -limit, limit, 1, 0, double(trace().offset), {} }))
             return;
         m_window.V_Offset_change(m_dialog.intValue());
         if (dialSets(MainWindow::V_OFFSET))
@@ -190,9 +189,8 @@ public:
         for (int exponent = constants::minScale; exponent <= constants::maxScale; ++exponent)
             items << calc::generalText(double{ calc::scaleDistance(exponent) })
                     + m_words.DIST_SUFFIX_STR;
-        setDialogTexts(m_words.SCALE_STR,
-                       calc::generalText(double{ calc::scaleDistance(constants::minScale) }),
-                       calc::generalText(double{ calc::scaleDistance(constants::maxScale) }));
+        setDialogTexts(m_words.SCALE_STR, double{ calc::scaleDistance(constants::minScale) },
+                       double{ calc::scaleDistance(constants::maxScale) });
         m_dialog.setInputMode(QInputDialog::TextInput);
         m_dialog.setComboBoxEditable(false);
         m_dialog.setComboBoxItems(items);
@@ -209,11 +207,10 @@ public:
     void cursor(int which)
     {
         const double limit = m_state.x_length * m_state.dist_coef;
-        setDialogTexts(which == MainWindow::CURSOR_A ? m_words.CURSOR_A_STR : m_words.CURSOR_B_STR,
-                       QString::number(0), calc::generalText(limit));
-        if (!askForNumber({ 0.0, limit, m_state.cursorStep() * m_state.dist_coef,
-                            calc::distanceDecimals,
-                            m_window.cursorPosition(which) * m_state.dist_coef, metre() }))
+        if (!askForNumber(
+                which == MainWindow::CURSOR_A ? m_words.CURSOR_A_STR : m_words.CURSOR_B_STR,
+                { 0.0, limit, m_state.cursorStep() * m_state.dist_coef, calc::distanceDecimals,
+                  m_window.cursorPosition(which) * m_state.dist_coef, metre() }))
             return;
         // Moves the active cursor, also when the button is that of the other one.
         m_window.cursorSetup_slot(calc::truncated(m_dialog.doubleValue() / m_state.dist_coef));
@@ -232,15 +229,17 @@ private:
         return m_parts.down_buttons->checkedId() == parameter;
     }
 
-    void setDialogTexts(const QString &word, const QString &from, const QString &to)
+    void setDialogTexts(const QString &word, double min, double max)
     {
         m_dialog.setWindowTitle(word);
-        m_dialog.setLabelText(word + QLatin1Char('\n') + m_words.RANGE_STR
-                              + QStringLiteral(" : [%1; %2]").arg(from, to));
+        m_dialog.setLabelText(
+            word + QLatin1Char('\n') + m_words.RANGE_STR
+            + QStringLiteral(" : [%1; %2]").arg(calc::generalText(min), calc::generalText(max)));
     }
 
-    bool askForNumber(const NumberQuestion &question)
+    bool askForNumber(const QString &word, const NumberQuestion &question)
     {
+        setDialogTexts(word, question.min, question.max);
         // In this order, because each setter rounds or clamps the values set before.
         QAbstractSpinBox *box = nullptr;
         if (question.decimals == 0) {
