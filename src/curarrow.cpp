@@ -17,14 +17,9 @@ constexpr double letterShare = 0.75; ///< of the base font size
 
 QString letterOf(char id)
 {
-    switch (id) {
-    case 1:
+    if (id == 1)
         return QStringLiteral("A");
-    case 2:
-        return QStringLiteral("B");
-    default:
-        return {};
-    }
+    return id == 2 ? QStringLiteral("B") : QString();
 }
 
 } // namespace

@@ -37,7 +37,7 @@ void Dictionary::setStrings()
     VISIBLE_STR = tr("set Visible");
     MASTER_STR = tr("Set as Master");
     CURSORS_MOVE_STR = tr("Wheel moves cursors");
-    // Misspelt on purpose: the catalogues know the text by these letters.
+    // Misspelt on purpose: this spelling is the key in the catalogues.
     SCALE_CHG_STR = tr("Wheel chahges scale");
     FILES_STR = tr("Files");
     SETTINGS_STR = tr("Settings");

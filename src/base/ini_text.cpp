@@ -22,8 +22,8 @@ constexpr char lineEnd[] = "\n";
 constexpr bool namesIgnoreCase = false;
 #endif
 
-/// The letter behind a backslash, and at the same place the character that it stands for. The last
-/// two are read only.
+/// Letters of escape sequences, and at the same index the characters that they mean. The last two
+/// are read but never written.
 constexpr QLatin1String escapeLetters = constants::latin1("abfnrtv\"\\?'");
 constexpr QLatin1String escapedCharacters = constants::latin1("\a\b\f\n\r\t\v\"\\?'");
 constexpr int writtenEscapes = 9;
@@ -126,9 +126,9 @@ struct Entry
     bool hasValue = false;
 };
 
-/// Appends what the escape stands for whose backslash is before \a at of \a ini, and moves \a at to
-/// its last character. A line break and an unknown letter stand for nothing; numbers are cut to 16
-/// bits.
+/// Appends the character of the escape sequence whose backslash is before \a at of \a ini, and
+/// moves \a at to its last character. A line break and an unknown letter give none; numbers are cut
+/// to 16 bits.
 void appendEscape(const QString &ini, Size &at, QString &text)
 {
     const QChar c = at < ini.size() ? ini.at(at) : QChar(QLatin1Char('\n'));

@@ -79,8 +79,8 @@ bool isOneOf(QChar c, const char *characters)
     return QLatin1String(characters).contains(c);
 }
 
-/// True when reading \a path may not return: a pipe, a device, or a file of the system that says
-/// that it is empty.
+/// True when reading \a path may not return: a pipe, a device, or a file of the system that reports
+/// a size of 0.
 bool mayBlock(const QString &path)
 {
     const QFileInfo info(path);

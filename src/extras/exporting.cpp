@@ -135,7 +135,7 @@ void showNote(const MainWindow &window, const QStringList &lines)
     QTimer::singleShot(noteTime, note, &QObject::deleteLater);
 }
 
-/// Saves and tells the outcome.
+/// Saves and shows the outcome in a note.
 void saveAndTell(const MainWindow &window, const QString &path, Format format)
 {
     const Catalogue texts("Extras", window.settings()->current_language);

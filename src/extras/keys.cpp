@@ -217,7 +217,7 @@ bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *recei
         return false;
     if (!event.isAutoRepeat() || key->when == Repeated)
         key->action(window);
-    // A dial turns its mark by the same key.
+    // QDial moves its mark by the same key.
     return !onControl || receiver == parts.Plot_View;
 }
 

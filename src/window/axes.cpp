@@ -80,7 +80,7 @@ void MainWindow::setChartFonts()
 void MainWindow::axisSetup(QRectF plot, QRectF chart)
 {
     plotLeft = static_cast<float>(plot.left());
-    // Labels stand in the middle of the band under the plot.
+    // Labels are in the middle of the band under the plot.
     const int halfLetter = axis_lbl[0].font().pixelSize() / 2;
     const auto shift = static_cast<float>((chart.bottom() - plot.bottom()) / 2.0 - halfLetter);
     const QLineF upright(plot.bottomLeft(), plot.topLeft());
