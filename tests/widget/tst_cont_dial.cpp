@@ -2,39 +2,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "each.h"
+#include "inputevents.h"
 
 #include <QSignalSpy>
-#include <QtMath>
 #include <QtTest>
 
 #include <climits>
 
 namespace {
 
-constexpr int side = 200;
-
-/// Place of the mouse on the rim of the dial after \a turns from its start at the bottom,
-/// clockwise.
-QPoint at(double turns)
+void show(QDial &dial, QSize size = { 200, 200 })
 {
-    const double angle = 2.0 * M_PI * turns;
-    return { qRound(side / 2.0 - 80.0 * qSin(angle)), qRound(side / 2.0 + 80.0 * qCos(angle)) };
+    dial.resize(size);
+    dial.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dial));
 }
 
-/// Presses at \a from and drags to \a to, both in turns, in small steps, and releases.
-void drag(Cont_dial &dial, double from, double to)
+/// Turns \a dial by \a turns from the top, half a turn away from the seam.
+void drag(Cont_dial &dial, double turns)
 {
-    constexpr double step = 1.0 / 40.0;
-    QTest::mousePress(&dial, Qt::LeftButton, Qt::NoModifier, at(from));
-    const int steps = qRound(qAbs(to - from) / step);
-    for (int i = 1; i <= steps; ++i) {
-        const QPoint place = at(from + (to - from) * i / steps);
-        QMouseEvent move(QEvent::MouseMove, place, dial.mapToGlobal(place), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&dial, &move);
+    input::turnDial(&dial, 0.0, 360.0 * turns, qRound(40.0 * qAbs(turns)));
+}
+
+/// The rectangle that holds all pixels in which \a one and \a other differ.
+QRect changedPart(const QImage &one, const QImage &other)
+{
+    QRect all;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            if (one.pixel(x, y) != other.pixel(x, y))
+                all |= QRect(x, y, 1, 1);
+    return all;
+}
+
+class PaintCounter : public QObject
+{
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
     }
-    QTest::mouseRelease(&dial, Qt::LeftButton, Qt::NoModifier, at(to));
-}
+    int paints = 0;
+};
 
 } // namespace
 
@@ -75,6 +85,8 @@ private slots:
                  QStringLiteral("trueValueChanged(int) trueValue_slot(int) nullifier_slot() "
                                 "setAccuracy(int)"));
     }
+
+    // ---- Counting ----
 
     void movementsAreSummed()
     {
@@ -133,11 +145,7 @@ private slots:
         QCOMPARE(spy.count(), 4);
         for (const QList<QVariant> &arguments : spy)
             QCOMPARE(arguments.at(0).toInt(), 0);
-    }
-
-    void theUpperClampWins()
-    {
-        Cont_dial dial;
+        // The upper clamp wins.
         dial.trueMin = 10;
         dial.trueMax = -10;
         dial.trueValue_slot(1);
@@ -170,20 +178,15 @@ private slots:
                     { "-5", -5, 1, 1 },
                     { "0", 0, 1, 1 },
                     { "1", 1, 1, 1 },
-                    { "5", 5, 1, 1 },
                     { "8", 8, 1, 1 },
                     { "9", 9, 1, 1 },
                     { "10", 10, 1, 5 },
                     { "20", 20, 2, 10 },
-                    { "50", 50, 5, 25 },
                     { "99", 99, 9, 45 },
                     { "100", 100, 1, 5 },
                     { "199", 199, 1, 5 },
                     { "200", 200, 2, 10 },
-                    { "250", 250, 2, 10 },
-                    { "500", 500, 5, 25 },
                     { "1000", 1000, 10, 50 },
-                    { "2000000", 2000000, 20000, 100000 },
                     { "largest int", INT_MAX, 21474836, 107374180 } },
                   [](const Row &row) {
                       Cont_dial dial;
@@ -204,12 +207,12 @@ private slots:
             show(dial);
             dial.setAccuracy(steps);
             const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-            wheel(dial, 120);
-            wheel(dial, -240);
+            input::wheel(&dial, 120);
+            input::wheel(&dial, -240);
             for (const Qt::Key key : { Qt::Key_Up, Qt::Key_Left, Qt::Key_PageDown, Qt::Key_End })
                 QTest::keyClick(&dial, key);
             QCOMPARE(spy.count(), 0);
-            drag(dial, 0.1, 1.3);
+            drag(dial, 1.2);
             QVERIFY(dial.trueValue >= 0 && dial.trueValue <= 100);
             QVERIFY(!dial.grab().isNull());
         }
@@ -225,8 +228,7 @@ private slots:
                 dial.trueMin = -100000;
                 dial.trueMax = 100000;
                 const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-                // From the top, half a turn away from the seam.
-                drag(dial, 0.5, 0.5 + turns);
+                drag(dial, turns);
                 const int whole = qRound(turns * accuracy);
                 QVERIFY2(qAbs(dial.trueValue - whole) <= accuracy / 50 + 1,
                          qPrintable(QString::number(dial.trueValue)));
@@ -246,71 +248,122 @@ private slots:
             dial.trueMin = -40;
             dial.trueMax = 130;
             const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-            drag(dial, 0.5, 0.5 + turns);
+            drag(dial, turns);
             QCOMPARE(dial.trueValue, end);
             QVERIFY(spy.count() > 50);
             for (const QList<QVariant> &arguments : spy)
                 QVERIFY(arguments.at(0).toInt() >= -40 && arguments.at(0).toInt() <= 130);
             // On the way back the counter leaves the limit at once.
-            drag(dial, 0.5, 0.5 - turns / 12.0);
+            drag(dial, -turns / 12.0);
             QVERIFY(qAbs(dial.trueValue - (end - qRound(turns * 100 / 12))) <= 3);
         }
     }
 
-    void aPressThatMovesTheRingDoesNotCount()
+    void onlyADragCounts()
     {
         Cont_dial dial;
         show(dial);
         dial.trueValue = 40;
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+        const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
+        // A press moves the ring there.
         for (const double place : { 0.2, 0.9, 0.5 }) {
-            QTest::mouseClick(&dial, Qt::LeftButton, Qt::NoModifier, at(place));
+            input::turnDial(&dial, 360.0 * (place - 0.5), 0.0, 1);
             QVERIFY(qAbs(dial.value() - qRound(place * 100)) <= 2);
             QCOMPARE(dial.oldValue, dial.value());
         }
+        for (const Qt::Key key : { Qt::Key_Up, Qt::Key_PageUp }) {
+            const int before = dial.value();
+            QTest::keyClick(&dial, key);
+            QVERIFY(dial.value() != before);
+        }
+        const int before = dial.value();
+        input::wheel(&dial, 120);
+        QVERIFY(dial.value() != before);
+        // The next press starts from the raw position.
+        dial.nullifier_slot();
+        QCOMPARE(dial.oldValue, dial.value());
+        dial.setValue(50);
+        dial.setAccuracy(10);
         QCOMPARE(dial.trueValue, 40);
         QCOMPARE(spy.count(), 0);
     }
 
-    void wheelAndKeysDoNotCount()
+    // ---- Painting ----
+
+    void theCaptionIsPaintedAtOnceAndThePictureNever()
     {
         Cont_dial dial;
         show(dial);
-        const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        wheel(dial, 120);
-        QTest::keyClick(&dial, Qt::Key_Up);
-        QVERIFY(dial.value() != 0);
-        QCOMPARE(dial.trueValue, 0);
-        QCOMPARE(spy.count(), 0);
-        // The next press starts from the raw position.
-        dial.nullifier_slot();
-        QCOMPARE(dial.oldValue, dial.value());
+        PaintCounter counter;
+        dial.installEventFilter(&counter);
+        dial.setText(QStringLiteral("X Shift\n3.5 m"));
+        QCOMPARE(counter.paints, 1);
+        QCOMPARE(dial.titleText, QStringLiteral("X Shift\n3.5 m"));
+        const QImage before = dial.grab().toImage();
+        counter.paints = 0;
+        QPixmap picture(50, 50);
+        picture.fill(Qt::red);
+        dial.setIcon(picture);
+        QCoreApplication::processEvents();
+        QCOMPARE(counter.paints, 0);
+        QCOMPARE(dial.icon.size(), QSize(50, 50));
+        QCOMPARE(dial.grab().toImage(), before);
     }
 
-    void theOwnersWritesAreSilent()
+    void theCaptionIsInTheMiddle()
     {
         Cont_dial dial;
-        QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        dial.trueValue = 5;
-        dial.setValue(50);
-        dial.setAccuracy(10);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(dial.trueValue, 5);
+        show(dial);
+        QFont font = dial.font();
+        font.setPixelSize(20);
+        dial.setFont(font);
+        const QImage bare = dial.grab().toImage();
+        dial.setText(QStringLiteral("HHHH"));
+        const QRect changed = changedPart(bare, dial.grab().toImage());
+        const QPoint off = changed.center() - dial.rect().center();
+        QVERIFY2(qAbs(off.x()) <= 2 && qAbs(off.y()) <= 4,
+                 qPrintable(QStringLiteral("%1 %2").arg(off.x()).arg(off.y())));
+        QVERIFY(changed.width() > 20 && changed.width() < dial.width());
     }
 
-private:
-    static void show(Cont_dial &dial)
+    void theRingLeavesNoMark()
     {
-        dial.resize(side, side);
-        dial.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dial));
+        Cont_dial dial;
+        show(dial);
+        dial.ring_color = Qt::red;
+        dial.grab();
+        QCOMPARE(dial.radius, 80);
+        QDial plain;
+        plain.setRange(0, 100);
+        plain.setSingleStep(1);
+        plain.setPageStep(10);
+        plain.setWrapping(true);
+        plain.setNotchesVisible(true);
+        show(plain);
+        dial.clearFocus();
+        plain.clearFocus();
+        QCOMPARE(dial.grab().toImage(), plain.grab().toImage());
     }
-    static void wheel(Cont_dial &dial, int delta)
+
+    void theCaptionFollowsTheSize()
     {
-        const QPointF middle(side / 2.0, side / 2.0);
-        QWheelEvent event(middle, dial.mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, delta),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&dial, &event);
+        struct Row
+        {
+            const char *name;
+            QSize size;
+            QRectF rect;
+        };
+        each<Row>({ { "square", { 200, 200 }, { -1, 49, 200, 100 } },
+                    { "odd", { 101, 75 }, { 0, 19, 101, 37 } },
+                    { "flat", { 200, 50 }, { -1, 12, 200, 25 } } },
+                  [](const Row &row) {
+                      Cont_dial dial;
+                      show(dial, row.size);
+                      QCOMPARE(dial.size(), row.size);
+                      QCOMPARE(dial.textRect, row.rect);
+                      dial.grab();
+                      QCOMPARE(dial.radius, static_cast<int>(row.size.height() / 2.5));
+                  });
     }
 };
 
