@@ -73,10 +73,7 @@ private slots:
         QCOMPARE(button->master_action->icon().pixmap(16).toImage(), up.pixmap(16).toImage());
         for (const QAction *action : own())
             QVERIFY(!action->icon().pixmap(32).isNull());
-    }
-
-    void buttonsShareTheirIcons()
-    {
+        // Buttons share them.
         const LegendButton other(words.get(), 3);
         const auto keyOf
             = [](const QAction &action) { return action.icon().pixmap(64).cacheKey(); };
@@ -96,10 +93,7 @@ private slots:
         words->setStrings();
         button->retranslateUI();
         QCOMPARE(texts(), QStringLiteral("Load|Reset|Clear|set Visible|Set as Master"));
-    }
-
-    void nameIsTheTitleOfTheMenu()
-    {
+        // The name is the title of the menu, and not the caption.
         button->setText(QStringLiteral("caption"));
         button->setName(QStringLiteral("cable 7"));
         QCOMPARE(button->name, QStringLiteral("cable 7"));
@@ -140,13 +134,10 @@ private slots:
         QCOMPARE(requests, QStringList{ QStringLiteral("visible 2 0") });
         QVERIFY(button->vis());
         QVERIFY(button->visible_action->isChecked());
-    }
-
-    void checkMarkFollowsTheAnswer()
-    {
+        // The check mark follows the answer.
         connect(button.get(), &LegendButton::visible_signal, button.get(),
                 [this](char, bool wanted) { button->setVis(wanted); });
-        for (const bool expected : { true, false }) {
+        for (const bool expected : { false, true }) {
             button->visible_action->trigger();
             QCOMPARE(button->vis(), expected);
             QCOMPARE(button->visible_action->isChecked(), expected);
