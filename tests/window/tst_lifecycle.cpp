@@ -93,6 +93,23 @@ private slots:
         QVERIFY(contentOf(WindowFixture::settingsFile()).contains("paramSpeed=80\n"));
     }
 
+    // 255 bytes, the longest name of most file systems. QSaveFile writes under a longer name, which
+    // fails here.
+    void settingsWithTheLongestNameAreReadAndNeverTorn()
+    {
+        SettingsData *settings = fixture->open().settings();
+        const QString path = fixture->path(QString(251, QLatin1Char('n')) + QStringLiteral(".ini"));
+        const QByteArray old("[Dials]\ncursorSpeed=37\nparamSpeed=38\n");
+        writeFile(path, old);
+        settings->loadSettings(path, 32);
+        QCOMPARE(settings->cursor_dial_speed, 37);
+        settings->cursor_dial_speed = 39;
+        settings->saveSettings(path, 32);
+        const QByteArray content = contentOf(path);
+        QVERIFY(content == old || content == QByteArray(old).replace("37", "39"));
+        QCOMPARE(QDir(fixture->path(QString())).entryList(QDir::Files).size(), 1);
+    }
+
     // ---- The new window ----
 
     void aNewWindowHoldsItsInitialValues()

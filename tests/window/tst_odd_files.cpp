@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/constants.h"
 #include "each.h"
 #include "inputevents.h"
 #include "oddplaces.h"
@@ -9,12 +10,97 @@
 #include "windowstate.h"
 #include "windowtest.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QtTest>
+
+#include <algorithm>
+#include <atomic>
+#include <functional>
+#include <thread>
 
 namespace {
 
 constexpr qint64 answerTime = 200; ///< most milliseconds for any file
+constexpr int fewestReadings = 200;
+constexpr qint64 patience = 20000; ///< most milliseconds until both kinds of readings occurred
+
+/// What one reading of a changing file returned.
+enum class Reading {
+    Whole,
+    Part,
+    Wrong ///< what the file never held
+};
+
+/// A file that a thread writes, truncates and removes in a loop during its lifetime.
+class RestlessFile
+{
+public:
+    RestlessFile(const QString &path, const QByteArray &bytes)
+        : m_writer([this, path, bytes] { write(path, bytes); })
+    {
+    }
+    ~RestlessFile()
+    {
+        m_done = true;
+        m_writer.join();
+    }
+    Q_DISABLE_COPY(RestlessFile)
+
+private:
+    void write(const QString &path, const QByteArray &bytes) const
+    {
+        for (int round = 0; !m_done; ++round) {
+            QFile file(path);
+            if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+                file.write(bytes);
+                file.flush();
+                if (round % 2 == 0)
+                    file.resize((round * 7919) % bytes.size());
+            }
+            if (round % 3 == 0)
+                file.remove();
+        }
+    }
+
+    std::atomic_bool m_done{ false };
+    std::thread m_writer;
+};
+
+/// Calls \a read until it returned the whole file and a part of it, and often enough. Empty when no
+/// reading was wrong.
+QString faultOf(const std::function<Reading()> &read)
+{
+    int whole = 0;
+    int part = 0;
+    QElapsedTimer timer;
+    timer.start();
+    while (whole + part < fewestReadings || whole == 0 || part == 0) {
+        const Reading reading = read();
+        if (reading == Reading::Wrong)
+            return QStringLiteral("wrong after %1 readings").arg(whole + part);
+        (reading == Reading::Whole ? whole : part) += 1;
+        if (timer.elapsed() > patience)
+            return QStringLiteral("%1 whole, %2 in part").arg(whole).arg(part);
+    }
+    return timer.elapsed() > answerTime * (whole + part) ? QStringLiteral("too slow") : QString();
+}
+
+/// Linux zeroes the rest of the page before it moves the end of a truncated file, so a concurrent
+/// read can return zeros.
+bool isOfTheFile(qint8 sample)
+{
+    return sample == 5 || sample == 0;
+}
+
+/// True when \a read is a prefix of \a whole, apart from zeros.
+bool isBeginningOf(const QString &read, const char *whole)
+{
+    const QString text = QString::fromLatin1(whole);
+    return read.size() <= text.size()
+        && std::equal(read.begin(), read.end(), text.begin(),
+                      [](QChar got, QChar written) { return got == written || got.isNull(); });
+}
 
 /// The lines of the state about traces and view, which no style sheet changes.
 QStringList tracesOf(MainWindow &window)
@@ -23,8 +109,31 @@ QStringList tracesOf(MainWindow &window)
         QRegularExpression(QStringLiteral("^(rfg_series|range:|cursors:|title:|slots:)")));
 }
 
+struct Place
+{
+    const char *name;
+    QString path;
+};
+
+/// Runs \a check on every odd place.
+template <typename Check> void eachPlace(const Check &check)
+{
+    const OddPlaces places;
+    std::vector<Place> rows;
+    for (const OddPlace &place : places.all())
+        rows.push_back({ place.kind, place.path });
+    each(rows, check);
+}
+
+/// True when an ordinary user does \a work in time.
+bool isQuick(const std::function<void()> &work)
+{
+    return fastest([&work] { asOrdinaryUser(work); }) < answerTime;
+}
+
 } // namespace
 
+/// Files that are no files, that have odd names, or that change while they are read.
 class TestOddFiles : public WindowTest
 {
     Q_OBJECT
@@ -34,7 +143,7 @@ private:
     MainWindow &openGood()
     {
         MainWindow &window = openOn({ TraceBuilder().samples([](int i) { return i % 50; }),
-                                      TraceBuilder().samples(9).shiftY(4).minstep(2.5F) });
+                                      levelTrace(9).shiftY(4).minstep(2.5F) });
         window.cursorSetup_slot(30);
         return window;
     }
@@ -44,35 +153,44 @@ private slots:
 
     void nothingOnScreenChangesWhateverIsLoadedInstead()
     {
-        const OddPlaces places;
         MainWindow &window = openGood();
         const QStringList before = stateOf(window);
-        for (const OddPlace &place : places.all()) {
-            const qint64 took
-                = fastest([&] { asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 1); }); });
-            QVERIFY2(took < answerTime, place.kind);
-            QVERIFY2(stateOf(window) == before, place.kind);
-            QVERIFY2(probe().rfg_DATA()[1].file_name == QLatin1String("t2"), place.kind);
-            QVERIFY2(QApplication::activeModalWidget() == nullptr, place.kind);
-        }
+        eachPlace([&](const Place &place) {
+            QVERIFY(isQuick([&] { window.add_Selected_RFG(place.path, 1); }));
+            QCOMPARE(stateOf(window), before);
+            QCOMPARE(probe().rfg_DATA()[1].file_name, QStringLiteral("t2"));
+            QVERIFY(QApplication::activeModalWidget() == nullptr);
+        });
     }
 
     void anEmptySlotTurnsIntoOneOfZerosAndNoOtherChanges()
     {
-        const OddPlaces places;
         const auto otherSlots = [](MainWindow &window) {
             const QStringList lines = tracesOf(window);
             return lines.filter(QStringLiteral("[0]")) + lines.filter(QStringLiteral("[1]"));
         };
-        for (const OddPlace &place : places.all()) {
+        eachPlace([&](const Place &place) {
             MainWindow &window = openGood();
             const QStringList before = otherSlots(window);
             asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 4); });
-            QVERIFY2(probe().rfg_read_index() == 19, place.kind);
-            QVERIFY2(probe().rfg_DATA()[4].full_path.isEmpty(), place.kind);
-            QVERIFY2(probe().rfg_series()[4]->at(498) == QPointF(249.0, 0.0), place.kind);
-            QVERIFY2(otherSlots(window) == before, place.kind);
-        }
+            QCOMPARE(probe().rfg_read_index(), 19);
+            QVERIFY(probe().rfg_DATA()[4].full_path.isEmpty());
+            QCOMPARE(probe().rfg_series()[4]->at(498), QPointF(249.0, 0.0));
+            QCOMPARE(otherSlots(window), before);
+        });
+    }
+
+    void aRunWithPathsThatCannotBeReadStartsAgain()
+    {
+        eachPlace([this](const Place &place) {
+            fixture->close();
+            WindowFixture::writePreviousRun({ place.path, place.path });
+            fixture->open();
+            input::click(probe().reset_all_button());
+            QCOMPARE(probe().rfg_read_index(), 3);
+            QCOMPARE(probe().rfg_series()[1]->count(), 499);
+            QVERIFY(probe().dist_coef() > 0.0);
+        });
     }
 
 #ifdef Q_OS_LINUX
@@ -81,18 +199,20 @@ private slots:
     {
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
-        for (const char *path : { "/proc/self/status", "/proc/uptime", "/proc/kmsg" }) {
-            const QString file = QString::fromLatin1(path);
-            const qint64 took = fastest([&] {
-                window.add_Selected_RFG(file, 1);
-                window.settings()->loadSettings(file, 63);
-                window.settings()->current_CSS_path = file;
-                window.settings()->parse_CSS();
-            });
-            QVERIFY2(took < answerTime, path);
-            QVERIFY2(window.settings()->current_CSS.isEmpty(), path);
-            QVERIFY2(tracesOf(window) == before, path);
-        }
+        each<Place>({ { "status", QStringLiteral("/proc/self/status") },
+                      { "time", QStringLiteral("/proc/uptime") },
+                      { "messages", QStringLiteral("/proc/kmsg") } },
+                    [&](const Place &place) {
+                        const qint64 took = fastest([&] {
+                            window.add_Selected_RFG(place.path, 1);
+                            window.settings()->loadSettings(place.path, 63);
+                            window.settings()->current_CSS_path = place.path;
+                            window.settings()->parse_CSS();
+                        });
+                        QVERIFY(took < answerTime);
+                        QVERIFY(window.settings()->current_CSS.isEmpty());
+                        QCOMPARE(tracesOf(window), before);
+                    });
         QVERIFY(!QFileInfo(QStringLiteral("/proc/uptime")).size());
     }
 #endif
@@ -130,20 +250,6 @@ private slots:
         });
     }
 
-    void aRunWithPathsThatCannotBeReadStartsAgain()
-    {
-        const OddPlaces places;
-        for (const OddPlace &place : places.all()) {
-            fixture->close();
-            WindowFixture::writePreviousRun({ place.path, place.path });
-            fixture->open();
-            input::click(probe().reset_all_button());
-            QVERIFY2(probe().rfg_read_index() == 3, place.kind);
-            QVERIFY2(probe().rfg_series()[1]->count() == 499, place.kind);
-            QVERIFY2(probe().dist_coef() > 0.0, place.kind);
-        }
-    }
-
     // ---- Settings ----
 
     void aLastFolderThatIsNoPathOpensTheDialog()
@@ -156,90 +262,47 @@ private slots:
     void settingsFromAnywhereAreDefaultsAndLeaveTheTraces()
     {
         constexpr state_index allButTracesAndFolders = 58;
-        const OddPlaces places;
         MainWindow &window = openGood();
         const QStringList before = stateOf(window);
-        for (const OddPlace &place : places.all()) {
+        eachPlace([&](const Place &place) {
             SettingsData *settings = window.settings();
             settings->cursor_dial_speed = 37;
             settings->current_language = QStringLiteral("ru_RU");
             settings->current_CSS_path = QStringLiteral("mine.qss");
-            const qint64 took = fastest([&] {
-                asOrdinaryUser([&] { settings->loadSettings(place.path, allButTracesAndFolders); });
-            });
-            QVERIFY2(took < answerTime, place.kind);
+            QVERIFY(isQuick([&] { settings->loadSettings(place.path, allButTracesAndFolders); }));
             settings->updateSettings(allButTracesAndFolders);
-            QVERIFY2(settings->cursor_dial_speed == 100, place.kind);
-            QVERIFY2(settings->current_language == QLatin1String("en_US"), place.kind);
-            QVERIFY2(settings->current_CSS_path == QLatin1String(":/style/style_2.qss"),
-                     place.kind);
-            QVERIFY2(stateOf(window) == before, place.kind);
-        }
-    }
-
-    void settingsAreNotWrittenOverSpecialFiles()
-    {
-        const OddPlaces places;
-        const SettingsData settings(nullptr);
-        int special = 0;
-        for (const OddPlace &place : places.all()) {
-            const QFileInfo before(place.path);
-            const bool isSpecial = before.exists() && !before.isFile();
-            const qint64 took
-                = fastest([&] { asOrdinaryUser([&] { settings.saveSettings(place.path, 63); }); });
-            QVERIFY2(took < answerTime, place.kind);
-            const QFileInfo after(place.path);
-            QVERIFY2(!isSpecial || (after.exists() && !after.isFile()), place.kind);
-            special += isSpecial ? 1 : 0;
-        }
-        QVERIFY(special > 0);
-    }
-
-    // 255 bytes, the longest name of most file systems. QSaveFile writes under a longer name, which
-    // fails here.
-    void settingsWithTheLongestNameAreReadAndNeverTorn()
-    {
-        SettingsData *settings = fixture->open().settings();
-        const QString path = fixture->path(QString(251, QLatin1Char('n')) + QStringLiteral(".ini"));
-        const QByteArray old("[Dials]\ncursorSpeed=37\nparamSpeed=38\n");
-        writeFile(path, old);
-        settings->loadSettings(path, 32);
-        QCOMPARE(settings->cursor_dial_speed, 37);
-        settings->cursor_dial_speed = 39;
-        settings->saveSettings(path, 32);
-        const QByteArray content = contentOf(path);
-        QVERIFY(content == old || content == QByteArray(old).replace("37", "39"));
-        QCOMPARE(QDir(fixture->path(QString())).entryList(QDir::Files).size(), 1);
+            QCOMPARE(settings->cursor_dial_speed, 100);
+            QCOMPARE(settings->current_language, QStringLiteral("en_US"));
+            QCOMPARE(settings->current_CSS_path, QStringLiteral(":/style/style_2.qss"));
+            QCOMPARE(stateOf(window), before);
+        });
     }
 
     // ---- Style sheets ----
 
     void aSheetFromAnywhereIsEmptyAndLeavesTheTraces()
     {
-        const OddPlaces places;
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
-        for (const OddPlace &place : places.all()) {
+        eachPlace([&](const Place &place) {
             SettingsData *settings = window.settings();
             settings->current_CSS_path = place.path;
             asOrdinaryUser([&] { settings->parse_CSS(); });
-            QVERIFY2(window.styleSheet().isEmpty(), place.kind);
+            QVERIFY(window.styleSheet().isEmpty());
             // Qt keeps an equal sheet as it is, so only the reading is measured.
-            const qint64 took = fastest([&] { asOrdinaryUser([&] { settings->parse_CSS(); }); });
-            QVERIFY2(took < answerTime, place.kind);
-            QVERIFY2(tracesOf(window) == before, place.kind);
-        }
+            QVERIFY(isQuick([&] { settings->parse_CSS(); }));
+            QCOMPARE(tracesOf(window), before);
+        });
     }
 
     // Applied unless it names a file that may block: the window opens, and the text is kept.
     void aSheetThatNamesSuchAPlaceDoesNotBlock()
     {
-        const OddPlaces places;
         const QString sheet = fixture->path(QStringLiteral("a.qss"));
-        for (const OddPlace &place : places.all()) {
+        eachPlace([&](const Place &place) {
             // Qt reads no further than to a NUL.
             if (place.path.contains(QChar(0)))
-                continue;
+                return;
             const QByteArray name = QFile::encodeName(place.path);
             const QByteArray text = "QLabel { color: rgb(1, 2, 3); background-image: url(\"" + name
                 + "\") } QPushButton { icon: url('" + name + "') }";
@@ -250,9 +313,82 @@ private slots:
             const MainWindow &window = fixture->open();
             const QFileInfo file(place.path);
             const bool mayBlock = file.exists() && !file.isFile() && !file.isDir();
-            QVERIFY2(window.styleSheet().isEmpty() == mayBlock, place.kind);
+            QCOMPARE(window.styleSheet().isEmpty(), mayBlock);
             QCOMPARE(probe().settingsData()->current_CSS.toLatin1(), text);
-        }
+        });
+    }
+
+    // ---- Files that are removed, truncated or written while the program reads them ----
+
+    void aChangingTraceFillsWhatWasThere()
+    {
+        MainWindow &window = openOn({ levelTrace(7), levelTrace(9) });
+        const QStringList before = stateOf(window).filter(QStringLiteral("[0]"));
+        const QString path = fixture->path(QStringLiteral("changing.tdr"));
+        const RestlessFile file(path, levelTrace(5).bytes());
+        QCOMPARE(faultOf([&] {
+                     auto &record = probe().rfg_DATA()[1].f_p_840;
+                     // Shows where a short reading ended.
+                     std::fill_n(record.samples, 32000, qint8{ 9 });
+                     window.add_Selected_RFG(path, 1);
+                     const qint8 *begin = record.samples;
+                     const qint8 *end = begin + 32000;
+                     const qint8 *rest = std::find_if_not(begin, end, isOfTheFile);
+                     if (!std::all_of(rest, end, [](int s) { return s == 9; }))
+                         return Reading::Wrong;
+                     return std::count(begin, end, 5) == 32000 ? Reading::Whole : Reading::Part;
+                 }),
+                 QString());
+        QCOMPARE(stateOf(window).filter(QStringLiteral("[0]")), before);
+    }
+
+    void changingSettingsAreWhatTheFileHeldAtSomeMoment()
+    {
+        MainWindow &window = openOn({ levelTrace(7) });
+        const QStringList before = stateOf(window);
+        SettingsData *settings = window.settings();
+        const QString path = fixture->path(QStringLiteral("changing.ini"));
+        const RestlessFile file(path,
+                                "[General]\nlanguage=ru_RU\nCSS=mine.qss\n"
+                                "[Dials]\ncursorSpeed=37\nparamSpeed=38\n");
+        const QVector<int> cursorSpeeds{ constants::dialSpeed, 0, 3, 37 };
+        const QVector<int> paramSpeeds{ constants::dialSpeed, 0, 3, 38 };
+        QCOMPARE(faultOf([&] {
+                     settings->loadSettings(path, 63);
+                     const QString language = settings->current_language;
+                     const QString sheet = settings->current_CSS_path;
+                     const bool isRight
+                         = (language == QLatin1String("en_US") || isBeginningOf(language, "ru_RU"))
+                         && (sheet == QLatin1String(":/style/style_2.qss")
+                             || isBeginningOf(sheet, "mine.qss"))
+                         && cursorSpeeds.contains(settings->cursor_dial_speed)
+                         && paramSpeeds.contains(settings->param_dial_speed)
+                         && settings->read_index == 0;
+                     if (!isRight)
+                         return Reading::Wrong;
+                     return settings->param_dial_speed == 38 ? Reading::Whole : Reading::Part;
+                 }),
+                 QString());
+        QCOMPARE(stateOf(window), before);
+    }
+
+    void aChangingSheetIsWhatTheFileHeldAtSomeMoment()
+    {
+        MainWindow &window = openOn({ levelTrace(7) });
+        const QStringList before = stateOf(window).filter(QStringLiteral("rfg_series"));
+        SettingsData *settings = window.settings();
+        settings->current_CSS_path = fixture->path(QStringLiteral("changing.qss"));
+        const QByteArray sheet = QByteArray("QLabel { color: rgb(1, 2, 3) }\n").repeated(40);
+        const RestlessFile file(settings->current_CSS_path, sheet);
+        QCOMPARE(faultOf([&] {
+                     settings->parse_CSS();
+                     const QString shown = window.styleSheet();
+                     if (!isBeginningOf(shown, sheet.constData()))
+                         return Reading::Wrong;
+                     return shown.size() == sheet.size() ? Reading::Whole : Reading::Part;
+                 }),
+                 QString());
+        QCOMPARE(stateOf(window).filter(QStringLiteral("rfg_series")), before);
     }
 };
 
