@@ -3,6 +3,7 @@
 #include "dictionary.h"
 #include "interfacebutton.h"
 #include "parambutton.h"
+#include "picturebutton.h"
 
 #include <QtTest>
 
@@ -48,13 +49,122 @@ QImage iconImage(const QIcon &icon, QIcon::Mode mode, QIcon::State state)
 
 const QString gain = QStringLiteral("://icons/rest_64/gain");
 
+constexpr QRgb pictureColour = 0xFFFF00FF;
+constexpr QRgb captionColour = 0xFF00FF00;
+const QString block = QStringLiteral("\u2588"); // fills its place to the edges
+
+/// The columns of \a button that hold pixels of \a colour, first and last.
+QPair<int, int> columnsOf(QWidget &button, QRgb colour)
+{
+    const QImage image = button.grab().toImage();
+    QPair<int, int> columns(-1, -1);
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            if (image.pixel(x, y) == colour) {
+                columns.first = columns.first < 0 ? x : columns.first;
+                columns.second = x;
+            }
+    return columns;
+}
+
+/// The lightest grey value in the columns from \a from to \a to of \a button.
+int lightestIn(QWidget &button, QPair<int, int> columns)
+{
+    const QImage image = button.grab().toImage();
+    int lightest = 0;
+    for (int x = columns.first; x <= columns.second; ++x)
+        for (int y = 10; y < image.height() - 10; ++y)
+            lightest = qMax(lightest, qGray(image.pixel(x, y)));
+    return lightest;
+}
+
 } // namespace
 
-class TestInterfaceButton : public QObject
+/// The buttons with a picture: PictureButton, InterfaceButton and ParamButton.
+class TestButtons : public QObject
 {
     Q_OBJECT
 
+private:
+    static void set(PictureButton &button, const QString &caption, QRgb colour = pictureColour)
+    {
+        QPixmap picture(64, 64);
+        picture.fill(QColor::fromRgb(colour));
+        button.setIcon(picture);
+        button.setText(caption);
+        button.resize(160, 60);
+        button.setIconSize({ 18, 18 });
+        button.setStyleSheet(QStringLiteral("color: rgb(0, 255, 0)"));
+    }
+
 private slots:
+    // ---- PictureButton ----
+
+    void fourPixelsLieBetweenPictureAndCaption()
+    {
+        PictureButton button;
+        set(button, block + block + QLatin1Char('\n') + block);
+        for (const bool isChecked : { false, true, false }) {
+            button.setCheckable(true);
+            button.setChecked(isChecked);
+            QCOMPARE(columnsOf(button, captionColour).first
+                         - columnsOf(button, pictureColour).second,
+                     5);
+        }
+        button.setLayoutDirection(Qt::RightToLeft);
+        QVERIFY(columnsOf(button, pictureColour).first
+                > columnsOf(button, captionColour).second + 3);
+        button.setText(QString());
+        QCOMPARE(columnsOf(button, pictureColour), qMakePair(71, 88));
+    }
+
+    void aCaptionThatIsTooWideStaysOnTheButton()
+    {
+        PictureButton button;
+        const QString word = block.repeated(4);
+        set(button, word + QLatin1Char(' ') + word + QLatin1Char('\n') + block);
+        const auto captionWidth = [&button] {
+            const QPair<int, int> columns = columnsOf(button, captionColour);
+            return columns.second - columns.first + 1;
+        };
+        const int oneLine = captionWidth();
+        button.resize(100, 80);
+        // Two words over one another, in the same size.
+        const int wordWidth = QFontMetrics(button.font()).horizontalAdvance(word);
+        QVERIFY(qAbs(captionWidth() - wordWidth) <= 1);
+        QVERIFY(oneLine > 2 * wordWidth);
+        for (const int width : { 70, 60, 50 }) {
+            button.resize(width, 80);
+            const QPair<int, int> columns = columnsOf(button, captionColour);
+            QVERIFY(columns.second < width - 2);
+            QVERIFY(columns.first > columnsOf(button, pictureColour).second);
+            QVERIFY(columnsOf(button, pictureColour).first > 1);
+            QVERIFY(captionWidth() < wordWidth - 1);
+        }
+        QCOMPARE(button.text().count(QLatin1Char('\n')), 1);
+    }
+
+    void aDisabledPictureIsAsDimAsItsCaption()
+    {
+        QFile sheet(QStringLiteral(":/style/style_2.qss"));
+        QVERIFY(sheet.open(QIODevice::ReadOnly));
+        PictureButton button;
+        set(button, block + block, 0xFFE6E6E6);
+        button.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+        // A picture of 18 pixels, a gap of 4 and the caption, in the middle.
+        const int caption = QFontMetrics(button.font()).horizontalAdvance(button.text());
+        const int left = (160 - 18 - 4 - caption) / 2;
+        const auto picture = qMakePair(left + 2, left + 15);
+        const auto text = qMakePair(left + 24, left + 20 + caption);
+        QVERIFY(qAbs(lightestIn(button, picture) - lightestIn(button, text)) < 8);
+        const int enabled = lightestIn(button, picture);
+        button.setEnabled(false);
+        QVERIFY(qAbs(lightestIn(button, picture) - lightestIn(button, text)) < 16);
+        QVERIFY(lightestIn(button, picture) < enabled - 60);
+    }
+
+    // ---- InterfaceButton and ParamButton ----
+
     void aNewButtonHasItsWordsAndNoParent()
     {
         Dictionary words(nullptr);
@@ -175,5 +285,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestInterfaceButton)
-#include "tst_interfacebutton.moc"
+QTEST_MAIN(TestButtons)
+#include "tst_buttons.moc"
