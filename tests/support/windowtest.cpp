@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windowtest.h"
 
+#include "legendbutton.h"
 #include "settingsdata.h"
 #include "windowactions.h"
 
+#include <QAction>
 #include <QGraphicsView>
 
 MainWindow &WindowTest::window() const
@@ -30,6 +32,34 @@ QRectF WindowTest::plot() const
 MainWindow &WindowTest::openOn(const QVector<TraceBuilder> &traces, int master)
 {
     return openWith(*fixture, traces, master);
+}
+
+QString WindowTest::slotsText() const
+{
+    QString text;
+    for (int slot = 0; slot < constants::slotCount; ++slot) {
+        const LegendButton &button = *probe().selected_rfg()[slot];
+        const bool isLoaded = (probe().rfg_read_index() >> slot & 1) != 0;
+        const bool isSmooth = probe().smooth_rfg_flag();
+        const bool isPicture = button.vis() ? showsVisible(*fixture, slot, button.mast())
+                                            : showsHidden(*fixture, slot);
+        const bool isChart = probe().rfg_series()[slot]->isVisible() == (button.vis() && !isSmooth)
+            && probe().rfg_series_sp()[slot]->isVisible() == (button.vis() && isSmooth);
+        bool isMenu = button.load_action->isEnabled()
+            && button.master_action->isEnabled() == (isLoaded && !button.mast())
+            && button.visible_action->isChecked() == button.vis();
+        for (const QAction *action :
+             { button.reset_action, button.clear_action, button.visible_action })
+            isMenu = isMenu && action->isEnabled() == isLoaded;
+        const char *const letters = button.mast() ? ":HV" : ".hv";
+        text += isPicture && isChart && isMenu && (isLoaded || !button.vis())
+            ? QLatin1Char(letters[int(isLoaded) + int(button.vis())])
+            : QLatin1Char('?');
+    }
+    text += QStringLiteral(", selected %1").arg(probe().rfg_ID());
+    return text
+        + (probe().master_is_set() ? QStringLiteral(", master %1").arg(probe().rfg_master_ID())
+                                   : QString());
 }
 
 void WindowTest::setLanguage(const char *code)

@@ -24,6 +24,11 @@ protected:
     /// \c openWith on the test's own fixture.
     MainWindow &openOn(const QVector<TraceBuilder> &traces, int master = 0);
 
+    /// What button, menu and chart say of the six slots, one letter each, of the selected slot, and
+    /// of the master: "Vvh..., selected 1, master 0". "v" is visible, "h" hidden, "." empty; in
+    /// upper case, or ":", with the mark of the master. "?" is a slot whose parts contradict.
+    QString slotsText() const;
+
     /// Sets the language \a code of the settings, as the settings dialog does.
     void setLanguage(const char *code);
 

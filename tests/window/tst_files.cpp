@@ -69,25 +69,18 @@ private slots:
     void threeChosenFilesFillTheFirstSlotsAndEmptyTheOthers()
     {
         openOn(levelTraces(6));
-        QCOMPARE(probe().rfg_read_index(), 63);
-
         const QStringList chosen{ fixture->trace(QStringLiteral("x.tdr"), levelTrace(11)),
                                   fixture->trace(QStringLiteral("y.tdr"), levelTrace(12)),
                                   fixture->trace(QStringLiteral("z.tdr"), levelTrace(13)) };
         QVERIFY(chooseFiles(*fixture, chosen));
-        QCOMPARE(probe().rfg_read_index(), 7);
+        QCOMPARE(slotsText(), QStringLiteral("Vvv..., selected 0, master 0"));
         QCOMPARE(probe().settingsData()->read_index, 7);
         QCOMPARE(probe().settingsData()->last_folder, QFileInfo(chosen[0]).path());
-        for (int slot = 0; slot < 6; ++slot) {
-            const bool loaded = slot < 3;
-            QCOMPARE(probe().rfg_series()[slot]->isVisible(), loaded);
-            QCOMPARE(probe().selected_rfg()[slot]->clear_action->isEnabled(), loaded);
-            QVERIFY(loaded ? showsVisible(*fixture, slot, slot == 0) : showsHidden(*fixture, slot));
+        for (int slot = 0; slot < 6; ++slot)
             QCOMPARE(probe().rfg_DATA()[slot].coef_from_min, 1);
-            if (loaded) {
-                QCOMPARE(probe().settingsData()->current_files[slot], chosen[slot]);
-                QCOMPARE(firstLevel(slot), slot + 11.0);
-            }
+        for (int slot = 0; slot < 3; ++slot) {
+            QCOMPARE(probe().settingsData()->current_files[slot], chosen[slot]);
+            QCOMPARE(firstLevel(slot), slot + 11.0);
         }
     }
 
@@ -116,8 +109,7 @@ private slots:
         const QString folder = probe().settingsData()->last_folder;
         QVERIFY(chooseFiles(*fixture, {}));
         QVERIFY(loadInto(*fixture, 1, {}));
-        QCOMPARE(probe().rfg_read_index(), 63);
-        QCOMPARE(probe().rfg_master_ID(), 4);
+        QCOMPARE(slotsText(), QStringLiteral("vvvvVv, selected 4, master 4"));
         QCOMPARE(probe().settingsData()->last_folder, folder);
         for (int slot = 0; slot < 6; ++slot)
             QCOMPARE(firstLevel(slot), slot + 1.0);
@@ -224,19 +216,14 @@ private slots:
         const QString path
             = fixture->trace(QStringLiteral("one.tdr"), levelTrace(77).minstep(5.0F));
         QVERIFY(loadInto(*fixture, 3, path));
-        QCOMPARE(probe().rfg_read_index(), 0b1011);
+        // Neither the selection nor the master moves to it.
+        QCOMPARE(slotsText(), QStringLiteral("Vv.v.., selected 0, master 0"));
+        QCOMPARE(probe().master_scale(), 0);
         QCOMPARE(probe().settingsData()->read_index, 0b1011);
         QCOMPARE(probe().settingsData()->current_files[3], path);
         QCOMPARE(probe().settingsData()->last_folder, QFileInfo(path).path());
         QCOMPARE(firstLevel(3), 77.0);
         QCOMPARE(firstLevel(0), 1.0);
-        QVERIFY(probe().rfg_series()[3]->isVisible());
-        QVERIFY(probe().selected_rfg()[3]->reset_action->isEnabled());
-        // Neither the selection nor the master moves to it.
-        QCOMPARE(probe().rfg_ID(), 0);
-        QCOMPARE(probe().rfg_master_ID(), 0);
-        QCOMPARE(probe().master_scale(), 0);
-        QVERIFY(showsVisible(*fixture, 3, false));
     }
 
     void theFirstSingleLoadBecomesTheMaster()
@@ -244,12 +231,9 @@ private slots:
         fixture->open();
         const QString path = fixture->trace(QStringLiteral("one.tdr"), levelTrace(7).minstep(5.0F));
         QVERIFY(loadInto(*fixture, 4, path));
-        QCOMPARE(probe().rfg_master_ID(), 4);
-        QVERIFY(probe().master_is_set());
-        QCOMPARE(probe().master_scale(), 2);
-        QVERIFY(showsVisible(*fixture, 4, true));
         // The selected slot is still the empty first one.
-        QCOMPARE(probe().rfg_ID(), 0);
+        QCOMPARE(slotsText(), QStringLiteral("....V., selected 0, master 4"));
+        QCOMPARE(probe().master_scale(), 2);
     }
 };
 

@@ -3,7 +3,7 @@
 #include "cont_dial.h"
 #include "dialoganswer.h"
 #include "settingsdata.h"
-#include "settingsmenu.h"
+#include "settingsfixture.h"
 #include "windowtest.h"
 
 #include <QCheckBox>
@@ -13,15 +13,6 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QtTest>
-
-namespace {
-
-void press(QPushButton *button)
-{
-    QTest::mousePress(button, Qt::LeftButton);
-}
-
-} // namespace
 
 /// The dialog as the settings button opens it, with the live window behind it.
 class TestSettingsDialog : public WindowTest
@@ -75,33 +66,24 @@ private slots:
         }));
     }
 
-    void appliedSpeedsReachTheDialsAtOnce()
+    void whatIsAppliedReachesDialogAndWindowAtOnce()
     {
         fixture->open();
         QVERIFY(inDialog([this] {
             menu()->cursor_accur->setValue(250);
             menu()->param_accur->setValue(500);
+            menu()->language_select->setCurrentText(QString::fromUtf8("Русский"));
             QCOMPARE(probe().cursor_dial()->maximum(), 100);
-            press(menu()->apply_button);
+            QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
+            SettingsFixture::press(menu()->apply_button);
             QVERIFY(!menu()->apply_button->isEnabled());
             QCOMPARE(probe().cursor_dial()->maximum(), 250);
             QCOMPARE(probe().param_dial()->maximum(), 500);
-        }));
-    }
-
-    void anAppliedLanguageChangesDialogAndWindowAtOnce()
-    {
-        fixture->open();
-        QVERIFY(inDialog([this] {
-            menu()->language_select->setCurrentText(QString::fromUtf8("Русский"));
-            QVERIFY(menu()->apply_button->isEnabled());
-            QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
-            press(menu()->apply_button);
             QCOMPARE(live()->current_language, QStringLiteral("ru_RU"));
             QCOMPARE(probe().smooth_button()->text(), QString::fromUtf8("Сглаживание"));
             QCOMPARE(menu()->apply_button->text(), QString::fromUtf8("Применить"));
             menu()->language_select->setCurrentText(QStringLiteral("English"));
-            press(menu()->ok_button);
+            SettingsFixture::press(menu()->ok_button);
         }));
         QCOMPARE(live()->current_language, QStringLiteral("en_US"));
         QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
@@ -115,7 +97,7 @@ private slots:
         live()->parse_CSS();
         setLanguage("ru_RU");
         probe().rfg_DATA()[0].offset = 9;
-        QVERIFY(inDialog([this] { press(menu()->load_default_button); }));
+        QVERIFY(inDialog([this] { SettingsFixture::press(menu()->load_default_button); }));
         QCOMPARE(probe().cursor_dial()->maximum(), 100);
         QVERIFY(!fixture->window().styleSheet().isEmpty());
         QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
@@ -128,12 +110,12 @@ private slots:
         openOn({ TraceBuilder(), TraceBuilder() });
         fixture->window().remove_Selected_RFG(1);
         probe().rfg_DATA()[0].offset = 9;
-        QVERIFY(inDialog([this] { press(menu()->load_last_button); }));
+        QVERIFY(inDialog([this] { SettingsFixture::press(menu()->load_last_button); }));
         QCOMPARE(probe().rfg_read_index(), 1);
         QVERIFY(inDialog([this] {
             menu()->files_settings_check->click();
             QCOMPARE(menu()->save_load_index, 59);
-            press(menu()->load_last_button);
+            SettingsFixture::press(menu()->load_last_button);
         }));
         QCOMPARE(probe().rfg_read_index(), 3);
         QCOMPARE(probe().rfg_DATA()[0].offset, 0);

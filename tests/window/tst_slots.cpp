@@ -31,13 +31,6 @@ private:
     {
         return probe().rfg_series()[slot]->at(0);
     }
-    bool offersLoadingOnly(int slot) const
-    {
-        const LegendButton *button = probe().selected_rfg()[slot];
-        return button->load_action->isEnabled() && !button->master_action->isEnabled()
-            && !button->reset_action->isEnabled() && !button->clear_action->isEnabled()
-            && !button->visible_action->isEnabled();
-    }
 
 private slots:
     // ---- Emptying ----
@@ -46,7 +39,7 @@ private slots:
     {
         openOn({ levelTrace(1).minstep(5.0F), levelTrace(2) });
         clearSlot(1);
-        QCOMPARE(probe().rfg_read_index(), 1);
+        QCOMPARE(slotsText(), QStringLiteral("V....., selected 0, master 0"));
         QCOMPARE(probe().settingsData()->read_index, 1);
         const rfg_SHOWN &trace = probe().rfg_DATA()[1];
         QCOMPARE(int{ trace.f_p_840.samples[0] }, 2);
@@ -54,11 +47,8 @@ private slots:
         QCOMPARE(trace.name, QStringLiteral("RFG 2"));
         QCOMPARE(probe().settingsData()->current_files[1], trace.full_path);
         QCOMPARE(trace.coef_from_min, 4);
-        QVERIFY(!probe().rfg_series()[1]->isVisible());
-        QVERIFY(showsHidden(*fixture, 1));
         QCOMPARE(probe().rfg_buttons()->button(1)->text(), QStringLiteral("RFG 2\n(not loaded)"));
         QVERIFY(probe().selected_rfg()[1]->date.isEmpty());
-        QVERIFY(offersLoadingOnly(1));
         // The selected trace is another one.
         QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n30"));
         clearSlot(0);
@@ -72,18 +62,13 @@ private slots:
         window.add_Selected_RFG(
             fixture->trace(QStringLiteral("b.tdr"), levelTrace(2).minstep(2.5F)), 1);
         window.add_Selected_RFG(fixture->trace(QStringLiteral("e.tdr"), levelTrace(5)), 4);
-        QCOMPARE(probe().rfg_master_ID(), 0);
+        QCOMPARE(slotsText(), QStringLiteral("Vv..v., selected 0, master 0"));
         clearSlot(0);
-        QCOMPARE(probe().rfg_master_ID(), 1);
-        QVERIFY(probe().master_is_set());
+        QCOMPARE(slotsText(), QStringLiteral(".V..v., selected 0, master 1"));
         QCOMPARE(probe().master_scale(), 1);
-        QVERIFY(showsVisible(*fixture, 1, true));
-        QVERIFY(showsVisible(*fixture, 4, false));
-        QVERIFY(!probe().selected_rfg()[0]->mast());
         // Another one.
         clearSlot(4);
-        QCOMPARE(probe().rfg_master_ID(), 1);
-        QVERIFY(probe().master_is_set());
+        QCOMPARE(slotsText(), QStringLiteral(".V...., selected 0, master 1"));
     }
 
     void removingTheLastTraceClearsTheMasterAndSelectsAgain()
@@ -116,10 +101,9 @@ private slots:
                       QCOMPARE(probe().cursor_step_lbl().text(), step);
                       // The next trace becomes the master.
                       window.add_Selected_RFG(file, 2);
-                      QCOMPARE(probe().rfg_master_ID(), 2);
-                      QVERIFY(probe().master_is_set());
+                      QCOMPARE(slotsText(),
+                               QStringLiteral("..V..., selected %1, master 2").arg(row.selected));
                       QCOMPARE(probe().master_scale(), 2);
-                      QVERIFY(!probe().selected_rfg()[row.master]->mast());
                   });
     }
 
@@ -127,19 +111,16 @@ private slots:
     {
         MainWindow &window = openOn(levelTraces(3));
         clearSlot(0);
-        QCOMPARE(probe().rfg_master_ID(), 1);
-        QVERIFY(offersLoadingOnly(0));
+        QCOMPARE(slotsText(), QStringLiteral(".Vv..., selected 0, master 1"));
         // Settings can empty the slot of the master as well.
         probe().settingsData()->master_ID = 2;
         window.show_AllSelected_RFGs(4);
-        QCOMPARE(probe().rfg_master_ID(), 2);
-        QVERIFY(offersLoadingOnly(1));
+        QCOMPARE(slotsText(), QStringLiteral("..V..., selected 2, master 2"));
         // The last one stays marked until another becomes the master.
         clearSlot(2);
-        QVERIFY(offersLoadingOnly(2));
+        QCOMPARE(slotsText(), QStringLiteral("..:..., selected 2"));
         window.add_Selected_RFG(fixture->path(QStringLiteral("t1.tdr")), 3);
-        QCOMPARE(probe().rfg_master_ID(), 3);
-        QVERIFY(offersLoadingOnly(2));
+        QCOMPARE(slotsText(), QStringLiteral("...V.., selected 2, master 3"));
     }
 
     // ---- Resetting ----
@@ -182,8 +163,8 @@ private slots:
         QCOMPARE(probe().master_params().KU + 0.0F, 1.49896229F);
         QCOMPARE(firstPoint(1), QPointF(0.0, 2.0));
         // The master is what gets selected.
-        QCOMPARE(probe().rfg_ID(), 0);
         QCOMPARE(probe().rfg_buttons()->checkedId(), 0);
+        QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
     }
 
     void theResetAllButtonReadsEveryLoadedSlotAgain()
@@ -204,7 +185,7 @@ private slots:
         QCOMPARE(firstPoint(0).y(), -10.0);
         QCOMPARE(firstPoint(1).y(), -20.0);
         QCOMPARE(int{ probe().rfg_DATA()[2].f_p_840.samples[0] }, 3);
-        QCOMPARE(probe().rfg_read_index(), 3);
+        QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
         QCOMPARE(probe().cust_axisX()->min(), 0.0);
     }
 
@@ -216,11 +197,9 @@ private slots:
         QVERIFY(QDir().mkdir(fixture->path(QStringLiteral("t2.tdr"))));
         resetSlot(1);
         input::click(probe().reset_all_button());
-        QCOMPARE(probe().rfg_read_index(), 3);
-        for (int slot = 0; slot < 2; ++slot) {
+        QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
+        for (int slot = 0; slot < 2; ++slot)
             QCOMPARE(firstPoint(slot).y(), slot + 1.0);
-            QVERIFY(probe().rfg_series()[slot]->isVisible());
-        }
         // The file is back.
         QVERIFY(QDir().rmdir(fixture->path(QStringLiteral("t2.tdr"))));
         fixture->trace(QStringLiteral("t2.tdr"), levelTrace(22));
@@ -235,36 +214,26 @@ private slots:
     {
         WindowFixture::writePreviousRun({ fixture->path(QStringLiteral("gone.tdr")) });
         fixture->open();
-        QCOMPARE(probe().rfg_read_index(), 1);
-        QVERIFY(probe().master_is_set());
+        QCOMPARE(slotsText(), QStringLiteral("V....., selected 0, master 0"));
         QCOMPARE(probe().rfg_buttons()->button(0)->text(), QStringLiteral("RFG 1\n"));
         QCOMPARE(probe().rfg_series()[0]->count(), 499);
         // The shortening factor of a record of zeros is clamped and applied.
         QCOMPARE(probe().dist_coef(), 0.18737028625);
     }
 
-    void noSlotAtAllLeavesNoMaster()
+    void aSetOfSlotsHasOneMasterOrNone()
     {
         MainWindow &window = openOn(levelTraces(2), 1);
         window.show_AllSelected_RFGs(0);
-        QVERIFY(!probe().master_is_set());
-        QCOMPARE(probe().rfg_ID(), 0);
+        // The mark stays until another slot becomes the master.
+        QCOMPARE(slotsText(), QStringLiteral(".:...., selected 0"));
         QCOMPARE(probe().rfg_buttons()->checkedId(), 0);
         QCOMPARE(probe().chart_title().text(), QStringLiteral("RFG 1"));
-        for (int slot = 0; slot < 6; ++slot)
-            QVERIFY(!probe().rfg_series()[slot]->isVisible());
-    }
-
-    void newFilesLeaveOneMasterOnly()
-    {
-        MainWindow &window = openOn(levelTraces(3), 2);
-        QVERIFY(probe().selected_rfg()[2]->mast());
+        // The next set has one master only.
+        openOn(levelTraces(3), 2);
         probe().settingsData()->master_ID = 1;
-        window.show_AllSelected_RFGs(7);
-        for (int slot = 0; slot < 3; ++slot) {
-            QCOMPARE(probe().selected_rfg()[slot]->mast(), slot == 1);
-            QVERIFY(showsVisible(*fixture, slot, slot == 1));
-        }
+        probe().settingsData()->updateSettings(1);
+        QCOMPARE(slotsText(), QStringLiteral("vVv..., selected 1, master 1"));
     }
 
     // ---- Operations that nothing calls ----
