@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include <functional>
+
 class TestSlots : public WindowTest
 {
     Q_OBJECT
@@ -143,49 +145,45 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 100);
     }
 
-    void resettingTheMasterResetsTheWholeView()
+    void resettingTheMasterOrAllReadsTheTracesAndResetsTheView()
     {
-        MainWindow &window = openOn(levelTraces(2));
-        input::click(probe().difference_button());
-        window.V_Offset_change(50);
-        probe().rfg_buttons()->button(1)->click();
-        window.V_Offset_change(60);
-        window.scale_change(3);
-        window.plotScroll(100);
-        window.KU_change(3.0);
-        resetSlot(0);
-        QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
-        QVERIFY(!probe().difference_button()->isChecked());
-        QCOMPARE(probe().rfg_DATA()[0].offset, 0);
-        QCOMPARE(probe().rfg_DATA()[1].offset, 0);
-        QCOMPARE(probe().scrollfactorX(), 0);
-        QCOMPARE(probe().master_scale(), 0);
-        QCOMPARE(probe().master_params().KU + 0.0F, 1.49896229F);
-        QCOMPARE(firstPoint(1), QPointF(0.0, 2.0));
-        // The master is what gets selected.
-        QCOMPARE(probe().rfg_buttons()->checkedId(), 0);
-        QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
-    }
-
-    void theResetAllButtonReadsEveryLoadedSlotAgain()
-    {
+        struct Row
+        {
+            const char *name;
+            std::function<void()> reset;
+        };
+        each<Row>({ { "the master", [this] { resetSlot(0); } },
+                    { "all", [this] { input::click(probe().reset_all_button()); } } },
+                  [this](const Row &row) {
+                      MainWindow &window = openOn(levelTraces(3));
+                      clearSlot(2);
+                      input::click(probe().difference_button());
+                      window.V_Offset_change(50);
+                      probe().rfg_buttons()->button(1)->click();
+                      window.V_Offset_change(60);
+                      window.scale_change(3);
+                      window.plotScroll(100);
+                      window.KU_change(3.0);
+                      for (int i = 1; i <= 3; ++i)
+                          fixture->trace(QStringLiteral("t%1.tdr").arg(i), levelTrace(-10 * i));
+                      row.reset();
+                      // The master is what gets selected.
+                      QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
+                      QCOMPARE(probe().rfg_buttons()->checkedId(), 0);
+                      QCOMPARE(firstPoint(0), QPointF(0.0, -10.0));
+                      QCOMPARE(firstPoint(1), QPointF(0.0, -20.0));
+                      QCOMPARE(int{ probe().rfg_DATA()[2].f_p_840.samples[0] }, 3);
+                      QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
+                      QVERIFY(!probe().difference_button()->isChecked());
+                      QCOMPARE(probe().scrollfactorX(), 0);
+                      QCOMPARE(probe().cust_axisX()->min(), 0.0);
+                      QCOMPARE(probe().master_scale(), 0);
+                      QCOMPARE(probe().master_params().KU + 0.0F, 1.49896229F);
+                  });
+        // Without traces the view alone.
         openOn({});
         window().plotScroll(100);
         input::click(probe().reset_all_button());
-        QCOMPARE(probe().cust_axisX()->min(), 0.0);
-        openOn(levelTraces(3));
-        clearSlot(2);
-        input::click(probe().difference_button());
-        window().plotScroll(77);
-        for (int i = 1; i <= 3; ++i)
-            fixture->trace(QStringLiteral("t%1.tdr").arg(i), levelTrace(-10 * i));
-        input::click(probe().reset_all_button());
-        QVERIFY(!probe().difference_button()->isChecked());
-        QCOMPARE(probe().diff_flag(), MainWindow::NORMAL);
-        QCOMPARE(firstPoint(0).y(), -10.0);
-        QCOMPARE(firstPoint(1).y(), -20.0);
-        QCOMPARE(int{ probe().rfg_DATA()[2].f_p_840.samples[0] }, 3);
-        QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
         QCOMPARE(probe().cust_axisX()->min(), 0.0);
     }
 
