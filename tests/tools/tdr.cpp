@@ -25,11 +25,11 @@ QStringList Outcome::errorLines() const
 }
 
 Outcome run(const QString &program, const QStringList &arguments, const QByteArray &input,
-            const QString &folder, const QString &locale)
+            const QString &folder, const char *locale)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), locale);
+    environment.insert(QStringLiteral("LC_ALL"), QString::fromLatin1(locale));
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
     process.start(program, arguments);
@@ -41,10 +41,15 @@ Outcome run(const QString &program, const QStringList &arguments, const QByteArr
              process.readAllStandardError() };
 }
 
-Outcome tdr(const QStringList &arguments, const QByteArray &input, const QString &folder,
-            const QString &locale)
+Outcome tdr(const char *command, const QStringList &files, const QByteArray &input,
+            const QString &folder, const char *locale)
 {
-    return run(QStringLiteral(VELKOR_TDR), arguments, input, folder, locale);
+    return run(QStringLiteral(VELKOR_TDR), wordsOf(command) + files, input, folder, locale);
+}
+
+QStringList wordsOf(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 QStringList samplePaths()

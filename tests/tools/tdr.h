@@ -18,11 +18,14 @@ struct Outcome
 
 /// Runs \a program with \a arguments and \a input in the folder \a folder, in the locale \a locale.
 Outcome run(const QString &program, const QStringList &arguments, const QByteArray &input = {},
-            const QString &folder = {}, const QString &locale = QStringLiteral("C.UTF-8"));
+            const QString &folder = {}, const char *locale = "C.UTF-8");
 
-/// The same for velkor-tdr.
-Outcome tdr(const QStringList &arguments, const QByteArray &input = {}, const QString &folder = {},
-            const QString &locale = QStringLiteral("C.UTF-8"));
+/// The same for velkor-tdr with the words of \a command, then \a files.
+Outcome tdr(const char *command, const QStringList &files = {}, const QByteArray &input = {},
+            const QString &folder = {}, const char *locale = "C.UTF-8");
+
+/// The words of \a text.
+QStringList wordsOf(const char *text);
 
 /// Paths of the six sample traces.
 QStringList samplePaths();

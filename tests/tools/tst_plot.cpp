@@ -18,6 +18,8 @@ class TestPlot : public QObject
 private:
     QTemporaryDir m_folder;
 
+    const QString output = QStringLiteral("-o");
+
     static Outcome plot(const QStringList &arguments)
     {
         return run(QStringLiteral(VELKOR_PLOT), arguments);
@@ -44,8 +46,7 @@ private slots:
         };
         each<Row>({ { "all.png", "\x89PNG" }, { "all.pdf", "%PDF" }, { "all.svg", "<?xml" } },
                   [this](const Row &row) {
-                      const Outcome outcome = plot(
-                          samplePaths() + QStringList{ QStringLiteral("-o"), path(row.name) });
+                      const Outcome outcome = plot(samplePaths() << output << path(row.name));
                       QCOMPARE(outcome.errorLines(), QStringList());
                       QCOMPARE(outcome.code, 0);
                       QVERIFY(contentOf(path(row.name)).startsWith(row.start));
@@ -59,7 +60,7 @@ private slots:
     {
         const QString trace = path("short.tdr");
         writeFile(trace, TraceBuilder().bytes().left(100));
-        QCOMPARE(plot({ trace, QStringLiteral("-o"), path("short.png") }).code, 0);
+        QCOMPARE(plot({ trace, output, path("short.png") }).code, 0);
         QVERIFY(!QImage(path("short.png")).isNull());
     }
 
@@ -67,12 +68,12 @@ private slots:
     {
         const QString picture = path("kept.png");
         writeFile(picture, "former");
-        const QStringList arguments{ samplePaths()[0], QStringLiteral("-o"), picture };
+        const QStringList arguments{ samplePaths()[0], output, picture };
         const Outcome refused = plot(arguments);
         QVERIFY(refused.errors.endsWith("kept.png: exists; --force replaces it\n"));
         QCOMPARE(refused.code, 2);
         QCOMPARE(contentOf(picture), QByteArray("former"));
-        QCOMPARE(plot(arguments + QStringList{ QStringLiteral("--force") }).code, 0);
+        QCOMPARE(plot(arguments + wordsOf("--force")).code, 0);
         QVERIFY(!QImage(picture).isNull());
     }
 
@@ -80,8 +81,7 @@ private slots:
     {
         const QString picture = path("none.png");
         const QString sample = samplePaths()[0];
-        const QString output = QStringLiteral("-o");
-        const QStringList seven = samplePaths() + QStringList{ sample, output, picture };
+        const QStringList seven = samplePaths() << sample << output << picture;
         struct Row
         {
             const char *name;

@@ -59,10 +59,7 @@ private:
     /// Runs from-csv on \a table with \a options; the record goes to the output.
     static Outcome convert(const QByteArray &table, const QStringList &options = {})
     {
-        return tdr(QStringList{ QStringLiteral("from-csv"), QStringLiteral("-"),
-                                QStringLiteral("-o"), QStringLiteral("-") }
-                       + options,
-                   table);
+        return tdr("from-csv - -o -", options, table);
     }
 
 private slots:
@@ -70,8 +67,7 @@ private slots:
     {
         for (const QString &sample : samplePaths())
             for (const char *locale : { "C.UTF-8", "ru_RU.UTF-8" }) {
-                const Outcome table
-                    = tdr({ QStringLiteral("csv"), sample }, {}, {}, QString::fromLatin1(locale));
+                const Outcome table = tdr("csv", { sample }, {}, {}, locale);
                 QCOMPARE(table.code, 0);
                 const Outcome record = convert(table.output);
                 QCOMPARE(record.errorLines(), QStringList());
@@ -84,8 +80,7 @@ private slots:
                 QCOMPARE(at<float>(record.output, stepAt), at<float>(former, stepAt));
                 QCOMPARE(at<quint32>(record.output, delayAt), at<quint32>(former, delayAt));
                 QCOMPARE(record.output.mid(shiftXAt, 6), former.mid(shiftXAt, 6));
-                QCOMPARE(tdr({ QStringLiteral("check"), QStringLiteral("-") }, record.output).code,
-                         0);
+                QCOMPARE(tdr("check -", {}, record.output).code, 0);
             }
     }
 
@@ -96,37 +91,14 @@ private slots:
                                       .shiftY(-300)
                                       .minstep(3.7F)
                                       .bytes();
-        const Outcome record
-            = convert(tdr({ QStringLiteral("csv"), QStringLiteral("-") }, former).output);
+        const Outcome record = convert(tdr("csv -", {}, former).output);
         QCOMPARE(samplesOf(record.output), samplesOf(former));
         QCOMPARE(at<float>(record.output, stepAt), 2.5F);
     }
 
-    void tracesOfOneStepShareRows()
-    {
-        TraceBuilder().samples(1).write(path("a.tdr"));
-        TraceBuilder().samples(2).delay(1).write(path("b.tdr"));
-        TraceBuilder().samples(3).minstep(2.5F).write(path("c.tdr"));
-        const Outcome outcome = tdr({ QStringLiteral("csv"), QStringLiteral("a.tdr"),
-                                      QStringLiteral("b.tdr"), QStringLiteral("c.tdr") },
-                                    {}, m_folder.path());
-        QStringList rows;
-        for (const QString &line : outcome.lines())
-            if (!line.startsWith(QLatin1Char('#')))
-                rows.append(line);
-        QCOMPARE(rows.size(), 1 + 251 + 250);
-        QCOMPARE(rows[0],
-                 QStringLiteral("\"distance (m)\",\"echo time (ns)\",\"trace 1: a.tdr\","
-                                "\"trace 2: b.tdr\",\"trace 3: c.tdr\""));
-        QCOMPARE(rows[1], QStringLiteral("0.0000,0.00,1,,"));
-        QCOMPARE(rows[2], QStringLiteral("0.1250,1.25,1,2,"));
-        QCOMPARE(rows[252], QStringLiteral("0.0000,0.00,,,3"));
-    }
-
     void unreadableFilesAreLeftOutOfTheTable()
     {
-        const Outcome outcome
-            = tdr({ QStringLiteral("csv"), QStringLiteral("absent.tdr"), samplePaths()[0] });
+        const Outcome outcome = tdr("csv absent.tdr", { samplePaths()[0] });
         QVERIFY(outcome.errors.startsWith("velkor-tdr: absent.tdr: "));
         QVERIFY(outcome.output.contains("\"trace 1: 1-healthy-pair.tdr\"\n"));
         QCOMPARE(outcome.code, 2);
@@ -138,23 +110,18 @@ private slots:
         const QByteArray table = tableOf("m,level\n", 250, 0.125, countUp);
         struct Row
         {
-            const char *name;
-            QStringList arguments;
+            const char *name; ///< the command
             QByteArray input;
         };
-        each<Row>({ { "from-csv", { QStringLiteral("from-csv") }, table },
-                    { "csv", { QStringLiteral("csv") }, TraceBuilder().bytes() } },
+        each<Row>({ { "from-csv - -o", table }, { "csv - -o", TraceBuilder().bytes() } },
                   [&](const Row &row) {
                       writeFile(file, "former");
-                      const QStringList arguments = row.arguments
-                          + QStringList{ QStringLiteral("-"), QStringLiteral("-o"), file };
-                      const Outcome refused = tdr(arguments, row.input);
+                      const Outcome refused = tdr(row.name, { file }, row.input);
                       QVERIFY(refused.errors.endsWith("kept: exists; --force replaces it\n"));
                       QCOMPARE(refused.code, 2);
                       QCOMPARE(contentOf(file), QByteArray("former"));
-                      QCOMPARE(
-                          tdr(arguments + QStringList{ QStringLiteral("--force") }, row.input).code,
-                          0);
+                      const QStringList forced{ file, QStringLiteral("--force") };
+                      QCOMPARE(tdr(row.name, forced, row.input).code, 0);
                       QVERIFY(contentOf(file).size() > 1000);
                   });
         const Outcome folder
@@ -168,7 +135,7 @@ private slots:
         // 100 rows of 3 ns: 250 samples of 1.25 ns reach further than the 297 ns of the rows.
         const Outcome outcome
             = convert(tableOf("time (ns),level\n", 100, 3.0, [](int i) { return i * 0.75; }),
-                      { QStringLiteral("--date"), QStringLiteral("2026-03-12T09:05:30") });
+                      wordsOf("--date 2026-03-12T09:05:30"));
         QCOMPARE(outcome.code, 0);
         QCOMPARE(at<float>(outcome.output, stepAt), 1.25F);
         QCOMPARE(outcome.output.mid(171, 3), QByteArray("\x09\x05\x30"));
@@ -187,11 +154,9 @@ private slots:
 
     void optionsDecideOverTheTable()
     {
-        const Outcome outcome = convert(
-            tableOf("m;level\n", 500, 0.0625, countUp).replace(',', ';'),
-            { QStringLiteral("--step"), QStringLiteral("2.6"), QStringLiteral("--ku"),
-              QStringLiteral("1.49896229"), QStringLiteral("--delay"), QStringLiteral("4"),
-              QStringLiteral("--date"), QStringLiteral("2031-01-02") });
+        const Outcome outcome
+            = convert(tableOf("m;level\n", 500, 0.0625, countUp).replace(',', ';'),
+                      wordsOf("--step 2.6 --ku 1.49896229 --delay 4 --date 2031-01-02"));
         QCOMPARE(at<float>(outcome.output, stepAt), 2.5F);
         QCOMPARE(at<float>(outcome.output, kuAt), 1.49896229F);
         QCOMPARE(at<quint32>(outcome.output, delayAt), 4U);
@@ -233,8 +198,7 @@ private slots:
                     { "without end", "m,level\n0,1\n1.25,2" } },
                   [](const Row &row) {
                       // Ten samples of 0.125 m for 1.25 m
-                      const Outcome outcome = convert(
-                          row.table, { QStringLiteral("--step"), QStringLiteral("12.5") });
+                      const Outcome outcome = convert(row.table, wordsOf("--step 12.5"));
                       QCOMPARE(samplesOf(outcome.output), "\x01" + QByteArray(249, '\x02'));
                   });
     }
@@ -247,8 +211,7 @@ private slots:
             QByteArray table;
             QByteArray reason;
         };
-        const QByteArray two
-            = tdr({ QStringLiteral("csv"), samplePaths()[0], samplePaths()[1] }).output;
+        const QByteArray two = tdr("csv", samplePaths().mid(0, 2)).output;
         each<Row>(
             { { "empty", "", "there are not two rows of numbers" },
               { "one row", "0,1\n", "there are not two rows of numbers" },
@@ -272,27 +235,15 @@ private slots:
 
     void wrongOptionsAreRefused()
     {
-        struct Row
-        {
-            const char *name;
-            const char *option;
-            const char *value;
-        };
-        each<Row>({ { "step", "--step", "0" },
-                    { "endless step", "--step", "inf" },
-                    { "KU", "--ku", "0.9" },
-                    { "delay", "--delay", "-1" },
-                    { "date", "--date", "12.03.2026" },
-                    { "year", "--date", "1999-12-31" } },
-                  [](const Row &row) {
-                      const Outcome outcome = convert(
-                          "0,1\n1,2\n",
-                          { QString::fromLatin1(row.option), QString::fromLatin1(row.value) });
-                      QVERIFY(outcome.errors.startsWith(QByteArray("velkor-tdr: from-csv: ")
-                                                        + row.option));
-                      QCOMPARE(outcome.code, 2);
-                  });
-        QCOMPARE(tdr({ QStringLiteral("from-csv"), QStringLiteral("-") }, "0,1\n1,2\n").errors,
+        for (const char *option : { "--step 0", "--step inf", "--ku 0.9", "--delay -1",
+                                    "--date 12.03.2026", "--date 1999-12-31" }) {
+            const QStringList words = wordsOf(option);
+            const Outcome outcome = convert("0,1\n1,2\n", words);
+            QVERIFY2(outcome.errors.startsWith("velkor-tdr: from-csv: " + words[0].toLatin1()),
+                     option);
+            QCOMPARE(outcome.code, 2);
+        }
+        QCOMPARE(tdr("from-csv -", {}, "0,1\n1,2\n").errors,
                  QByteArray("velkor-tdr: from-csv: -o is needed\n"));
     }
 
