@@ -25,8 +25,6 @@
 
 namespace {
 
-constexpr int languageSection = 1 << 3;
-
 QAccessibleInterface *interfaceOf(QObject *control)
 {
     QAccessibleInterface *found = QAccessible::queryAccessibleInterface(control);
@@ -79,11 +77,6 @@ private:
                  TraceBuilder().date(2025, 7, 9) });
         accessibility::attach(window());
     }
-    void speak(const char *language)
-    {
-        probe().settingsData()->current_language = QString::fromLatin1(language);
-        probe().settingsData()->updateSettings(languageSection);
-    }
     /// All that is seen in the window and is more than a line between others.
     QVector<QWidget *> controls() const
     {
@@ -105,10 +98,14 @@ private:
         dialog->hide();
         return picture;
     }
-    QVector<QPair<QObject *, const char *>> englishTexts() const
+
+private slots:
+    void eachControlHasANameAndItsValue()
     {
+        openAndAttach();
+        window().cursorSetup_slot(16);
         const MainWindowProbe &p = probe();
-        return {
+        const QVector<QPair<QObject *, const char *>> texts{
             { p.curA_button(), "Cursor A x = 2.00 m y = 17 |" },
             { p.curB_button(), "Cursor B x = 0.00 m y = 17 |" },
             { p.delta_lbl(), "Δ = 2.00 m | Distance between the cursors" },
@@ -134,57 +131,41 @@ private:
             { p.cursor_dial(), "Cursor A 2.00 m | Cursor dial" },
             { p.logo_lbl(), "Logo |" },
         };
-    }
-
-private slots:
-    void eachControlHasANameAndItsValue()
-    {
-        openAndAttach();
-        window().cursorSetup_slot(16);
-        for (const auto &expected : englishTexts())
-            QCOMPARE(readOut(expected.first), QString::fromUtf8(expected.second));
+        for (const auto &[control, text] : texts)
+            QCOMPARE(readOut(control), QString::fromUtf8(text));
         QVERIFY(readOut(probe().date_bar()).endsWith(QLatin1String(" | Date and time")));
         const QString plot = readOut(probe().Plot_View());
         QVERIFY(plot.startsWith(probe().chart_title().text()));
         QVERIFY(plot.endsWith(probe().cursor_step_lbl().text() + QLatin1String(" | Plot")));
     }
 
-    void noControlIsWithoutAName_data()
-    {
-        QTest::addColumn<QString>("language");
-        QTest::newRow("English") << "en_US";
-        QTest::newRow("Russian") << "ru_RU";
-        QTest::newRow("a language without texts") << "es_ES";
-    }
-
     void noControlIsWithoutAName()
     {
-        QFETCH(const QString, language);
         openAndAttach();
-        speak(qPrintable(language));
-        const auto all = controls();
+        auto all = controls();
         QCOMPARE(all.size(), 35);
-        for (QWidget *control : all)
-            QVERIFY2(!nameOf(control).trimmed().isEmpty(), control->metaObject()->className());
         const auto inDialog = probe().settingsMenu()->findChildren<QWidget *>();
-        int found = 0;
         for (QWidget *control : inDialog)
-            if (qobject_cast<QAbstractButton *>(control) || qobject_cast<QComboBox *>(control)
-                || qobject_cast<QSpinBox *>(control)) {
-                if (control->objectName().startsWith(QLatin1String("Scroll")))
-                    continue; // the arrows of the tabs, never in use
-                ++found;
-                QVERIFY2(!nameOf(control).isEmpty(), control->metaObject()->className());
-            }
-        QCOMPARE(found, 16);
+            if ((qobject_cast<QAbstractButton *>(control) || qobject_cast<QComboBox *>(control)
+                 || qobject_cast<QSpinBox *>(control))
+                // The arrows of the tabs are never in use.
+                && !control->objectName().startsWith(QLatin1String("Scroll")))
+                all.append(control);
+        QCOMPARE(all.size(), 35 + 16);
+        for (const char *language : { "en_US", "ru_RU", "es_ES" }) { // the last has no texts
+            setLanguage(language);
+            for (QWidget *control : std::as_const(all))
+                QVERIFY2(!nameOf(control).trimmed().isEmpty(), control->metaObject()->className());
+        }
     }
 
-    void whatIsTypedInHasANameToo()
+    void editorsHaveANameToo()
     {
         openAndAttach();
         const MainWindowProbe &p = probe();
         for (const char *language : { "en_US", "ru_RU" }) {
-            speak(language);
+            setLanguage(language);
+            // From each kind of editor to the others: the dialog is the same object.
             for (QPushButton *button : QVector<QPushButton *>{
                      p.KU_button(), p.V_offset_button(), p.scale_button(), p.H_offset_button(),
                      p.V_offset_button(), p.scale_button(), p.curB_button() }) {
@@ -203,8 +184,8 @@ private slots:
                 QTest::mousePress(button, Qt::RightButton);
                 QVERIFY(answer->served());
                 QCOMPARE(labels.size(), 1);
-                QVERIFY2(labels.first().startsWith(title), qPrintable(labels.first()));
-                QVERIFY2(labels.first().contains(QLatin1String(" : [")),
+                QVERIFY2(labels.first().startsWith(title)
+                             && labels.first().contains(QLatin1String(" : [")),
                          qPrintable(labels.first()));
             }
         }
@@ -217,19 +198,19 @@ private slots:
         const auto all = controls();
         for (QWidget *control : all)
             english.append(readOut(control));
-        speak("ru_RU");
+        setLanguage("ru_RU");
         for (int i = 0; i < all.size(); ++i)
             QVERIFY2(readOut(all.at(i)) != english.at(i), qPrintable(english.at(i)));
         QCOMPARE(readOut(probe().legend_button()), QStringLiteral("Открыть файлы рефлектограмм |"));
         QVERIFY(
             readOut(probe().delta_lbl()).endsWith(QStringLiteral("| Расстояние между курсорами")));
         QCOMPARE(labelOf(probe().settingsMenu()->language_select), QStringLiteral("Язык"));
-        speak("en_US");
+        setLanguage("en_US");
         for (int i = 0; i < all.size(); ++i)
             QCOMPARE(readOut(all.at(i)), english.at(i));
     }
 
-    void aTraceSaysWhetherItIsHiddenOrTheMaster()
+    void theDescriptionOfATraceNamesHiddenAndMaster()
     {
         openAndAttach();
         LegendButton *first = probe().selected_rfg()[0];
@@ -254,15 +235,19 @@ private slots:
         QCOMPARE(roleOf(probe().cursor_dial()), QAccessible::Dial);
         QCOMPARE(roleOf(probe().delta_lbl()), QAccessible::StaticText);
         QCOMPARE(roleOf(probe().Plot_View()), QAccessible::Chart);
+        // The plot is one thing.
+        QCOMPARE(interfaceOf(probe().Plot_View())->childCount(), 0);
+        QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
         QVERIFY(interfaceOf(probe().selected_rfg()[0])->state().checked);
         QVERIFY(!interfaceOf(probe().selected_rfg()[1])->state().checked);
         QVERIFY(interfaceOf(probe().gain_button())->state().disabled);
         QVERIFY(interfaceOf(probe().legend_button())->state().focusable);
     }
 
-    void aButtonIsPressedFromOutside()
+    void aButtonIsPressedAndFocusedFromOutside()
     {
         openAndAttach();
+        QApplication::setActiveWindow(&window());
         QAccessibleActionInterface *smooth
             = interfaceOf(probe().smooth_button())->actionInterface();
         QVERIFY(smooth->actionNames().contains(QAccessibleActionInterface::toggleAction()));
@@ -277,15 +262,9 @@ private slots:
         zoom->doAction(QAccessibleActionInterface::pressAction());
         WindowFixture::settle();
         QCOMPARE(probe().master_scale(), before + 1);
-    }
-
-    void theFocusIsSetFromOutside()
-    {
-        openAndAttach();
-        QApplication::setActiveWindow(&window());
-        QAccessibleActionInterface *settings
-            = interfaceOf(probe().settings_button())->actionInterface();
-        settings->doAction(QAccessibleActionInterface::setFocusAction());
+        interfaceOf(probe().settings_button())
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::setFocusAction());
         QVERIFY(probe().settings_button()->hasFocus());
         QVERIFY(interfaceOf(probe().settings_button())->state().focused);
     }
@@ -310,19 +289,12 @@ private slots:
         }
     }
 
-    void thePlotIsOneThing()
-    {
-        openAndAttach();
-        QCOMPARE(interfaceOf(probe().Plot_View())->childCount(), 0);
-        QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
-    }
-
     void pictureAndStateStayTheSame()
     {
         openOn({ TraceBuilder().samples([](int i) { return i % 90; }), TraceBuilder() });
         for (const char *language : { "en_US", "ru_RU" }) {
             fixture->open();
-            speak(language);
+            setLanguage(language);
             WindowFixture::settle();
             const QImage without = freshPictureOf(window());
             const QStringList state = stateOf(window());

@@ -91,14 +91,23 @@ private slots:
         QVERIFY(!frame()->isVisible());
     }
 
-    void tabFollowsTheWindowRowByRow()
+    void tabAndItsFrameFollowTheWindowRowByRow()
     {
         openAndAttach();
         window().scale_change(2);
+        const QImage before = pictureOf(window());
         const auto order = stops();
         for (int round = 0; round < 2; ++round)
             for (QWidget *stop : order) {
                 QCOMPARE(QApplication::focusWidget(), stop);
+                if (stop != order.first()) {
+                    QVERIFY(frame()->isVisible());
+                    QCOMPARE(frame()->geometry(), placeOf(stop));
+                    // Three pixels on each of four sides.
+                    const int seen = differences(pictureOf(window()), before, placeOf(stop));
+                    QVERIFY2(seen > 5 * (stop->width() + stop->height()),
+                             stop->metaObject()->className());
+                }
                 press(Qt::Key_Tab);
             }
         for (auto i = order.size() - 1; i >= 0; --i) {
@@ -107,7 +116,7 @@ private slots:
         }
     }
 
-    void theDialogIsReadFromTopToBottom()
+    void theFocusOrderOfTheDialogIsFromTopToBottom()
     {
         openAndAttach();
         SettingsMenu *dialog = probe().settingsMenu();
@@ -126,36 +135,28 @@ private slots:
         QCOMPARE(last, order.last());
     }
 
-    void theFrameStandsAroundTheControl()
-    {
-        openAndAttach();
-        window().scale_change(2);
-        const QImage before = pictureOf(window());
-        for (QWidget *stop : stops()) {
-            if (stop == stops().first())
-                continue;
-            press(Qt::Key_Tab);
-            QCOMPARE(QApplication::focusWidget(), stop);
-            QVERIFY(frame()->isVisible());
-            QCOMPARE(frame()->geometry(), placeOf(stop));
-            // Three pixels on each of four sides.
-            const int seen = differences(pictureOf(window()), before, placeOf(stop));
-            QVERIFY2(seen > 5 * (stop->width() + stop->height()), stop->metaObject()->className());
-        }
-    }
-
-    void theFrameIsSeenOnAnyGround()
+    void theFrameIsSeenOnAnyGroundAndFollowsItsControl()
     {
         openAndAttach();
         press(Qt::Key_Tab);
         const QImage picture = pictureOf(window());
-        const QRect place = placeOf(QApplication::focusWidget());
+        QWidget *control = QApplication::focusWidget();
+        const QRect place = placeOf(control);
         QCOMPARE(picture.pixel(place.left(), place.center().y()), qRgb(255, 255, 255));
         QCOMPARE(picture.pixel(place.left() + 1, place.center().y()), qRgb(255, 255, 255));
         QCOMPARE(picture.pixel(place.left() + 2, place.center().y()), qRgb(0, 0, 0));
+        // The mouse passes through.
+        QCOMPARE(window().childAt(place.topLeft() + QPoint(1, 1)), control);
+        window().resize(1000, 700);
+        WindowFixture::settle();
+        QCOMPARE(frame()->geometry(), placeOf(control));
+        control->hide();
+        WindowFixture::settle();
+        QVERIFY(!frame()->isVisible()
+                || frame()->geometry() == placeOf(QApplication::focusWidget()));
     }
 
-    void nothingIsSeenOfItWithoutTheKeyboard()
+    void theFrameIsHiddenWithoutTheKeyboard()
     {
         openAndAttach();
         QVERIFY(!frame()->isVisible());
@@ -196,7 +197,7 @@ private slots:
         QCOMPARE(frame()->geometry(), placeOf(QApplication::focusWidget()));
     }
 
-    void aSyntheticPressKeepsTheFrame()
+    void aSyntheticPressAndAnotherWindowKeepTheFrame()
     {
         openAndAttach();
         press(Qt::Key_Tab);
@@ -208,25 +209,6 @@ private slots:
         QCoreApplication::sendEvent(control, &event);
         QVERIFY(frame()->isVisible());
         QCOMPARE(frame()->geometry(), placeOf(control));
-    }
-
-    void theFrameFollowsItsControl()
-    {
-        openAndAttach();
-        press(Qt::Key_Tab);
-        window().resize(1000, 700);
-        WindowFixture::settle();
-        QCOMPARE(frame()->geometry(), placeOf(QApplication::focusWidget()));
-        QApplication::focusWidget()->hide();
-        WindowFixture::settle();
-        QVERIFY(!frame()->isVisible()
-                || frame()->geometry() == placeOf(QApplication::focusWidget()));
-    }
-
-    void theFrameComesBackWithTheWindow()
-    {
-        openAndAttach();
-        press(Qt::Key_Tab);
         QWidget other;
         other.show();
         QApplication::setActiveWindow(&other);
@@ -235,14 +217,6 @@ private slots:
         QApplication::setActiveWindow(&window());
         WindowFixture::settle();
         QVERIFY(frame()->isVisible());
-    }
-
-    void theMousePassesThrough()
-    {
-        openAndAttach();
-        press(Qt::Key_Tab);
-        QWidget *control = QApplication::focusWidget();
-        QCOMPARE(window().childAt(placeOf(control).topLeft() + QPoint(1, 1)), control);
     }
 };
 
