@@ -45,44 +45,14 @@ QString randomText(QRandomGenerator &random)
 /// An INI text of pieces that mean something to QSettings.
 QByteArray randomIni(QRandomGenerator &random)
 {
-    const QByteArray pieces[] = { "[General]\n",
-                                  "[Dials]",
-                                  "[dials]\n",
-                                  "[",
-                                  "]",
-                                  "\n",
-                                  "\r\n",
-                                  "\n\n",
-                                  "language=",
-                                  "cursorSpeed = ",
-                                  "Dials/cursorSpeed=",
-                                  "=",
-                                  ";",
-                                  "\"",
-                                  "\\",
-                                  "\\\n",
-                                  "\\\r\n",
-                                  "\\x",
-                                  "\\x41",
-                                  "\\1018",
-                                  "\\n",
-                                  "\\'",
-                                  "\\q",
-                                  ",",
-                                  " ",
-                                  "\t",
-                                  "a",
-                                  "17",
-                                  "@",
-                                  "@@",
-                                  "@ByteArray(",
-                                  "@String(",
-                                  "@Invalid()",
-                                  ")",
-                                  "%41" };
+    static const QByteArrayList pieces
+        = QByteArray("[General]\n|[Dials]|[dials]\n|[|]|\n|\r\n|\n\n|language=|cursorSpeed = |"
+                     "Dials/cursorSpeed=|=|;|\"|\\|\\\n|\\\r\n|\\x|\\x41|\\1018|\\n|\\'|\\q|,| |"
+                     "\t|a|17|@|@@|@ByteArray(|@String(|@Invalid()|)|%41")
+              .split('|');
     QByteArray text;
     for (int left = random.bounded(12); left > 0; --left)
-        text += pieces[random.bounded(int(std::size(pieces)))];
+        text += pieces.at(random.bounded(int(pieces.size())));
     return text;
 }
 

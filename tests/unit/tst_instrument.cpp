@@ -218,21 +218,7 @@ private slots:
         checkLevel(measured(branch, 120.0), 40.0, -20.0 * 4.0 / 27.0);
     }
 
-    void lossesGrowWithDistance()
-    {
-        double before = 20.0;
-        for (const double metres : { 10.0, 20.0, 40.0, 80.0 }) {
-            const Cable cable{ { { lossy(metres, 1.0, 0.08), {} } }, openCircuit };
-            const std::vector<double> values = echoes(cable, fineSettings(), 2 * shortTrace);
-            QVERIFY(values[highest(values)] > 0.0);
-            QVERIFY2(values[highest(values)] < 0.95 * before, qPrintable(QString::number(metres)));
-            before = values[highest(values)];
-            // A quarter of the pulse's width, 5 ns: the crest of a worn pulse falls behind.
-            QVERIFY(std::abs(double(highest(values)) - metres / metresPerSample) <= 4.0);
-        }
-    }
-
-    void lossesGrowWithFrequency()
+    void lossesGrowWithFrequencyAndDistance()
     {
         // Skin effect: 1 dB / 100 m at 1 MHz is 2 dB there and back, doubled by each four times the
         // frequency. Its reactance turns the impedance, which reflects up to half a percent of the
@@ -245,6 +231,8 @@ private slots:
         const Section dielectric = lossy(100.0, 0.0, 0.1);
         QVERIFY(std::abs(lossOf(dielectric, 1.0e6) - 0.2) < 0.02);
         QVERIFY(std::abs(lossOf(dielectric, 50.0e6) - 10.0) < 0.1);
+        QVERIFY(std::abs(lossOf(lossy(40.0, 0.0, 0.1), 50.0e6) - 4.0) < 0.1);
+        QVERIFY(std::abs(lossOf(lossy(40.0, 1.0, 0.0), 40.0e6) - 5.060) < 0.3);
     }
 
     void noCableReturnsMoreThanItGets()

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
 #include "calc/tdr_record.h"
-#include "calc/view_range.h"
-#include "each.h"
 #include "protocol_vx840.h"
 #include "record.h"
 #include "sample_traces.h"
@@ -42,53 +40,6 @@ TDR_FILE_t recordOf(const QString &fileName)
     if (bytes.size() == int(sizeof record))
         std::memcpy(&record, bytes.constData(), sizeof record);
     return record;
-}
-
-/// Counts per sample.
-int stepOf(const TDR_FILE_t &record)
-{
-    return calc::countsPerSample(record.ch.params.sample_minstep);
-}
-
-/// Where the viewer draws sample \a index of \a record, in metres by the record's own factor.
-double metresOf(const TDR_FILE_t &record, int index)
-{
-    const auto shift = static_cast<qint32>(record.ch.params.shiftX);
-    const double sample = double(shift) + double(record.ch.params.delay) + index;
-    return sample * stepOf(record) * calc::metresPerCount(record.ch.params.KU);
-}
-
-/// The pulse at half height, in metres on the screen.
-double pulseLength(const TDR_FILE_t &record)
-{
-    return record.ch.params.pulse_width / constants::nsPerCount
-        * calc::metresPerCount(record.ch.params.KU);
-}
-
-/// Output of the filter matched to the launched pulse at sample \a index.
-double fit(const TDR_FILE_t &record, int index)
-{
-    const double width = record.ch.params.pulse_width / double(record.ch.params.sample_minstep);
-    const int reach = static_cast<int>(width);
-    double sum = 0.0;
-    for (int i = -reach; i <= reach; ++i) {
-        const int sample = std::clamp(index + i, 0, constants::lastSample);
-        sum += std::exp2(-4.0 * i * i / (width * width)) * record.samples[sample];
-    }
-    return sum;
-}
-
-/// Place in metres of the echo of sign \a sign that lies within a pulse of \a metres.
-double crestNear(const TDR_FILE_t &record, double metres, int sign)
-{
-    int best = -1;
-    for (int i = 0; i < constants::drawnSamples; ++i) {
-        if (std::abs(metresOf(record, i) - metres) > pulseLength(record))
-            continue;
-        if (best < 0 || sign * fit(record, i) > sign * fit(record, best))
-            best = i;
-    }
-    return best < 0 ? std::nan("") : metresOf(record, best);
 }
 
 } // namespace
@@ -138,62 +89,28 @@ private slots:
         }
     }
 
-    void echoesAreWhereTheListSays()
-    {
-        struct Row
-        {
-            const char *name; ///< words of the list
-            std::size_t number;
-            double metres;
-            int sign;
-        };
-        const QString list = QString::fromUtf8(contents(QStringLiteral("README.md")));
-        each<Row>({ { "a joint at 38 m", 1, 38.0, 1 },
-                    { "the open end at 104 m", 1, 104.0, 1 },
-                    { "the joint at 38 m", 2, 38.0, 1 },
-                    { "a short at 71.5 m", 2, 71.5, -1 },
-                    { "from 52 m to 64 m", 3, 52.0, -1 },
-                    { "far edge reads 68 m", 3, 68.0, 1 },
-                    { "a bad joint at 84 m reads 88 m", 3, 88.0, 1 },
-                    { "112 m, reads 116 m", 3, 116.0, 1 },
-                    { "a tap at 26 m", 4, 26.0, -1 },
-                    { "14 m further reads 40 m", 4, 40.0, 1 },
-                    { "the dip at 54 m", 4, 54.0, -1 },
-                    { "open end at 80 m", 4, 80.0, 1 },
-                    { "the crest at 94 m", 4, 94.0, 1 },
-                    { "splice at 88 m", 5, 88.0, 1 },
-                    { "the shorted end at 203 m", 5, 203.0, -1 },
-                    { "begins at 52 m", 6, 52.0, -1 },
-                    { "far edge reads 68 m", 6, 68.0, 1 },
-                    { "the joint reads 88 m", 6, 88.0, 1 } },
-                  [&list](const Row &row) {
-                      const QString file = sampleTraces()[row.number - 1].fileName;
-                      const QStringList lines = list.split(QLatin1Char('\n')).filter(file);
-                      QCOMPARE(lines.size(), 1);
-                      QVERIFY(lines.constFirst().contains(QString::fromLatin1(row.name)));
-                      // A quarter of the pulse is what a reader can tell of a place.
-                      const TDR_FILE_t record = recordOf(file);
-                      const double found = crestNear(record, row.metres, row.sign);
-                      QVERIFY2(std::abs(found - row.metres) <= pulseLength(record) / 4.0,
-                               qPrintable(QString::number(found)));
-                  });
-    }
-
+    // tst_reflection_steps checks the list of the folder against the program's own readings.
     void theFaultIsTheOnlyDifference()
     {
         const TDR_FILE_t before = recordOf(sampleTraces()[0].fileName);
         const TDR_FILE_t after = recordOf(sampleTraces()[1].fileName);
-        QCOMPARE(stepOf(before), stepOf(after));
-        for (int i = 0; i < constants::drawnSamples; ++i) {
-            const int difference = before.samples[i] - after.samples[i];
-            const double metres = metresOf(before, i);
-            if (metres < 71.5 - 2.0 * pulseLength(before))
-                QVERIFY(std::abs(difference) <= 6); // noise of both
-        }
-        const int fault = 143; // 71.5 m in samples of 0.5 m
+        // A sample is 0.5 m, a pulse 8 samples wide.
+        constexpr int fault = 143; // 71.5 m
+        constexpr int end = 208; // 104 m
+        for (int i = 0; i < fault - 2 * 8; ++i)
+            QVERIFY(std::abs(before.samples[i] - after.samples[i]) <= 6); // noise of both
         QVERIFY(before.samples[fault] - after.samples[fault] > 40);
-        const int end = 208; // 104 m
         QVERIFY(before.samples[end] - after.samples[end] > 40);
+    }
+
+    void theBridgedTapHasSecondEchoes()
+    {
+        // A sample is 0.5 m, and the saved shift moves the trace by -20 samples.
+        const TDR_FILE_t record = recordOf(sampleTraces()[3].fileName);
+        const qint8 *dip = record.samples + 128; // 54 m
+        const qint8 *crest = record.samples + 208; // 94 m
+        QCOMPARE(std::min_element(dip - 15, dip + 15), dip);
+        QCOMPARE(std::max_element(crest - 15, crest + 15), crest);
     }
 
     void theSixDifferInStepDelayAndShift()
@@ -202,10 +119,10 @@ private slots:
         int delayed = 0;
         int shifted = 0;
         for (const SampleTrace &sample : sampleTraces()) {
-            const TDR_FILE_t record = recordOf(sample.fileName);
-            steps.append(stepOf(record));
-            delayed += record.ch.params.delay != 0 ? 1 : 0;
-            shifted += record.ch.params.shiftX != 0 && record.ch.params.shiftY != 0 ? 1 : 0;
+            const auto params = recordOf(sample.fileName).ch.params;
+            steps.append(calc::countsPerSample(params.sample_minstep));
+            delayed += params.delay != 0 ? 1 : 0;
+            shifted += params.shiftX != 0 && params.shiftY != 0 ? 1 : 0;
         }
         QCOMPARE(steps, (QVector<int>{ 4, 4, 4, 4, 8, 2 }));
         QCOMPARE(delayed, 1);

@@ -11,7 +11,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Settings: loading, saving, copying and applying them.
+/// Settings: loading, saving, copying and applying them. data/settings.txt has the values of keys.
 class TestSettingsData : public QObject
 {
     Q_OBJECT
@@ -66,40 +66,6 @@ private slots:
         QCOMPARE(data.current_files[3], QStringLiteral("before"));
         QCOMPARE(data.current_language, QString());
         QCOMPARE(spy.count(), 0);
-    }
-
-    void numbersAreNotChecked()
-    {
-        struct Row
-        {
-            const char *name;
-            int state;
-            int master;
-            int speed;
-        };
-        each<Row>({ { "", 0, 0, 100 },
-                    { "3", 3, 3, 3 },
-                    { "-7", -7, -7, -7 },
-                    { "300", 300, 44, 300 },
-                    { "200", 200, -56, 200 },
-                    { "1000000", 1000000, 64, 1000000 },
-                    { "99999999999", 1215752191, -1, 1215752191 },
-                    { "first", 0, 0, 0 },
-                    { "@Variant(x)", 0, 0, 100 } },
-                  [this](const Row &row) {
-                      const QByteArray value(row.name);
-                      const QByteArray is = value.isEmpty() ? "missing=" : "=" + value;
-                      writeFile(path,
-                                "[PrevFiles]\nStateIndex" + is + "\nMasterId" + is
-                                    + "\n[Dials]\ncursorSpeed" + is + "\nparamSpeed" + is + '\n');
-                      SettingsData data(nullptr);
-                      data.loadSettings(path, 63);
-                      QCOMPARE(data.read_index, row.state);
-                      QCOMPARE(int(data.master_ID), row.master);
-                      QCOMPARE(data.cursor_dial_speed, row.speed);
-                      QCOMPARE(data.param_dial_speed, row.speed);
-                      QCOMPARE(data.current_language, QStringLiteral("en_US"));
-                  });
     }
 
     void theSectionsOfAMaskAreLoadedAsTheyWereSaved()

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/tdr_record.h"
-#include "each.h"
 #include "testfiles.h"
 #include "tracebuilder.h"
 
@@ -96,98 +95,67 @@ private slots:
     void theStepIsTruncatedToWholeCountsAndBoundedWhereItIsUsed()
     {
         constexpr float infinity = std::numeric_limits<float>::infinity();
-        struct Row
-        {
-            const char *name;
-            float minstep;
-            int counts;
-            int usable;
-        };
-        each<Row>({ { "1 ns is less than a count", 1.0F, 0, 1 },
-                    { "just below a count", 1.2499999F, 0, 1 },
-                    { "one count", 1.25F, 1, 1 },
-                    { "two counts", 2.5F, 2, 2 },
-                    { "nearly three counts", 3.7F, 2, 2 },
-                    { "the whole axis", 80000.0F, 64000, 64000 },
-                    { "more than the axis", 100000.0F, 80000, 64000 },
-                    { "absurd", 1e30F, INT_MAX, 64000 },
-                    { "infinity", infinity, INT_MAX, 64000 },
-                    { "zero", 0.0F, 0, 1 },
-                    { "negative", -5.0F, -4, 1 },
-                    { "minus infinity", -infinity, INT_MIN, 1 },
-                    { "not a number", std::numeric_limits<float>::quiet_NaN(), 0, 1 } },
-                  [](const Row &row) {
-                      QCOMPARE(calc::countsPerSample(row.minstep), row.counts);
-                      QCOMPARE(calc::usableStep(row.counts), row.usable);
-                  });
+        QCOMPARE(calc::countsPerSample(1.2499999F), 0);
+        QCOMPARE(calc::countsPerSample(1.25F), 1);
+        QCOMPARE(calc::countsPerSample(2.5F), 2);
+        QCOMPARE(calc::countsPerSample(3.7F), 2); // nearly three counts
+        QCOMPARE(calc::countsPerSample(100000.0F), 80000);
+        QCOMPARE(calc::countsPerSample(1e30F), INT_MAX);
+        QCOMPARE(calc::countsPerSample(infinity), INT_MAX);
+        QCOMPARE(calc::countsPerSample(0.0F), 0);
+        QCOMPARE(calc::countsPerSample(-5.0F), -4);
+        QCOMPARE(calc::countsPerSample(-infinity), INT_MIN);
+        QCOMPARE(calc::countsPerSample(std::numeric_limits<float>::quiet_NaN()), 0);
+        for (const int tooSmall : { 0, -4, INT_MIN })
+            QCOMPARE(calc::usableStep(tooSmall), 1);
+        for (const int usable : { 1, 2, 64000 })
+            QCOMPARE(calc::usableStep(usable), usable);
+        for (const int tooLarge : { 64001, 80000, INT_MAX })
+            QCOMPARE(calc::usableStep(tooLarge), 64000);
     }
 
     void theSavedShiftIsReadAsSigned()
     {
-        struct Row
-        {
-            const char *name;
-            quint32 shiftX;
-            int step;
-            int scroll;
-        };
-        each<Row>({ { "none", 0, 4, 0 },
-                    { "to the right", 3, 4, 12 },
-                    { "one step to the left", 0xFFFFFFFF, 4, -4 },
-                    { "three steps to the left", 0xFFFFFFFD, 2, -6 },
-                    { "a step of 0 shifts nothing", 0xFFFFFFFF, 0, 0 },
-                    { "a negative step", 3, -4, -12 },
-                    { "a step beyond the axis", 2, 80000, 160000 },
-                    { "largest without a wrap", 0x7FFFFFFF, 1, INT_MAX },
-                    { "smallest int", 0x80000000, 1, INT_MIN },
-                    { "wraps to nothing", 0x80000000, 2, 0 },
-                    { "wraps round", 0x40000001, 4, 4 },
-                    { "wraps with the largest step", 2, INT_MAX, -2 } },
-                  [](const Row &row) {
-                      QCOMPARE(calc::initialScroll(row.shiftX, row.step), row.scroll);
-                  });
+        QCOMPARE(calc::initialScroll(0, 4), 0);
+        QCOMPARE(calc::initialScroll(3, 4), 12);
+        QCOMPARE(calc::initialScroll(0xFFFFFFFF, 4), -4);
+        QCOMPARE(calc::initialScroll(0xFFFFFFFD, 2), -6);
+        QCOMPARE(calc::initialScroll(0xFFFFFFFF, 0), 0);
+        QCOMPARE(calc::initialScroll(3, -4), -12);
+        QCOMPARE(calc::initialScroll(2, 80000), 160000); // a step beyond the axis
+        QCOMPARE(calc::initialScroll(0x7FFFFFFF, 1), INT_MAX);
+        QCOMPARE(calc::initialScroll(0x80000000, 1), INT_MIN);
+        QCOMPARE(calc::initialScroll(0x80000000, 2), 0); // wraps
+        QCOMPARE(calc::initialScroll(0x40000001, 4), 4);
+        QCOMPARE(calc::initialScroll(2, INT_MAX), -2);
     }
 
     void datesAreBcdFrom2000On()
     {
-        struct Row
-        {
-            const char *name; // month, day, year
-            QDate date;
+        const auto dateOf = [](const char *monthDayYear) {
+            const QByteArray bytes = QByteArray::fromHex(monthDayYear);
+            return calc::measurementDate(*recordOf(TraceBuilder().raw(176, bytes).bytes()));
         };
-        each<Row>({ { "030524", QDate(2024, 3, 5) },
-                    { "123199", QDate(2099, 12, 31) },
-                    { "010100", QDate(2000, 1, 1) },
-                    { "022924", QDate(2024, 2, 29) },
-                    { "022923", QDate() },
-                    { "0a0b1a", QDate(2020, 10, 11) }, // digits are not checked
-                    { "000000", QDate() },
-                    { "ffffff", QDate() } },
-                  [](const Row &row) {
-                      const QByteArray bytes = QByteArray::fromHex(row.name);
-                      const auto record = recordOf(TraceBuilder().raw(176, bytes).bytes());
-                      QCOMPARE(calc::measurementDate(*record), row.date);
-                  });
+        QCOMPARE(dateOf("030524"), QDate(2024, 3, 5));
+        QCOMPARE(dateOf("123199"), QDate(2099, 12, 31));
+        QCOMPARE(dateOf("010100"), QDate(2000, 1, 1));
+        QCOMPARE(dateOf("022924"), QDate(2024, 2, 29));
+        QCOMPARE(dateOf("0a0b1a"), QDate(2020, 10, 11)); // digits are not checked
+        for (const char *none : { "022923", "000000", "ffffff" })
+            QCOMPARE(dateOf(none), QDate());
     }
 
     void timesAreBcdToTheSecond()
     {
-        struct Row
-        {
-            const char *name; // hours, minutes, seconds
-            QTime time;
+        const auto timeOf = [](const char *hoursMinutesSeconds) {
+            const QByteArray bytes = QByteArray::fromHex(hoursMinutesSeconds);
+            return calc::measurementTime(*recordOf(TraceBuilder().raw(171, bytes).bytes()));
         };
-        each<Row>({ { "090507", QTime(9, 5, 7) },
-                    { "235959", QTime(23, 59, 59) },
-                    { "000000", QTime(0, 0) },
-                    { "240000", QTime() },
-                    { "000060", QTime() },
-                    { "ffffff", QTime() } },
-                  [](const Row &row) {
-                      const QByteArray bytes = QByteArray::fromHex(row.name);
-                      const auto record = recordOf(TraceBuilder().raw(171, bytes).bytes());
-                      QCOMPARE(calc::measurementTime(*record), row.time);
-                  });
+        QCOMPARE(timeOf("090507"), QTime(9, 5, 7));
+        QCOMPARE(timeOf("235959"), QTime(23, 59, 59));
+        QCOMPARE(timeOf("000000"), QTime(0, 0));
+        for (const char *none : { "240000", "000060", "ffffff" })
+            QCOMPARE(timeOf(none), QTime());
     }
 
     void aNewTraceBuilderHoldsAValidRecord()
