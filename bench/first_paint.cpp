@@ -2,16 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 /// \file
-/// Linked beside a program's own main, reports when its first window is painted: the monotonic
-/// clock in nanoseconds, on the standard output. Then it ends the program, closing nothing.
+/// Linked beside a program's own main. When its first window is painted, prints the milliseconds
+/// since the moment in VELKOR_STARTED, in seconds since 1970, and the peak memory in MB. Then it
+/// ends the program, closing nothing.
 
 #include <QApplication>
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
 
+#include <chrono>
 #include <cstdio>
-#include <ctime>
+#include <sys/resource.h>
 
 namespace {
 
@@ -35,11 +37,14 @@ public:
 private:
     void report()
     {
-        // Painted is what the display has got.
+        // The window is painted when the display has received it.
         QGuiApplication::sync();
-        timespec moment = {};
-        clock_gettime(CLOCK_MONOTONIC, &moment);
-        std::printf("%lld\n", moment.tv_sec * 1000000000LL + moment.tv_nsec);
+        const std::chrono::duration<double> now
+            = std::chrono::system_clock::now().time_since_epoch();
+        rusage usage = {};
+        getrusage(RUSAGE_SELF, &usage);
+        std::printf("%.1f %.1f\n", (now.count() - qgetenv("VELKOR_STARTED").toDouble()) * 1000.0,
+                    static_cast<double>(usage.ru_maxrss) / 1024.0);
         QCoreApplication::quit();
     }
 };

@@ -3,7 +3,7 @@
 
 /// \file
 /// Measures the viewer's plot against peers that draw the same. All run in one process and by
-/// turns, so that the load of the machine affects all of them alike. The tables go to standard
+/// turns, so that the load of the machine affects all of them alike. The table goes to standard
 /// output.
 
 #include "peer_subject.h"
@@ -12,28 +12,15 @@
 #include "tracebuilder.h"
 #include "viewer_subject.h"
 
-#include <QCommandLineParser>
 #include <QTemporaryDir>
 
 #include <cmath>
 #include <cstdio>
 #include <memory>
-#include <sys/resource.h>
 
 namespace {
 
 constexpr int warmUps = 4; ///< operations before each block, not counted
-constexpr int settledSteps = 600; ///< cursor steps after which all caches are filled
-
-struct Run
-{
-    QSize size;
-    int rounds = 0;
-    int perBlock = 0; ///< counted operations of each kind in each round
-    double limitMs = 0.0;
-    QString only; ///< name of the one operation to measure; empty for all
-    QStringList files;
-};
 
 /// Echoes on a falling line.
 int sampleOf(int slot, int index)
@@ -55,29 +42,20 @@ QStringList writeTraces(const QString &folder)
     return paths;
 }
 
-/// A window to measure, created again in each round.
-struct Candidate
+/// A new window of \a size with \a files in its slots.
+std::unique_ptr<ViewerSubject> make(Subject subject, QSize size, const QStringList &files)
 {
-    QString name;
-    PeerPlot *(*makePlot)(); ///< null for the viewer
-
-    std::unique_ptr<ViewerSubject> make(const Run &run) const
-    {
-        if (makePlot == nullptr)
-            return std::make_unique<ViewerSubject>(run.size, run.files);
-        return std::make_unique<PeerSubject>(makePlot(), run.size, run.files);
+    switch (subject) {
+    case Viewer:
+        break;
+    case Painter:
+        return std::make_unique<PeerSubject>(makePainterPlot(), size, files);
+    case Qwt:
+        return std::make_unique<PeerSubject>(makeQwtPlot(), size, files);
+    case QCustom:
+        return std::make_unique<PeerSubject>(makeQCustomPlot(), size, files);
     }
-    bool can(Operation operation) const
-    {
-        return makePlot == nullptr
-            || (operation != Operation::Language && operation != Operation::StyleSheet);
-    }
-};
-
-const Candidate &viewer()
-{
-    static const Candidate candidate{ report::viewer, nullptr };
-    return candidate;
+    return std::make_unique<ViewerSubject>(size, files);
 }
 
 void measureBlock(Stopwatch &watch, ViewerSubject &subject, Operation operation, int count,
@@ -86,125 +64,19 @@ void measureBlock(Stopwatch &watch, ViewerSubject &subject, Operation operation,
     subject.begin(operation);
     watch.settle();
     for (int number = 0; number < warmUps + count; ++number) {
-        const QVector<double> before = subject.state();
         const Cost cost = watch.measure(subject, [&] { subject.act(operation, number); });
-        if (subject.state() == before && operation != Operation::LoadSix
-            && operation != Operation::StyleSheet)
-            qFatal("operation %d was refused", static_cast<int>(operation));
         if (cost.plotPaints == 0)
             qFatal("operation %d painted nothing", static_cast<int>(operation));
-        if (number >= warmUps)
-            sample.add(cost);
+        if (number >= warmUps) {
+            sample.plot.append(cost.plotUs);
+            sample.whole.append(cost.wholeUs);
+            sample.plotPaints = qMax(sample.plotPaints, cost.plotPaints);
+        }
         subject.takeBack(operation);
         watch.settle();
     }
     subject.end(operation);
     watch.settle();
-}
-
-Measurements measure(Stopwatch &watch, const Run &run, const QVector<Candidate> &subjects,
-                     const QVector<Operation> &wanted)
-{
-    Measurements measured;
-    for (int round = 0; round < run.rounds; ++round)
-        for (const Candidate &candidate : subjects) {
-            const std::unique_ptr<ViewerSubject> subject = candidate.make(run);
-            watch.settle();
-            if (round == 0)
-                std::fprintf(stderr, "%s: plot of %d x %d in %d x %d\n", qPrintable(candidate.name),
-                             subject->plot().width(), subject->plot().height(),
-                             subject->window().width(), subject->window().height());
-            for (const Operation operation : wanted)
-                if (candidate.can(operation))
-                    measureBlock(watch, *subject, operation, run.perBlock,
-                                 measured[candidate.name][operation]);
-        }
-    return measured;
-}
-
-QVector<Operation> operationsCalled(const QString &name)
-{
-    QVector<Operation> found;
-    for (const OperationGoal &entry : operations)
-        if (name.isEmpty() || name == QLatin1String(entry.name))
-            found.append(entry.operation);
-    if (found.isEmpty())
-        qFatal("no operation is called \"%s\"", qPrintable(name));
-    return found;
-}
-
-void print(const QString &title, const QStringList &lines)
-{
-    std::printf("### %s\n\n", qPrintable(title));
-    for (const QString &line : lines)
-        std::printf("%s\n", qPrintable(line));
-    std::printf("\n");
-}
-
-void compare(Stopwatch &watch, const Run &run)
-{
-    const QVector<Candidate> subjects{ viewer(),
-                                       { report::painter, makePainterPlot },
-                                       { report::qwt, makeQwtPlot },
-                                       { report::qCustomPlot, makeQCustomPlot } };
-    const Measurements measured = measure(watch, run, subjects, operationsCalled(run.only));
-    print(QStringLiteral("%1, %2 x %3, six traces, %4 operations of each kind")
-              .arg(QGuiApplication::platformName())
-              .arg(run.size.width())
-              .arg(run.size.height())
-              .arg(run.rounds * run.perBlock),
-          report::table(measured, run.limitMs));
-}
-
-void grow(Stopwatch &watch, Run run)
-{
-    const QVector<Operation> wanted = { Operation::CursorStep, Operation::Pan };
-    const Measurements six = measure(watch, run, { viewer() }, wanted);
-    run.files = run.files.mid(0, 1);
-    const Measurements one = measure(watch, run, { viewer() }, wanted);
-    print(QStringLiteral("From one trace to six: ") + QGuiApplication::platformName(),
-          report::growthTable(one, six));
-}
-
-double peakMegabytes()
-{
-    rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    return double(usage.ru_maxrss) / 1024.0;
-}
-
-void endure(Stopwatch &watch, const Run &run)
-{
-    const int steps = run.rounds * run.perBlock;
-    ViewerSubject subject(run.size, run.files);
-    watch.settle();
-    double settled = 0.0;
-    for (int step = 0; step < steps; ++step) {
-        watch.measure(subject, [&] { subject.act(Operation::CursorStep, step); });
-        if (step + 1 == settledSteps)
-            settled = peakMegabytes();
-    }
-    const double last = peakMegabytes();
-    print(QStringLiteral("Endurance: peak memory over %1 cursor steps").arg(steps),
-          { QStringLiteral("%1 MB after %2, %3 MB after %4: %5 (goal 1.03)")
-                .arg(settled, 0, 'f', 1)
-                .arg(settledSteps)
-                .arg(last, 0, 'f', 1)
-                .arg(steps)
-                .arg(last / settled, 0, 'f', 3) });
-}
-
-QSize sizeOf(const QString &text)
-{
-    const QStringList sides = text.split(QLatin1Char('x'));
-    return { sides.value(0).toInt(), sides.value(1).toInt() };
-}
-
-QCommandLineOption option(const char *name, const char *meaning, const char *value = nullptr,
-                          const char *preset = nullptr)
-{
-    return { QString::fromLatin1(name), QString::fromLatin1(meaning), QString::fromLatin1(value),
-             QString::fromLatin1(preset) };
 }
 
 } // namespace
@@ -217,34 +89,36 @@ int main(int argc, char **argv)
     // Otherwise the viewer's debug lines at each resize are measured as well.
     qputenv("QT_LOGGING_RULES", "default.debug=false");
     Stopwatch watch(argc, argv);
-
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("what"),
-                                 QStringLiteral("compare, growth or endurance"));
-    const QCommandLineOption size = option("size", "of the window", "WxH", "1280x800");
-    const QCommandLineOption rounds = option("rounds", "of all subjects", "n", "10");
-    const QCommandLineOption count = option("operations", "of each kind in each round", "n", "20");
-    const QCommandLineOption limit = option("limit", "for p99", "ms", "8");
-    const QCommandLineOption only = option("only", "the operation of this name", "name");
-    const QCommandLineOption computing
-        = option("computing", "count CPU time instead of elapsed time; for a busy machine");
-    parser.addOptions({ size, rounds, count, limit, only, computing });
-    parser.process(watch);
-    watch.setTime(parser.isSet(computing) ? Stopwatch::Computing : Stopwatch::Passing);
+    const QStringList words = QApplication::arguments();
+    if (words.size() < 6) {
+        std::fprintf(stderr,
+                     "usage: velkor-bench WIDTH HEIGHT LIMIT ROUNDS OPERATIONS [computing]\n"
+                     "  LIMIT       of the 99th percentile, in ms\n"
+                     "  OPERATIONS  of each kind in each round\n"
+                     "  computing   counts CPU time instead of elapsed time\n");
+        return 2;
+    }
+    const QSize size(words[1].toInt(), words[2].toInt());
+    const int rounds = words[4].toInt();
+    const int count = words[5].toInt();
+    if (words.contains(QStringLiteral("computing")))
+        watch.countComputing();
 
     const QTemporaryDir folder;
-    const Run run{ sizeOf(parser.value(size)),  parser.value(rounds).toInt(),
-                   parser.value(count).toInt(), parser.value(limit).toDouble(),
-                   parser.value(only),          writeTraces(folder.path()) };
-    const QString what = parser.positionalArguments().value(0);
-    if (what == QLatin1String("compare"))
-        compare(watch, run);
-    else if (what == QLatin1String("growth"))
-        grow(watch, run);
-    else if (what == QLatin1String("endurance"))
-        endure(watch, run);
-    else
-        parser.showHelp(2);
+    const QStringList files = writeTraces(folder.path());
+    Measurements measured;
+    for (int round = 0; round < rounds; ++round)
+        for (const Subject subject : { Viewer, Painter, Qwt, QCustom }) {
+            const std::unique_ptr<ViewerSubject> window = make(subject, size, files);
+            watch.settle();
+            for (const OperationGoal &entry : operations)
+                if (subject == Viewer || entry.goal > 0.0)
+                    measureBlock(watch, *window, entry.operation, count,
+                                 measured[subject][entry.operation]);
+        }
+    std::printf("### %s, %d x %d, six traces, %d operations of each kind\n\n",
+                qPrintable(QGuiApplication::platformName()), size.width(), size.height(),
+                rounds * count);
+    printTable(measured, words[3].toDouble());
     return 0;
 }

@@ -28,7 +28,7 @@ struct OperationGoal
 {
     Operation operation;
     const char *name;
-    double goal; ///< largest ratio of the plot's part to the bare painter's; 0: none
+    double goal; ///< largest ratio of the plot's part to the bare painter's; 0: the viewer alone
     bool ahead = false; ///< must also take less than Qwt and QCustomPlot
 };
 
@@ -47,8 +47,8 @@ constexpr OperationGoal operations[] = {
     { Operation::CursorStepSmoothed, "cursor step, smoothed", 0.60, true },
     { Operation::PanSmoothed, "pan, smoothed", 1.8 },
     { Operation::Resize, "resize by 4 px", 1.7 },
-    { Operation::Language, "language switch", 0.0 }, // the viewer alone
-    { Operation::StyleSheet, "apply the style sheet", 0.0 }, // the viewer alone
+    { Operation::Language, "language switch", 0.0 },
+    { Operation::StyleSheet, "apply the style sheet", 0.0 },
 };
 
 /// The curves are shown while \a operation is repeated.

@@ -53,15 +53,6 @@ QWidget &PeerSubject::canvas()
     return *m_plot.canvas;
 }
 
-QVector<double> PeerSubject::state() const
-{
-    const PeerModel::Trace &trace = m_model.traces[m_model.selected];
-    return { double(m_model.range.min),     double(m_model.range.max),  double(m_model.cursors[0]),
-             double(trace.offset),          double(trace.scroll),       m_model.ku,
-             double(m_model.selected),      double(m_model.difference), double(m_model.smooth),
-             double(m_plot.widget->width()) };
-}
-
 void PeerSubject::show(bool pointsChanged)
 {
     m_plot.show(m_model, pointsChanged);

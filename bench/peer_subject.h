@@ -15,7 +15,6 @@ public:
 
     QWidget &plot() override;
     QWidget &canvas() override;
-    QVector<double> state() const override;
     void begin(Operation operation) override;
     void act(Operation operation, int number) override;
     void takeBack(Operation operation) override;

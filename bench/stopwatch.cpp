@@ -6,8 +6,6 @@
 
 #include <QEvent>
 
-#include <ctime>
-
 namespace {
 
 constexpr auto timeout = std::chrono::milliseconds(500); ///< for an operation that paints nothing
@@ -39,15 +37,15 @@ double microseconds(std::chrono::nanoseconds time)
 
 } // namespace
 
-void Stopwatch::setTime(Time time)
+void Stopwatch::countComputing()
 {
-    m_time = time;
+    m_clock = CLOCK_PROCESS_CPUTIME_ID;
 }
 
 Stopwatch::Moment Stopwatch::now() const
 {
     timespec moment = {};
-    clock_gettime(m_time == Passing ? CLOCK_MONOTONIC : CLOCK_PROCESS_CPUTIME_ID, &moment);
+    clock_gettime(m_clock, &moment);
     return std::chrono::seconds(moment.tv_sec) + std::chrono::nanoseconds(moment.tv_nsec);
 }
 

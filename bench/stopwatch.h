@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include <chrono>
+#include <ctime>
 #include <functional>
 
 class ViewerSubject;
@@ -28,11 +29,8 @@ class Stopwatch : public QApplication
 public:
     using QApplication::QApplication;
 
-    enum Time {
-        Passing,
-        Computing ///< CPU time of this process; the display server's work is not in it
-    };
-    void setTime(Time time);
+    /// Counts CPU time of this process from now on, without the display server's work.
+    void countComputing();
 
     /// Runs \a operation on \a subject and then the event loop, deferred deletes included, until a
     /// pass paints nothing; on xcb also until the server answered a round trip. An operation that
@@ -58,5 +56,5 @@ private:
     bool m_inPlot = true; ///< the time since m_since belongs to the plot's part
     Moment m_since{};
     Moment m_plotTime{};
-    Time m_time = Passing;
+    clockid_t m_clock = CLOCK_MONOTONIC;
 };

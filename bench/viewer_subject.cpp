@@ -47,11 +47,6 @@ ViewerSubject::ViewerSubject(QSize size, const QStringList &files)
 
 ViewerSubject::~ViewerSubject() = default;
 
-QWidget &ViewerSubject::window()
-{
-    return *m_window;
-}
-
 QWidget &ViewerSubject::plot()
 {
     return *m_probe.Plot_View();
@@ -60,22 +55,6 @@ QWidget &ViewerSubject::plot()
 QWidget &ViewerSubject::canvas()
 {
     return *m_probe.Plot_View()->viewport();
-}
-
-QVector<double> ViewerSubject::state() const
-{
-    const rfg_SHOWN &trace = m_probe.rfg_DATA()[m_probe.rfg_ID()];
-    return { m_probe.cust_axisX()->min(),
-             m_probe.cust_axisX()->max(),
-             double(m_probe.cursor_A_pos()),
-             double(trace.offset),
-             double(trace.scroll),
-             m_probe.dist_coef(),
-             double(m_probe.rfg_ID()),
-             double(m_probe.diff_flag()),
-             double(m_probe.smooth_rfg_flag()),
-             double(m_probe.Plot_View()->width()),
-             double(qHash(m_probe.settingsData()->current_language)) };
 }
 
 void ViewerSubject::load()

@@ -6,7 +6,6 @@
 #include "operations.h"
 
 #include <QStringList>
-#include <QVector>
 
 #include <memory>
 
@@ -19,15 +18,10 @@ public:
     virtual ~ViewerSubject();
     Q_DISABLE_COPY(ViewerSubject)
 
-    QWidget &window();
     /// The plot with its axes and texts.
     virtual QWidget &plot();
     /// The widget on which the traces are painted; its paint events are counted.
     virtual QWidget &canvas();
-
-    /// Values of which each operation, but for loading and styling, changes at least one. Equal
-    /// values before and after mean that the operation was refused.
-    virtual QVector<double> state() const;
 
     /// Prepares for repeating \a operation. Not measured.
     virtual void begin(Operation operation);

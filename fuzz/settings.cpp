@@ -5,9 +5,9 @@
 #include "invariants.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
+#include "testfiles.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -20,13 +20,6 @@ using fuzz::expect;
 namespace {
 
 MainWindow *window = nullptr;
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    expect(file.open(QIODevice::ReadOnly), "a save leaves a file");
-    return file.readAll();
-}
 
 void expectSame(const SettingsData &a, const SettingsData &b)
 {
@@ -46,7 +39,9 @@ void expectSame(const SettingsData &a, const SettingsData &b)
 /// Checks that saving and loading \a store is a fixed point. Overwrites \a path.
 void checkSaveAndLoad(const SettingsData &store, const QString &path)
 {
+    QFile::remove(path);
     store.saveSettings(path, constants::allSections);
+    expect(QFile::exists(path), "a save leaves a file");
     const QByteArray first = contentOf(path);
     SettingsData again(nullptr);
     again.loadSettings(path, constants::allSections);

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QStringList>
+#include <QtEndian>
 
 namespace {
 
@@ -17,22 +18,13 @@ QByteArray plain(const QString &text)
             bytes.append(escaped[i]);
             continue;
         }
-        switch (escaped.at(++i)) {
-        case 'n':
-            bytes.append('\n');
-            break;
-        case 'r':
-            bytes.append('\r');
-            break;
-        case 't':
-            bytes.append('\t');
-            break;
-        case 'x':
+        const char escape = escaped.at(++i);
+        const auto control = static_cast<int>(QByteArray("nrt").indexOf(escape));
+        if (escape == 'x') {
             bytes.append(QByteArray::fromHex(escaped.mid(i + 1, 2)));
             i += 2;
-            break;
-        default:
-            bytes.append(escaped[i]);
+        } else {
+            bytes.append(control < 0 ? escape : "\n\r\t"[control]);
         }
     }
     return bytes;
@@ -43,27 +35,23 @@ QByteArray utf16(const QByteArray &utf8, bool bigEndian)
     QByteArray bytes;
     const QString text = QString::fromUtf8(utf8);
     for (const QChar c : text) {
-        const char low = static_cast<char>(c.unicode() & 0xFF);
-        const char high = static_cast<char>(c.unicode() >> 8);
-        bytes.append(bigEndian ? high : low);
-        bytes.append(bigEndian ? low : high);
+        const quint16 unit = bigEndian ? qToBigEndian(c.unicode()) : qToLittleEndian(c.unicode());
+        bytes.append(reinterpret_cast<const char *>(&unit), sizeof unit);
     }
     return bytes;
 }
 
 QByteArray special(const QString &order)
 {
-    const QString utf16Order = QStringLiteral("utf16");
-    if (order.startsWith(utf16Order))
+    if (order.startsWith(QLatin1String("utf16")))
         return utf16(plain(order.section(QLatin1Char(':'), 1)),
-                     order.startsWith(utf16Order + QStringLiteral("be")));
+                     order.startsWith(QLatin1String("utf16be")));
     return plain(order.section(QLatin1Char('*'), 1))
         .repeated(order.section(QLatin1Char('*'), 0, 0).toInt());
 }
 
-} // namespace
-
-QByteArray corpus::bytesOfText(const QString &text)
+/// The bytes that \a text describes, see corpus::textRows.
+QByteArray bytesOfText(const QString &text)
 {
     QByteArray bytes;
     int done = 0;
@@ -77,6 +65,8 @@ QByteArray corpus::bytesOfText(const QString &text)
         done = end + 2;
     }
 }
+
+} // namespace
 
 std::vector<corpus::TextRow> corpus::textRows(const QString &path)
 {

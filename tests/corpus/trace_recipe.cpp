@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -52,11 +53,6 @@ constexpr Field fields[] = {
     { "crc", 37774, 1 },
 };
 
-bool isFloat(const QString &field)
-{
-    return field == QLatin1String("minstep") || field == QLatin1String("ku");
-}
-
 quint32 floatBits(const QString &value)
 {
     if (value.startsWith(QLatin1String("bits:")))
@@ -86,26 +82,25 @@ void putRandom(QByteArray &record, quint32 seed)
     }
 }
 
-bool putField(QByteArray &record, const QString &name, const QString &value)
+void putNumber(QByteArray &record, const Field &field, const QString &value)
 {
-    for (const Field &field : fields) {
-        if (name != QLatin1String(field.name))
-            continue;
-        const quint64 number
-            = isFloat(name) ? floatBits(value) : static_cast<quint64>(value.toLongLong(nullptr, 0));
-        for (int i = 0; i < field.width; ++i)
-            record[field.offset + i] = static_cast<char>((number >> (8 * i)) & 0xFF);
-        return true;
-    }
-    return false;
+    const QString name = QLatin1String(field.name);
+    const bool isFloat = name == QLatin1String("minstep") || name == QLatin1String("ku");
+    const quint64 number
+        = isFloat ? floatBits(value) : static_cast<quint64>(value.toLongLong(nullptr, 0));
+    for (int i = 0; i < field.width; ++i)
+        record[field.offset + i] = static_cast<char>((number >> (8 * i)) & 0xFF);
 }
 
 void apply(QByteArray &record, const QString &name, const QString &value)
 {
+    const auto *field = std::find_if(std::begin(fields), std::end(fields), [&](const Field &one) {
+        return name == QLatin1String(one.name);
+    });
     const QStringList parts = value.split(QLatin1Char(','));
-    if (putField(record, name, value))
-        return;
-    if (name == QLatin1String("samples"))
+    if (field != std::end(fields))
+        putNumber(record, *field, value);
+    else if (name == QLatin1String("samples"))
         putSamples(record, parts.value(0).toInt(), parts.value(1).toInt(), parts.value(2).toInt());
     else if (name.startsWith(QLatin1String("sample")))
         record[samplesAt + name.mid(6).toInt()] = static_cast<char>(value.toInt());

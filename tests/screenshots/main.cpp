@@ -16,14 +16,12 @@
 #include <QDialog>
 #include <QDir>
 #include <QGraphicsView>
-#include <QHash>
 #include <QMenu>
 #include <QPainter>
 #include <QProcess>
 #include <QPushButton>
 #include <QTest>
 
-#include <algorithm>
 #include <cstdio>
 
 /// \file
@@ -37,33 +35,19 @@ namespace {
 constexpr QSize screenshotSize(1280, 800);
 constexpr QSize manualSize(1100, 700);
 
+/// Saves \a picture in 256 colours: a third of the size, and the eye sees no difference.
 void save(const QString &path, const QImage &picture)
 {
     QDir().mkpath(QFileInfo(path).path());
-    constexpr int smallest = 0; // the quality of a PNG is how little it is compressed
-    if (!picture.save(path, "PNG", smallest))
+    QProcess convert;
+    convert.start(QStringLiteral("convert"),
+                  { QStringLiteral("-"), QStringLiteral("+dither"), QStringLiteral("-colors"),
+                    QStringLiteral("256"), QStringLiteral("PNG8:") + path });
+    const bool sent = convert.waitForStarted() && picture.save(&convert, "PNG");
+    convert.closeWriteChannel();
+    if (!sent || !convert.waitForFinished() || convert.exitCode() != 0)
         qFatal("cannot write %s", qPrintable(path));
     std::printf("%s\n", qPrintable(path));
-}
-
-/// \a picture in its 256 most frequent colours: a third of the size, and the eye sees no
-/// difference.
-QImage reduced(const QImage &picture)
-{
-    constexpr std::size_t mostColours = 256;
-    const QImage image = picture.convertToFormat(QImage::Format_RGB32);
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            ++counts[image.pixel(x, y)];
-    std::vector<QRgb> colours(counts.keyBegin(), counts.keyEnd());
-    std::sort(colours.begin(), colours.end(), [&counts](QRgb a, QRgb b) {
-        return counts[a] != counts[b] ? counts[a] > counts[b] : a < b;
-    });
-    colours.resize(std::min(colours.size(), mostColours));
-    return image.convertToFormat(QImage::Format_Indexed8,
-                                 QVector<QRgb>(colours.begin(), colours.end()),
-                                 Qt::ThresholdDither | Qt::AvoidDither);
 }
 
 /// The viewer in one language and size on some traces.
@@ -88,25 +72,20 @@ public:
         return m_fixture.window().grab().toImage();
     }
 
-    /// What the window exports as \a format, in 128 colours; \a command writes a PNG of the file
-    /// that it gets as $0 to its output.
-    QImage exported(extras::Format format, const char *suffix, const char *command) const
+    /// What the window exports as \a format; \a command writes a PNG of the file that it gets as
+    /// $0 to its output.
+    void exported(const char *name, extras::Format format, const char *command) const
     {
         const QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("export.") + QLatin1String(suffix));
+        const QString file = folder.filePath(QStringLiteral("export"));
         const QString failure = extras::saveShown(m_fixture.window(), file, format);
-        if (!failure.isEmpty())
-            qFatal("no %s: %s", suffix, qPrintable(failure));
         QProcess shell;
-        shell.start(
-            QStringLiteral("sh"),
-            { QStringLiteral("-c"),
-              QLatin1String(command) + QLatin1String(" | convert - +dither -colors 128 PNG8:-"),
-              file });
+        shell.start(QStringLiteral("sh"), { QStringLiteral("-c"), QLatin1String(command), file });
         QImage picture;
-        if (!shell.waitForFinished() || !picture.loadFromData(shell.readAllStandardOutput()))
-            qFatal("no picture of %s", qPrintable(file));
-        return picture;
+        if (!failure.isEmpty() || !shell.waitForFinished()
+            || !picture.loadFromData(shell.readAllStandardOutput()))
+            qFatal("no %s: %s", name, qPrintable(failure));
+        keep(name, picture);
     }
 
     /// A part of the window.
@@ -116,12 +95,6 @@ public:
     }
 
     void keep(const char *name, const QImage &picture) const
-    {
-        keepAll(name, reduced(picture));
-    }
-
-    /// Keeps all colours of \a picture.
-    void keepAll(const char *name, const QImage &picture) const
     {
         save(m_folder + QLatin1String(name) + QStringLiteral(".png"), picture);
     }
@@ -263,20 +236,13 @@ void makeDifference(const QString &language, const QString &docs, const QStringL
 /// Each trace alone, with both cursors on what it shows.
 void makeSamples(const QString &language, const QString &docs, const QStringList &traces)
 {
-    struct Sample
-    {
-        const char *name;
-        double a; ///< metres
-        double b;
-    };
-    constexpr Sample samples[]
-        = { { "sample-1", 38.0, 104.0 }, { "sample-2", 71.5, 38.0 },  { "sample-3", 52.0, 68.0 },
-            { "sample-4", 26.0, 40.0 },  { "sample-5", 88.0, 203.8 }, { "sample-6", 52.0, 68.0 } };
-    int slot = 0;
-    for (const Sample &sample : samples) {
-        const Pictures pictures(language, docs, manualSize, { traces[slot++] });
-        pictures.placeCursors(sample.a, sample.b);
-        pictures.part(sample.name, { 198, 0, 704, 524 });
+    constexpr double cursors[][2] // A and B, metres
+        = { { 38.0, 104.0 }, { 71.5, 38.0 },  { 52.0, 68.0 },
+            { 26.0, 40.0 },  { 88.0, 203.8 }, { 52.0, 68.0 } };
+    for (int i = 0; i < traces.size(); ++i) {
+        const Pictures pictures(language, docs, manualSize, { traces[i] });
+        pictures.placeCursors(cursors[i][0], cursors[i][1]);
+        pictures.part(("sample-" + QByteArray::number(i + 1)).constData(), { 198, 0, 704, 524 });
     }
 }
 
@@ -285,21 +251,11 @@ void makeExports(const QString &language, const QString &docs, const QStringList
 {
     const Pictures pictures(language, docs, screenshotSize, traces);
     pictures.placeCursors(38.0, 104.0);
-    struct Export
-    {
-        const char *name;
-        extras::Format format;
-        const char *suffix;
-        const char *command;
-    };
-    constexpr Export exports[] = {
-        { "export-picture", extras::Format::Picture, "png", "convert \"$0\" -resize 720x png:-" },
-        { "export-page", extras::Format::Page, "pdf",
-          "pdftoppm -scale-to-x 720 -scale-to-y -1 -png -singlefile \"$0\"" },
-        { "export-drawing", extras::Format::Drawing, "svg", "rsvg-convert --width 720 \"$0\"" }
-    };
-    for (const Export &one : exports)
-        pictures.keepAll(one.name, pictures.exported(one.format, one.suffix, one.command));
+    pictures.exported("export-picture", extras::Format::Picture,
+                      "convert \"$0\" -resize 720x png:-");
+    pictures.exported("export-page", extras::Format::Page,
+                      "pdftoppm -scale-to-x 720 -scale-to-y -1 -png -singlefile \"$0\"");
+    pictures.exported("export-drawing", extras::Format::Drawing, "rsvg-convert --width 720 \"$0\"");
 }
 
 } // namespace
@@ -327,11 +283,10 @@ int main(int argc, char **argv)
     }
     const QString &docs = arguments[2];
     for (const QString &language : { QStringLiteral("en_US"), QStringLiteral("ru_RU") }) {
-        const bool english = language.startsWith(QLatin1String("en"));
-        save(
-            docs
-                + QLatin1String(english ? "/screenshots/window.png" : "/screenshots/window-ru.png"),
-            Pictures(language, docs, screenshotSize, traces).whole());
+        const bool isEnglish = language == QLatin1String("en_US");
+        const QString name = isEnglish ? QStringLiteral("window") : QStringLiteral("window-ru");
+        save(docs + QStringLiteral("/screenshots/") + name + QStringLiteral(".png"),
+             Pictures(language, docs, screenshotSize, traces).whole());
         makeControls(language, docs, traces);
         makeDifference(language, docs, traces);
         makeSamples(language, docs, traces);

@@ -83,7 +83,6 @@ public:
     VELKOR_PROBE(Plot_View)
     VELKOR_PROBE(Plot_Scene)
     VELKOR_PROBE(Plot_Chart)
-    VELKOR_PROBE(seriesLayer)
     VELKOR_PROBE(rfg_series)
     VELKOR_PROBE(rfg_series_sp)
     VELKOR_PROBE(smooth_rfg_flag)
@@ -98,7 +97,6 @@ public:
     VELKOR_PROBE(cust_axisX)
     VELKOR_PROBE(cust_axisY)
     VELKOR_PROBE(x_length)
-    VELKOR_PROBE(m_pen)
     VELKOR_PROBE(m_brush)
     VELKOR_PROBE(axis_lbl)
     VELKOR_PROBE(axis_lines)
@@ -125,7 +123,6 @@ public:
     VELKOR_PROBE(cur_arrowB)
     VELKOR_PROBE(zoom_wheel_flag)
     VELKOR_PROBE(mp)
-    VELKOR_PROBE(chart_cursor_plot)
 #undef VELKOR_PROBE
 
 private:

@@ -13,11 +13,8 @@
 
 #ifdef Q_OS_UNIX
 #include <csignal>
-#include <cstring>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 #endif
 
@@ -45,8 +42,6 @@ OddPlaces::OddPlaces()
 OddPlaces::~OddPlaces()
 {
 #ifdef Q_OS_UNIX
-    if (m_socket >= 0)
-        ::close(m_socket);
     // QTemporaryDir cannot remove them: QString cannot hold the one name, and the other folder is
     // locked.
     ::unlink(nameOfBytes().constData());
@@ -77,22 +72,15 @@ QByteArray OddPlaces::nameOfBytes() const
 void OddPlaces::addSpecialFiles()
 {
 #ifdef Q_OS_UNIX
-    const QString pipe = in("pipe.tdr");
-    if (mkfifo(QFile::encodeName(pipe).constData(), 0666) != 0)
-        qFatal("cannot make a pipe");
-    m_places.append({ "pipe", pipe });
-
-    // Bound by its relative name: the whole path may be longer than sockaddr_un allows.
-    const QString former = QDir::currentPath();
-    m_socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strcpy(address.sun_path, "socket.tdr");
-    QDir::setCurrent(m_folder.path());
-    if (::bind(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
-        qFatal("cannot make a socket");
-    QDir::setCurrent(former);
-    m_places.append({ "socket", in("socket.tdr") });
+    const auto node = [this](const char *kind, const QByteArray &path, mode_t type) {
+        if (::mknod(path.constData(), type | 0644, 0) != 0)
+            qFatal("cannot make a %s", kind);
+        m_places.append({ kind, QFile::decodeName(path) });
+    };
+    node("pipe", QFile::encodeName(in("pipe.tdr")), S_IFIFO);
+    node("socket", QFile::encodeName(in("socket.tdr")), S_IFSOCK);
+    // A name that is no UTF-8, so no QString can hold it.
+    node("name that is no text", nameOfBytes(), S_IFREG);
 
     const auto link = [this](const char *kind, const char *target, const char *name) {
         if (::symlink(target, QFile::encodeName(in(name)).constData()) != 0)
@@ -108,12 +96,6 @@ void OddPlaces::addSpecialFiles()
     link("link to a folder", "/", "to_root.tdr");
     for (const char *device : { "/dev/null", "/dev/zero", "/dev/full", "/dev/random", "/dev/tty" })
         m_places.append({ device, QString::fromLatin1(device) });
-
-    // A name that is no UTF-8, so no QString can hold it.
-    const QByteArray name = nameOfBytes();
-    if (::mknod(name.constData(), S_IFREG | 0644, 0) != 0)
-        qFatal("cannot make a file with a name of bytes");
-    m_places.append({ "name that is no text", QFile::decodeName(name) });
 #endif
 }
 

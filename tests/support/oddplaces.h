@@ -37,7 +37,6 @@ private:
 
     QTemporaryDir m_folder;
     QVector<OddPlace> m_places;
-    int m_socket = -1;
 };
 
 /// Runs \a work with the rights of an ordinary user, also when root runs the test.

@@ -12,6 +12,18 @@
 #include <QPushButton>
 #include <QtTest>
 
+namespace {
+
+/// True when the picture on \a button is that of the resource \a path.
+bool showsPicture(const QAbstractButton *button, const QString &path)
+{
+    const QPixmap wanted(path);
+    const QPixmap shown = button->icon().pixmap(wanted.size());
+    return !wanted.isNull() && shown.toImage() == wanted.toImage();
+}
+
+} // namespace
+
 MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces, int master)
 {
     QStringList paths;
@@ -50,13 +62,6 @@ QList<QGraphicsItem *> stacked(QGraphicsScene &scene)
     QList<QGraphicsItem *> items = scene.items(Qt::AscendingOrder);
     scene.setItemIndexMethod(method);
     return items;
-}
-
-bool showsPicture(const QAbstractButton *button, const QString &path)
-{
-    const QPixmap wanted(path);
-    const QPixmap shown = button->icon().pixmap(wanted.size());
-    return !wanted.isNull() && shown.toImage() == wanted.toImage();
 }
 
 bool showsVisible(const WindowFixture &fixture, int slot, bool master)

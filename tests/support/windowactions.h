@@ -7,7 +7,6 @@
 #include <QList>
 #include <QVector>
 
-class QAbstractButton;
 class QGraphicsItem;
 class QGraphicsScene;
 
@@ -31,8 +30,6 @@ bool loadInto(const WindowFixture &fixture, int slot, const QString &path);
 /// All items of \a scene, the lowest one first.
 QList<QGraphicsItem *> stacked(QGraphicsScene &scene);
 
-/// True when the picture on \a button is that of the resource \a path.
-bool showsPicture(const QAbstractButton *button, const QString &path);
 /// True when the picture on the trace button of \a slot says: visible, and \a master or not.
 bool showsVisible(const WindowFixture &fixture, int slot, bool master);
 /// True when the picture on the trace button of \a slot says: hidden.

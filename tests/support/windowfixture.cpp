@@ -3,6 +3,7 @@
 #include "windowfixture.h"
 
 #include "base/program_files.h"
+#include "testfiles.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -72,9 +73,7 @@ QString WindowFixture::settingsFile()
 
 void WindowFixture::writeSettings(const QByteArray &bytes)
 {
-    QFile file(settingsFile());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write the settings");
+    writeFile(settingsFile(), bytes);
 }
 
 void WindowFixture::writePreviousRun(const QStringList &traces, int master)

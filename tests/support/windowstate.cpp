@@ -10,7 +10,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QDir>
+#include <QDebug>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QGuiApplication>
@@ -28,12 +28,15 @@ namespace {
 
 constexpr int letterRounding = 64; ///< of 255, for the edges of an outlined letter
 
-QString numbers(std::initializer_list<double> values)
+/// Adds the line "name: values".
+template <typename... Values>
+void add(QStringList &lines, const QString &name, const Values &...values)
 {
-    QStringList texts;
-    for (const double value : values)
-        texts.append(QString::number(value, 'g', 17));
-    return texts.join(QLatin1Char(' '));
+    QString line = name + QLatin1String(": ");
+    QDebug out(&line);
+    out << qSetRealNumberPrecision(17);
+    (out << ... << values);
+    lines.append(line);
 }
 
 QHash<const QObject *, QString> seriesNames(const MainWindowProbe &probe)
@@ -52,50 +55,30 @@ QHash<const QObject *, QString> seriesNames(const MainWindowProbe &probe)
     return names;
 }
 
-QString seriesLine(const MainWindowProbe &probe, const QXYSeries &series)
-{
-    const QVector<QPointF> points = qtcompat::pointsOf(series);
-    auto hash = qHash(0);
-    for (const QPointF &point : points)
-        hash = qHash(point.y(), qHash(point.x(), hash));
-    QStringList axes;
-    const auto attached = const_cast<QXYSeries &>(series).attachedAxes();
-    for (const QAbstractAxis *axis : attached)
-        axes.append(axis == probe.cust_axisX()       ? QStringLiteral("x")
-                        : axis == probe.cust_axisY() ? QStringLiteral("y")
-                                                     : QStringLiteral("?"));
-    const QPen pen = series.pen();
-    return QStringLiteral("%1, %2 points %3, axes %4, pen %5 %6 %7, opacity %8")
-        .arg(series.isVisible() ? QStringLiteral("visible") : QStringLiteral("hidden"))
-        .arg(points.size())
-        .arg(hash)
-        .arg(axes.join(QLatin1Char(' ')), pen.color().name(QColor::HexArgb))
-        .arg(pen.widthF())
-        .arg(pen.style())
-        .arg(series.opacity());
-}
-
 void addChart(const MainWindowProbe &probe, QStringList &lines)
 {
     const auto names = seriesNames(probe);
     const auto order = probe.Plot_Chart()->series();
-    for (const QAbstractSeries *series : order)
-        lines.append(names.value(series, QStringLiteral("unknown series")) + QLatin1String(": ")
-                     + seriesLine(probe, *qobject_cast<const QXYSeries *>(series)));
-    const QRectF plot = probe.Plot_Chart()->plotArea();
-    lines.append(QStringLiteral("plot area: ")
-                 + numbers({ plot.x(), plot.y(), plot.width(), plot.height() }));
-    lines.append(QStringLiteral("range: ")
-                 + numbers({ probe.cust_axisX()->min(), probe.cust_axisX()->max(),
-                             probe.cust_axisY()->min(), probe.cust_axisY()->max() }));
-    lines.append(QStringLiteral("scene items: %1").arg(probe.Plot_Scene()->items().size()));
+    for (QAbstractSeries *series : order) {
+        const auto *line = static_cast<const QXYSeries *>(series);
+        const QVector<QPointF> points = qtcompat::pointsOf(*line);
+        auto hash = qHash(0);
+        for (const QPointF &point : points)
+            hash = qHash(point.y(), qHash(point.x(), hash));
+        const auto axes = series->attachedAxes();
+        add(lines, names.value(series), line->isVisible(), points.size(), "points", hash,
+            line->pen(), line->pen().widthF(), line->opacity(), axes.size(), "axes",
+            axes.contains(probe.cust_axisX()), axes.contains(probe.cust_axisY()));
+    }
+    add(lines, QStringLiteral("plot area"), probe.Plot_Chart()->plotArea());
+    add(lines, QStringLiteral("range"), probe.cust_axisX()->min(), probe.cust_axisX()->max(),
+        probe.cust_axisY()->min(), probe.cust_axisY()->max());
+    add(lines, QStringLiteral("scene items"), probe.Plot_Scene()->items().size());
 }
 
 void addText(const QString &name, const QGraphicsSimpleTextItem &item, QStringList &lines)
 {
-    lines.append(QStringLiteral("%1: %2 '%3' %4 at %5")
-                     .arg(name, item.isVisible() ? QStringLiteral("shown") : QStringLiteral("-"),
-                          item.text(), item.font().toString(), numbers({ item.x(), item.y() })));
+    add(lines, name, item.isVisible(), item.text(), item.font(), "at", item.pos());
 }
 
 void addScene(const MainWindowProbe &probe, QStringList &lines)
@@ -106,56 +89,39 @@ void addScene(const MainWindowProbe &probe, QStringList &lines)
                                   const QGraphicsSimpleTextItem &label) {
         // A hidden pair is set before it is shown.
         if (!line.isVisible() && !label.isVisible()) {
-            lines.append(name + QLatin1String(": hidden"));
+            add(lines, name, "hidden");
             return;
         }
         addText(name, label, lines);
-        lines.append(QStringLiteral("%1 line: %2 %3")
-                         .arg(name)
-                         .arg(line.isVisible())
-                         .arg(numbers({ line.x(), line.line().y1(), line.line().y2() })));
+        add(lines, name, line.isVisible(), line.x(), line.line());
     };
     for (int i = 0; i < constants::gridLines; ++i)
         addPair(QStringLiteral("grid %1").arg(i), probe.axis_lines()[i], probe.axis_lbl()[i]);
     for (int i = 0; i < constants::gridEdges; ++i)
         addPair(QStringLiteral("edge %1").arg(i), probe.axis_0_lines()[i], probe.axis_0_lbl()[i]);
     for (const CurArrow *marker : { probe.cur_arrowA(), probe.cur_arrowB() })
-        lines.append(QStringLiteral("marker %1: %2 %3 %4")
-                         .arg(int{ marker->id })
-                         .arg(marker->color.name())
-                         .arg(marker->cur_arrow1.isVisible())
-                         .arg(numbers({ double{ marker->pos }, double{ marker->scale },
-                                        marker->cur_lbl.x(), marker->group->zValue() })));
+        add(lines, QStringLiteral("marker"), int{ marker->id }, marker->color,
+            marker->cur_arrow1.isVisible(), marker->pos, marker->scale, marker->cur_lbl.x(),
+            marker->group->zValue());
 }
 
 void addControls(const MainWindow &window, QStringList &lines)
 {
     const auto buttons = window.findChildren<QAbstractButton *>();
     for (const QAbstractButton *button : buttons)
-        lines.append(QStringLiteral("button '%1': checked %2, enabled %3, font %4")
-                         .arg(button->text())
-                         .arg(button->isChecked())
-                         .arg(button->isEnabled())
-                         .arg(button->font().toString()));
+        add(lines, QStringLiteral("button"), button->text(), button->isChecked(),
+            button->isEnabled(), button->font());
     const auto entries = window.findChildren<QAction *>();
     for (const QAction *entry : entries)
-        lines.append(QStringLiteral("entry '%1': ticked %2, enabled %3")
-                         .arg(entry->text())
-                         .arg(entry->isChecked())
-                         .arg(entry->isEnabled()));
+        add(lines, QStringLiteral("entry"), entry->text(), entry->isChecked(), entry->isEnabled());
     const auto labels = window.findChildren<QLabel *>();
     for (const QLabel *label : labels)
         if (qobject_cast<const DateTime_lbl *>(label) == nullptr)
-            lines.append(QStringLiteral("label '%1'").arg(label->text()));
+            add(lines, QStringLiteral("label"), label->text());
     const auto dials = window.findChildren<Cont_dial *>();
     for (const Cont_dial *dial : dials)
-        lines.append(QStringLiteral("dial '%1': %2 of %3..%4, position %5 of %6")
-                         .arg(dial->titleText)
-                         .arg(dial->trueValue)
-                         .arg(dial->trueMin)
-                         .arg(dial->trueMax)
-                         .arg(dial->value())
-                         .arg(dial->maximum()));
+        add(lines, QStringLiteral("dial"), dial->titleText, dial->trueValue, dial->trueMin,
+            dial->trueMax, ", position", dial->value(), dial->maximum());
 }
 
 QImage withoutClock(const QPixmap &picture, MainWindow &window)
@@ -176,20 +142,12 @@ QStringList stateOf(MainWindow &window)
     QStringList lines;
     addChart(probe, lines);
     addScene(probe, lines);
-    lines.append(QStringLiteral("cursors: %1 (%2), %3 (%4), active %5, scroll %6, scale %7")
-                     .arg(probe.cursor_A_pos())
-                     .arg(probe.cursor_A_pos_Y())
-                     .arg(probe.cursor_B_pos())
-                     .arg(probe.cursor_B_pos_Y())
-                     .arg(probe.Cur_flag())
-                     .arg(probe.scrollfactorX())
-                     .arg(probe.master_scale()));
-    lines.append(QStringLiteral("slots: %1, selected %2, master %3 (%4)")
-                     .arg(probe.rfg_read_index())
-                     .arg(probe.rfg_ID())
-                     .arg(probe.rfg_master_ID())
-                     .arg(probe.master_is_set()));
-    lines.append(QStringLiteral("wheel: %1").arg(probe.zoom_wheel_flag()));
+    add(lines, QStringLiteral("cursors"), probe.cursor_A_pos(), probe.cursor_A_pos_Y(),
+        probe.cursor_B_pos(), probe.cursor_B_pos_Y(), probe.Cur_flag(), "scroll",
+        probe.scrollfactorX(), "scale", probe.master_scale());
+    add(lines, QStringLiteral("slots"), probe.rfg_read_index(), "selected", probe.rfg_ID(),
+        "master", probe.rfg_master_ID(), probe.master_is_set());
+    add(lines, QStringLiteral("wheel"), probe.zoom_wheel_flag());
     addControls(window, lines);
     return lines;
 }
@@ -199,17 +157,15 @@ QStringList outfitOf(const MainWindow &window)
     QStringList lines;
     const auto widgets = window.findChildren<QWidget *>();
     for (const QWidget *widget : widgets)
-        lines.append(QStringLiteral("widget: %1 '%2' tooltip '%3'")
-                         .arg(QLatin1String(widget->metaObject()->className()),
-                              widget->objectName(), widget->toolTip()));
+        add(lines, QStringLiteral("widget"), widget->metaObject()->className(),
+            widget->objectName(), widget->toolTip());
     const auto menus = window.findChildren<QMenu *>();
     for (const QMenu *menu : menus) {
         const auto entries = menu->actions();
         for (const QAction *entry : entries)
-            lines.append(QStringLiteral("entry: '%1' key '%2'")
-                             .arg(entry->text(), entry->shortcut().toString()));
+            add(lines, QStringLiteral("entry"), entry->text(), entry->shortcut());
     }
-    lines.append(QStringLiteral("actions: %1").arg(window.findChildren<QAction *>().size()));
+    add(lines, QStringLiteral("actions"), window.findChildren<QAction *>().size());
     return lines;
 }
 
@@ -255,18 +211,13 @@ QString differenceOf(const QImage &one, const QImage &other, const QRegion &lett
         }
     if (pixels == 0)
         return {};
-    const QDir folder(QCoreApplication::applicationDirPath());
-    one.save(folder.filePath(QStringLiteral("one.png")));
-    other.save(folder.filePath(QStringLiteral("other.png")));
-    return QStringLiteral(
-               "%1 pixels differ by up to %2 within %3,%4 %5x%6; see %7/one.png, other.png")
-        .arg(pixels)
-        .arg(most)
-        .arg(where.x())
-        .arg(where.y())
-        .arg(where.width())
-        .arg(where.height())
-        .arg(folder.path());
+    const QString folder = QCoreApplication::applicationDirPath();
+    one.save(folder + QStringLiteral("/one.png"));
+    other.save(folder + QStringLiteral("/other.png"));
+    QStringList message;
+    add(message, QStringLiteral("pictures one.png and other.png in ") + folder, pixels,
+        "pixels differ by up to", most, "in", where);
+    return message.first();
 }
 
 QString staleOf(MainWindow &window)
