@@ -39,7 +39,7 @@ struct Event
         Drop, ///< x, y, first file, how many
         Language, ///< which
         Style, ///< which sheet
-        Pointer, ///< enters or leaves: x, y
+        Pointer, ///< moves without buttons: x, y
         Settle, ///< runs pending events, repaints included
         Reopen, ///< closes the window and opens it again
         KindCount

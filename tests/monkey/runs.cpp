@@ -66,7 +66,7 @@ QStringList brokenBy(const Script &script, int &progress)
     Player player;
     for (progress = 0; progress < script.size(); ++progress) {
         playInTime(player, script[progress]);
-        const QStringList broken = brokenInvariants(player.window());
+        QStringList broken = brokenInvariants(player.window());
         if (!broken.isEmpty())
             return broken;
     }

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QDropEvent>
 #include <QGraphicsView>
 #include <QMimeData>
@@ -303,22 +304,9 @@ void style(Player &player, const Event &event)
 
 void pointer(Player &player, const Event &event)
 {
+    // Qt delivers what follows from it, hover events included, when the event loop runs next.
     const auto [widget, position] = targetOf(player, event);
-    QEnterEvent enter(position, widget->mapTo(&player.window(), position),
-                      widget->mapToGlobal(position));
-    QApplication::sendEvent(widget, &enter);
-    // The window system also tells a button to light up.
-    const auto hover = [&widget = widget, &position = position](QEvent::Type type) {
-        QHoverEvent change(type, position, position);
-        QApplication::sendEvent(widget, &change);
-    };
-    hover(QEvent::HoverEnter);
-    input::move(widget, position, Qt::NoButton);
-    if (event[2] % 2 == 0) {
-        QEvent leave(QEvent::Leave);
-        QApplication::sendEvent(widget, &leave);
-        hover(QEvent::HoverLeave);
-    }
+    QCursor::setPos(widget->mapToGlobal(position));
 }
 
 void settle(Player &, const Event &)

@@ -214,10 +214,15 @@ QString differenceOf(const QImage &one, const QImage &other, const QRegion &lett
     const QString folder = QCoreApplication::applicationDirPath();
     one.save(folder + QStringLiteral("/one.png"));
     other.save(folder + QStringLiteral("/other.png"));
-    QStringList message;
-    add(message, QStringLiteral("pictures one.png and other.png in ") + folder, pixels,
-        "pixels differ by up to", most, "in", where);
-    return message.first();
+    return QStringLiteral("%1 pixels differ by up to %2 within %3,%4 %5x%6; see one.png and "
+                          "other.png in %7")
+        .arg(pixels)
+        .arg(most)
+        .arg(where.x())
+        .arg(where.y())
+        .arg(where.width())
+        .arg(where.height())
+        .arg(folder);
 }
 
 QString staleOf(MainWindow &window)
