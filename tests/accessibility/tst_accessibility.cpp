@@ -215,6 +215,9 @@ private slots:
         openAndAttach();
         LegendButton *first = probe().selected_rfg()[0];
         LegendButton *second = probe().selected_rfg()[1];
+        window().show_AllSelected_RFGs(1);
+        QCOMPARE(descriptionOf(second), QStringLiteral("Trace 2"));
+        window().show_AllSelected_RFGs(3);
         second->visible_action->trigger();
         QCOMPARE(descriptionOf(second), QStringLiteral("Trace 2, hidden"));
         second->visible_action->trigger();
