@@ -3,7 +3,6 @@
 #include "accessibility/accessibility.h"
 
 #include "accessibility/focusframe.h"
-#include "accessibility/interfaces.h"
 #include "base/catalogue.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
@@ -14,11 +13,13 @@
 #include "settingsdata.h"
 #include "settingsmenu.h"
 
+#include <QAccessibleWidget>
 #include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QGraphicsSimpleTextItem>
 #include <QInputDialog>
 #include <QLabel>
 #include <QSpinBox>
@@ -128,6 +129,97 @@ private:
     std::unique_ptr<Catalogue> m_texts; ///< in the present language
 };
 
+/// Qt takes a dial for its knob. The accessible name is the text shown, as for a button. Setting
+/// the counter works like a turn by the user, limits included.
+class DialInterface : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit DialInterface(Cont_dial *dial)
+        : QAccessibleWidget(dial, QAccessible::Dial)
+        , m_dial(*dial)
+    {
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface *>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name ? m_dial.titleText : QAccessibleWidget::text(kind);
+    }
+    QVariant currentValue() const override
+    {
+        return m_dial.trueValue;
+    }
+    QVariant minimumValue() const override
+    {
+        return m_dial.trueMin;
+    }
+    QVariant maximumValue() const override
+    {
+        return m_dial.trueMax;
+    }
+    QVariant minimumStepSize() const override
+    {
+        return 1;
+    }
+    void setCurrentValue(const QVariant &value) override
+    {
+        m_dial.trueValue = qMin(qMax(value.toInt(), m_dial.trueMin), m_dial.trueMax);
+        emit m_dial.trueValueChanged(m_dial.trueValue);
+        QAccessibleValueChangeEvent event(&m_dial, m_dial.trueValue);
+        QAccessible::updateAccessibility(&event);
+    }
+
+private:
+    Cont_dial &m_dial;
+};
+
+/// Qt takes a graphics view for its scroll area. This is a chart without children, named by its
+/// two texts, which must outlive the plot.
+class PlotInterface : public QAccessibleWidget
+{
+public:
+    PlotInterface(QWidget *plot, const QGraphicsSimpleTextItem &title,
+                  const QGraphicsSimpleTextItem &step)
+        : QAccessibleWidget(plot, QAccessible::Chart)
+        , m_title(title)
+        , m_step(step)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name)
+            return QAccessibleWidget::text(kind);
+        return m_title.text() + QLatin1Char('\n') + m_step.text();
+    }
+    int childCount() const override
+    {
+        return 0;
+    }
+    QAccessibleInterface *child(int index) const override
+    {
+        Q_UNUSED(index)
+        return nullptr;
+    }
+
+private:
+    const QGraphicsSimpleTextItem &m_title;
+    const QGraphicsSimpleTextItem &m_step;
+};
+
+/// Makes \a own the interface of its object. Qt may have made and cached another one already.
+void install(QAccessibleInterface *own)
+{
+    if (QAccessibleInterface *cached = QAccessible::queryAccessibleInterface(own->object()))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(cached));
+    QAccessible::registerAccessibleInterface(own);
+}
+
 /// Qt reports a button as a radio button only if it is exclusive without its group. Inside a group
 /// the property changes nothing else.
 void markRadioButtons(const MainWindowParts &parts)
@@ -232,9 +324,9 @@ void accessibility::attach(MainWindow &window)
     const MainWindowParts &parts = window.parts();
     new Wordings(window);
     markRadioButtons(parts);
-    installDialInterface(parts.param_dial);
-    installDialInterface(parts.cursor_dial);
-    installPlotInterface(parts.Plot_View, parts.chart_title, parts.cursor_step_lbl);
+    install(new DialInterface(parts.param_dial));
+    install(new DialInterface(parts.cursor_dial));
+    install(new PlotInterface(parts.Plot_View, parts.chart_title, parts.cursor_step_lbl));
 
     SettingsMenu &dialog = *parts.settingsMenu;
     dialog.cursor_accur_lbl->setBuddy(dialog.cursor_accur);
