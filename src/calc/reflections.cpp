@@ -3,6 +3,7 @@
 #include "calc/reflections.h"
 
 #include "base/constants.h"
+#include "calc/numeric.h"
 #include "calc/peaks.h"
 
 #include <algorithm>
@@ -99,6 +100,24 @@ QVector<Echo> findEchoes(const QVector<int> &levels, int start)
         earlier.append(peak);
     }
     return echoes;
+}
+
+QVector<Reflection> reflectionList(const QVector<QPointF> &points, double launch, int offset)
+{
+    QVector<int> levels;
+    for (const QPointF &point : points)
+        levels.append(truncated(point.y() - offset));
+    int start = 0;
+    if (points.size() > 1)
+        start = truncated((points[0].x() - launch) / (points[1].x() - points[0].x()));
+    const QVector<Echo> echoes = findEchoes(levels, start);
+    QVector<Reflection> list;
+    for (const Echo &echo : echoes) {
+        const QPointF &crest = points[echo.sample];
+        if (crest.x() >= 0.0 && crest.x() <= double{ constants::xLength })
+            list.append({ truncated(crest.x()), truncated(crest.y()), echo.height > 0.0 });
+    }
+    return list;
 }
 
 int nextColumn(const QVector<int> &columns, int column)

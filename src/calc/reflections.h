@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPointF>
 #include <QVector>
 
 /// \file
@@ -26,7 +27,7 @@
 
 namespace calc {
 
-/// One reflection.
+/// One reflection among levels.
 struct Echo
 {
     /// Index of the highest of the smoothed crest and its two neighbours; in a dip the lowest.
@@ -39,6 +40,20 @@ struct Echo
 /// and -128 count as clipped. Only the first 250 levels are searched, which bounds the work; fewer
 /// than five give none.
 QVector<Echo> findEchoes(const QVector<int> &levels, int start = 0);
+
+/// One reflection of a trace.
+struct Reflection
+{
+    int column = 0; ///< counts, 0 to 64000
+    int level = 0; ///< sample steps, vertical shift included
+    bool positive = true; ///< true: a crest (the impedance rises); false: a dip (it falls)
+};
+
+/// The reflections of the trace whose samples are \a points, x in counts and y in sample steps, as
+/// splinePoints and splineDifference make them. Ascending. Each is at a sample that findEchoes()
+/// finds and that lies on the axis. \a launch is the column of the launched pulse's crest and \a
+/// offset the level of zero, in sample steps: the horizontal and the vertical shift of the trace.
+QVector<Reflection> reflectionList(const QVector<QPointF> &points, double launch, int offset = 0);
 
 /// The nearest of \a columns, ascending, that lies right of \a column; -1 where there is none.
 int nextColumn(const QVector<int> &columns, int column);

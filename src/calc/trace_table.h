@@ -4,7 +4,7 @@
 
 #include "base/constants.h"
 #include "calc/cursor_level.h"
-#include "calc/reflection_list.h"
+#include "calc/reflections.h"
 #include "calc/trace_points.h"
 #include "protocol_vx840.h"
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "calc/reflection_list.h"
+#include "calc/reflections.h"
 
 class MainWindow;
 

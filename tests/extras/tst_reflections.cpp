@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
-#include "calc/reflection_list.h"
 #include "calc/reflections.h"
 #include "each.h"
 #include "test_traces.h"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/constants.h"
-#include "calc/reflection_list.h"
+#include "calc/reflections.h"
 #include "calc/trace_points.h"
 #include "protocol_vx840.h"
 
