@@ -306,9 +306,12 @@ private slots:
             QVERIFY(button->icon().isNull());
         QVERIFY(draws(window().windowIcon(), QImage(QStringLiteral("://icons/tdr_btr_64.png")),
                       QIcon::Normal, QIcon::Off));
-        const QPixmap logo(QStringLiteral("://pix/logo.png"));
-        QCOMPARE(p.logo_lbl()->pixmap(Qt::ReturnByValue).toImage(),
-                 logo.scaled(140, 50, Qt::KeepAspectRatio, Qt::FastTransformation).toImage());
+        const QImage logo = p.logo_lbl()->pixmap(Qt::ReturnByValue).toImage();
+        QCOMPARE(logo.size(), QSize(121, 50));
+        QCOMPARE(logo,
+                 QPixmap(QStringLiteral("://pix/logo.png"))
+                     .scaled(140, 50, Qt::KeepAspectRatio, Qt::FastTransformation)
+                     .toImage());
     }
 };
 
