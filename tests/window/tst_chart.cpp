@@ -296,7 +296,7 @@ private slots:
         // Steps of 50 m in a view of 500 m.
         const auto width = [this] { return double{ probe().trueWidth() }; };
         const auto left = [this] {
-            return double{ probe().plotLeft() } - probe().axis_lbl()[0].font().pixelSize() / 2;
+            return double{ probe().plotLeft() } - 0.5 * probe().axis_lbl()[0].font().pixelSize();
         };
         for (int i = 0; i < 10; ++i) {
             const double place = (i + 1) * width() / 10;
