@@ -139,7 +139,7 @@ class TestExportingPicture : public WindowTest
     Q_OBJECT
 
 private slots:
-    void captionTellsEverything()
+    void captionHoldsEveryFact()
     {
         const MainWindow &window = openOn({ comb(), comb().date(2031, 12, 5), comb() }, 1);
         QTest::mouseClick(probe().rfg_buttons()->button(2), Qt::LeftButton);

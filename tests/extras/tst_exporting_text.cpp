@@ -121,7 +121,7 @@ private slots:
     }
 #endif
 
-    void readingsTellEverything()
+    void readingsHoldEveryFact()
     {
         openOn({ rising().shiftX(16).shiftY(-7), TraceBuilder().date(2031, 12, 5).time(23, 4, 59),
                  TraceBuilder().raw(171, QByteArray(8, '\xFF')) });

@@ -13,7 +13,9 @@
 
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QHelpEvent>
 #include <QMimeData>
+#include <QToolTip>
 #include <QWindow>
 #include <QtTest>
 
@@ -40,27 +42,26 @@ public:
     {
     }
 
-    /// True when a drop is possible at \a at, as the pointer shows it.
-    bool enter(QPoint at)
+    /// The action that the pointer shows at \a at; IgnoreAction where no drop is possible.
+    Qt::DropAction enter(QPoint at)
     {
         QDragEnterEvent event(at, m_actions, m_data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
         // The window system sends a move to the same place and shows the answer to that.
-        return event.isAccepted() && move(at);
+        return event.isAccepted() ? move(at) : Qt::IgnoreAction;
     }
 
-    bool move(QPoint at)
+    Qt::DropAction move(QPoint at)
     {
         QDragMoveEvent event(at, m_actions, m_data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
-        m_action = event.dropAction();
-        return event.isAccepted();
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
     }
 
     /// Drops where a drop is possible; true when the files are taken.
     bool drop(QPoint at)
     {
-        if (!enter(at))
+        if (enter(at) == Qt::IgnoreAction)
             return false;
         QDropEvent event(at, m_actions, m_data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window, &event);
@@ -74,18 +75,11 @@ public:
         QCoreApplication::sendEvent(m_window, &event);
     }
 
-    /// The action of the last move, as reported to the other program.
-    Qt::DropAction action() const
-    {
-        return m_action;
-    }
-
 private:
     QWindow *m_window;
     QMimeData m_urls;
     QMimeData *m_data;
     Qt::DropActions m_actions;
-    Qt::DropAction m_action = Qt::IgnoreAction;
 };
 
 QList<QUrl> urlsOf(const QStringList &paths)
@@ -150,11 +144,6 @@ class TestExtrasDropping : public ThreeTracesTest
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    }
-
     void filesFillTheEmptySlotsFromTheFirstOn()
     {
         const QStringList files = makeTraces(*fixture, 2);
@@ -218,10 +207,7 @@ private slots:
             QCOMPARE(everythingOf(*fixture), expected);
             QCOMPARE(probe().rfg_DATA()[slot].full_path, files.first());
         }
-    }
-
-    void severalFilesOnASlotCountAsDroppedOnTheWindow()
-    {
+        // Several count as dropped on the window.
         const QStringList files = makeTraces(*fixture, 2);
         Drag drag(openThree(), urlsOf(files));
         QVERIFY(drag.drop(middleOf(probe().selected_rfg()[0])));
@@ -255,34 +241,23 @@ private slots:
         }
     }
 
-    void everyPlaceOfTheWindowTakesFiles()
+    void everyPlaceOfTheWindowTakesFilesAndReadsThemOnTheDrop()
     {
         MainWindow &window = openThree();
         const QWidget *const places[]
             = { probe().logo_lbl(),        probe().curA_button(), probe().delta_lbl(),
                 probe().legend_button(),   probe().Plot_View(),   probe().settings_button(),
                 probe().scale_up_button(), probe().param_dial(),  probe().gain_button() };
-        Drag drag(window, urlsOf(makeTraces(*fixture, 1)));
-        QVERIFY(drag.enter(QPoint(1, 1)));
-        for (const QWidget *place : places)
-            QVERIFY(drag.move(middleOf(place)));
-        QVERIFY(drag.drop(middleOf(places[8])));
-        QCOMPARE(probe().rfg_read_index(), 15);
-    }
-
-    void theFilesAreAskedForWhenTheyAreDropped()
-    {
-        MainWindow &window = openThree();
         OfferedFiles files;
         files.setUrls(urlsOf(makeTraces(*fixture, 1)));
         Drag drag(window, files);
-        const QPoint place = middleOf(probe().selected_rfg()[4]);
-        QVERIFY(drag.enter(place));
-        QVERIFY(drag.move(middleOf(probe().Plot_View())));
+        QVERIFY(drag.enter(QPoint(1, 1)));
+        for (const QWidget *place : places)
+            QVERIFY(drag.move(middleOf(place)));
         QCOMPARE(files.asked, 0);
-        QVERIFY(drag.drop(place));
+        QVERIFY(drag.drop(middleOf(places[8])));
         QVERIFY(files.asked > 0);
-        QCOMPARE(probe().rfg_read_index(), 23);
+        QCOMPARE(probe().rfg_read_index(), 15);
     }
 
     void anythingButTraceFilesIsRefused()
@@ -328,7 +303,7 @@ private slots:
         }
     }
 
-    void theOtherProgramIsNeverToldToDeleteItsFiles()
+    void theDropIsNeverAMove()
     {
         MainWindow &window = openThree();
         const QList<QUrl> files = urlsOf(makeTraces(*fixture, 1));
@@ -340,9 +315,7 @@ private slots:
                 { Qt::MoveAction, Qt::IgnoreAction } };
         for (const auto &row : rows) {
             Drag drag(window, files, row.first);
-            const bool isTaken = drag.enter(place);
-            QCOMPARE(isTaken, row.second != Qt::IgnoreAction);
-            QCOMPARE(isTaken ? drag.action() : Qt::IgnoreAction, row.second);
+            QCOMPARE(drag.enter(place), row.second);
             drag.leave();
         }
     }
@@ -364,9 +337,10 @@ private slots:
         QVERIFY(drag.enter(plot));
     }
 
-    void withoutExtrasTheWindowTakesNothing()
+    void withoutExtrasFilesKeysAndTooltipsDoNothing()
     {
         MainWindow &window = openThree(false);
+        const QStringList before = everythingOf(*fixture);
         QVERIFY(!window.acceptDrops());
         Drag drag(window, urlsOf(makeTraces(*fixture, 1)));
         for (const QWidget *place : { static_cast<const QWidget *>(probe().Plot_View()),
@@ -375,7 +349,21 @@ private slots:
             QVERIFY(!drag.move(middleOf(place)));
             drag.leave();
         }
-        QCOMPARE(probe().rfg_read_index(), 7);
+        for (int key = Qt::Key_Space; key <= Qt::Key_AsciiTilde; ++key)
+            for (const Qt::KeyboardModifier modifier :
+                 { Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier })
+                press(&window, key, modifier);
+        for (const int key : { Qt::Key_F1, Qt::Key_F2, Qt::Key_F5, Qt::Key_Delete, Qt::Key_Home })
+            press(&window, key);
+        QCOMPARE(everythingOf(*fixture), before);
+        const auto widgets = window.findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            const QPoint middle = widget->rect().center();
+            QHelpEvent help(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
+            QCoreApplication::sendEvent(widget, &help);
+            QCOMPARE(widget->toolTip(), QString());
+            QVERIFY(!QToolTip::isVisible());
+        }
     }
 };
 

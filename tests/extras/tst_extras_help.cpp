@@ -85,40 +85,31 @@ private slots:
     {
         struct Row
         {
-            const char *name;
+            const char *name; ///< English heading
+            const char *russian;
             QWidget *control;
-            QString english;
-            QString russian;
         };
         const MainWindowParts &parts = openThree().parts();
         const std::vector<Row> rows = {
-            { "cursor", parts.curA_button, QStringLiteral("Cursors and readings"),
-              QStringLiteral("Курсоры и отсчёты") },
-            { "files", parts.legend_button, QStringLiteral("Files and trace slots"),
-              QStringLiteral("Файлы и ячейки") },
-            { "slot", parts.selected_rfg[2], QStringLiteral("Files and trace slots"),
-              QStringLiteral("Файлы и ячейки") },
-            { "plot", parts.Plot_View, QStringLiteral("The chart"), QStringLiteral("График") },
-            { "scroll", parts.scroll_right_button,
-              QStringLiteral("Scale, scrolling, cursor choice"),
-              QStringLiteral("Масштаб, прокрутка, выбор курсора") },
-            { "parameter", parts.KU_button, QStringLiteral("Parameters"),
-              QStringLiteral("Параметры") },
-            { "dial", parts.cursor_dial, QStringLiteral("Dials"), QStringLiteral("Энкодеры") },
-            { "difference", parts.difference_button, QStringLiteral("Difference"),
-              QStringLiteral("Вычитание") },
-            { "smooth", parts.smooth_button, QStringLiteral("Smooth"),
-              QStringLiteral("Сглаживание") },
-            { "reset", parts.reset_all_button, QStringLiteral("Reset All"),
-              QStringLiteral("Сбросить всё") },
-            { "settings", parts.settings_button, QStringLiteral("Settings"),
-              QStringLiteral("Настройки") },
+            { "Cursors and readings", "Курсоры и отсчёты", parts.curA_button },
+            { "Files and trace slots", "Файлы и ячейки", parts.legend_button },
+            { "Files and trace slots", "Файлы и ячейки", parts.selected_rfg[2] },
+            { "The chart", "График", parts.Plot_View },
+            { "Scale, scrolling, cursor choice", "Масштаб, прокрутка, выбор курсора",
+              parts.scroll_right_button },
+            { "Parameters", "Параметры", parts.KU_button },
+            { "Dials", "Энкодеры", parts.cursor_dial },
+            { "Difference", "Вычитание", parts.difference_button },
+            { "Smooth", "Сглаживание", parts.smooth_button },
+            { "Reset All", "Сбросить всё", parts.reset_all_button },
+            { "Settings", "Настройки", parts.settings_button },
         };
         for (const char *language : { "en_US", "ru_RU" }) {
             parts.settingsData->current_language = QLatin1String(language);
             each<Row>(rows, [language](const Row &row) {
                 askFor(row.control);
-                QCOMPARE(headingInView(), language[0] == 'e' ? row.english : row.russian);
+                QCOMPARE(headingInView(),
+                         QString::fromUtf8(language[0] == 'e' ? row.name : row.russian));
             });
             closeHelp();
         }
@@ -178,7 +169,7 @@ private slots:
         closeHelp();
     }
 
-    void contentsLeadToEveryChapterAndBack()
+    void contentsAndLinksLeadToTheirHeadings()
     {
         askFor(openThree().parts().Plot_View);
         auto *chapters = openPage()->window()->findChild<QListWidget *>();
@@ -192,6 +183,13 @@ private slots:
         actions.at(1)->trigger();
         QCOMPARE(headingInView(), QStringLiteral("Keys"));
         QVERIFY(!actions.at(1)->isEnabled());
+        // A link to a heading scrolls there.
+        for (const auto &[link, heading] :
+             { std::pair{ "qrc:/docs/manual/en/controls.md#the-master", "The master" },
+               std::pair{ "qrc:/docs/manual/ru/controls.md#вычитание", "Вычитание" } }) {
+            openPage()->setSource(QUrl(QString::fromUtf8(link)));
+            QCOMPARE(headingInView(), QString::fromUtf8(heading));
+        }
         closeHelp();
     }
 
@@ -221,18 +219,6 @@ private slots:
         QVERIFY(links > 40);
     }
 
-    void linkToAHeadingScrollsThere()
-    {
-        askFor(openThree().parts().Plot_View);
-        for (const auto &[link, heading] :
-             { std::pair{ "qrc:/docs/manual/en/controls.md#the-master", "The master" },
-               std::pair{ "qrc:/docs/manual/ru/controls.md#вычитание", "Вычитание" } }) {
-            openPage()->setSource(QUrl(QString::fromUtf8(link)));
-            QCOMPARE(headingInView(), QString::fromUtf8(heading));
-        }
-        closeHelp();
-    }
-
     void lettersOfTheManualStayAsTheWindowGrows()
     {
         askFor(openThree().parts().Plot_View);
@@ -243,12 +229,7 @@ private slots:
         QVERIFY(window().font().pointSize() > QApplication::font().pointSize());
         QCOMPARE(page.document()->documentLayout()->documentSize().height(), before);
         QVERIFY(page.document()->lastBlock().blockFormat().topMargin() > 0.0);
-        closeHelp();
-    }
-
-    void helpClosesWithTheWindow()
-    {
-        askFor(openThree().parts().Plot_View);
+        // Help closes with the window.
         fixture->close();
         QVERIFY(openPage() == nullptr);
     }

@@ -32,11 +32,6 @@ class TestExtrasKeyRules : public ThreeTracesTest
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    }
-
     void homeAndEndGoToTheEndsOfTheSelectedTrace()
     {
         MainWindow &window = openThree();
@@ -79,21 +74,7 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 178 * 4 - 250);
     }
 
-    void theKeyForTheCursorBringsItIntoTheMiddleOfTheView()
-    {
-        MainWindow &window = openThree();
-        window.setPlotRange(9000, 9500);
-        press(&window, Qt::Key_B);
-        window.cursorSetup_slot(4000);
-        press(&window, Qt::Key_G);
-        QCOMPARE(leftOf(probe()), 4000 - 250);
-        QCOMPARE(rightOf(probe()), 4000 + 250);
-        window.cursorSelect_slot(MainWindow::DELTA);
-        press(&window, Qt::Key_G);
-        QCOMPARE(leftOf(probe()), 4000 - 250);
-    }
-
-    void theKeyForTheTraceShowsAllOfIt()
+    void theKeysForCursorAndTraceBringThemIntoView()
     {
         struct Row
         {
@@ -128,6 +109,16 @@ private slots:
         press(&window, Qt::Key_6);
         press(&window, Qt::Key_F);
         QCOMPARE(probe().master_scale(), 3);
+        // The cursor comes into the middle.
+        press(&window, Qt::Key_B);
+        window.cursorSetup_slot(4000);
+        window.setPlotRange(9000, 9500);
+        press(&window, Qt::Key_G);
+        QCOMPARE(leftOf(probe()), 4000 - 250);
+        QCOMPARE(rightOf(probe()), 4000 + 250);
+        window.cursorSelect_slot(MainWindow::DELTA);
+        press(&window, Qt::Key_G);
+        QCOMPARE(leftOf(probe()), 4000 - 250);
     }
 
     void scrollingStopsAtTheEnds()

@@ -3,15 +3,14 @@
 #include "dialoganswer.h"
 #include "each.h"
 #include "extras/keys.h"
+#include "extras/tooltips.h"
 #include "threetraces.h"
 #include "windowstate.h"
 
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QRegularExpression>
 #include <QSet>
 #include <QSettings>
-#include <QToolTip>
 #include <QtTest>
 
 namespace {
@@ -135,19 +134,17 @@ QSet<QString> keysThatCount(MainWindow &window, const QObject *control)
     return counting;
 }
 
-/// What came or went between two lists of lines.
-QSet<QString> changesOf(const QStringList &before, const QStringList &after)
+/// The keys that the tooltips of the controls name, in a line of their own.
+QStringList keysInTooltips(const MainWindow &window)
 {
-    QHash<QString, int> count;
-    for (const QString &line : after)
-        ++count[line];
-    for (const QString &line : before)
-        --count[line];
-    QSet<QString> changes;
-    for (auto line = count.cbegin(); line != count.cend(); ++line)
-        if (line.value() != 0)
-            changes.insert(QStringLiteral("%1 (%2)").arg(line.key()).arg(line.value()));
-    return changes;
+    QStringList names;
+    const auto widgets = window.findChildren<QWidget *>();
+    for (const QWidget *widget : widgets) {
+        const QString line = extras::tooltipOf(window, widget).section(QLatin1Char('\n'), 1, 1);
+        if (widget->isVisible() && line.startsWith(QLatin1String("Key: ")))
+            names += line.mid(5).split(QStringLiteral(" and "));
+    }
+    return names;
 }
 
 QStringList namesOfSettings()
@@ -163,15 +160,14 @@ class TestExtrasPageOfKeys : public ThreeTracesTest
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    }
-
-    void thePageNamesEachKeyAndNoOther()
+    void thePageNamesEachKeyAndNoOtherAndTooltipsNameSome()
     {
         MainWindow &window = openThree();
+        const QStringList inTooltips = keysInTooltips(window);
         const QSet<QString> counting = keysThatCount(window, &window);
+        QCOMPARE(inTooltips.size(), 27);
+        for (const QString &name : inTooltips)
+            QVERIFY2(counting.contains(name), qPrintable(name));
         for (const char *language : { "en", "ru" }) {
             QStringList unread;
             const QSet<QString> named = keysOfPage(pageIn(language), unread);
@@ -187,30 +183,29 @@ private slots:
                                QStringLiteral("Shift+Right"), QStringLiteral("Up") }));
     }
 
-    void thePageTellsOfAllElse()
+    void thePageDescribesDropsPointerAndArrows()
     {
-        struct Page
+        struct Row
         {
             const char *name; ///< language
-            QString dropped;
-            QString pointer;
-            QString onPlot;
-            QString onDial;
+            const char *dropped; ///< heads of the tables
+            const char *pointer;
+            const char *onPlot;
+            const char *onDial;
         };
-        each<Page>({ { "en", QStringLiteral("Dropped"), QStringLiteral("The pointer rests on"),
-                       QStringLiteral("After a click on the plot the arrows"),
-                       QStringLiteral("On a dial the arrows change its value by one step") },
-                     { "ru", QStringLiteral("Что бросить"), QStringLiteral("Указатель стоит на"),
-                       QStringLiteral("После щелчка по графику"),
-                       QStringLiteral("На энкодере стрелки меняют значение на один шаг") } },
-                   [](const Page &row) {
-                       const QString page = pageIn(row.name);
-                       // On the window and on a slot; over slots, parameters, cursors and others.
-                       QCOMPARE(rowsOf(page, row.dropped), 2);
-                       QCOMPARE(rowsOf(page, row.pointer), 4);
-                       QCOMPARE(static_cast<int>(page.count(row.onPlot)), 2);
-                       QCOMPARE(static_cast<int>(page.count(row.onDial)), 1);
-                   });
+        each<Row>(
+            { { "en", "Dropped", "The pointer rests on", "After a click on the plot the arrows",
+                "On a dial the arrows change its value by one step" },
+              { "ru", "Что бросить", "Указатель стоит на", "После щелчка по графику",
+                "На энкодере стрелки меняют значение на один шаг" } },
+            [](const Row &row) {
+                const QString page = pageIn(row.name);
+                // On the window and on a slot; over slots, parameters, cursors and others.
+                QCOMPARE(rowsOf(page, QString::fromUtf8(row.dropped)), 2);
+                QCOMPARE(rowsOf(page, QString::fromUtf8(row.pointer)), 4);
+                QCOMPARE(int(page.count(QString::fromUtf8(row.onPlot))), 2);
+                QCOMPARE(int(page.count(QString::fromUtf8(row.onDial))), 1);
+            });
     }
 
     void nothingStaysBehind()
@@ -220,19 +215,14 @@ private slots:
         const QStringList kept = namesOfSettings();
 
         MainWindow &window = openThree();
-        const QStringList outfit = outfitOf(window);
+        const auto outfit = [&window] {
+            QStringList lines = outfitOf(window);
+            lines.sort();
+            return lines;
+        };
+        const QStringList before = outfit();
         QVERIFY(!keysThatCount(window, probe().Plot_View()).isEmpty());
-        const auto widgets = window.findChildren<QWidget *>();
-        for (QWidget *widget : widgets) {
-            const QPoint middle = widget->rect().center();
-            QHelpEvent help(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
-            QCoreApplication::sendEvent(widget, &help);
-        }
-        WindowFixture::settle();
-        // Qt deletes the label of the last tooltip later.
-        QToolTip::hideText();
-        QTRY_COMPARE_WITH_TIMEOUT(sorted(changesOf(outfit, outfitOf(window))), QStringList(),
-                                  15000);
+        QTRY_COMPARE_WITH_TIMEOUT(outfit(), before, 15000);
         fixture->close();
         QCOMPARE(namesOfSettings(), kept);
     }

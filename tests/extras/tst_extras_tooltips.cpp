@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "datetime_lbl.h"
-#include "extras/keys.h"
 #include "extras/tooltips.h"
 #include "legendbutton.h"
 #include "parambutton.h"
@@ -15,7 +14,6 @@
 
 #include <QDir>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolTip>
@@ -49,20 +47,6 @@ QStringList shownOn(QWidget *control)
 QString line(const char *text)
 {
     return QString::fromUtf8(text);
-}
-
-/// The key in \a name, "Ctrl+," or "F5", as Qt counts it.
-int keyIn(const QString &name)
-{
-    const QString key = name.mid(name.lastIndexOf(QLatin1Char('+'), -2) + 1);
-    return key.size() == 1 ? key.at(0).unicode() : Qt::Key_F1 + key.mid(1).toInt() - 1;
-}
-
-Qt::KeyboardModifiers modifiersIn(const QString &name)
-{
-    return name.startsWith(QLatin1String("Ctrl+")) ? Qt::ControlModifier
-        : name.startsWith(QLatin1String("Shift+")) ? Qt::ShiftModifier
-                                                   : Qt::NoModifier;
 }
 
 /// Everything in the window that is more than a frame or the ground.
@@ -102,8 +86,12 @@ private slots:
             english.append(shownOn(control));
             QVERIFY2(!english.last().isEmpty(), qPrintable(control->objectName()));
         }
-        window.settings()->current_language = QStringLiteral("ru_RU");
-        window.settings()->setTranslation();
+        QCOMPARE(shownOn(probe().logo_lbl()),
+                 QStringList{ line("Velkor " VELKOR_VERSION "; a click tells about Qt") });
+        // A damaged language code leaves English.
+        window.settings()->current_language = QString(1000000, QLatin1Char('_'));
+        QCOMPARE(shownOn(probe().scale_down_button()).first(), line("Magnifies"));
+        setLanguage("ru_RU");
         static const QRegularExpression cyrillic(QStringLiteral("[а-я]"));
         for (int i = 0; i < controls.size(); ++i) {
             const QStringList russian = shownOn(controls[i]);
@@ -118,28 +106,7 @@ private slots:
         }
     }
 
-    void aTooltipNamesAKeyThatWorks()
-    {
-        MainWindow &window = openThree();
-        int keys = 0;
-        const QVector<QWidget *> controls = controlsOf(probe());
-        for (const QWidget *control : controls) {
-            const QStringList lines = extras::tooltipOf(window, control).split(QLatin1Char('\n'));
-            const QString key = lines.value(1);
-            if (!key.startsWith(QLatin1String("Key: ")))
-                continue;
-            for (const QString &name : key.mid(5).split(QStringLiteral(" and "))) {
-                // A repetition opens no dialog.
-                const QKeyEvent event(QEvent::KeyPress, keyIn(name), modifiersIn(name), QString(),
-                                      true);
-                QVERIFY2(extras::keyPressed(window, event, &window), qPrintable(name));
-                ++keys;
-            }
-        }
-        QCOMPARE(keys, 27);
-    }
-
-    void buttonsThatTakeATypedValueSaySo()
+    void tooltipsOfButtonsThatTakeATypedValueNameTheRightClick()
     {
         openThree();
         const MainWindowProbe &p = probe();
@@ -153,13 +120,6 @@ private slots:
                      typed.contains(control));
     }
 
-    void theLogoTellsTheVersion()
-    {
-        openThree();
-        QCOMPARE(shownOn(probe().logo_lbl()),
-                 QStringList{ line("Velkor " VELKOR_VERSION "; a click tells about Qt") });
-    }
-
     void theFontGrowsWithTheWindow()
     {
         MainWindow &window = openThree();
@@ -171,7 +131,7 @@ private slots:
         }
     }
 
-    void aSlotTellsItsFileItsSizeAndTheDateOfTheMeasurement()
+    void aSlotShowsItsFileItsSizeAndTheDateOfTheMeasurement()
     {
         openThree();
         LegendButton *button = probe().selected_rfg()[1];
@@ -184,7 +144,7 @@ private slots:
         QVERIFY(facts[4].endsWith(QLatin1String(" 09:05:07")));
     }
 
-    void aSlotTellsWhatIsMissing()
+    void aSlotShowsWhatIsMissing()
     {
         MainWindow &window
             = openWith(*fixture, { TraceBuilder(), TraceBuilder().date(2024, 13, 40) });
@@ -232,7 +192,7 @@ private slots:
         }
     }
 
-    void aReadingTellsAllItsDigits()
+    void aReadingHasAllItsDigits()
     {
         MainWindow &window = openThree();
         window.KU_change(1.5);
@@ -251,7 +211,7 @@ private slots:
         QCOMPARE(shownOn(probe().cursor_dial()).size(), 2);
     }
 
-    void aParameterTellsWhatTheDialDoes()
+    void aParameterShowsWhatTheDialDoes()
     {
         MainWindow &window = openThree();
         window.settings()->param_dial_speed = 70;
@@ -282,14 +242,6 @@ private slots:
                      QStringList{ line("Nothing to shift: no trace in this slot") });
     }
 
-    void aDamagedLanguageCodeLeavesEnglish()
-    {
-        MainWindow &window = openThree();
-        window.settings()->current_language = QString(1000000, QLatin1Char('_'));
-        QCOMPARE(shownOn(probe().scale_down_button()).first(), line("Magnifies"));
-        window.settings()->current_language = QStringLiteral("en_US");
-    }
-
     void aTooltipChangesNothing()
     {
         MainWindow &window = openThree();
@@ -304,16 +256,6 @@ private slots:
         WindowFixture::settle();
         QCOMPARE(stateOf(window), before);
         QCOMPARE(window.findChildren<QWidget *>(), widgets);
-    }
-
-    void withoutExtrasThereIsNoTooltip()
-    {
-        MainWindow &window = openThree(false);
-        const auto widgets = window.findChildren<QWidget *>();
-        for (QWidget *widget : widgets) {
-            QCOMPARE(widget->toolTip(), QString());
-            QCOMPARE(shownOn(widget), QStringList());
-        }
     }
 };
 

@@ -131,43 +131,21 @@ private slots:
         QVERIFY(probe().curA_button()->text().contains(window.count_to_distance(column)));
     }
 
-    void theOtherCursorStays()
-    {
-        MainWindow &window = openSamples({ 1 });
-        window.cursorSetup_slot(100);
-        QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
-        press(&window, Qt::Key_N);
-        QCOMPARE(probe().cursor_A_pos(), 100);
-        QCOMPARE(probe().cursor_B_pos(), extras::reflectionColumns(window).constFirst());
-    }
-
-    void theSelectedTraceDecides()
+    void theSelectedTraceAndTheModeDecide()
     {
         MainWindow &window = openSamples({ 1, 4 });
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
-        QVERIFY(near(stops(), { 26.0, 40.0, 80.0 }, 1.0));
-        // Hidden, it is still the selected one, and its readouts still come.
+        const QVector<double> there = stops();
+        QVERIFY(near(there, { 26.0, 40.0, 80.0 }, 1.0));
+        // Smooth or hidden, it has the same reflections.
+        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
         window.RFG_visibleToggle(1, false);
-        QVERIFY(near(stops(Qt::Key_P), { 40.0, 26.0 }, 1.0));
-    }
-
-    void differencesHaveReflectionsWhereTheCablesDiffer()
-    {
+        QCOMPARE(stops(Qt::Key_P), (QVector<double>{ there[1], there[0] }));
+        // The joint at 38 m is in both pairs; the short and the end behind it are not.
         openSamples({ 1, 2 });
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
-        // The joint at 38 m is in both; the short and the end behind it are not.
         QVERIFY(near(stops(), { 71.5, 104.0 }, 1.0));
-    }
-
-    void smoothTracesHaveTheSameReflections()
-    {
-        MainWindow &window = openSamples({ 4 });
-        const QVector<int> steps = extras::reflectionColumns(window);
-        QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-        QVERIFY(probe().smooth_rfg_flag());
-        QCOMPARE(extras::reflectionColumns(window), steps);
-        QCOMPARE(steps.size(), 3);
     }
 
     void theViewFollowsTheCursor()
@@ -239,6 +217,11 @@ private slots:
         press(&window, Qt::Key_N);
         press(&window, Qt::Key_P);
         QCOMPARE(probe().cursor_A_pos(), 40);
+        // The other cursor stays where it is.
+        QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
+        press(&window, Qt::Key_N);
+        QCOMPARE(probe().cursor_A_pos(), 40);
+        QCOMPARE(probe().cursor_B_pos(), extras::reflectionColumns(window).constFirst());
         window.cursorSelect_slot(MainWindow::CURSOR_A);
         QTest::mouseClick(probe().selected_rfg()[4], Qt::LeftButton);
         QCOMPARE(extras::reflectionColumns(window), QVector<int>());
