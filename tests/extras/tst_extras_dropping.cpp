@@ -118,11 +118,11 @@ QStringList everythingOf(const WindowFixture &fixture)
     return lines;
 }
 
-/// Files that another program offers, counting the times that it is asked for them.
+/// Files that another program offers, counting how often they are read.
 class OfferedFiles : public QMimeData
 {
 public:
-    int asked = 0;
+    int reads = 0;
 
     QStringList formats() const override
     {
@@ -132,7 +132,7 @@ public:
 protected:
     QVariant retrieveData(const QString &format, qtcompat::DataType type) const override
     {
-        ++const_cast<OfferedFiles *>(this)->asked;
+        ++const_cast<OfferedFiles *>(this)->reads;
         return QMimeData::retrieveData(format, type);
     }
 };
@@ -254,9 +254,9 @@ private slots:
         QVERIFY(drag.enter(QPoint(1, 1)));
         for (const QWidget *place : places)
             QVERIFY(drag.move(middleOf(place)));
-        QCOMPARE(files.asked, 0);
+        QCOMPARE(files.reads, 0);
         QVERIFY(drag.drop(middleOf(places[8])));
-        QVERIFY(files.asked > 0);
+        QVERIFY(files.reads > 0);
         QCOMPARE(probe().rfg_read_index(), 15);
     }
 

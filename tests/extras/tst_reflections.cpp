@@ -229,6 +229,46 @@ private slots:
             });
     }
 
+    void aReflectionHasColumnLevelAndSignOfItsEcho()
+    {
+        // Wide and narrow echoes of both signs, the last two close together.
+        const QVector<int> levels = Shape()
+                                        .bell(60, 80, 18.8)
+                                        .bell(120, -70, 4.7)
+                                        .bell(190, 60, 9.4)
+                                        .bell(206, -60, 9.4)
+                                        .levels(0.0);
+        QVector<QPointF> points;
+        for (int i = 0; i < levels.size(); ++i)
+            points.append({ 100.0 + 4 * i, 7.0 + levels[i] });
+        const QVector<calc::Reflection> list = calc::reflectionList(points, 100.0);
+        QCOMPARE(list.size(), 4);
+        const int places[] = { 60, 120, 190, 206 };
+        const int heights[] = { 80, -70, 60, -60 };
+        for (int i = 0; i < 4; ++i) {
+            QCOMPARE(list[i].column, 100 + 4 * places[i]);
+            QVERIFY(std::abs(list[i].level - 7 - heights[i]) <= 1);
+            QCOMPARE(list[i].positive, heights[i] > 0);
+        }
+        QVERIFY(calc::reflectionList({}, 0.0).isEmpty());
+    }
+
+    void noiseDoesNotChangeTheSign()
+    {
+        int found = 0;
+        for (quint64 seed = 1; seed <= 100; ++seed) {
+            const int height = seed % 2 == 0 ? 40 : -40;
+            const QVector<int> levels = Shape().bell(125.0, height, 23.5).levels(3.0, 0.0, seed);
+            for (const calc::Echo &echo : calc::findEchoes(levels)) {
+                if (std::abs(echo.sample - 125) > 8)
+                    continue;
+                ++found;
+                QCOMPARE(echo.height > 0.0, height > 0);
+            }
+        }
+        QVERIFY2(found >= 80, qPrintable(QString::number(found)));
+    }
+
     void shiftsDoNotHideClipping()
     {
         const QVector<int> levels = Shape().step(90, 500.0).levels(2.0);

@@ -297,7 +297,7 @@ private slots:
         QVERIFY(once != acquire({}, settings).samples);
         settings.average = 16;
         const std::vector<qint8> often = acquire({}, settings).samples;
-        // 32000 samples know their standard deviation to 0.4 %.
+        // The standard deviation of 32000 samples is exact to 0.4 %.
         QVERIFY(std::abs(std::sqrt(correlation(once, 0)) / 24.0 - 1.0) < 0.02);
         QVERIFY(std::abs(std::sqrt(correlation(often, 0)) / 6.0 - 1.0) < 0.02);
         QVERIFY(std::abs(meanOf(once)) < 5.0 * 24.0 / std::sqrt(32000.0));

@@ -7,9 +7,7 @@
 
 #include <array>
 #include <climits>
-#include <cmath>
 #include <limits>
-#include <random>
 
 namespace {
 
@@ -211,56 +209,6 @@ private slots:
         QCOMPARE(rows.size(), 1 + 3 * 250);
         for (const QString &row : rows)
             QCOMPARE(row.count(QLatin1Char(',')), 4);
-    }
-
-    void reflectionsHavePlaceLevelAndSign()
-    {
-        // Wide and narrow echoes of both signs, the last two close together.
-        struct Echo
-        {
-            double place;
-            double height;
-            double width; ///< standard deviation
-        };
-        const Echo echoes[] = { { 60, 80, 8 }, { 120, -70, 2 }, { 190, 60, 4 }, { 206, -60, 4 } };
-        QVector<QPointF> points;
-        for (int i = 0; i < constants::drawnSamples; ++i) {
-            double level = 7.0;
-            for (const Echo &echo : echoes)
-                level
-                    += echo.height * std::exp(-0.5 * std::pow((i - echo.place) / echo.width, 2.0));
-            points.append({ 100.0 + 4 * i, std::round(level) });
-        }
-        const QVector<calc::Reflection> list = calc::reflectionList(points, 100.0);
-        QCOMPARE(list.size(), 4);
-        for (int i = 0; i < 4; ++i) {
-            QCOMPARE(list[i].column, 100 + 4 * echoes[i].place);
-            QVERIFY(std::abs(list[i].level - 7 - echoes[i].height) <= 1.0);
-            QCOMPARE(list[i].positive, echoes[i].height > 0);
-        }
-        QVERIFY(calc::reflectionList({}, 0.0).isEmpty());
-    }
-
-    void noiseDoesNotChangeTheSignOfAReflection()
-    {
-        std::mt19937 random(1); // NOLINT: the same noise in every run
-        std::normal_distribution<double> noise(0.0, 3.0);
-        int found = 0;
-        for (int run = 0; run < 100; ++run) {
-            const double height = run % 2 == 0 ? 40.0 : -40.0;
-            QVector<QPointF> points;
-            for (int i = 0; i < constants::drawnSamples; ++i)
-                points.append({ double(i),
-                                std::round(height * std::exp(-0.005 * (i - 125) * (i - 125))
-                                           + noise(random)) });
-            for (const calc::Reflection &reflection : calc::reflectionList(points, 0.0)) {
-                if (qAbs(reflection.column - 125) > 8)
-                    continue;
-                ++found;
-                QCOMPARE(reflection.positive, height > 0);
-            }
-        }
-        QVERIFY2(found >= 80, qPrintable(QString::number(found)));
     }
 };
 
