@@ -270,18 +270,15 @@ private slots:
         const QStringList before = everythingOf(*fixture);
         const QPoint places[]
             = { middleOf(probe().Plot_View()), middleOf(probe().selected_rfg()[2]) };
-        for (const QStringList &names :
-             { QStringList{ QStringLiteral("notes.txt") },
-               QStringList{ QStringLiteral("dropped0.tdr"), QStringLiteral("notes.txt") },
-               QStringList{ QStringLiteral("atdr") }, QStringList{ QStringLiteral("folder.tdr") },
-               QStringList{ QStringLiteral("gone.tdr") } }) {
+        for (const char *names :
+             { "notes.txt", "dropped0.tdr notes.txt", "atdr", "folder.tdr", "gone.tdr" }) {
             QStringList paths;
-            for (const QString &name : names)
+            for (const QString &name : QString::fromLatin1(names).split(QLatin1Char(' ')))
                 paths.append(fixture->path(name));
             for (const QPoint place : places) {
                 Drag drag(window, urlsOf(paths));
                 QVERIFY(drag.enter(place));
-                QVERIFY2(!drag.drop(place), qPrintable(names.last()));
+                QVERIFY2(!drag.drop(place), names);
             }
         }
         Drag elsewhere(window, { QUrl(QStringLiteral("https://example.org/a.tdr")) });

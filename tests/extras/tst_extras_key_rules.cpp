@@ -12,66 +12,63 @@
 #include <QMenu>
 #include <QtTest>
 
-namespace {
-
-int leftOf(const MainWindowProbe &probe)
-{
-    return int(probe.cust_axisX()->min());
-}
-
-int rightOf(const MainWindowProbe &probe)
-{
-    return int(probe.cust_axisX()->max());
-}
-
-} // namespace
-
 /// What keys do that the mouse does not, and when they do nothing.
 class TestExtrasKeyRules : public ThreeTracesTest
 {
     Q_OBJECT
+
+private:
+    int left() const
+    {
+        return int(probe().cust_axisX()->min());
+    }
+    int right() const
+    {
+        return int(probe().cust_axisX()->max());
+    }
+    /// Presses a key on \a control and returns the column of cursor A.
+    int cursorAfter(int key, Qt::KeyboardModifiers modifiers, QWidget *control) const
+    {
+        press(control, key, modifiers);
+        return probe().cursor_A_pos();
+    }
+    int cursorAfter(int key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        return cursorAfter(key, modifiers, &window());
+    }
 
 private slots:
     void homeAndEndGoToTheEndsOfTheSelectedTrace()
     {
         MainWindow &window = openThree();
         press(&window, Qt::Key_1);
-        press(&window, Qt::Key_Home);
         // Shifted by 3 samples of one count each; the first sample is 8 after the pulse.
-        QCOMPARE(probe().cursor_A_pos(), 3 + 8);
+        QCOMPARE(cursorAfter(Qt::Key_Home), 3 + 8);
         QCOMPARE(probe().cursor_A_pos_Y(), 0);
-        press(&window, Qt::Key_End);
-        QCOMPARE(probe().cursor_A_pos(), 3 + 8 + 249);
+        QCOMPARE(cursorAfter(Qt::Key_End), 3 + 8 + 249);
         QCOMPARE(probe().cursor_A_pos_Y(), 249 % 50);
         press(&window, Qt::Key_Period);
         QCOMPARE(probe().cursor_A_pos_Y(), 129);
-        press(&window, Qt::Key_3);
-        press(&window, Qt::Key_End);
-        QCOMPARE(probe().cursor_A_pos(), 249 * 4);
         // In an empty slot, to the edges of the view.
         press(&window, Qt::Key_5);
-        press(&window, Qt::Key_End);
-        QCOMPARE(probe().cursor_A_pos(), rightOf(probe()));
-        press(&window, Qt::Key_Home);
-        QCOMPARE(probe().cursor_A_pos(), leftOf(probe()));
+        QCOMPARE(cursorAfter(Qt::Key_End), right());
+        QCOMPARE(cursorAfter(Qt::Key_Home), left());
     }
 
     void theViewFollowsACursorThatLeavesIt()
     {
         MainWindow &window = openThree();
         press(&window, Qt::Key_3);
-        press(&window, Qt::Key_End);
+        QCOMPARE(cursorAfter(Qt::Key_End), 249 * 4);
         QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
-        QCOMPARE(probe().scrollfactorX(), 249 * 4 - 250);
+        QCOMPARE(left(), 249 * 4 - 250);
         // Inside the view it moves alone.
-        press(&window, Qt::Key_Comma);
-        QCOMPARE(probe().cursor_A_pos(), 248 * 4);
-        QCOMPARE(probe().scrollfactorX(), 249 * 4 - 250);
+        QCOMPARE(cursorAfter(Qt::Key_Comma), 248 * 4);
+        QCOMPARE(left(), 249 * 4 - 250);
         // Ten samples a press: the seventh leaves it.
-        for (int i = 0; i < 7; ++i)
-            press(&window, Qt::Key_Comma, Qt::ShiftModifier);
-        QCOMPARE(probe().cursor_A_pos(), 178 * 4);
-        QCOMPARE(probe().scrollfactorX(), 178 * 4 - 250);
+        for (int i = 1; i <= 7; ++i)
+            QCOMPARE(cursorAfter(Qt::Key_Comma, Qt::ShiftModifier), (248 - 10 * i) * 4);
+        QCOMPARE(left(), 178 * 4 - 250);
     }
 
     void theKeysForCursorAndTraceBringThemIntoView()
@@ -94,8 +91,8 @@ private slots:
             window.H_Offset_change(row.shift);
             press(&window, Qt::Key_F);
             QCOMPARE(probe().master_scale(), row.scale);
-            QCOMPARE(leftOf(probe()), row.left);
-            QCOMPARE(rightOf(probe()), row.left + (250 << row.scale));
+            QCOMPARE(left(), row.left);
+            QCOMPARE(right(), row.left + (250 << row.scale));
         }
         // The dial goes on from the new scale.
         press(&window, Qt::Key_Z);
@@ -114,11 +111,11 @@ private slots:
         window.cursorSetup_slot(4000);
         window.setPlotRange(9000, 9500);
         press(&window, Qt::Key_G);
-        QCOMPARE(leftOf(probe()), 4000 - 250);
-        QCOMPARE(rightOf(probe()), 4000 + 250);
+        QCOMPARE(left(), 4000 - 250);
+        QCOMPARE(right(), 4000 + 250);
         window.cursorSelect_slot(MainWindow::DELTA);
         press(&window, Qt::Key_G);
-        QCOMPARE(leftOf(probe()), 4000 - 250);
+        QCOMPARE(left(), 4000 - 250);
     }
 
     void scrollingStopsAtTheEnds()
@@ -135,76 +132,60 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 0);
         window.plotScroll(constants::xLength - 500 - 7);
         press(&window, Qt::Key_BraceRight, Qt::ShiftModifier);
-        QCOMPARE(rightOf(probe()), constants::xLength);
+        QCOMPARE(right(), constants::xLength);
         press(&window, Qt::Key_BracketRight);
-        QCOMPARE(rightOf(probe()), constants::xLength);
+        QCOMPARE(right(), constants::xLength);
     }
 
     void arrowsOnADialChangeItsValueAsTheWheelDoes()
     {
-        struct Row
-        {
-            Qt::Key key;
-            int steps;
-        };
         openThree();
-        const auto shift = [&] { return probe().rfg_DATA()[1].scroll; };
-        for (const Row &row :
-             { Row{ Qt::Key_Up, 1 }, Row{ Qt::Key_Right, 1 }, Row{ Qt::Key_Down, -1 },
-               Row{ Qt::Key_Left, -1 }, Row{ Qt::Key_PageUp, 10 }, Row{ Qt::Key_PageDown, -10 } }) {
+        QWidget *const cursorDial = probe().cursor_dial();
+        const Cont_dial &dial = *probe().param_dial();
+        const auto shift = [this] { return probe().rfg_DATA()[1].scroll; };
+        for (const auto &[key, steps] :
+             { std::pair{ Qt::Key_Up, 1 }, std::pair{ Qt::Key_Right, 1 },
+               std::pair{ Qt::Key_Down, -1 }, std::pair{ Qt::Key_Left, -1 },
+               std::pair{ Qt::Key_PageUp, 10 }, std::pair{ Qt::Key_PageDown, -10 } }) {
             // The selected trace has two counts to a sample.
             const int before = shift();
-            const int mark = probe().param_dial()->value();
+            const int mark = dial.value();
             const int column = probe().cursor_A_pos();
-            press(probe().param_dial(), row.key);
-            QCOMPARE(shift() - before, 2 * row.steps);
-            QCOMPARE(probe().param_dial()->trueValue, shift());
-            QVERIFY(probe().param_dial()->value() != mark);
-            QCOMPARE(probe().cursor_A_pos(), column);
-            press(probe().cursor_dial(), row.key);
-            QCOMPARE(probe().cursor_A_pos() - column, 2 * row.steps);
+            QCOMPARE(cursorAfter(key, {}, probe().param_dial()), column);
+            QCOMPARE(shift() - before, 2 * steps);
+            QCOMPARE(dial.trueValue, shift());
+            QVERIFY(dial.value() != mark);
+            QCOMPARE(cursorAfter(key, {}, cursorDial) - column, 2 * steps);
         }
         // The other keys are the window's.
-        press(probe().cursor_dial(), Qt::Key_Home);
-        QCOMPARE(probe().cursor_A_pos(), shift());
-        press(probe().param_dial(), Qt::Key_Period);
-        QCOMPARE(probe().cursor_A_pos(), shift() + 2);
-    }
-
-    void whatTheFocusedControlUsesIsItsOwn()
-    {
-        openThree();
-        const int column = probe().cursor_A_pos();
-        press(probe().smooth_button(), Qt::Key_Space);
-        QVERIFY(probe().smooth_rfg_flag());
-        probe().smooth_button()->setFocus();
-        press(probe().smooth_button(), Qt::Key_Right);
-        QVERIFY(!probe().smooth_button()->hasFocus());
-        QCOMPARE(probe().cursor_A_pos(), column);
-        press(probe().smooth_button(), Qt::Key_S);
-        QVERIFY(!probe().smooth_rfg_flag());
+        QCOMPARE(cursorAfter(Qt::Key_Home, {}, cursorDial), shift());
+        QCOMPARE(cursorAfter(Qt::Key_Period, {}, probe().param_dial()), shift() + 2);
     }
 
     void arrowsMoveTheCursorWhileThePlotHasTheFocus()
     {
-        MainWindow &window = openThree();
+        openThree();
+        QWidget *const plot = probe().Plot_View();
         const int column = probe().cursor_A_pos();
-        press(probe().Plot_View(), Qt::Key_Right);
-        QCOMPARE(probe().cursor_A_pos(), column + 2);
-        press(probe().Plot_View(), Qt::Key_Left, Qt::ShiftModifier);
-        QCOMPARE(probe().cursor_A_pos(), column + 2 - 20);
-        press(probe().Plot_View(), Qt::Key_Left);
-        press(probe().Plot_View(), Qt::Key_Right, Qt::ShiftModifier);
-        QCOMPARE(probe().cursor_A_pos(), column);
-        press(&window, Qt::Key_Y);
-        press(probe().Plot_View(), Qt::Key_Up);
+        QCOMPARE(cursorAfter(Qt::Key_Right, {}, plot), column + 2);
+        QCOMPARE(cursorAfter(Qt::Key_Left, Qt::ShiftModifier, plot), column + 2 - 20);
+        QCOMPARE(cursorAfter(Qt::Key_Left, {}, plot), column - 20);
+        QCOMPARE(cursorAfter(Qt::Key_Right, Qt::ShiftModifier, plot), column);
+        press(&window(), Qt::Key_Y);
+        press(plot, Qt::Key_Up);
         QCOMPARE(probe().rfg_DATA()[1].offset, 10);
-        press(probe().Plot_View(), Qt::Key_Down);
-        press(probe().Plot_View(), Qt::Key_PageDown);
+        press(plot, Qt::Key_Down);
+        press(plot, Qt::Key_PageDown);
         QCOMPARE(probe().rfg_DATA()[1].offset, -1);
-        // The window itself has no use for arrows.
-        press(&window, Qt::Key_Right);
-        QCOMPARE(probe().cursor_A_pos(), column);
+        // The window itself has no use for arrows, and a button uses some keys itself.
+        QCOMPARE(cursorAfter(Qt::Key_Right), column);
+        press(probe().smooth_button(), Qt::Key_Space);
+        QVERIFY(probe().smooth_rfg_flag());
+        probe().smooth_button()->setFocus();
+        QCOMPARE(cursorAfter(Qt::Key_Right, {}, probe().smooth_button()), column);
+        QVERIFY(!probe().smooth_button()->hasFocus());
+        press(probe().smooth_button(), Qt::Key_S);
+        QVERIFY(!probe().smooth_rfg_flag());
     }
 
     void aHeldKeyRepeatsStepsButNotSwitches()
