@@ -27,34 +27,23 @@ QStringList entriesOf(const QString &folder)
 }
 
 #ifdef Q_OS_UNIX
-/// Makes the program's folder read-only for its lifetime.
-class ReadOnlyProgramFolder
+/// Runs \a work while the program's folder is read-only.
+void inReadOnlyProgramFolder(const std::function<void()> &work)
 {
-public:
-    ReadOnlyProgramFolder()
-    {
-        QFile::setPermissions(program_files::programFolder(),
-                              QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther
-                                  | QFile::ExeOther);
-        // Root may write everywhere. A different real user id changes the answer of access(), and
-        // the effective one keeps the rights that the test needs.
-        if (geteuid() == 0)
-            m_asRoot = setreuid(nobody, 0) == 0;
-    }
-    ~ReadOnlyProgramFolder()
-    {
-        if (m_asRoot && setreuid(0, 0) != 0)
-            qFatal("cannot restore the user id");
-        QFile::setPermissions(program_files::programFolder(),
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
-                                  | QFile::ReadOther | QFile::ExeOther);
-    }
-    Q_DISABLE_COPY(ReadOnlyProgramFolder)
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool m_asRoot = false;
-};
+    constexpr uid_t nobody = 65534;
+    const QFile::Permissions readOnly
+        = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+    QFile::setPermissions(program_files::programFolder(), readOnly);
+    // Root may write everywhere. A different real user id changes the answer of access(), and the
+    // effective one keeps the rights that the test needs.
+    const bool isRoot = geteuid() == 0;
+    if (isRoot && setreuid(nobody, 0) != 0)
+        qFatal("cannot change the user id");
+    work();
+    if (isRoot && setreuid(0, 0) != 0)
+        qFatal("cannot restore the user id");
+    QFile::setPermissions(program_files::programFolder(), readOnly | QFile::WriteOwner);
+}
 #endif
 
 } // namespace
@@ -90,8 +79,7 @@ private slots:
     void settingsOfAnInstalledProgramLieInTheUsersFolder()
     {
         writeFile(beside(), "beside");
-        {
-            const ReadOnlyProgramFolder readOnly;
+        inReadOnlyProgramFolder([] {
             QCOMPARE(program_files::settingsFile(), own());
             QCOMPARE(QFileInfo(program_files::settingsBackupFile()).path(), userFolder());
             // Until the user has one; something else in its place does not count.
@@ -105,11 +93,10 @@ private slots:
             QCOMPARE(program_files::settingsFileToRead(), own());
             program_files::backUpSettings();
             QCOMPARE(contentOf(program_files::settingsBackupFile()), QByteArray("own"));
-        }
+        });
         QFile::remove(beside());
         QVERIFY(QFile::remove(own()));
-        const ReadOnlyProgramFolder readOnly;
-        QCOMPARE(program_files::settingsFileToRead(), own());
+        inReadOnlyProgramFolder([] { QCOMPARE(program_files::settingsFileToRead(), own()); });
     }
 
     void onlyARegularFileOfSettingsIsBackedUp()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/cursor_level.h"
+#include "calc/spline.h"
 #include "calc/trace_points.h"
 #include "each.h"
 
@@ -10,6 +11,7 @@
 #include <climits>
 
 using calc::TraceRef;
+using Points = QVector<QPointF>;
 using Samples = std::array<qint8, 250>;
 
 namespace {
@@ -24,9 +26,14 @@ template <typename Function> Samples samplesFrom(Function function)
     return samples;
 }
 
+bool isZero(QPointF vector)
+{
+    return vector.manhattanLength() < 1e-12;
+}
+
 } // namespace
 
-/// Points of traces and of differences, and the level under a cursor.
+/// Points of traces, of differences and of splines, and the level under a cursor.
 class TestTracePoints : public QObject
 {
     Q_OBJECT
@@ -290,6 +297,33 @@ private slots:
         QCOMPARE(columnOn(-70000, ramp(1), 1), 0);
         QCOMPARE(columnOn(10, ramp(0), 0), 10); // steps 0 count as 1
         QCOMPARE(calc::cursorOnDifference(10, ramp(3), ramp(4)).level, noLevel);
+    }
+
+    // tst_same_pictures compares the curve with that of the chart module, pixel by pixel.
+    void splineKnotsOnALineStayOnIt()
+    {
+        QCOMPARE(calc::splineControls({}), Points());
+        QCOMPARE(calc::splineControls({ { 3.0, 4.0 } }), Points());
+        QCOMPARE(calc::splineControls({ { 0.0, 0.0 }, { 3.0, 9.0 } }),
+                 (Points{ { 1.0, 3.0 }, { 2.0, 6.0 } }));
+        QCOMPARE(calc::splineControls({ { 0.0, 0.0 }, { 3.0, 6.0 }, { 6.0, 12.0 } }),
+                 (Points{ { 1.0, 2.0 }, { 2.0, 4.0 }, { 4.0, 8.0 }, { 5.0, 10.0 } }));
+    }
+
+    void slopeAndCurvatureOfASplineAreContinuous()
+    {
+        const Points knots{ { 0.0, 0.0 }, { 1.0, 5.0 }, { 2.0, -3.0 }, { 3.0, 4.0 }, { 4.0, 4.0 } };
+        const Points controls = calc::splineControls(knots);
+        QCOMPARE(controls.size(), 8);
+        for (int i = 1; i < 4; ++i) {
+            const QPointF before = controls[2 * i - 1];
+            const QPointF after = controls[2 * i];
+            QVERIFY(isZero((after - knots[i]) - (knots[i] - before)));
+            QVERIFY(isZero((controls[2 * i - 2] - 2 * before) - (controls[2 * i + 1] - 2 * after)));
+        }
+        // No curvature at the ends.
+        QVERIFY(isZero(knots.first() - 2 * controls[0] + controls[1]));
+        QVERIFY(isZero(knots.last() - 2 * controls[7] + controls[6]));
     }
 };
 
