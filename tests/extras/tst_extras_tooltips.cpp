@@ -81,10 +81,17 @@ private slots:
         const QVector<QWidget *> controls = controlsOf(probe());
         // The row of the cursors, files and slots, the right column, dials and parameters.
         QCOMPARE(controls.size(), 5 + 7 + 10 + 12);
+        const MainWindowProbe &p = probe();
+        const QVector<QWidget *> typed{
+            p.curA_button(),     p.curB_button(),     p.KU_button(),
+            p.H_offset_button(), p.V_offset_button(), p.scale_button()
+        };
         QVector<QStringList> english;
         for (QWidget *control : controls) {
             english.append(shownOn(control));
             QVERIFY2(!english.last().isEmpty(), qPrintable(control->objectName()));
+            QCOMPARE(english.last().contains(line("Right click: type a value")),
+                     typed.contains(control));
         }
         QCOMPARE(shownOn(probe().logo_lbl()),
                  QStringList{ line("Velkor " VELKOR_VERSION "; a click tells about Qt") });
@@ -104,20 +111,6 @@ private slots:
             cleanup();
             QCOMPARE(shownOn(silent), QStringList());
         }
-    }
-
-    void tooltipsOfButtonsThatTakeATypedValueNameTheRightClick()
-    {
-        openThree();
-        const MainWindowProbe &p = probe();
-        const QVector<QWidget *> typed{
-            p.curA_button(),     p.curB_button(),     p.KU_button(),
-            p.H_offset_button(), p.V_offset_button(), p.scale_button()
-        };
-        const QVector<QWidget *> controls = controlsOf(p);
-        for (QWidget *control : controls)
-            QCOMPARE(shownOn(control).contains(line("Right click: type a value")),
-                     typed.contains(control));
     }
 
     void theFontGrowsWithTheWindow()
