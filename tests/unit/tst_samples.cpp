@@ -5,9 +5,9 @@
 #include "protocol_vx840.h"
 #include "record.h"
 #include "sample_traces.h"
+#include "testfiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QtTest>
 
 #include <algorithm>
@@ -29,8 +29,7 @@ const QDir &sampleFolder()
 
 QByteArray contents(const QString &fileName)
 {
-    QFile file(sampleFolder().filePath(fileName));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return contentOf(sampleFolder().filePath(fileName));
 }
 
 TDR_FILE_t recordOf(const QString &fileName)
