@@ -253,32 +253,28 @@ private slots:
         struct Row
         {
             const char *name;
-            QString script;
+            const char *script; ///< $0 is velkor-tdr
             QByteArray output;
         };
         const QString head = QStringLiteral("set -o pipefail; cd " VELKOR_SAMPLES_DIR "; ");
         each<Row>(
-            { { "whole",
-                QStringLiteral("cat 1*.tdr | $0 csv - | $0 from-csv - -o - | $0 check -; echo $?"),
+            { { "whole", "cat 1*.tdr | $0 csv - | $0 from-csv - -o - | $0 check -; echo $?",
                 "0\n" },
-              { "slow",
-                QStringLiteral("(head -c 999 1*.tdr; sleep 1; tail -c +1000 1*.tdr) | "
-                               "$0 check -; echo $?"),
+              { "slow", "(head -c 999 1*.tdr; sleep 1; tail -c +1000 1*.tdr) | $0 check -; echo $?",
                 "0\n" },
-              { "endless", QStringLiteral("yes | $0 check - | head -n 1"),
-                "-: size is more than 37775 bytes\n" },
-              { "endless table", QStringLiteral("yes | $0 from-csv - -o - 2>&1"),
+              { "endless", "yes | $0 check - | head -n 1", "-: size is more than 37775 bytes\n" },
+              { "endless table", "yes | $0 from-csv - -o - 2>&1",
                 "velkor-tdr: -: is larger than 4 MiB\n" },
-              { "reader gone", QStringLiteral("$0 csv *.tdr | head -c 8"), "# Velkor" },
-              { "closed output", QStringLiteral("$0 csv 1*.tdr 2>/dev/null >&-; echo $?"), "2\n" },
-              { "full disk", QStringLiteral("$0 csv 1*.tdr 2>&1 >/dev/full"),
+              { "reader gone", "$0 csv *.tdr | head -c 8", "# Velkor" },
+              { "closed output", "$0 csv 1*.tdr 2>/dev/null >&-; echo $?", "2\n" },
+              { "full disk", "$0 csv 1*.tdr 2>&1 >/dev/full",
                 "velkor-tdr: standard output: No space left on device\n" },
-              { "named pipe", QStringLiteral("$0 check <(cat 1*.tdr); echo $?"), "0\n" } },
+              { "named pipe", "$0 check <(cat 1*.tdr); echo $?", "0\n" } },
             [&](const Row &row) {
                 QProcess shell;
-                shell.start(
-                    QStringLiteral("bash"),
-                    { QStringLiteral("-c"), head + row.script, QStringLiteral(VELKOR_TDR) });
+                shell.start(QStringLiteral("bash"),
+                            { QStringLiteral("-c"), head + QLatin1String(row.script),
+                              QStringLiteral(VELKOR_TDR) });
                 QVERIFY(shell.waitForFinished(60000));
                 QCOMPARE(shell.readAllStandardOutput(), row.output);
             });
