@@ -172,8 +172,8 @@ void wheelAnywhere(Player &player, const Event &event)
 
 void turnDial(Player &player, const Event &event)
 {
-    input::turnDial(dialOf(player, event), scaled(event[1], 360), event[2] - Event::bound / 2,
-                    1 + event[3] % 5);
+    const int degrees = event[2] - Event::bound / 2;
+    input::turnDial(dialOf(player, event), scaled(event[1], 360), degrees, 1 + event[3] % 5);
 }
 
 void dialKey(Player &player, const Event &event)
