@@ -5,24 +5,10 @@
 #include "dialoganswer.h"
 #include "legendbutton.h"
 
-#include <QAbstractButton>
 #include <QAction>
-#include <QButtonGroup>
 #include <QGraphicsScene>
 #include <QPushButton>
 #include <QtTest>
-
-namespace {
-
-/// True when the picture on \a button is that of the resource \a path.
-bool showsPicture(const QAbstractButton *button, const QString &path)
-{
-    const QPixmap wanted(path);
-    const QPixmap shown = button->icon().pixmap(wanted.size());
-    return !wanted.isNull() && shown.toImage() == wanted.toImage();
-}
-
-} // namespace
 
 MainWindow &openWith(WindowFixture &fixture, const QVector<TraceBuilder> &traces, int master)
 {
@@ -62,17 +48,4 @@ QList<QGraphicsItem *> stacked(QGraphicsScene &scene)
     QList<QGraphicsItem *> items = scene.items(Qt::AscendingOrder);
     scene.setItemIndexMethod(method);
     return items;
-}
-
-bool showsVisible(const WindowFixture &fixture, int slot, bool master)
-{
-    const QString path = QStringLiteral("://icons/canal_64/canal_%1").arg(slot + 1);
-    return showsPicture(fixture.probe().rfg_buttons()->button(slot),
-                        master ? path + QLatin1Char('M') : path);
-}
-
-bool showsHidden(const WindowFixture &fixture, int slot)
-{
-    return showsPicture(fixture.probe().rfg_buttons()->button(slot),
-                        QStringLiteral("://icons/canal_64/Canal_Disabled"));
 }

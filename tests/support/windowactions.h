@@ -11,7 +11,7 @@ class QGraphicsItem;
 class QGraphicsScene;
 
 /// \file
-/// What several window tests do: open a window on traces, choose files, look at a button's picture.
+/// What several window tests do: open a window on traces, choose files.
 
 /// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master,
 /// and all other settings default. The files are "t1.tdr" and so on, in the fixture's folder. A
@@ -29,8 +29,3 @@ bool loadInto(const WindowFixture &fixture, int slot, const QString &path);
 
 /// All items of \a scene, the lowest one first.
 QList<QGraphicsItem *> stacked(QGraphicsScene &scene);
-
-/// True when the picture on the trace button of \a slot says: visible, and \a master or not.
-bool showsVisible(const WindowFixture &fixture, int slot, bool master);
-/// True when the picture on the trace button of \a slot says: hidden.
-bool showsHidden(const WindowFixture &fixture, int slot);

@@ -134,6 +134,23 @@ QImage withoutClock(const QPixmap &picture, MainWindow &window)
     return image;
 }
 
+/// Places of the markers' letters in both pictures. Qt rounds the edges of outlined letters
+/// differently from one repaint to the next.
+QRegion lettersOf(MainWindow &window);
+QRegion lettersOf(MainWindow &window)
+{
+    const MainWindowProbe probe(window);
+    const QGraphicsView *view = probe.Plot_View();
+    QRegion letters;
+    for (const CurArrow *marker : { probe.cur_arrowA(), probe.cur_arrowB() }) {
+        const QRect inView = view->mapFromScene(marker->cur_lbl.sceneBoundingRect()).boundingRect();
+        // The bounding rectangle of a letter does not include its pen.
+        letters += QRect(view->viewport()->mapTo(&window, inView.topLeft()), inView.size())
+                       .adjusted(-2, -2, 2, 2);
+    }
+    return letters;
+}
+
 } // namespace
 
 QStringList stateOf(MainWindow &window)
@@ -177,20 +194,6 @@ QImage screenOf(MainWindow &window)
 QImage freshPictureOf(MainWindow &window)
 {
     return withoutClock(window.grab(), window);
-}
-
-QRegion lettersOf(MainWindow &window)
-{
-    const MainWindowProbe probe(window);
-    const QGraphicsView *view = probe.Plot_View();
-    QRegion letters;
-    for (const CurArrow *marker : { probe.cur_arrowA(), probe.cur_arrowB() }) {
-        const QRect inView = view->mapFromScene(marker->cur_lbl.sceneBoundingRect()).boundingRect();
-        // The bounding rectangle of a letter does not include its pen.
-        letters += QRect(view->viewport()->mapTo(&window, inView.topLeft()), inView.size())
-                       .adjusted(-2, -2, 2, 2);
-    }
-    return letters;
 }
 
 QString differenceOf(const QImage &one, const QImage &other, const QRegion &letters)

@@ -9,6 +9,22 @@
 #include <QAction>
 #include <QGraphicsView>
 
+namespace {
+
+/// True when \a button, of \a slot, has the picture of its own state: hidden, visible or master.
+bool hasPictureOfState(const LegendButton &button, int slot)
+{
+    QString path = QStringLiteral("://icons/canal_64/Canal_Disabled");
+    if (button.vis())
+        path = QStringLiteral("://icons/canal_64/canal_%1").arg(slot + 1)
+            + QLatin1String(button.mast() ? "M" : "");
+    const QPixmap wanted(path);
+    const QPixmap shown = button.QAbstractButton::icon().pixmap(wanted.size());
+    return !wanted.isNull() && shown.toImage() == wanted.toImage();
+}
+
+} // namespace
+
 MainWindow &WindowTest::window() const
 {
     return fixture->window();
@@ -41,8 +57,7 @@ QString WindowTest::slotsText() const
         const LegendButton &button = *probe().selected_rfg()[slot];
         const bool isLoaded = (probe().rfg_read_index() >> slot & 1) != 0;
         const bool isSmooth = probe().smooth_rfg_flag();
-        const bool isPicture = button.vis() ? showsVisible(*fixture, slot, button.mast())
-                                            : showsHidden(*fixture, slot);
+        const bool isPicture = hasPictureOfState(button, slot);
         const bool isChart = probe().rfg_series()[slot]->isVisible() == (button.vis() && !isSmooth)
             && probe().rfg_series_sp()[slot]->isVisible() == (button.vis() && isSmooth);
         bool isMenu = button.load_action->isEnabled()
