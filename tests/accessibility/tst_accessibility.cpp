@@ -94,7 +94,7 @@ private:
         QDialog *dialog = probe().settingsMenu();
         dialog->show();
         WindowFixture::settle();
-        const QImage picture = dialog->grab().toImage();
+        QImage picture = dialog->grab().toImage();
         dialog->hide();
         return picture;
     }

@@ -110,20 +110,21 @@ private slots:
 
     void theBackupIsMadeOnceAndOfSettingsBelowTheSizeLimit()
     {
+        constexpr qint64 limit = 4 << 20;
         const QString backup = program_files::settingsBackupFile();
         program_files::backUpSettings();
         QVERIFY(!QFileInfo::exists(backup));
         QFile sparse(beside());
         QVERIFY(sparse.open(QIODevice::WriteOnly));
-        QVERIFY(sparse.resize(4 * 1024 * 1024 + 1));
+        QVERIFY(sparse.resize(limit + 1));
         program_files::backUpSettings();
         QVERIFY(!QFileInfo::exists(backup));
-        QVERIFY(sparse.resize(4 * 1024 * 1024));
+        QVERIFY(sparse.resize(limit));
         program_files::backUpSettings();
-        QCOMPARE(QFileInfo(backup).size(), qint64{ 4 * 1024 * 1024 });
+        QCOMPARE(QFileInfo(backup).size(), limit);
         QVERIFY(sparse.resize(0));
         program_files::backUpSettings();
-        QCOMPARE(QFileInfo(backup).size(), qint64{ 4 * 1024 * 1024 });
+        QCOMPARE(QFileInfo(backup).size(), limit);
     }
 
 #ifdef Q_OS_UNIX

@@ -36,8 +36,11 @@ QByteArray resized(int rectangle, qint32 width, qint32 height)
 {
     QByteArray record = factoryGeometry();
     const qint32 edges[] = { 0, 0, width - 1, height - 1 };
-    for (int i = 0; i < 4; ++i)
-        qToBigEndian(edges[i], record.data() + rectangle + 4 * i);
+    char *place = record.data() + rectangle;
+    for (const qint32 edge : edges) {
+        qToBigEndian(edge, place);
+        place += sizeof edge;
+    }
     return record;
 }
 
