@@ -56,8 +56,7 @@ private slots:
             "QDialog { button-layout: 3 }",
             "QLabel { font-size: 1.5em }",
             "QLabel { border-radius: 999px; border-image: url(:/pix/logo.png) 400 400 }",
-            "/* qproperty-text: \"\"; min-width: 40000px; \" ' url(/dev/zero) */ QLabel { color: "
-            "red }",
+            "/* qproperty-text: \"\"; min-width: 40000px; \" ' url(/dev/zero) */ * { color: red }",
             "QLabel { image: url(/20240101/no/such/picture.png) }",
             "QLabel { image: url(:/pix/logo.png) }",
             "QLabel { image: url(\"pix/my logo (2).png\") }",
