@@ -27,6 +27,6 @@ struct Sample
 using Measurements = QMap<Subject, QMap<Operation, Sample>>;
 
 /// Prints a table in Markdown, a row for each operation: the plot's part as a ratio to the bare
-/// painter's beside its goal, and the time of the whole window, of which the 99th percentile has to
-/// stay below \a limitMs.
+/// painter's beside its goal, and the time of the whole window, of which the 99th percentile must
+/// not exceed \a limitMs.
 void printTable(const Measurements &measured, double limitMs);

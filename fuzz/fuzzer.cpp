@@ -53,10 +53,10 @@ void fuzz::writeFile(const QString &path, const QByteArray &bytes)
         fail("the fuzzer can write its files");
 }
 
-bool fuzz::isTurnOfSlow(unsigned many)
+bool fuzz::slowPartIsDue(unsigned every)
 {
-    static unsigned executions = 0;
-    return executions++ % many == 0 || replaying;
+    static unsigned calls = 0;
+    return calls++ % every == 0 || replaying;
 }
 
 void fuzz::fail(const char *promise)

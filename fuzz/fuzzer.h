@@ -40,9 +40,9 @@ QString folderTemplate();
 /// Writes \a bytes to the file \a path, whatever was there.
 void writeFile(const QString &path, const QByteArray &bytes);
 
-/// Whether something slow is done in this execution: in the first and in every \a many th one, and
-/// always while findings are replayed. Asked once per execution.
-bool isTurnOfSlow(unsigned many);
+/// True at the first call and at each \a every th one after it, for what takes long; always while
+/// findings are replayed. To be called once per execution at most. \a every is above 0.
+bool slowPartIsDue(unsigned every);
 
 /// Set by the replay.
 extern bool replaying;

@@ -50,7 +50,7 @@ struct Gestures
     {
     }
 
-    // Few executions: a number of three hundred digits takes as long to write as all the rest.
+    // Rare, because to write a number of three hundred digits takes as long as all the rest.
     bool wild() const
     {
         return way == 255;
@@ -333,7 +333,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     cursors(trace, master, gestures);
     texts(record, calc::clampedColumn(gestures.column), metres, gestures);
     shorteningFactor(record, gestures);
-    if (fuzz::isTurnOfSlow(4096))
+    if (fuzz::slowPartIsDue(4096))
         reports(ByteReader(data, size).take(size).mid(static_cast<int>(preambleBytes)));
     return 0;
 }

@@ -87,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     store.loadSettings(path, constants::allSections);
     checkSaveAndLoad(store, savePath);
     // Applying settings takes a hundred times as long as reading them.
-    if (fuzz::isTurnOfSlow(32))
+    if (fuzz::slowPartIsDue(32))
         apply(path, savePath);
     return 0;
 }

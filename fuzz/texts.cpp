@@ -30,7 +30,7 @@ int knownLanguages(const SettingsData &settings)
     return count;
 }
 
-void languages(QByteArray bytes, bool speak)
+void languages(QByteArray bytes, bool isApplied)
 {
     SettingsData &live = *window->settings();
     for (language &entry : live.languageList)
@@ -46,7 +46,7 @@ void languages(QByteArray bytes, bool speak)
         expect(!entry.CODE.contains(QLatin1Char(' ')), "a language's code ends at the blank");
     }
     MainWindowProbe(*window).settingsMenu()->interfaceUpdate();
-    if (speak && known > 0) {
+    if (isApplied && known > 0) {
         live.current_language = live.languageList[known - 1].CODE;
         live.setTranslation();
         fuzz::settle();
@@ -88,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return 0;
     const QByteArray bytes(reinterpret_cast<const char *>(data) + 1, static_cast<int>(size) - 1);
     if (data[0] % 2 == 0)
-        languages(bytes, fuzz::isTurnOfSlow(16));
+        languages(bytes, fuzz::slowPartIsDue(16));
     else
         styleSheet(bytes);
     return 0;

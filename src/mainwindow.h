@@ -191,6 +191,7 @@ private:
     void buildChart();
     /// Draws slot \a id again after a change of its samples or shifts, and the differences from it.
     void redraw(int id);
+    /// Draws the traces of all loaded slots again.
     void redrawLoaded();
 
     // ---- Axes, grid, title (window/axes.cpp) ----

@@ -58,7 +58,8 @@ QByteArray readRegularFile(const QString &path, qint64 limit);
 /// the bytes cannot all be written.
 bool replaceFile(const QString &path, const QByteArray &bytes);
 
-/// The same for the path of \a file, which has the reason when it fails.
+/// The same for the path of \a file, which is not open yet. After a failure to open, write or
+/// rename \a file has the reason; it has none when the path is empty or taken by anything else.
 bool replaceFile(QSaveFile &file, const QByteArray &bytes);
 
 } // namespace program_files

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int maxPalettes = 16; ///< a style sheet colours buttons by name and by state
+constexpr int maxPalettes = 16; ///< more than a usual sheet has; one more empties the list
 
 } // namespace
 

@@ -6,16 +6,17 @@
 #include <QProxyStyle>
 #include <QVector>
 
-/// The style that Qt chooses for the application, with the bevel of a button drawn once for each
-/// size and state. Qt's Fusion style keeps a picture of every bevel and finds it by the identity of
-/// the palette. A style sheet makes a new copy of the palette at each painting, so with Qt 5 no
-/// picture is ever found: bevels take a fifth of the time of a resize. Here equal palettes are one.
+/// The default style of the desktop, which draws the bevel of a button once per size, state and
+/// colour. Qt's Fusion style caches the picture of a bevel under the identity of the palette. A
+/// style sheet copies the palette at each painting, so with Qt 5 the cache never hits, and bevels
+/// took a fifth of a resize. This class hands the first of all equal palettes to the default style.
+/// A style that a host program has set by QApplication::setStyle is not used in the window.
 class SharedBevels : public QProxyStyle
 {
 public:
     using QProxyStyle::QProxyStyle;
 
-    /// The one of the application, which owns it.
+    /// The instance of all windows. The application owns it and must exist.
     static SharedBevels *instance();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -12,8 +12,6 @@
 #include <QButtonGroup>
 #include <QPushButton>
 
-#include <algorithm>
-
 calc::Range MainWindow::viewRange() const
 {
     return { calc::truncated(cust_axisX->min()), calc::truncated(cust_axisX->max()) };

@@ -125,17 +125,21 @@ int main(int argc, char **argv)
     // The window writes a line at each resize.
     qputenv("QT_LOGGING_RULES", "default.debug=false");
     const QByteArray command = argc > 1 ? argv[1] : "";
-    if (command == "seeds" && argc == 6) {
-        const unsigned first = seedFrom(argv[2]);
+    const unsigned first = argc > 2 ? seedFrom(argv[2]) : 0;
+    const int count = argc > 3 ? QByteArray(argv[3]).toInt() : 0;
+    const int events = argc > 4 ? QByteArray(argv[4]).toInt() : 0;
+    if (command == "seeds" && argc == 6 && count > 0 && events > 0) {
         const QDir folder(QFile::decodeName(argv[5]));
         bool passed = true;
-        for (unsigned i = 0; i < QByteArray(argv[3]).toUInt(); ++i)
-            passed = playSeed(first + i, QByteArray(argv[4]).toInt(), folder) && passed;
+        for (int i = 0; i < count; ++i)
+            passed = playSeed(first + static_cast<unsigned>(i), events, folder) && passed;
         return passed ? 0 : 1;
     }
-    if (command == "rounds" && argc == 4) {
+    if (command == "rounds" && argc == 4 && count > 0) {
+        std::printf("seed %u\n", first);
+        std::fflush(stdout);
         const QApplication application(argc, argv);
-        return report(brokenInRounds(seedFrom(argv[2]), QByteArray(argv[3]).toInt()));
+        return report(brokenInRounds(first, count));
     }
     if (command == "script" && argc == 3)
         return playFile(argv[2]);

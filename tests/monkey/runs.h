@@ -11,6 +11,7 @@
 QStringList brokenBy(const Script &script, int &progress);
 
 /// Plays rounds of 500 random events in one window: first twelve that fill caches, then \a wanted.
-/// Prints what the process uses. Returns the broken invariants of the round after which they do not
-/// hold, or after which the heap or the number of descriptors exceeds its limit.
+/// Round number i has the seed \a seed + i. Prints heap and descriptors. Returns the broken
+/// invariants of the round after which they do not hold, or after which the heap or the number of
+/// descriptors exceeds its limit.
 QStringList brokenInRounds(unsigned seed, int wanted);

@@ -11,7 +11,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
-#include <QWindow>
 #include <QtTest>
 
 #include <cmath>
