@@ -203,7 +203,8 @@ void makeControls(const QString &language, const QString &docs, const QStringLis
 
     pictures.menu("slot-menu", { 0, 216, 400, 170 }, [&probe] {
         LegendButton *button = probe.selected_rfg()[1];
-        QContextMenuEvent event(QContextMenuEvent::Mouse, button->rect().center());
+        const QPoint place = button->rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, button->mapToGlobal(place));
         QApplication::sendEvent(button, &event);
     });
     pictures.menu("chart-menu", { 380, 220, 420, 200 }, [&probe] {

@@ -120,7 +120,8 @@ private slots:
         });
         for (QAction *action : own())
             action->trigger();
-        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(3, 3));
+        const QPoint place(3, 3);
+        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, place, button->mapToGlobal(place));
         QCoreApplication::sendEvent(button.get(), &rightClick);
         QCOMPARE(requests.join(QLatin1Char('|')),
                  QStringLiteral("load 2|reset 2|clear 2|visible 2 1|master 2|menu 2"));
