@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/shared_bevels.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPointer>
 #include <QStyleOptionButton>
 
@@ -16,8 +16,8 @@ SharedBevels *SharedBevels::instance()
 {
     static QPointer<SharedBevels> style;
     if (!style) {
-        style = new SharedBevels;
-        style->setParent(QCoreApplication::instance());
+        style = new SharedBevels(QApplication::style()->objectName());
+        style->setParent(qApp);
     }
     return style;
 }

@@ -6,17 +6,18 @@
 #include <QProxyStyle>
 #include <QVector>
 
-/// The default style of the desktop, which draws the bevel of a button once per size, state and
+/// The style of the application, which draws the bevel of a button once per size, state and
 /// colour. Qt's Fusion style caches the picture of a bevel under the identity of the palette. A
 /// style sheet copies the palette at each painting, so with Qt 5 the cache never hits, and bevels
-/// took a fifth of a resize. This class hands the first of all equal palettes to the default style.
-/// A style that a host program has set by QApplication::setStyle is not used in the window.
+/// took a fifth of a resize. This class hands the first of all equal palettes to that style.
 class SharedBevels : public QProxyStyle
 {
 public:
     using QProxyStyle::QProxyStyle;
 
-    /// The instance of all windows. The application owns it and must exist.
+    /// The instance of all windows, for the style that the application has at the first call, found
+    /// by its name; a style that Qt does not know becomes Qt's default. The application owns it and
+    /// must exist.
     static SharedBevels *instance();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -70,10 +70,13 @@ private slots:
         QCOMPARE(palettes->grounds.last(), QColor(0x80, 0x60, 0x40));
     }
 
-    void anApplicationHasOne()
+    void anApplicationHasOneOfItsOwnStyle()
     {
+        QApplication::setStyle(QStringLiteral("Windows"));
         QCOMPARE(SharedBevels::instance(), SharedBevels::instance());
         QCOMPARE(SharedBevels::instance()->parent(), qApp);
+        QCOMPARE(SharedBevels::instance()->baseStyle()->objectName(),
+                 QApplication::style()->objectName());
     }
 };
 
