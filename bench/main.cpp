@@ -90,7 +90,11 @@ int main(int argc, char **argv)
     qputenv("QT_LOGGING_RULES", "default.debug=false");
     Stopwatch watch(argc, argv);
     const QStringList words = QApplication::arguments();
-    if (words.size() < 6) {
+    const QSize size(words.value(1).toInt(), words.value(2).toInt());
+    const double limitMs = words.value(3).toDouble();
+    const int rounds = words.value(4).toInt();
+    const int count = words.value(5).toInt();
+    if (size.isEmpty() || limitMs <= 0.0 || rounds < 1 || count < 1) {
         std::fprintf(stderr,
                      "usage: velkor-bench WIDTH HEIGHT LIMIT ROUNDS OPERATIONS [computing]\n"
                      "  LIMIT       of the 99th percentile, in ms\n"
@@ -98,9 +102,6 @@ int main(int argc, char **argv)
                      "  computing   counts CPU time instead of elapsed time\n");
         return 2;
     }
-    const QSize size(words[1].toInt(), words[2].toInt());
-    const int rounds = words[4].toInt();
-    const int count = words[5].toInt();
     if (words.contains(QStringLiteral("computing")))
         watch.countComputing();
 
@@ -119,6 +120,6 @@ int main(int argc, char **argv)
     std::printf("### %s, %d x %d, six traces, %d operations of each kind\n\n",
                 qPrintable(QGuiApplication::platformName()), size.width(), size.height(),
                 rounds * count);
-    printTable(measured, words[3].toDouble());
+    printTable(measured, limitMs);
     return 0;
 }
