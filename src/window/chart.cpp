@@ -93,8 +93,9 @@ void addCursorSeries(const MainWindowParts &parts, int length)
             QVector<QPointF>{ { 0.0, constants::levelMin }, { 0.0, constants::levelMax } });
     for (QLineSeries *level : { parts.cursor_A_add, parts.cursor_B_add })
         level->replace(QVector<QPointF>{ { 0.0, 0.0 }, { double(length), 0.0 } });
+    // A is the active cursor at the start: nothing has to be raised for it.
     for (QLineSeries *series :
-         { parts.cursor_A_add, parts.cursor_A, parts.cursor_B_add, parts.cursor_B }) {
+         { parts.cursor_B_add, parts.cursor_B, parts.cursor_A_add, parts.cursor_A }) {
         parts.Plot_Chart->addSeries(series);
         series->attachAxis(parts.cust_axisX);
         series->attachAxis(parts.cust_axisY);
