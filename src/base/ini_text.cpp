@@ -134,9 +134,9 @@ void appendEscape(const QString &ini, Size &at, QString &text)
     const QChar c = at < ini.size() ? ini.at(at) : QChar(QLatin1Char('\n'));
     const auto letter = escapeLetters.indexOf(c);
     const bool isOctal = c >= QLatin1Char('0') && c <= QLatin1Char('7');
-    if (letter >= 0)
+    if (letter >= 0) {
         text += escapedCharacters.at(letter);
-    else if (isOctal || c == QLatin1Char('x')) {
+    } else if (isOctal || c == QLatin1Char('x')) {
         const unsigned base = isOctal ? 8 : 16;
         const Size first = isOctal ? at : at + 1;
         unsigned code = 0;

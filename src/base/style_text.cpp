@@ -248,9 +248,9 @@ void Checker::countSign(QChar sign)
         m_depth += int(isOneOf(sign, "([{")) - int(isOneOf(sign, ")]}"));
         if (sign == m_closing && m_depth <= 0)
             m_closing = QChar();
-    } else if (sign == QLatin1Char(','))
+    } else if (sign == QLatin1Char(',')) {
         spend(++m_commas);
-    else if (isOneOf(sign, "{};")) {
+    } else if (isOneOf(sign, "{};")) {
         if (sign == QLatin1Char('{'))
             m_factor = m_part.contains(general) ? maxFactor : qMin(1 + m_commas, maxFactor);
         else if (sign == QLatin1Char('}'))

@@ -3,7 +3,7 @@
 #include "mainwindow.h"
 
 #include "base/bundledpicture.h"
-#include "base/shared_bevels.h"
+#include "base/sharedbevels.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
 #include "interfacebutton.h"

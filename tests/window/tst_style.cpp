@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/shared_bevels.h"
+#include "base/sharedbevels.h"
 #include "settingsdata.h"
 #include "testfiles.h"
 #include "windowtest.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/shared_bevels.h"
+#include "base/sharedbevels.h"
 
 #include <QPushButton>
 #include <QSet>
@@ -81,4 +81,4 @@ private slots:
 };
 
 QTEST_MAIN(TestSharedBevels)
-#include "tst_shared_bevels.moc"
+#include "tst_sharedbevels.moc"
