@@ -293,8 +293,11 @@ private:
     void plotWheel(const QWheelEvent *event);
 
     // ---- Entry dialogs (window/dialogs.cpp) ----
+public:
+    /// Asks for the value that \a button shows. Does nothing for a control without an entry dialog.
     void openEntryDialog(const QObject *button);
 
+private:
     friend class MainWindowProbe;
     QWidget *centralWidget = nullptr; ///< hides QMainWindow::centralWidget()
 };

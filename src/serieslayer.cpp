@@ -140,12 +140,11 @@ void SeriesLayer::markForOpenGL()
     const bool warnings = log.isWarningEnabled();
     log.setEnabled(QtWarningMsg, false);
     const auto all = m_chart.series();
-    for (QAbstractSeries *series : all) {
+    for (QAbstractSeries *series : all)
         if (series->type() == QAbstractSeries::SeriesTypeSpline)
             static_cast<MarkableSpline *>(series)->mark(true);
         else
             series->setUseOpenGL(true);
-    }
     log.setEnabled(QtWarningMsg, warnings);
     stage.removeItem(&m_chart);
     m_neverShown.setScene(nullptr);

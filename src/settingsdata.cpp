@@ -89,10 +89,9 @@ bool SettingsData::loadSettings(const QString &file, state_index mask)
         read_index = ini.value(keyStateIndex, 0).toInt();
         // The default is slot 1, although a new store has no master.
         master_ID = static_cast<signed char>(ini.value(keyMasterId, 0).toInt());
-        for (int slot = 0; slot < constants::slotCount; ++slot) {
+        for (int slot = 0; slot < constants::slotCount; ++slot)
             if (checkbit(read_index, slot))
                 current_files[slot] = ini.value(QString(keyFile).arg(slot + 1)).toString();
-        }
     }
     ini.beginGroup(groupWindowState);
     if (checkbit(mask, GeometrySection)) {

@@ -61,7 +61,7 @@ public:
     void copy(const SettingsData *from, state_index mask);
 
     /// Reads the style sheet at \c current_CSS_path, byte by byte as Latin-1, and emits
-    /// \c CSS_changed. A sheet that cannot be read, or is unreasonably large, is an empty one.
+    /// \c CSS_changed. A sheet that cannot be read or has more than 4 MiB counts as empty.
     void parse_CSS();
 
     /// Reads the list of languages from the resources.

@@ -156,9 +156,8 @@ void SettingsMenu::createControls()
     cursor_accur = new SpeedBox(dial_accur_box);
     int section = 0;
     for (QCheckBox *check : { files_settings_check, CSS_settings_check, dir_settings_check,
-                              lang_settings_check, geometry_settings_check, dial_settings_check }) {
+                              lang_settings_check, geometry_settings_check, dial_settings_check })
         settings_check_group->addButton(check, section++);
-    }
     settings_check_group->setExclusive(false);
 }
 
@@ -299,10 +298,9 @@ void SettingsMenu::sectionToggled_slot(int id, bool checked)
 void SettingsMenu::languageChosen_slot(const QString &text)
 {
     QString code;
-    for (const language &entry : data_ex->languageList) {
+    for (const language &entry : data_ex->languageList)
         if (entry.label == text)
             code = entry.CODE;
-    }
     if (code != data_ex->current_language) {
         update_index = setbit(update_index, SettingsData::LanguageSection);
         apply_button->setEnabled(true);

@@ -55,7 +55,7 @@ Curve withoutSpikes(const Curve &curve)
 bool isMultiple(const Peak &peak, const Peaks &earlier, double tallest, double noise)
 {
     const double reach = placeError + placeErrorShare * peak.width;
-    for (int i = 1; i < earlier.size(); ++i) {
+    for (int i = 1; i < earlier.size(); ++i)
         for (int k = 1; k <= i; ++k) {
             const double pair = std::abs(earlier[i].height * earlier[k].height) * (i == k ? 1 : 2);
             for (int j = 0; j < k; ++j) {
@@ -66,7 +66,6 @@ bool isMultiple(const Peak &peak, const Peaks &earlier, double tallest, double n
                     return true;
             }
         }
-    }
     return false;
 }
 

@@ -11,8 +11,6 @@
 
 #include <QAction>
 #include <QButtonGroup>
-#include <QCoreApplication>
-#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -117,19 +115,6 @@ void showCursor(MainWindow &window)
 void choose(MainWindow &window, QAction *LegendButton::*entry)
 {
     trigger(window.parts().selected_rfg[window.state().rfg_ID]->*entry);
-}
-
-void enterValue(const QButtonGroup &group)
-{
-    QWidget *button = group.checkedButton();
-    if (!button)
-        return;
-    // The press of the right button opens the entry dialogs.
-    const QPointF middle = button->rect().center();
-    QMouseEvent press(QEvent::MouseButtonPress, middle, middle,
-                      button->mapToGlobal(middle.toPoint()), Qt::RightButton, Qt::RightButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(button, &press);
 }
 
 void switchWheel(MainWindow &window)

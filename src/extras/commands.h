@@ -8,7 +8,6 @@
 class LegendButton;
 class MainWindow;
 class QAction;
-class QButtonGroup;
 
 /// \file
 /// The actions of the keys. Each does what the mouse does: by the window's operations or else by
@@ -43,10 +42,6 @@ void showCursor(MainWindow &window);
 
 /// Chooses \a entry in the menu of the selected slot.
 void choose(MainWindow &window, QAction *LegendButton::*entry);
-
-/// Opens the entry dialog of the checked button of \a group, the cursors' or the parameters'. Does
-/// nothing when none is checked or it has no dialog.
-void enterValue(const QButtonGroup &group);
 
 /// Lets the wheel over the plot change the scale instead of moving the cursor, or back.
 void switchWheel(MainWindow &window);

@@ -41,7 +41,7 @@ public:
 
 private:
     /// True for the window, for the controls that use the arrow keys themselves, and for all of a
-    /// dialog or a menu that is open: some of their controls swallow every key.
+    /// dialog or a menu that is open: some of their controls accept every key.
     bool hasKeys(const QObject *receiver) const
     {
         const MainWindowParts &parts = m_window.parts();

@@ -94,12 +94,11 @@ QString anchorOf(const QString &heading)
 {
     QString anchor;
     const QString lower = heading.toLower();
-    for (const QChar c : lower) {
+    for (const QChar c : lower)
         if (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'))
             anchor += c;
         else if (c == QLatin1Char(' '))
             anchor += QLatin1Char('-');
-    }
     return anchor;
 }
 
@@ -122,7 +121,7 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     // The program ends with its main window.
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(firstSize);
-    // The main window gives all widgets its letters, whose size follows its own; a sheet overrides.
+    // The main window sets a font that grows with it on all widgets; a style sheet has precedence.
     setStyleSheet(
         QStringLiteral("* { font-size: %1pt; }").arg(QFontInfo(QApplication::font()).pointSize()));
 

@@ -13,6 +13,7 @@
 #include "parambutton.h"
 
 #include <QApplication>
+#include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPushButton>
 
@@ -60,7 +61,9 @@ const Key keys[] = {
     { { Qt::Key_End, {} }, Once, [](Window &w) { moveCursorToEnd(w, true); } },
     { { Qt::Key_N, {} }, Repeated, toNextReflection },
     { { Qt::Key_P, {} }, Repeated, toPreviousReflection },
-    { { Qt::Key_F2, shift }, Once, [](Window &w) { enterValue(*w.parts().up_buttons); } },
+    { { Qt::Key_F2, shift },
+      Once,
+      [](Window &w) { w.openEntryDialog(w.parts().up_buttons->checkedButton()); } },
 
     { { Qt::Key_Plus, control },
       Repeated,
@@ -99,7 +102,9 @@ const Key keys[] = {
     { { Qt::Key_Minus, {} }, Repeated, [](Window &w) { w.paramWheel(-1); } },
     { { Qt::Key_PageUp, {} }, Repeated, [](Window &w) { w.paramWheel(several); } },
     { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { w.paramWheel(-several); } },
-    { { Qt::Key_F2, {} }, Once, [](Window &w) { enterValue(*w.parts().down_buttons); } },
+    { { Qt::Key_F2, {} },
+      Once,
+      [](Window &w) { w.openEntryDialog(w.parts().down_buttons->checkedButton()); } },
 
     { { Qt::Key_C, control }, Once, copyShown },
     { { Qt::Key_E, control }, Once, askAndSaveShown },

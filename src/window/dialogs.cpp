@@ -26,8 +26,8 @@ constexpr double kuDialogStep = 0.001;
 
 /// Reads what is typed or pasted into a number box. Point and comma are the decimal separator.
 /// Blanks at the ends, between groups of three digits and before the unit are ignored. Every other
-/// text stays in the box as it was entered and leaves OK disabled: a box that drops the characters
-/// it does not know makes another number of the rest.
+/// text stays in the box as it was entered and disables OK. QAbstractSpinBox would drop the
+/// characters that it does not know and so make another number.
 class NumberReader : public QValidator
 {
 public:
@@ -47,14 +47,13 @@ public:
 
     State validate(QString &input, int &position) const override
     {
-        for (QChar &letter : input) {
+        for (QChar &letter : input)
             if (letter.isDigit())
                 letter = QLatin1Char(static_cast<char>('0' + letter.digitValue()));
             else if (letter == QLatin1Char(',') || letter == arabicSeparator)
                 letter = QLatin1Char('.');
             else if (letter == minusSign)
                 letter = QLatin1Char('-');
-        }
         QString plain = plainNumber(input);
         // The box checks range and decimals.
         const bool isNumber = !plain.isEmpty() && m_box.validate(plain, position) == Acceptable;
@@ -62,7 +61,7 @@ public:
     }
 
     /// The box reads its text when it steps, loses the focus or is hidden. It gets the number
-    /// before that; a text that is none it would replace by its last number.
+    /// before that. Events on which it would replace an invalid text are consumed.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         switch (event->type()) {

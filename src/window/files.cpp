@@ -120,7 +120,7 @@ void MainWindow::openFiles(const QStringList &files)
 void MainWindow::show_AllSelected_RFGs(state_index mask)
 {
     rfg_read_index = mask & slotMask;
-    for (int slot = 0; slot < constants::slotCount; ++slot) {
+    for (int slot = 0; slot < constants::slotCount; ++slot)
         if (isLoaded(slot)) {
             // The result is ignored: a trace whose file is gone keeps its slot.
             read_rfg_DATA(settingsData->current_files[slot], slot);
@@ -128,7 +128,6 @@ void MainWindow::show_AllSelected_RFGs(state_index mask)
         } else {
             rfg_DATA[slot].coef_from_min = 1;
         }
-    }
     for (int slot = 0; slot < constants::slotCount; ++slot) {
         RFG_visibleToggle(slot, isLoaded(slot));
         selected_rfg[slot]->menuEnable(isLoaded(slot));

@@ -64,14 +64,13 @@ void MainWindow::selectTrace(int id)
 
 void MainWindow::seriaIsSelected()
 {
-    for (int slot = 0; slot < constants::slotCount; ++slot) {
+    for (int slot = 0; slot < constants::slotCount; ++slot)
         for (QXYSeries *series : { static_cast<QXYSeries *>(rfg_series[slot]),
                                    static_cast<QXYSeries *>(rfg_series_sp[slot]) }) {
             QPen pen = series->pen();
             pen.setWidthF(slot == rfg_ID ? constants::tracePen : thinTracePen);
             series->setPen(pen);
         }
-    }
     // Together with the cursors, so that selecting the same slot again raises nothing.
     seriesLayer->raise(QVector<QXYSeries *>{ rfg_series[rfg_ID], rfg_series_sp[rfg_ID] }
                        + cursorSeries());
