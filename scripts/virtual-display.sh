@@ -93,12 +93,6 @@ window_is_painted() {
     [ "$(import -window "$viewer_window" -format '%k' info:-)" -gt 32 ]
 }
 
-# resize_viewer WIDTH HEIGHT: the size of the window without its frame.
-resize_viewer() {
-    xdotool windowsize --sync "$viewer_window" "$1" "$2"
-    sleep 1
-}
-
 # take_picture FILE.png: the window without its frame, and without dates, so that the same window
 # gives the same file.
 take_picture() {

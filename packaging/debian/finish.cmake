@@ -16,7 +16,7 @@ file(COPY ${CPACK_VELKOR_DEBIAN_DIR}/copyright DESTINATION ${doc}
   FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
 # A changelog in Debian's form, made of the points of this version in the project's own. Points end
-# at the next one; their lines are filled anew, because Debian's are shorter.
+# at the next one; their lines are wrapped again, because Debian's are shorter.
 file(STRINGS ${doc}/CHANGELOG.md lines ENCODING UTF-8)
 set(version "")
 set(points)

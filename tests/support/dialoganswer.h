@@ -12,8 +12,8 @@
 class QDialog;
 class QMenu;
 
-/// Waits for the next modal dialog or menu, whose loop holds the test, and serves it from a timer.
-/// Destroyed, it waits no longer.
+/// Waits for the next modal dialog or menu and answers it from a timer, because its event loop
+/// blocks the test. The destructor ends the wait.
 class DialogAnswer
 {
 public:
