@@ -34,8 +34,8 @@ constexpr int speedStep = 10;
 constexpr int labelStretch = 2;
 constexpr int speedStretch = 1;
 
-// The built-in sheet gives the captions of tabs the colour of their ground.
-constexpr QLatin1String tabGround
+// The built-in sheet gives the captions of tabs the colour of their background.
+constexpr QLatin1String tabBackground
     = constants::latin1("QTabBar::tab { background: rgb(185, 187, 190); padding: 4px 12px;"
                         " border: 1px solid rgb(110, 112, 115); }"
                         "QTabBar::tab:selected { background: rgb(225, 227, 230); }");
@@ -43,15 +43,16 @@ constexpr int tabFrame = 4; ///< px; the frame of a tab may have any colour
 constexpr int darkGray = 96; ///< of 255; black on it has a contrast of 3.3
 
 /// True when \a sheet gives tabs a background.
-bool hasTabGround(QString sheet)
+bool hasTabBackground(QString sheet)
 {
     static const QRegularExpression comment(QStringLiteral("/\\*.*?\\*/"),
                                             QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression ground(QStringLiteral("QTabBar::tab[^{}]*\\{[^{}]*background"));
-    return sheet.remove(comment).contains(ground);
+    static const QRegularExpression background(
+        QStringLiteral("QTabBar::tab[^{}]*\\{[^{}]*background"));
+    return sheet.remove(comment).contains(background);
 }
 
-/// True when the tabs of \a bar have dark captions on a dark ground.
+/// True when the tabs of \a bar have dark captions on a dark background.
 bool isDark(QTabBar *bar)
 {
     const QRect tab = bar->tabRect(bar->currentIndex());
@@ -64,8 +65,8 @@ bool isDark(QTabBar *bar)
     return lightest < darkGray;
 }
 
-/// Styles draw the outline of a box in a shade of the ground. This grey has a contrast of 3:1 to
-/// the built-in sheet's ground and to white.
+/// Styles draw the outline of a box in a shade of the background. This grey has a contrast of 3:1
+/// to the built-in sheet's background and to white.
 constexpr QLatin1String boxSelector = constants::latin1("QCheckBox::indicator");
 constexpr QLatin1String boxOutline
     = constants::latin1("QCheckBox::indicator:unchecked { border: 1px solid rgb(141, 142, 143); }");
@@ -276,8 +277,8 @@ void SettingsMenu::interfaceUpdate()
     language_select->setCurrentText(data_ex->current_language);
     apply_button->setEnabled(false);
     tabs->setStyleSheet(QString());
-    if (!hasTabGround(data_ex->current_CSS) && isDark(tabs->tabBar()))
-        tabs->setStyleSheet(tabGround);
+    if (!hasTabBackground(data_ex->current_CSS) && isDark(tabs->tabBar()))
+        tabs->setStyleSheet(tabBackground);
 }
 
 void SettingsMenu::interfaceInit()

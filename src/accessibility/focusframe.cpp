@@ -7,7 +7,7 @@
 
 namespace {
 
-// White around black: one of the two is seen on any ground.
+// White around black: one of the two is seen on any background.
 constexpr int lightWidth = 2;
 constexpr int darkWidth = 1;
 

@@ -42,11 +42,11 @@ constexpr double chartExtraHeight = 20.0;
 constexpr QRgb linkOnDark = 0xFF5ADCFF;
 
 /// Rich text takes the colour of links from the palette of the application. Its blue cannot be read
-/// on a dark \a ground.
-void adaptLinks(const QColor &ground)
+/// on a dark \a background.
+void adaptLinks(const QColor &background)
 {
     QPalette palette = QApplication::palette();
-    const QColor readable = ground.lightness() < 128 ? QColor::fromRgb(linkOnDark) : Qt::blue;
+    const QColor readable = background.lightness() < 128 ? QColor::fromRgb(linkOnDark) : Qt::blue;
     if (palette.color(QPalette::Link) == readable)
         return;
     palette.setColor(QPalette::Link, readable);
