@@ -10,20 +10,13 @@
 #include "windowtest.h"
 
 #include <QApplication>
-#include <QButtonGroup>
 #include <QFocusFrame>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QtTest>
 
 namespace {
-
-QImage pictureOf(QWidget &window)
-{
-    return window.grab().toImage();
-}
 
 /// How many pixels of \a one differ from \a other within \a area.
 int differences(const QImage &one, const QImage &other, const QRect &area)
@@ -78,24 +71,11 @@ private:
     }
 
 private slots:
-    void theKeyboardStartsAtThePlot()
-    {
-        openOn({ TraceBuilder() });
-        window().hide();
-        probe().legend_button()->setFocus();
-        accessibility::attach(window());
-        window().show();
-        QApplication::setActiveWindow(&window());
-        WindowFixture::settle();
-        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(probe().Plot_View()));
-        QVERIFY(!frame()->isVisible());
-    }
-
     void tabAndItsFrameFollowTheWindowRowByRow()
     {
         openAndAttach();
         window().scale_change(2);
-        const QImage before = pictureOf(window());
+        const QImage before = window().grab().toImage();
         const auto order = stops();
         for (int round = 0; round < 2; ++round)
             for (QWidget *stop : order) {
@@ -104,7 +84,7 @@ private slots:
                     QVERIFY(frame()->isVisible());
                     QCOMPARE(frame()->geometry(), placeOf(stop));
                     // Three pixels on each of four sides.
-                    const int seen = differences(pictureOf(window()), before, placeOf(stop));
+                    const int seen = differences(window().grab().toImage(), before, placeOf(stop));
                     QVERIFY2(seen > 5 * (stop->width() + stop->height()),
                              stop->metaObject()->className());
                 }
@@ -139,7 +119,7 @@ private slots:
     {
         openAndAttach();
         press(Qt::Key_Tab);
-        const QImage picture = pictureOf(window());
+        const QImage picture = window().grab().toImage();
         QWidget *control = QApplication::focusWidget();
         const QRect place = placeOf(control);
         QCOMPARE(picture.pixel(place.left(), place.center().y()), qRgb(255, 255, 255));
@@ -203,10 +183,7 @@ private slots:
         press(Qt::Key_Tab);
         QWidget *control = QApplication::focusWidget();
         // As a key does that types in a value: the entry opens by a press of the right button.
-        const QPoint at(5, 5);
-        QMouseEvent event(QEvent::MouseButtonPress, at, control->mapToGlobal(at), Qt::RightButton,
-                          Qt::RightButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(control, &event);
+        input::press(control, QPoint(5, 5), Qt::RightButton);
         QVERIFY(frame()->isVisible());
         QCOMPARE(frame()->geometry(), placeOf(control));
         QWidget other;
