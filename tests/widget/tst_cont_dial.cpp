@@ -61,18 +61,8 @@ private slots:
         QCOMPARE(dial.trueMin, 0);
         QCOMPARE(dial.trueMax, 100);
         QCOMPARE(dial.zeroOff, false);
-        QCOMPARE(dial.titleText, QString());
         QCOMPARE(dial.ring_color, QColor(Qt::black));
-        QVERIFY(dial.icon.isNull());
-        QCOMPARE(dial.oldValue, 0);
-        QCOMPARE(dial.textRect, QRectF());
-        QCOMPARE(dial.radius, 0);
-        QCOMPARE(dial.minimum(), 0);
-        QCOMPARE(dial.maximum(), 100);
-        QCOMPARE(dial.singleStep(), 1);
         QCOMPARE(dial.pageStep(), 10); // 5 after setAccuracy(100)
-        QVERIFY(dial.wrapping());
-        QVERIFY(dial.notchesVisible());
     }
 
     void theSlotsFollowTheSignal()
