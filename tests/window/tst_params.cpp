@@ -11,8 +11,6 @@
 #include <QButtonGroup>
 #include <QtTest>
 
-#include <limits>
-
 /// The parameters, set by the dial and by the window's operations. Which values are possible is
 /// tested with calc::wholeSamples, calc::clampedVerticalOffset and calc::clampedKU.
 class TestParams : public WindowTest
@@ -188,45 +186,6 @@ private slots:
         input::click(probe().selected_rfg()[3]);
         QCOMPARE(dial()->trueValue, 0);
         QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n"));
-    }
-
-    void aTurnByTheMouseReachesTheTraceAndTheFactor()
-    {
-        openWithTrace();
-        input::click(probe().V_offset_button());
-        input::turn(dial(), 360);
-        QCOMPARE(dial()->trueValue, 107);
-        QCOMPARE(probe().rfg_DATA()[0].offset, 107);
-        input::turn(dial(), -720);
-        QCOMPARE(probe().rfg_DATA()[0].offset, -93);
-        input::click(probe().KU_button());
-        input::turn(dial(), 360);
-        QCOMPARE(dial()->trueValue, 598);
-        QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n1.598"));
-    }
-
-    void aDialWithoutSpeedTakesWheelKeysAndMouse()
-    {
-        for (const int speed : { 0, -5, std::numeric_limits<int>::min() }) {
-            startOver();
-            WindowFixture::writeSettings(
-                QStringLiteral("[Dials]\nparamSpeed=%1\ncursorSpeed=%1\n").arg(speed).toLatin1());
-            fixture->open();
-            QCOMPARE(probe().settingsData()->param_dial_speed, speed);
-            QCOMPARE(probe().settingsData()->cursor_dial_speed, speed);
-            for (const int id : { 1, 3, 7, 8 }) {
-                input::click(probe().down_buttons()->button(id));
-                for (Cont_dial *turned : { dial(), probe().cursor_dial() }) {
-                    input::wheel(turned, 120);
-                    input::wheel(turned, -120);
-                    for (const Qt::Key key : { Qt::Key_Right, Qt::Key_Left, Qt::Key_PageUp })
-                        QTest::keyClick(turned, key);
-                    input::turn(turned, 360);
-                }
-                QCOMPARE(dial()->maximum(), id == 8 ? 8 : 1);
-            }
-            QCOMPARE(probe().cursor_dial()->maximum(), 1);
-        }
     }
 
     // ---- Operations without the dial ----

@@ -84,6 +84,7 @@ private slots:
             window.remove_Selected_RFG(id);
             window.parse_T_Name(id);
             window.add_Selected_RFG(fixture->path(QStringLiteral("t1.tdr")), id);
+            QVERIFY(!window.read_rfg_DATA(fixture->path(QStringLiteral("t1.tdr")), id));
             QCOMPARE(probe().rfg_ID(), 1);
             QCOMPARE(probe().rfg_read_index(), 3);
         }
@@ -107,19 +108,6 @@ private slots:
     }
 
     // ---- Visibility ----
-
-    void aTraceIsHiddenAndShownByItsMenu()
-    {
-        openOn({ TraceBuilder(), TraceBuilder() }, 1);
-        QCOMPARE(slotsText(), QStringLiteral("vV...., selected 1, master 1"));
-        visibleAction(0)->trigger();
-        QCOMPARE(slotsText(), QStringLiteral("hV...., selected 1, master 1"));
-        visibleAction(1)->trigger();
-        QCOMPARE(slotsText(), QStringLiteral("hH...., selected 1, master 1"));
-        visibleAction(0)->trigger();
-        visibleAction(1)->trigger();
-        QCOMPARE(slotsText(), QStringLiteral("vV...., selected 1, master 1"));
-    }
 
     void showingASlotInOneStepRepairsTheMaster()
     {

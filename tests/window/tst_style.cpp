@@ -112,15 +112,6 @@ private slots:
         qunsetenv("VELKOR_DEV_FOLDER");
     }
 
-    void builtInSheetIsTheDefault()
-    {
-        fixture->open();
-        const QByteArray text = contentOf(QStringLiteral(":/style/style_2.qss"));
-        QCOMPARE(look(), text);
-        QCOMPARE(dialogLook(), text);
-        QCOMPARE(currentPath(), QStringLiteral(":/style/style_2.qss"));
-    }
-
     void sheetStylesWindowAndInputDialogButNoFontSizesAndNoPlot()
     {
         openWithSheet("* { background: red; } " + secondSheet);

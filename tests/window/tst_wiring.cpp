@@ -1,24 +1,29 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
+#include "dialoganswer.h"
 #include "inputevents.h"
 #include "invariants.h"
-#include "legendbutton.h"
 #include "parambutton.h"
+#include "settingsdata.h"
+#include "settingsmenu.h"
 #include "windowtest.h"
 
-#include <QAction>
 #include <QActionGroup>
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
 #include <QtTest>
 
 namespace {
 
-/// A window that notes whose events it is shown.
+/// A window that notes whose events its filter sees and counts those that it consumes.
 class WatchingWindow : public MainWindow
 {
 public:
@@ -26,26 +31,50 @@ public:
     {
         if (event->type() == QEvent::User)
             seen << watched;
-        return MainWindow::eventFilter(watched, event);
+        const bool held = MainWindow::eventFilter(watched, event);
+        consumed += held ? 1 : 0;
+        return held;
     }
 
     QVector<QObject *> seen;
+    int consumed = 0;
 };
 
 } // namespace
 
-/// Groups, menus and watched objects, and the choices that two controls share.
+/// Groups, menus and watched objects, the choices that two controls share, and the settings dialog
+/// with the live window behind it. tst_text_corpus has what loaded settings do to the window.
 class TestWiring : public WindowTest
 {
     Q_OBJECT
 
+private:
+    SettingsMenu *menu() const
+    {
+        return probe().settingsMenu();
+    }
+    SettingsData *live() const
+    {
+        return probe().settingsData();
+    }
+    /// Presses the settings button, calls \a act while the dialog is open, and closes it if it is
+    /// still open then. False when no dialog opened.
+    bool inDialog(const std::function<void()> &act)
+    {
+        const auto answer = answerDialog([&act](QDialog &dialog) {
+            act();
+            if (dialog.isVisible())
+                dialog.reject();
+        });
+        QTest::mouseClick(probe().settings_button(), Qt::LeftButton);
+        return answer->served();
+    }
+
 private slots:
-    void eachButtonHasItsIdInItsGroup()
+    void eachParameterHasItsId()
     {
         fixture->open();
         const MainWindowProbe &p = probe();
-        QCOMPARE(p.up_buttons()->button(1), p.curA_button());
-        QCOMPARE(p.up_buttons()->button(2), p.curB_button());
         const QVector<QAbstractButton *> parameters{
             p.gain_button(),      p.KU_button(),          p.average_button(),
             p.V_offset_button(),  p.pulse_width_button(), p.pulse_amplitude_button(),
@@ -55,44 +84,13 @@ private slots:
         QCOMPARE(p.down_buttons()->buttons().size(), 10);
         for (int id = 0; id < 10; ++id) {
             QCOMPARE(p.down_buttons()->button(id), parameters[id]);
-            QCOMPARE(int(static_cast<ParamButton *>(parameters[id])->id), id);
-            QVERIFY(parameters[id]->isCheckable());
+            const auto *button = static_cast<ParamButton *>(parameters[id]);
+            QCOMPARE(int(button->id), id);
+            // The words are deliberately not kept.
+            QCOMPARE(button->dict, nullptr);
         }
-        QCOMPARE(p.rfg_buttons()->buttons().size(), 6);
-        for (int slot = 0; slot < 6; ++slot)
-            QCOMPARE(p.rfg_buttons()->button(slot), p.selected_rfg()[slot]);
-        QCOMPARE(p.scale_nav_group()->button(0), p.scale_down_button());
-        QCOMPARE(p.scale_nav_group()->button(1), p.scale_up_button());
-        QCOMPARE(p.scroll_nav_group()->button(0), p.scroll_left_button());
-        QCOMPARE(p.scroll_nav_group()->button(1), p.scroll_right_button());
-        QCOMPARE(p.cur_nav_group()->button(1), p.curA_nav_button());
-        QCOMPARE(p.cur_nav_group()->button(2), p.curB_nav_button());
-    }
-
-    void choicesAreExclusiveAndCheckableWhereTheyMustBe()
-    {
-        fixture->open();
-        const MainWindowProbe &p = probe();
-        for (const QButtonGroup *group :
-             { p.up_buttons(), p.down_buttons(), p.rfg_buttons(), p.cur_nav_group() })
-            QVERIFY(group->exclusive());
         QVERIFY(!p.scale_nav_group()->exclusive());
         QVERIFY(!p.scroll_nav_group()->exclusive());
-        for (const QAbstractButton *button :
-             { static_cast<QAbstractButton *>(p.curA_button()),
-               static_cast<QAbstractButton *>(p.curB_button()),
-               static_cast<QAbstractButton *>(p.curA_nav_button()),
-               static_cast<QAbstractButton *>(p.curB_nav_button()),
-               static_cast<QAbstractButton *>(p.smooth_button()),
-               static_cast<QAbstractButton *>(p.difference_button()) })
-            QVERIFY(button->isCheckable());
-        for (const QPushButton *button :
-             { p.scale_up_button(), p.scale_down_button(), p.scroll_left_button(),
-               p.scroll_right_button(), p.reset_all_button(), p.settings_button(),
-               p.legend_button() })
-            QVERIFY(!button->isCheckable());
-        QVERIFY(!p.smooth_button()->isChecked());
-        QVERIFY(!p.difference_button()->isChecked());
     }
 
     void twelveObjectsAreWatched()
@@ -117,6 +115,33 @@ private slots:
         QCOMPARE(window.seen.size(), 12);
     }
 
+    void theFilterConsumesNothing()
+    {
+        WatchingWindow watching;
+        const MainWindowProbe p(watching);
+        watching.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&watching));
+        QWidget *view = p.Plot_View()->viewport();
+        input::press(view, QPoint(100, 100), Qt::LeftButton);
+        input::move(view, QPoint(120, 100), Qt::MiddleButton);
+        input::release(view, QPoint(120, 100), Qt::MiddleButton);
+        for (QWidget *widget : { view, static_cast<QWidget *>(p.param_dial()),
+                                 static_cast<QWidget *>(p.cursor_dial()) })
+            input::wheel(widget, 120);
+        const auto menu = answerMenu([](QMenu &) {});
+        input::press(view, QPoint(100, 100), Qt::RightButton);
+        const auto about = answerDialog(cancelDialog);
+        input::press(p.logo_lbl(), QPoint(5, 5), Qt::LeftButton);
+        const auto entry = answerDialog(cancelDialog);
+        input::press(p.curA_button(), QPoint(5, 5), Qt::RightButton);
+        QEvent language(QEvent::LanguageChange);
+        QApplication::sendEvent(p.legend_button(), &language);
+        watching.resize(820, 520);
+        WindowFixture::settle();
+        QVERIFY(menu->served() && about->served() && entry->served());
+        QCOMPARE(watching.consumed, 0);
+    }
+
     void theChartMenuOffersTwoChoices()
     {
         fixture->open();
@@ -138,16 +163,6 @@ private slots:
         }
         QCOMPARE(p.chartMenu()->minimumSize(), QSize(100, 100));
         QCOMPARE(fixture->window().contextMenuPolicy(), Qt::CustomContextMenu);
-    }
-
-    void theChartMenuSelectsWhatTheWheelDoes()
-    {
-        openOn({});
-        QVERIFY(!probe().zoom_wheel_flag());
-        probe().scale_wheel_action()->trigger();
-        QVERIFY(probe().zoom_wheel_flag());
-        probe().cur_wheel_action()->trigger();
-        QVERIFY(!probe().zoom_wheel_flag());
     }
 
     void eachChoiceOfACursorSetsTheOthers()
@@ -174,6 +189,50 @@ private slots:
             input::click(isB ? p.curB_button() : p.curA_button());
             verify(isB);
         }
+    }
+
+    void theSettingsDialogOpensUpToDateOnThePageOfSettings()
+    {
+        fixture->open();
+        window().resize(900, 600);
+        WindowFixture::settle();
+        live()->window_geometry.clear();
+        live()->window_state.clear();
+        live()->cursor_dial_speed = 250;
+        menu()->tabs->setCurrentWidget(menu()->files_widget);
+        QVERIFY(inDialog([this] {
+            QVERIFY(menu()->isModal());
+            QVERIFY(menu()->initiated);
+            QCOMPARE(menu()->tabs->currentWidget(), menu()->settings_widget);
+            QCOMPARE(live()->window_geometry, window().saveGeometry());
+            QCOMPARE(live()->window_state, window().saveState(0));
+            QCOMPARE(menu()->cursor_accur->value(), 250);
+            QCOMPARE(menu()->language_select->count(), 2);
+            QVERIFY(!menu()->apply_button->isEnabled());
+        }));
+    }
+
+    void whatIsAppliedReachesDialogAndWindowAtOnce()
+    {
+        fixture->open();
+        QVERIFY(inDialog([this] {
+            menu()->cursor_accur->setValue(250);
+            menu()->param_accur->setValue(500);
+            menu()->language_select->setCurrentText(QString::fromUtf8("Русский"));
+            QCOMPARE(probe().cursor_dial()->maximum(), 100);
+            QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
+            QTest::mousePress(menu()->apply_button, Qt::LeftButton);
+            QVERIFY(!menu()->apply_button->isEnabled());
+            QCOMPARE(probe().cursor_dial()->maximum(), 250);
+            QCOMPARE(probe().param_dial()->maximum(), 500);
+            QCOMPARE(live()->current_language, QStringLiteral("ru_RU"));
+            QCOMPARE(probe().smooth_button()->text(), QString::fromUtf8("Сглаживание"));
+            QCOMPARE(menu()->apply_button->text(), QString::fromUtf8("Применить"));
+            menu()->language_select->setCurrentText(QStringLiteral("English"));
+            QTest::mousePress(menu()->ok_button, Qt::LeftButton);
+        }));
+        QCOMPARE(live()->current_language, QStringLiteral("en_US"));
+        QCOMPARE(probe().smooth_button()->text(), QStringLiteral("Smooth"));
     }
 };
 
