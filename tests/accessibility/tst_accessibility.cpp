@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibility/accessibility.h"
 #include "cont_dial.h"
-#include "dialoganswer.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
+#include "windowactions.h"
 #include "windowstate.h"
 #include "windowtest.h"
 
@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QInputDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
@@ -136,7 +137,7 @@ private slots:
                      p.V_offset_button(), p.scale_button(), p.curB_button() }) {
                 QString title;
                 QStringList labels;
-                const auto answer = answerDialog([&](QDialog &dialog) {
+                answerEntry(button, [&](QInputDialog &dialog) {
                     title = dialog.windowTitle();
                     const auto widgets = dialog.findChildren<QWidget *>();
                     for (QWidget *editor : widgets)
@@ -144,10 +145,7 @@ private slots:
                             && (qobject_cast<QAbstractSpinBox *>(editor)
                                 || qobject_cast<QComboBox *>(editor)))
                             labels.append(labelOf(editor));
-                    dialog.reject();
                 });
-                QTest::mousePress(button, Qt::RightButton);
-                QVERIFY(answer->served());
                 QCOMPARE(labels.size(), 1);
                 QVERIFY2(labels.first().startsWith(title)
                              && labels.first().contains(QLatin1String(" : [")),

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QGraphicsScene>
+#include <QInputDialog>
 #include <QPushButton>
 #include <QtTest>
 
@@ -38,6 +39,18 @@ bool loadInto(const WindowFixture &fixture, int slot, const QString &path)
     fixture.probe().selected_rfg()[slot]->load_action->trigger();
     WindowFixture::settle();
     return answer->served();
+}
+
+void answerEntry(QWidget *button, const std::function<void(QInputDialog &)> &answer)
+{
+    const auto server = answerDialog([&answer](QDialog &dialog) {
+        answer(dynamic_cast<QInputDialog &>(dialog));
+        if (dialog.isVisible())
+            dialog.reject();
+    });
+    QTest::mousePress(button, Qt::RightButton);
+    if (!server->served())
+        qFatal("no entry dialog");
 }
 
 QList<QGraphicsItem *> stacked(QGraphicsScene &scene)

@@ -7,11 +7,15 @@
 #include <QList>
 #include <QVector>
 
+#include <functional>
+
 class QGraphicsItem;
 class QGraphicsScene;
+class QInputDialog;
+class QWidget;
 
 /// \file
-/// What several window tests do: open a window on traces, choose files.
+/// What several window tests do: open a window on traces, choose files, enter values.
 
 /// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master,
 /// and all other settings default. The files are "t1.tdr" and so on, in the fixture's folder. A
@@ -26,6 +30,10 @@ bool chooseFiles(const WindowFixture &fixture, const QStringList &paths);
 /// Triggers "load" in the menu of \a slot and answers its dialog with \a path; an empty one
 /// cancels. False when no dialog came up.
 bool loadInto(const WindowFixture &fixture, int slot, const QString &path);
+
+/// Right-clicks \a button and calls \a answer with the entry dialog that opens; cancels the dialog
+/// if it is still open then. Ends the test program when no such dialog opens.
+void answerEntry(QWidget *button, const std::function<void(QInputDialog &)> &answer);
 
 /// All items of \a scene, the lowest one first.
 QList<QGraphicsItem *> stacked(QGraphicsScene &scene);

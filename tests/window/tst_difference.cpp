@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
-#include "dialoganswer.h"
 #include "inputevents.h"
 #include "interfacebutton.h"
 #include "windowactions.h"
@@ -93,12 +92,8 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 259);
         QCOMPARE(probe().cursor_A_pos(), 256);
         double dialogStep = 0.0;
-        const auto answer = answerDialog([&dialogStep](QDialog &dialog) {
-            dialogStep = static_cast<QInputDialog &>(dialog).doubleStep();
-            dialog.reject();
-        });
-        QTest::mousePress(probe().curA_button(), Qt::RightButton);
-        QVERIFY(answer->served());
+        answerEntry(probe().curA_button(),
+                    [&](QInputDialog &dialog) { dialogStep = dialog.doubleStep(); });
         QCOMPARE(qRound(dialogStep), 32);
     }
 

@@ -5,6 +5,7 @@
 #include "inputevents.h"
 #include "legendbutton.h"
 #include "parambutton.h"
+#include "windowactions.h"
 #include "windowtest.h"
 
 #include <QInputDialog>
@@ -44,10 +45,6 @@ class TestEntryDialogs : public WindowTest
     Q_OBJECT
 
 private:
-    Cont_dial *paramDial() const
-    {
-        return probe().param_dial();
-    }
     /// Two traces: four counts to a sample, two samples right, 7 up; and two counts to a sample.
     void openTraces()
     {
@@ -57,18 +54,10 @@ private:
     QString ask(QWidget *button, const std::function<void(QInputDialog &)> &answer)
     {
         QString question;
-        const auto server = answerDialog([&](QDialog &dialog) {
-            auto *input = qobject_cast<QInputDialog *>(&dialog);
-            if (input == nullptr) {
-                dialog.reject();
-                return;
-            }
-            question = questionOf(*input);
-            answer(*input);
+        answerEntry(button, [&](QInputDialog &dialog) {
+            question = questionOf(dialog);
+            answer(dialog);
         });
-        QTest::mousePress(button, Qt::RightButton);
-        if (!server->served())
-            qFatal("no dialog");
         return question;
     }
     QString answered(QWidget *button, double value)
@@ -91,7 +80,7 @@ private:
     /// The step of the dialog of \a button, which is cancelled.
     QString stepOf(QWidget *button)
     {
-        return ask(button, [](QInputDialog &dialog) { dialog.reject(); })
+        return ask(button, [](QInputDialog &) {})
             .section(QStringLiteral(" by "), 1)
             .section(QLatin1Char(','), 0, 0);
     }
@@ -106,10 +95,10 @@ private slots:
         QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n2.125"));
         input::click(probe().KU_button());
         answered(probe().KU_button(), 7.9);
-        QCOMPARE(paramDial()->trueValue, 7);
+        QCOMPARE(probe().param_dial()->trueValue, 7);
         input::click(probe().H_offset_button());
         answered(probe().KU_button(), 3.0);
-        QCOMPARE(paramDial()->trueValue, 8);
+        QCOMPARE(probe().param_dial()->trueValue, 8);
     }
 
     void theHorizontalShiftIsAskedInMetres()
@@ -120,11 +109,11 @@ private slots:
                                 "1 in -8000..8000 by 0.500000002, 2 decimals"));
         // 3.6 m are 28.8 counts: seven samples of four.
         QCOMPARE(probe().rfg_DATA()[0].scroll, 28);
-        QCOMPARE(paramDial()->trueValue, 28);
+        QCOMPARE(probe().param_dial()->trueValue, 28);
         input::click(probe().scale_button());
         answered(probe().H_offset_button(), -0.6);
         QCOMPARE(probe().rfg_DATA()[0].scroll, -4);
-        QCOMPARE(paramDial()->trueValue, probe().master_scale());
+        QCOMPARE(probe().param_dial()->trueValue, probe().master_scale());
     }
 
     void theVerticalShiftIsAskedInSampleSteps()
@@ -133,10 +122,10 @@ private slots:
         QCOMPARE(answered(probe().V_offset_button(), -100),
                  QStringLiteral("Y Shift|Y Shift\nRange : [-256; 256]|7 in -256..256 by 1"));
         QCOMPARE(probe().rfg_DATA()[0].offset, -100);
-        QCOMPARE(paramDial()->trueValue, 8);
+        QCOMPARE(probe().param_dial()->trueValue, 8);
         input::click(probe().V_offset_button());
         answered(probe().V_offset_button(), 256);
-        QCOMPARE(paramDial()->trueValue, 256);
+        QCOMPARE(probe().param_dial()->trueValue, 256);
     }
 
     void shiftsOfAnEmptySlotCanBeEntered()
@@ -160,11 +149,11 @@ private slots:
                 chosen(probe().scale_button(), items.section(QLatin1Char(' '), exponent, exponent)),
                 QStringLiteral("Scale|Scale\nRange : [31.25; 8000]|125m of ") + items);
             QCOMPARE(probe().master_scale(), exponent);
-            QCOMPARE(paramDial()->trueValue, 8);
+            QCOMPARE(probe().param_dial()->trueValue, 8);
         }
         input::click(probe().scale_button());
         chosen(probe().scale_button(), QStringLiteral("500m"));
-        QCOMPARE(paramDial()->trueValue, 4);
+        QCOMPARE(probe().param_dial()->trueValue, 4);
         QCOMPARE(probe().scrollfactorX(), 0);
     }
 
@@ -243,10 +232,8 @@ private slots:
         };
         const QVector<double> before = values();
         for (QWidget *button :
-             { static_cast<QWidget *>(p.KU_button()), static_cast<QWidget *>(p.H_offset_button()),
-               static_cast<QWidget *>(p.V_offset_button()),
-               static_cast<QWidget *>(p.scale_button()), static_cast<QWidget *>(p.curA_button()),
-               static_cast<QWidget *>(p.curB_button()) }) {
+             QVector<QWidget *>{ p.KU_button(), p.H_offset_button(), p.V_offset_button(),
+                                 p.scale_button(), p.curA_button(), p.curB_button() }) {
             ask(button, [](QInputDialog &dialog) {
                 if (dialog.inputMode() == QInputDialog::DoubleInput)
                     dialog.setDoubleValue(3.0);
@@ -254,7 +241,6 @@ private slots:
                     dialog.setIntValue(3);
                 else
                     dialog.setTextValue(dialog.comboBoxItems().first());
-                dialog.reject();
             });
             QCOMPARE(values(), before);
         }
@@ -264,10 +250,8 @@ private slots:
     {
         openTraces();
         const auto answer = answerDialog(cancelDialog);
-        for (QWidget *widget : { static_cast<QWidget *>(probe().gain_button()),
-                                 static_cast<QWidget *>(probe().legend_button()),
-                                 static_cast<QWidget *>(probe().param_dial()),
-                                 static_cast<QWidget *>(probe().cursor_dial()) })
+        for (QWidget *widget : QVector<QWidget *>{ probe().gain_button(), probe().legend_button(),
+                                                   probe().param_dial(), probe().cursor_dial() })
             input::press(widget, QPoint(5, 5), Qt::RightButton);
         input::press(probe().KU_button(), QPoint(5, 5), Qt::MiddleButton);
         input::mouse(probe().KU_button(), QEvent::MouseButtonPress, QPoint(5, 5), Qt::RightButton,

@@ -231,10 +231,6 @@ private slots:
         QVERIFY(p.cursor_dial()->zeroOff);
         QCOMPARE(p.cursor_dial()->trueMin, 0);
         QCOMPARE(p.cursor_dial()->trueMax, 64000);
-        for (const Cont_dial *dial : { p.cursor_dial(), p.param_dial() }) {
-            QCOMPARE(dial->maximum(), 100);
-            QCOMPARE(dial->pageStep(), 5);
-        }
     }
 
     void theChartViewShowsTheSceneFromItsCorner()

@@ -38,23 +38,17 @@ struct Sizes
 
 const Sizes smallest{ "800x500", { 800, 500 }, 9.0F, 9, 8, 10, 18, 13, 27, 18, 6 };
 
-/// A line of the debug log.
-struct Line
+/// The lines of the debug log, each with the function that wrote it.
+QStringList &caught()
 {
-    QString text;
-    QString function;
-};
-
-QVector<Line> &caught()
-{
-    static QVector<Line> lines;
+    static QStringList lines;
     return lines;
 }
 
 void catchLine(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (type == QtDebugMsg)
-        caught() << Line{ text, QString::fromLatin1(context.function) };
+        caught() << QLatin1String(context.function) + QLatin1String(": ") + text;
 }
 
 } // namespace
@@ -168,9 +162,8 @@ private slots:
         for (const double factor : { 1.49896229, 1.0 }) {
             window().KU_change(factor);
             const QRectF step = probe().cursor_step_lbl().boundingRect();
-            QCOMPARE(
-                probe().cursor_step_lbl().pos(),
-                QPointF(plot().right() - int(step.width()) - int(step.height()) / 2, plot().top()));
+            const int left = int(step.width()) + int(step.height()) / 2;
+            QCOMPARE(probe().cursor_step_lbl().pos(), QPointF(plot().right() - left, plot().top()));
         }
         window().KU_change(1.49896229);
         int visible = 0;
@@ -217,11 +210,12 @@ private slots:
 
     void spacersAreAFifthOfATraceButton()
     {
+        const QSpacerItem *const spacers[]
+            = { probe().blank_1(), probe().blank_2(), probe().blank_3() };
         for (const int height : { 560, 900 }) {
             resizeTo(800, height);
             const int expected = probe().selected_rfg()[0]->height() / 5;
-            for (const QSpacerItem *spacer :
-                 { probe().blank_1(), probe().blank_2(), probe().blank_3() }) {
+            for (const QSpacerItem *spacer : spacers) {
                 QCOMPARE(spacer->sizeHint().width(), 10);
                 // The files button is laid out before the trace buttons and reads their old size.
                 QVERIFY(qAbs(spacer->sizeHint().height() - expected) < 20);
@@ -232,8 +226,7 @@ private slots:
         // Resized alone it sets exactly a fifth.
         QResizeEvent event(QSize(50, 50), QSize(40, 40));
         QApplication::sendEvent(probe().legend_button(), &event);
-        for (const QSpacerItem *spacer :
-             { probe().blank_1(), probe().blank_2(), probe().blank_3() })
+        for (const QSpacerItem *spacer : spacers)
             QCOMPARE(spacer->sizeHint(), QSize(10, probe().selected_rfg()[0]->height() / 5));
     }
 
@@ -247,24 +240,23 @@ private slots:
         // New fonts can change the layout by a pixel, which resizes the view once more.
         const auto last = caught().size() - 3;
         QVERIFY(last >= 0 && last % 3 == 0);
-        for (const Line &line : caught())
-            QCOMPARE(line.function,
-                     QStringLiteral("virtual bool MainWindow::eventFilter(QObject*, QEvent*)"));
-        QCOMPARE(caught()[0].text, QStringLiteral("1 before resize ") + before);
-        QCOMPARE(caught()[last + 1].text, QStringLiteral("2 after resize ") + report());
-        QCOMPARE(caught()[last + 2].text,
-                 QStringLiteral("5 after correction %1 view QSize(%2, %3)")
-                     .arg(report())
-                     .arg(probe().Plot_View()->width())
-                     .arg(probe().Plot_View()->height()));
+        const QString filter
+            = QStringLiteral("virtual bool MainWindow::eventFilter(QObject*, QEvent*): ");
+        QCOMPARE(caught()[0], filter + QStringLiteral("1 before resize ") + before);
+        QCOMPARE(caught()[last + 1], filter + QStringLiteral("2 after resize ") + report());
+        QCOMPARE(caught()[last + 2],
+                 filter
+                     + QStringLiteral("5 after correction %1 view QSize(%2, %3)")
+                           .arg(report())
+                           .arg(probe().Plot_View()->width())
+                           .arg(probe().Plot_View()->height()));
         // The sizes of the window on request.
         caught().clear();
         qInstallMessageHandler(catchLine);
         window().reportSizes();
         qInstallMessageHandler(nullptr);
         QCOMPARE(caught().size(), 2);
-        QVERIFY2(caught()[0].text.contains(QStringLiteral("1000, 700")),
-                 qPrintable(caught()[0].text));
+        QVERIFY2(caught()[0].contains(QStringLiteral("1000, 700")), qPrintable(caught()[0]));
     }
 };
 

@@ -183,7 +183,7 @@ void setMarks(const MainWindowProbe &probe, bool on)
 QImage modulePlotAt(const MainWindowProbe &probe, double scale)
 {
     setMarks(probe, false);
-    const QImage picture = plotAt(probe, scale);
+    QImage picture = plotAt(probe, scale);
     setMarks(probe, true);
     return picture;
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "dialoganswer.h"
 #include "each.h"
 #include "inputevents.h"
 #include "parambutton.h"
+#include "windowactions.h"
 #include "windowtest.h"
 
 #include <QClipboard>
@@ -105,16 +105,6 @@ class TestTypedNumbers : public WindowTest
     Q_OBJECT
 
 private:
-    void openDialog(QWidget *button, const std::function<void(QInputDialog &)> &answer)
-    {
-        const auto server = answerDialog([&answer](QDialog &dialog) {
-            answer(static_cast<QInputDialog &>(dialog));
-            if (dialog.isVisible())
-                dialog.reject();
-        });
-        QTest::mousePress(button, Qt::RightButton);
-        QVERIFY(server->served());
-    }
     /// Enters \a entry into \a dialog, then presses Enter and, when that does nothing, Tab. What
     /// differs from the expectation; empty when nothing does.
     static QString problemWith(QInputDialog &dialog, const Entry &entry, Enter enter)
@@ -146,7 +136,7 @@ private:
     {
         for (const Entry &entry : entries)
             for (const Enter enter : { type, paste })
-                openDialog(button, [&](QInputDialog &dialog) {
+                answerEntry(button, [&](QInputDialog &dialog) {
                     const QString problem = problemWith(dialog, entry, enter);
                     QVERIFY2(
                         problem.isEmpty(),
@@ -178,7 +168,7 @@ private slots:
     void theArrowsStepFromTheNumberThatWasTyped()
     {
         openOn({ TraceBuilder() });
-        openDialog(probe().KU_button(), [](QInputDialog &dialog) {
+        answerEntry(probe().KU_button(), [](QInputDialog &dialog) {
             QWidget *box = dialog.focusWidget();
             type(box, QStringLiteral("2,5"));
             QTest::keyClick(box, Qt::Key_Up);
@@ -192,7 +182,7 @@ private slots:
     void okByItsShortcutTakesTheTextThatIsStillEdited()
     {
         openOn({ TraceBuilder() });
-        openDialog(probe().curA_button(), [](QInputDialog &dialog) {
+        answerEntry(probe().curA_button(), [](QInputDialog &dialog) {
             type(dialog.focusWidget(), QStringLiteral("12,6 m")); // cut to whole samples
             dialog.accept();
         });
@@ -203,15 +193,14 @@ private slots:
     void theNextDialogIsUsableAfterARefusedText()
     {
         openOn({ TraceBuilder() });
-        openDialog(probe().V_offset_button(), [](QInputDialog &) {});
-        for (QWidget *button : { static_cast<QWidget *>(probe().V_offset_button()),
-                                 static_cast<QWidget *>(probe().scale_button()),
-                                 static_cast<QWidget *>(probe().KU_button()) }) {
-            openDialog(probe().KU_button(), [](QInputDialog &dialog) {
+        answerEntry(probe().V_offset_button(), [](QInputDialog &) {});
+        for (QWidget *button : QVector<QWidget *>{ probe().V_offset_button(),
+                                                   probe().scale_button(), probe().KU_button() }) {
+            answerEntry(probe().KU_button(), [](QInputDialog &dialog) {
                 paste(dialog.focusWidget(), QStringLiteral("1.2.3"));
                 QVERIFY(!isUsable(dialog));
             });
-            openDialog(button, [](QInputDialog &dialog) { QVERIFY(isUsable(dialog)); });
+            answerEntry(button, [](QInputDialog &dialog) { QVERIFY(isUsable(dialog)); });
         }
     }
 };
