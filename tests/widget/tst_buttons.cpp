@@ -206,30 +206,6 @@ private slots:
             iconImage(button.icon, QIcon::Active, QIcon::On).convertToFormat(QImage::Format_ARGB32),
             average.convertToFormat(QImage::Format_ARGB32));
     }
-
-    void aParameterButtonFiltersItselfAndLetsAllPass()
-    {
-        /// Counts what the button's own filter sees.
-        class Counter : public ParamButton
-        {
-        public:
-            Counter()
-                : ParamButton(nullptr, 1)
-            {
-            }
-            bool eventFilter(QObject *watched, QEvent *event) override
-            {
-                seen += watched == this ? 1 : 0;
-                return ParamButton::eventFilter(watched, event);
-            }
-            int seen = 0;
-        };
-        Counter button;
-        button.show();
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QVERIFY(button.isChecked());
-        QVERIFY(button.seen > 2);
-    }
 };
 
 QTEST_MAIN(TestButtons)

@@ -61,15 +61,6 @@ class TestDictionary : public QObject
     Q_OBJECT
 
 private slots:
-    void theWordsAreMembersInTheirOrder()
-    {
-        const Dictionary dictionary(nullptr);
-        QCOMPARE(int(std::size(words)), 37);
-        for (std::size_t i = 1; i < std::size(words); ++i)
-            QVERIFY2(&(dictionary.*words[i].member) == &(dictionary.*words[i - 1].member) + 1,
-                     words[i].english);
-    }
-
     void theWordsFollowTheLanguageWhenTheyAreSet()
     {
         Dictionary dictionary(nullptr);

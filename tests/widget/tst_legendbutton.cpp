@@ -128,14 +128,6 @@ private slots:
         QCOMPARE(requests, QStringList{ QStringLiteral("visible 2 0") });
         QVERIFY(button->vis());
         QVERIFY(button->visible_action->isChecked());
-        // The check mark follows the answer.
-        connect(button.get(), &LegendButton::visible_signal, button.get(),
-                [this](char, bool wanted) { button->setVis(wanted); });
-        for (const bool expected : { false, true }) {
-            button->visible_action->trigger();
-            QCOMPARE(button->vis(), expected);
-            QCOMPARE(button->visible_action->isChecked(), expected);
-        }
     }
 
     void settersEmitTheirChangeAndNoRequest()

@@ -232,9 +232,7 @@ private slots:
         QVERIFY(chart >= 0);
         const auto pairs = allPairs(probe());
         for (const Pair &pair : pairs) {
-            QCOMPARE(pair.line->scene(), probe().Plot_Scene());
             QCOMPARE(pair.label->scene(), probe().Plot_Scene());
-            QCOMPARE(pair.line->zValue(), 0.0);
             const auto at = stack.indexOf(const_cast<QGraphicsLineItem *>(pair.line));
             QVERIFY(at >= 0 && at < chart);
             QCOMPARE(pair.label->brush(), probe().cust_axisX()->labelsBrush());
