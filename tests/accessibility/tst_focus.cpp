@@ -59,16 +59,6 @@ private:
         QTest::keyClick(QApplication::focusWidget(), key);
         WindowFixture::settle();
     }
-    /// In a group of which one is chosen, the keyboard stops at that one; arrows go on from there.
-    QVector<QWidget *> stops() const
-    {
-        const MainWindowProbe &p = probe();
-        return { p.curA_button(),       p.legend_button(),       p.selected_rfg()[0],
-                 p.Plot_View(),         p.settings_button(),     p.difference_button(),
-                 p.smooth_button(),     p.reset_all_button(),    p.scale_up_button(),
-                 p.scale_down_button(), p.scroll_right_button(), p.curA_nav_button(),
-                 p.param_dial(),        p.H_offset_button(),     p.cursor_dial() };
-    }
 
 private slots:
     void tabAndItsFrameFollowTheWindowRowByRow()
@@ -76,7 +66,16 @@ private slots:
         openAndAttach();
         window().scale_change(2);
         const QImage before = window().grab().toImage();
-        const auto order = stops();
+        // In a group of which one is chosen, the keyboard stops at that one; arrows go on from
+        // there.
+        const MainWindowProbe &p = probe();
+        const QVector<QWidget *> order{
+            p.curA_button(),       p.legend_button(),       p.selected_rfg()[0],
+            p.Plot_View(),         p.settings_button(),     p.difference_button(),
+            p.smooth_button(),     p.reset_all_button(),    p.scale_up_button(),
+            p.scale_down_button(), p.scroll_right_button(), p.curA_nav_button(),
+            p.param_dial(),        p.H_offset_button(),     p.cursor_dial()
+        };
         for (int round = 0; round < 2; ++round)
             for (QWidget *stop : order) {
                 QCOMPARE(QApplication::focusWidget(), stop);

@@ -48,7 +48,7 @@ OddPlaces::~OddPlaces()
 #endif
 }
 
-const QVector<OddPlace> &OddPlaces::all() const
+const std::vector<OddPlace> &OddPlaces::all() const
 {
     return m_places;
 }
@@ -74,7 +74,7 @@ void OddPlaces::addSpecialFiles()
     const auto node = [this](const char *kind, const QByteArray &path, mode_t type) {
         if (::mknod(path.constData(), type | 0644, 0) != 0)
             qFatal("cannot make a %s", kind);
-        m_places.append({ kind, QFile::decodeName(path) });
+        m_places.push_back({ kind, QFile::decodeName(path) });
     };
     node("pipe", QFile::encodeName(in("pipe.tdr")), S_IFIFO);
     node("socket", QFile::encodeName(in("socket.tdr")), S_IFSOCK);
@@ -84,7 +84,7 @@ void OddPlaces::addSpecialFiles()
     const auto link = [this](const char *kind, const char *target, const char *name) {
         if (::symlink(target, QFile::encodeName(in(name)).constData()) != 0)
             qFatal("cannot make a link");
-        m_places.append({ kind, in(name) });
+        m_places.push_back({ kind, in(name) });
     };
     link("dangling link", "nowhere.tdr", "dangling.tdr");
     link("link to itself", "loop.tdr", "loop.tdr");
@@ -94,7 +94,7 @@ void OddPlaces::addSpecialFiles()
     link("link to a device", "/dev/zero", "to_zero.tdr");
     link("link to a folder", "/", "to_root.tdr");
     for (const char *device : { "/dev/null", "/dev/zero", "/dev/full", "/dev/random", "/dev/tty" })
-        m_places.append({ device, QString::fromLatin1(device) });
+        m_places.push_back({ device, QString::fromLatin1(device) });
 #endif
 }
 
@@ -103,11 +103,11 @@ void OddPlaces::addLockedFiles()
     const QByteArray trace = TraceBuilder().samples(99).bytes();
     writeFile(in("unreadable.tdr"), trace);
     QFile::setPermissions(in("unreadable.tdr"), {});
-    m_places.append({ "not readable", in("unreadable.tdr") });
+    m_places.push_back({ "not readable", in("unreadable.tdr") });
     QDir(m_folder.path()).mkdir(QStringLiteral("locked"));
     writeFile(in("locked/inner.tdr"), trace);
     QFile::setPermissions(in("locked"), {});
-    m_places.append({ "in a locked folder", in("locked/inner.tdr") });
+    m_places.push_back({ "in a locked folder", in("locked/inner.tdr") });
     // Only the modes of those two keep an ordinary user out, not that of the folder above.
     QFile::setPermissions(m_folder.path(),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther

@@ -5,14 +5,14 @@
 #include <QDir>
 #include <QString>
 #include <QTemporaryDir>
-#include <QVector>
 
 #include <functional>
+#include <vector>
 
 /// A path that leads to no file that can be read, by what is wrong with it.
 struct OddPlace
 {
-    const char *kind;
+    const char *name;
     QString path;
 };
 
@@ -26,7 +26,7 @@ public:
 
     /// Every place that this system supports. An ordinary user can read none of them; root must use
     /// \c asOrdinaryUser.
-    const QVector<OddPlace> &all() const;
+    const std::vector<OddPlace> &all() const;
     QString folder() const;
 
 private:
@@ -36,7 +36,7 @@ private:
     void addLockedFiles();
 
     QTemporaryDir m_folder;
-    QVector<OddPlace> m_places;
+    std::vector<OddPlace> m_places;
 };
 
 /// Runs \a work with the rights of an ordinary user, also when root runs the test.

@@ -122,7 +122,10 @@ private slots:
         // Open already when the language changes: the dialog must grow with its texts.
         f->open();
         for (const char *code : { "en_US", "ru_RU" }) {
-            setLanguage(QLatin1String(code));
+            f->live.current_language = QLatin1String(code);
+            f->live.setTranslation();
+            f->words.setStrings();
+            f->menu.retranslateUI();
             QCoreApplication::processEvents();
             const QList<QWidget *> widgets = f->menu.settings_widget->findChildren<QWidget *>();
             int checked = 0;
@@ -299,13 +302,6 @@ private slots:
     }
 
 private:
-    void setLanguage(const QString &code)
-    {
-        f->live.current_language = code;
-        f->live.setTranslation();
-        f->words.setStrings();
-        f->menu.retranslateUI();
-    }
     QList<QCheckBox *> allChecks() const
     {
         return { f->menu.files_settings_check,    f->menu.CSS_settings_check,

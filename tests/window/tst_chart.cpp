@@ -285,10 +285,6 @@ private slots:
         QCOMPARE(probe().axis_0_lbl()[1].text(), QStringLiteral("29.8"));
         QCOMPARE(probe().axis_0_lines()[1].x(), width());
         QCOMPARE(probe().axis_0_lbl()[1].x(), width() + left());
-        // A blank label under a line that is drawn.
-        window().setPlotRange(-16, 234);
-        QVERIFY(edgeShown(probe(), 0));
-        QVERIFY(probe().axis_0_lbl()[0].text().isEmpty());
     }
 
     void layingOutPutsLabelsInTheMiddleOfTheBandUnderThePlot()

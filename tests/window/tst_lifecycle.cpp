@@ -75,9 +75,6 @@ private slots:
         fixture->open();
         QCOMPARE(probe().param_dial()->maximum(), 50);
         QCOMPARE(probe().cursor_dial()->maximum(), 60);
-        fixture->close();
-        QCOMPARE(contentOf(backupFile()), first);
-        fixture->open();
         probe().settingsData()->param_dial_speed = 70;
         fixture->close();
         QCOMPARE(contentOf(backupFile()), first);

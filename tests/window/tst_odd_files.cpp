@@ -109,20 +109,11 @@ QStringList tracesOf(MainWindow &window)
         QRegularExpression(QStringLiteral("^(rfg_series|range:|cursors:|title:|slots:)")));
 }
 
-struct Place
-{
-    const char *name;
-    QString path;
-};
-
 /// Runs \a check on every odd place.
 template <typename Check> void eachPlace(const Check &check)
 {
     const OddPlaces places;
-    std::vector<Place> rows;
-    for (const OddPlace &place : places.all())
-        rows.push_back({ place.kind, place.path });
-    each(rows, check);
+    each(places.all(), check);
 }
 
 /// True when an ordinary user does \a work in time.
@@ -155,7 +146,7 @@ private slots:
     {
         MainWindow &window = openGood();
         const QStringList before = stateOf(window);
-        eachPlace([&](const Place &place) {
+        eachPlace([&](const OddPlace &place) {
             QVERIFY(isQuick([&] { window.add_Selected_RFG(place.path, 1); }));
             QCOMPARE(stateOf(window), before);
             QCOMPARE(probe().rfg_DATA()[1].file_name, QStringLiteral("t2"));
@@ -169,7 +160,7 @@ private slots:
             const QStringList lines = tracesOf(window);
             return lines.filter(QStringLiteral("[0]")) + lines.filter(QStringLiteral("[1]"));
         };
-        eachPlace([&](const Place &place) {
+        eachPlace([&](const OddPlace &place) {
             MainWindow &window = openGood();
             const QStringList before = otherSlots(window);
             asOrdinaryUser([&] { window.add_Selected_RFG(place.path, 4); });
@@ -182,7 +173,7 @@ private slots:
 
     void aRunWithPathsThatCannotBeReadStartsAgain()
     {
-        eachPlace([this](const Place &place) {
+        eachPlace([this](const OddPlace &place) {
             fixture->close();
             WindowFixture::writePreviousRun({ place.path, place.path });
             fixture->open();
@@ -199,20 +190,20 @@ private slots:
     {
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
-        each<Place>({ { "status", QStringLiteral("/proc/self/status") },
-                      { "time", QStringLiteral("/proc/uptime") },
-                      { "messages", QStringLiteral("/proc/kmsg") } },
-                    [&](const Place &place) {
-                        const qint64 took = fastest([&] {
-                            window.add_Selected_RFG(place.path, 1);
-                            window.settings()->loadSettings(place.path, 63);
-                            window.settings()->current_CSS_path = place.path;
-                            window.settings()->parse_CSS();
-                        });
-                        QVERIFY(took < answerTime);
-                        QVERIFY(window.settings()->current_CSS.isEmpty());
-                        QCOMPARE(tracesOf(window), before);
-                    });
+        each<OddPlace>({ { "status", QStringLiteral("/proc/self/status") },
+                         { "time", QStringLiteral("/proc/uptime") },
+                         { "messages", QStringLiteral("/proc/kmsg") } },
+                       [&](const OddPlace &place) {
+                           const qint64 took = fastest([&] {
+                               window.add_Selected_RFG(place.path, 1);
+                               window.settings()->loadSettings(place.path, 63);
+                               window.settings()->current_CSS_path = place.path;
+                               window.settings()->parse_CSS();
+                           });
+                           QVERIFY(took < answerTime);
+                           QVERIFY(window.settings()->current_CSS.isEmpty());
+                           QCOMPARE(tracesOf(window), before);
+                       });
         QVERIFY(!QFileInfo(QStringLiteral("/proc/uptime")).size());
     }
 #endif
@@ -264,7 +255,7 @@ private slots:
         constexpr state_index allButTracesAndFolders = 58;
         MainWindow &window = openGood();
         const QStringList before = stateOf(window);
-        eachPlace([&](const Place &place) {
+        eachPlace([&](const OddPlace &place) {
             SettingsData *settings = window.settings();
             settings->cursor_dial_speed = 37;
             settings->current_language = QStringLiteral("ru_RU");
@@ -284,7 +275,7 @@ private slots:
     {
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
-        eachPlace([&](const Place &place) {
+        eachPlace([&](const OddPlace &place) {
             SettingsData *settings = window.settings();
             settings->current_CSS_path = place.path;
             asOrdinaryUser([&] { settings->parse_CSS(); });
@@ -299,7 +290,7 @@ private slots:
     void aSheetThatNamesSuchAPlaceDoesNotBlock()
     {
         const QString sheet = fixture->path(QStringLiteral("a.qss"));
-        eachPlace([&](const Place &place) {
+        eachPlace([&](const OddPlace &place) {
             // Qt reads no further than to a NUL.
             if (place.path.contains(QChar(0)))
                 return;

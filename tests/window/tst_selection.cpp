@@ -22,12 +22,6 @@ class TestSelection : public WindowTest
 {
     Q_OBJECT
 
-private:
-    QAction *visibleAction(int slot) const
-    {
-        return probe().selected_rfg()[slot]->visible_action;
-    }
-
 private slots:
     // ---- Selected trace ----
 
@@ -143,8 +137,8 @@ private slots:
         QCOMPARE(slotsText(), QStringLiteral("vvV..., selected 0, master 2"));
         QCOMPARE(int{ probe().settingsData()->master_ID }, 2);
         // Hidden slots stay hidden.
-        visibleAction(1)->trigger();
-        visibleAction(2)->trigger();
+        for (const int slot : { 1, 2 })
+            probe().selected_rfg()[slot]->visible_action->trigger();
         window().setMasterID(1);
         QCOMPARE(slotsText(), QStringLiteral("vHh..., selected 0, master 1"));
     }

@@ -5,9 +5,7 @@
 #include "file_text.h"
 #include "settingsdata.h"
 #include "testfiles.h"
-#include "trace_recipe.h"
 #include "windowactions.h"
-#include "windowstate.h"
 
 #include <QBuffer>
 #include <QLabel>
@@ -90,26 +88,22 @@ Values valuesIn(const SettingsData &settings, const QString &trace)
             files.append(settings.current_files[slot].isEmpty()
                              ? QStringLiteral("-")
                              : path(settings.current_files[slot]));
-    Values values;
-    const auto add = [&values](const char *key, const QString &value) {
-        values.insert(QLatin1String(key), value);
+    const auto text = [](qint64 number) { return QString::number(number); };
+    return {
+        { QStringLiteral("language"), shown(settings.current_language) },
+        { QStringLiteral("style"), path(settings.current_CSS_path) },
+        { QStringLiteral("last"),
+          settings.last_folder == QDir::currentPath() ? QStringLiteral("CWD")
+                                                      : shown(settings.last_folder) },
+        { QStringLiteral("files"), files.join(QLatin1Char(' ')) },
+        { QStringLiteral("folders"), text(settings.work_folders.size()) },
+        { QStringLiteral("mask"), text(settings.read_index) },
+        { QStringLiteral("master"), text(settings.master_ID) },
+        { QStringLiteral("geometry"), text(settings.window_geometry.size()) },
+        { QStringLiteral("state"), text(settings.window_state.size()) },
+        { QStringLiteral("cursorSpeed"), text(settings.cursor_dial_speed) },
+        { QStringLiteral("paramSpeed"), text(settings.param_dial_speed) },
     };
-    const auto addNumber
-        = [&add](const char *key, qint64 value) { add(key, QString::number(value)); };
-    add("language", shown(settings.current_language));
-    add("style", path(settings.current_CSS_path));
-    add("last",
-        settings.last_folder == QDir::currentPath() ? QStringLiteral("CWD")
-                                                    : shown(settings.last_folder));
-    add("files", files.join(QLatin1Char(' ')));
-    addNumber("folders", settings.work_folders.size());
-    addNumber("mask", settings.read_index);
-    addNumber("master", settings.master_ID);
-    addNumber("geometry", settings.window_geometry.size());
-    addNumber("state", settings.window_state.size());
-    addNumber("cursorSpeed", settings.cursor_dial_speed);
-    addNumber("paramSpeed", settings.param_dial_speed);
-    return values;
 }
 
 /// The settings of a window and what it shows of them.
@@ -118,22 +112,18 @@ Values valuesIn(const WindowFixture &fixture, const QString &trace)
     const MainWindowProbe &probe = fixture.probe();
     const SettingsData &settings = *probe.settingsData();
     const QString smooth = probe.smooth_button()->text();
-    const QString texts = smooth == QString::fromUtf8("Сглаживание") ? QStringLiteral("Russian")
-        : smooth == QLatin1String("Smooth")                          ? QStringLiteral("English")
-                                                                     : smooth;
     Values values = valuesIn(settings, trace);
-    const Values shownValues = valuesOf(
-        QStringLiteral("texts=%1; sheet=%2; slots=%3; selected=%4; cursorDial=%5; paramDial=%6; "
-                       "size=%7x%8")
-            .arg(texts, sheetName(int(settings.current_CSS.size())))
-            .arg(probe.rfg_read_index())
-            .arg(probe.rfg_ID())
-            .arg(probe.cursor_dial()->maximum())
-            .arg(probe.param_dial()->maximum())
-            .arg(fixture.window().width())
-            .arg(fixture.window().height()));
-    for (auto it = shownValues.begin(); it != shownValues.end(); ++it)
-        values.insert(it.key(), it.value());
+    values[QStringLiteral("texts")] = smooth == QString::fromUtf8("Сглаживание")
+        ? QStringLiteral("Russian")
+        : smooth == QLatin1String("Smooth") ? QStringLiteral("English")
+                                            : smooth;
+    values[QStringLiteral("sheet")] = sheetName(int(settings.current_CSS.size()));
+    values[QStringLiteral("slots")] = QString::number(probe.rfg_read_index());
+    values[QStringLiteral("selected")] = QString::number(probe.rfg_ID());
+    values[QStringLiteral("cursorDial")] = QString::number(probe.cursor_dial()->maximum());
+    values[QStringLiteral("paramDial")] = QString::number(probe.param_dial()->maximum());
+    values[QStringLiteral("size")]
+        = QStringLiteral("%1x%2").arg(fixture.window().width()).arg(fixture.window().height());
     return values;
 }
 

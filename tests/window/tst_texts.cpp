@@ -64,7 +64,8 @@ struct Text
 } // namespace
 
 /// What the controls say in both languages. The words themselves are tested with the dictionary,
-/// the texts of the settings dialog with that, those of the file dialogs in tst_files.
+/// the texts of the settings dialog with that, those of the file dialogs in tst_files, captions and
+/// title of a trace in tst_trace_corpus.
 class TestTexts : public WindowTest
 {
     Q_OBJECT
@@ -128,36 +129,6 @@ private:
         return texts;
     }
 
-    /// The texts with numbers: the first trace selected, or without \a isLoaded its empty slot.
-    std::vector<Text> readouts(bool isLoaded) const
-    {
-        const MainWindowProbe &p = probe();
-        const Dictionary &d = *p.d();
-        const QString m = QLatin1Char(' ') + d.DIST_SUFFIX_STR;
-        const auto value = [isLoaded](const QString &word, const QString &number) {
-            return isLoaded ? word + QLatin1Char('\n') + number : word;
-        };
-        const QString title = isLoaded
-            ? text("t1, /") + p.rfg_DATA()[0].dir_name + text(", ") + date() + text(" 09:05:07")
-            : d.RFG_STR + text(" 1");
-        return {
-            { "gain", p.gain_button()->text(), value(d.GAIN_STR, text("30")) },
-            { "average", p.average_button()->text(), value(d.AVERAGE_STR, text("16")) },
-            { "Y", p.V_offset_button()->text(), value(d.V_OFFSET_STR, text("7")) },
-            { "width", p.pulse_width_button()->text(),
-              value(d.PULSE_W_STR, text("100") + d.TIME_SUFFIX_STR) },
-            { "amplitude", p.pulse_amplitude_button()->text(),
-              value(d.PULSE_A_STR, text("20") + d.VOLTAGE_SUFFIX_STR) },
-            { "impedance", p.impedance_button()->text(), value(d.IMPEDANCE_STR, text("75")) },
-            { "X", p.H_offset_button()->text(), value(d.H_OFFSET_STR, text("1.00") + m) },
-            { "dial", p.param_dial()->titleText,
-              d.H_OFFSET_STR + text("\n") + (isLoaded ? text("1.00") + m : QString()) },
-            { "title", p.chart_title().text(), title },
-            { "step", p.cursor_step_lbl().text(),
-              d.CUR_STEP_STR + text(isLoaded ? " = 0.50" : " = 0.13") + m },
-        };
-    }
-
     /// Every text that any object of the window holds, found without knowing the window.
     QStringList foundTexts() const
     {
@@ -184,8 +155,7 @@ private:
     void verify(int loaded, bool russian)
     {
         QCOMPARE(probe().d()->FILES_STR, text(russian ? "Файлы" : "Files"));
-        for (const auto &texts :
-             { buttonTexts(russian), slotTexts(loaded, russian), readouts(loaded > 0) })
+        for (const auto &texts : { buttonTexts(russian), slotTexts(loaded, russian) })
             each<Text>(texts, [](const Text &one) { QCOMPARE(one.actual, one.expected); });
         // Cursors, shortening factor and scale.
         QCOMPARE(brokenInvariants(window()), QStringList());
