@@ -4,20 +4,10 @@
 #include "parambutton.h"
 #include "picturebutton.h"
 
+#include <QPainter>
 #include <QtTest>
 
 namespace {
-
-/// A red square with a transparent right half.
-QPixmap halfRed()
-{
-    QImage image(16, 16, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    for (int y = 0; y < 16; ++y)
-        for (int x = 0; x < 8; ++x)
-            image.setPixelColor(x, y, Qt::red);
-    return QPixmap::fromImage(image);
-}
 
 QImage iconImage(const QIcon &icon, QIcon::Mode mode, QIcon::State state)
 {
@@ -145,7 +135,10 @@ private slots:
     void pureRedBecomesTheGreyOfQtAndTransparentStays()
     {
         InterfaceButton button(nullptr);
-        const QImage gray = button.grayPixmap(halfRed()).toImage();
+        QPixmap halfRed(16, 16);
+        halfRed.fill(Qt::transparent);
+        QPainter(&halfRed).fillRect(0, 0, 8, 16, Qt::red);
+        const QImage gray = button.grayPixmap(halfRed).toImage();
         QCOMPARE(gray.size(), QSize(16, 16));
         QImage red(1, 1, QImage::Format_ARGB32);
         red.fill(Qt::red);

@@ -6,6 +6,7 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "windowactions.h"
+#include "windowstate.h"
 #include "windowtest.h"
 
 #include <QInputDialog>
@@ -222,15 +223,11 @@ private slots:
         window().cursorSelect_slot(2);
         window().cursorSetup_slot(80);
         const MainWindowProbe &p = probe();
-        const auto values = [&p] {
-            return QVector<double>{
-                double{ p.master_params().KU },    double(p.rfg_DATA()[0].scroll),
-                double(p.rfg_DATA()[0].offset),    double(p.master_scale()),
-                double(p.cursor_A_pos()),          double(p.cursor_B_pos()),
-                double(p.param_dial()->trueValue), double(p.cursor_dial()->trueValue)
-            };
+        const auto values = [this] {
+            return stateOf(window()).filter(
+                QRegularExpression(QStringLiteral("^(rfg_series|range|grid|cursors|dial)")));
         };
-        const QVector<double> before = values();
+        const QStringList before = values();
         for (QWidget *button :
              QVector<QWidget *>{ p.KU_button(), p.H_offset_button(), p.V_offset_button(),
                                  p.scale_button(), p.curA_button(), p.curB_button() }) {

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
-#include "each.h"
 #include "legendbutton.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
@@ -108,38 +107,24 @@ private slots:
 
     void bothDialogsStartInTheLastFolderAndAreTranslated()
     {
-        struct Row
-        {
-            const char *name;
-            QString several;
-            QString one;
-            QString filter;
-        };
         fixture->open();
+        setLanguage("ru_RU");
         probe().settingsData()->last_folder = fixture->path({});
-        each<Row>({ { "en_US", QStringLiteral("Select RFG files to open"),
-                      QStringLiteral("Select RFG file to open"), QStringLiteral("rfg (*.tdr)") },
-                    { "ru_RU", QStringLiteral("Выбор файлов рефлектограммы для загрузки"),
-                      QStringLiteral("Выбор файла рефлектограммы для загрузки"),
-                      QStringLiteral("рфг файлы (*.tdr)") } },
-                  [this](const Row &row) {
-                      setLanguage(row.name);
-                      const auto verify = [&](const QString &title) {
-                          return answerDialog([&row, title, this](QDialog &dialog) {
-                              const auto closer = qScopeGuard([&dialog] { dialog.reject(); });
-                              const auto &files = dynamic_cast<QFileDialog &>(dialog);
-                              QCOMPARE(files.windowTitle(), title);
-                              QCOMPARE(files.nameFilters(), QStringList(row.filter));
-                              QCOMPARE(files.directory(), QDir(fixture->path({})));
-                          });
-                      };
-                      const auto several = verify(row.several);
-                      QTest::mousePress(probe().legend_button(), Qt::LeftButton);
-                      QVERIFY(several->served());
-                      const auto one = verify(row.one);
-                      probe().selected_rfg()[2]->load_action->trigger();
-                      QVERIFY(one->served());
-                  });
+        const auto verify = [this](const QString &title) {
+            return answerDialog([this, title](QDialog &dialog) {
+                const auto closer = qScopeGuard([&dialog] { dialog.reject(); });
+                const auto &files = dynamic_cast<QFileDialog &>(dialog);
+                QCOMPARE(files.windowTitle(), title);
+                QCOMPARE(files.nameFilters(), QStringList(QStringLiteral("рфг файлы (*.tdr)")));
+                QCOMPARE(files.directory(), QDir(fixture->path({})));
+            });
+        };
+        const auto several = verify(QStringLiteral("Выбор файлов рефлектограммы для загрузки"));
+        QTest::mousePress(probe().legend_button(), Qt::LeftButton);
+        QVERIFY(several->served());
+        const auto one = verify(QStringLiteral("Выбор файла рефлектограммы для загрузки"));
+        probe().selected_rfg()[2]->load_action->trigger();
+        QVERIFY(one->served());
     }
 
     /// F2 and Delete in Qt's own dialog would rename and delete the files that it lists.

@@ -114,7 +114,7 @@ private slots:
         QCOMPARE(probe().selected_rfg()[0]->iconSize(), QSize(27, 27));
     }
 
-    void iconsAreDrawnInPixelsNotEnlarged()
+    void iconsAndLogoAreDrawnInPixelsNotEnlarged()
     {
         const auto buttons = buttonsWithIcons();
         QCOMPARE(buttons.size(), 23);
@@ -129,10 +129,6 @@ private slots:
                 QCOMPARE(icon.size(), button->iconSize() * wantedFactor());
             }
         }
-    }
-
-    void theLogoIsDrawnInPixelsNotEnlarged()
-    {
         const QPixmap logo = probe().logo_lbl()->pixmap(Qt::ReturnByValue);
         QCOMPARE(logo.devicePixelRatioF(), wantedFactor());
         const QSizeF size = QSizeF(logo.size()) / wantedFactor();
