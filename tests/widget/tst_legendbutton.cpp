@@ -33,11 +33,6 @@ private slots:
         QCOMPARE(button->contentsMargins(), QMargins(11, 0, 11, 0));
         QCOMPARE(button->contextMenuPolicy(), Qt::CustomContextMenu);
         QCOMPARE(button->contextMenu->minimumSize(), QSize(100, 100));
-        for (const char slot : { char(0), char(2), char(5) }) {
-            const LegendButton other(words.get(), slot);
-            QCOMPARE(other.objectName(), QStringLiteral("rfg_%1").arg(slot + 1));
-            QCOMPARE(other.name, other.objectName());
-        }
     }
 
     void menuHasItsOrder()

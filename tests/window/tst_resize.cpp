@@ -125,12 +125,6 @@ private slots:
         openOn({});
     }
 
-    void cleanup()
-    {
-        qInstallMessageHandler(nullptr);
-        fixture.reset();
-    }
-
     void everythingGrowsWithTheWindow()
     {
         each<Sizes>({ smallest,

@@ -202,13 +202,10 @@ private slots:
         menu()->tabs->setCurrentWidget(menu()->files_widget);
         QVERIFY(inDialog([this] {
             QVERIFY(menu()->isModal());
-            QVERIFY(menu()->initiated);
             QCOMPARE(menu()->tabs->currentWidget(), menu()->settings_widget);
             QCOMPARE(live()->window_geometry, window().saveGeometry());
             QCOMPARE(live()->window_state, window().saveState(0));
             QCOMPARE(menu()->cursor_accur->value(), 250);
-            QCOMPARE(menu()->language_select->count(), 2);
-            QVERIFY(!menu()->apply_button->isEnabled());
         }));
     }
 
