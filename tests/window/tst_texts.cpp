@@ -157,6 +157,19 @@ private:
         QCOMPARE(probe().d()->FILES_STR, text(russian ? "Файлы" : "Files"));
         for (const auto &texts : { buttonTexts(russian), slotTexts(loaded, russian) })
             each<Text>(texts, [](const Text &one) { QCOMPARE(one.actual, one.expected); });
+        const MainWindowProbe &p = probe();
+        const QPair<QAbstractButton *, QString> parameters[]
+            = { { p.gain_button(), p.d()->GAIN_STR },
+                { p.average_button(), p.d()->AVERAGE_STR },
+                { p.V_offset_button(), p.d()->V_OFFSET_STR },
+                { p.pulse_width_button(), p.d()->PULSE_W_STR },
+                { p.pulse_amplitude_button(), p.d()->PULSE_A_STR },
+                { p.impedance_button(), p.d()->IMPEDANCE_STR },
+                { p.H_offset_button(), p.d()->H_OFFSET_STR } };
+        for (const auto &[button, word] : parameters) {
+            QCOMPARE(button->text().section(QLatin1Char('\n'), 0, 0), word);
+            QCOMPARE(button->text().contains(QLatin1Char('\n')), loaded > 0);
+        }
         // Cursors, shortening factor and scale.
         QCOMPARE(brokenInvariants(window()), QStringList());
     }
