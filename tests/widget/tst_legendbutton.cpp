@@ -69,27 +69,6 @@ private slots:
         QCOMPARE(keyOf(*other.clear_action), keyOf(*button->clear_action));
     }
 
-    void textsComeWithTheFirstRetranslation()
-    {
-        const auto texts = [this] {
-            QStringList result;
-            for (const QAction *action : own())
-                result += action->text();
-            return result.join(QLatin1Char('|'));
-        };
-        QCOMPARE(texts(), QStringLiteral("||||"));
-        words->setStrings();
-        button->retranslateUI();
-        QCOMPARE(texts(), QStringLiteral("Load|Reset|Clear|set Visible|Set as Master"));
-        // The name is the title of the menu, and not the caption.
-        button->setText(QStringLiteral("caption"));
-        button->setName(QStringLiteral("cable 7"));
-        QCOMPARE(button->name, QStringLiteral("cable 7"));
-        QCOMPARE(button->contextMenu->title(), QStringLiteral("cable 7"));
-        QCOMPARE(button->text(), QStringLiteral("caption"));
-        QCOMPARE(button->objectName(), QStringLiteral("rfg_3"));
-    }
-
     void requestsCarryTheSlotAndChangeNothing()
     {
         QStringList requests;
@@ -139,27 +118,6 @@ private slots:
         QCOMPARE(visChanged.at(0).at(0).toBool(), true);
         QCOMPARE(mastChanged.count(), 1);
         QVERIFY(button->visible_action->isChecked());
-    }
-
-    void masterIsNotMadeMasterAgain()
-    {
-        button->setMast(true);
-        QVERIFY(button->mast());
-        QVERIFY(!button->master_action->isEnabled());
-        button->menuEnable(true);
-        QVERIFY(button->master_action->isEnabled());
-        button->setMast(true);
-        button->setMast(false);
-        QVERIFY(button->master_action->isEnabled());
-    }
-
-    void emptySlotCanStillBeLoaded()
-    {
-        for (const bool on : { false, true }) {
-            button->menuEnable(on);
-            for (const QAction *action : own())
-                QCOMPARE(action->isEnabled(), on || action == button->load_action);
-        }
     }
 
     void signalsAreDeclaredInTheirOrder()

@@ -121,6 +121,8 @@ private slots:
                 QCOMPARE(asked.windowTitle(), caption);
                 QCOMPARE(asked.nameFilters(), { QStringLiteral("файлы настроек (*.ini)") });
                 QCOMPARE(asked.directory().absolutePath(), QCoreApplication::applicationDirPath());
+                QCOMPARE(asked.testOption(QFileDialog::ReadOnly),
+                         button == f->menu.load_settings_button);
                 QCOMPARE(asked.parent(), static_cast<QObject *>(&f->menu));
             });
         };

@@ -167,17 +167,6 @@ private slots:
         QCOMPARE(dial()->titleText, QStringLiteral("Y Shift\n130"));
     }
 
-    void theDialShowsTheShiftOfTheSelectedTrace()
-    {
-        openOn({ TraceBuilder().shiftX(5), TraceBuilder().shiftX(9) });
-        QCOMPARE(dial()->trueValue, 5);
-        input::click(probe().selected_rfg()[1]);
-        QCOMPARE(dial()->trueValue, 9);
-        input::click(probe().selected_rfg()[3]);
-        QCOMPARE(dial()->trueValue, 0);
-        QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n"));
-    }
-
     // ---- Operations without the dial ----
 
     void aHorizontalShiftIsTruncatedToWholeSamples()
