@@ -217,7 +217,6 @@ private slots:
         dial->setCurrentValue(24);
         QCOMPARE(probe().cursor_A_pos(), 24);
         QCOMPARE(dial->currentValue().toInt(), 24);
-        QCOMPARE(nameOf(probe().cursor_dial()), QStringLiteral("Cursor A\n3.00 m"));
         dial->setCurrentValue(-5);
         QCOMPARE(probe().cursor_A_pos(), 0);
         const Cont_dial &shift = *probe().param_dial();

@@ -53,18 +53,6 @@ class TestContDial : public QObject
     Q_OBJECT
 
 private slots:
-    void aNewDialHoldsItsInitialValues()
-    {
-        const Cont_dial dial;
-        QCOMPARE(dial.trueValue, 0);
-        QCOMPARE(dial.turn_count, 0);
-        QCOMPARE(dial.trueMin, 0);
-        QCOMPARE(dial.trueMax, 100);
-        QCOMPARE(dial.zeroOff, false);
-        QCOMPARE(dial.ring_color, QColor(Qt::black));
-        QCOMPARE(dial.pageStep(), 10); // 5 after setAccuracy(100)
-    }
-
     void theSlotsFollowTheSignal()
     {
         const QMetaObject &meta = Cont_dial::staticMetaObject;

@@ -92,7 +92,7 @@ private slots:
         QCOMPARE(probe().Plot_Chart()->axes().size(), 2);
     }
 
-    void theChartHasABaseLineAndNeitherLegendNorBackground()
+    void theChartHasItsBaseLineAndAxesAndNoLegend()
     {
         openOn({});
         const QLineSeries *line = probe().axisX();
@@ -106,11 +106,6 @@ private slots:
         QVERIFY(!chart->legend()->isVisible());
         QVERIFY(!chart->legend()->isAttachedToChart());
         QCOMPARE(chart->scene(), probe().Plot_Scene());
-    }
-
-    void theAxesHaveTheirPensFontsAndRanges()
-    {
-        openOn({});
         QValueAxis *x = probe().cust_axisX();
         QValueAxis *y = probe().cust_axisY();
         for (QValueAxis *axis : { x, y }) {

@@ -61,20 +61,15 @@ private:
         });
         return question;
     }
-    QString answered(QWidget *button, double value)
+    QString answered(QWidget *button, const QVariant &value)
     {
         return ask(button, [value](QInputDialog &dialog) {
             if (dialog.inputMode() == QInputDialog::IntInput)
-                dialog.setIntValue(int(value));
+                dialog.setIntValue(value.toInt());
+            else if (dialog.inputMode() == QInputDialog::DoubleInput)
+                dialog.setDoubleValue(value.toDouble());
             else
-                dialog.setDoubleValue(value);
-            dialog.accept();
-        });
-    }
-    QString chosen(QWidget *button, const QString &item)
-    {
-        return ask(button, [item](QInputDialog &dialog) {
-            dialog.setTextValue(item);
+                dialog.setTextValue(value.toString());
             dialog.accept();
         });
     }
@@ -146,14 +141,14 @@ private slots:
         const QString items = QStringLiteral("31.25m 62.5m 125m 250m 500m 1000m 2000m 4000m 8000m");
         for (int exponent = 0; exponent < 9; ++exponent) {
             window().scale_change(2);
-            QCOMPARE(
-                chosen(probe().scale_button(), items.section(QLatin1Char(' '), exponent, exponent)),
-                QStringLiteral("Scale|Scale\nRange : [31.25; 8000]|125m of ") + items);
+            QCOMPARE(answered(probe().scale_button(),
+                              items.section(QLatin1Char(' '), exponent, exponent)),
+                     QStringLiteral("Scale|Scale\nRange : [31.25; 8000]|125m of ") + items);
             QCOMPARE(probe().master_scale(), exponent);
             QCOMPARE(probe().param_dial()->trueValue, 8);
         }
         input::click(probe().scale_button());
-        chosen(probe().scale_button(), QStringLiteral("500m"));
+        answered(probe().scale_button(), QStringLiteral("500m"));
         QCOMPARE(probe().param_dial()->trueValue, 4);
         QCOMPARE(probe().scrollfactorX(), 0);
     }

@@ -209,7 +209,6 @@ private slots:
             QVERIFY(unplaced->parentWidget() != nullptr);
             QVERIFY(!unplaced->isVisible());
         }
-        QVERIFY(p.info_dialog() != nullptr);
     }
 
     void controlsHaveTheirPoliciesNamesAndRanges()

@@ -40,7 +40,6 @@ private slots:
         verify(63700, { 63700, 63950 });
         verify(51, { 63700, 63950 });
         verify(50, { 63750, 64000 });
-        verify(-63750, { 0, 250 });
         // A view left of the start is put back to it.
         window().setPlotRange(-20, 230);
         QVERIFY(probe().scroll_left_button()->isEnabled());
