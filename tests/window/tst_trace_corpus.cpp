@@ -4,8 +4,8 @@
 #include "each.h"
 #include "parambutton.h"
 #include "trace_recipe.h"
-#include "windowfixture.h"
 #include "windowstate.h"
+#include "windowtest.h"
 
 #include <QButtonGroup>
 #include <QDir>
@@ -165,118 +165,111 @@ QString masterText(const MainWindowProbe &probe)
 ///   smooth      with smoothing on
 ///   master      slot 2 made the master
 ///   over        loaded into slot 3, over the trace there
-class TestTraceCorpus : public QObject
+class TestTraceCorpus : public WindowTest
 {
     Q_OBJECT
 
-private slots:
-    void eachFileLeavesTheWindowAsItsRowSays();
-
 private:
-    void open();
-    void reset();
-    void check(const Row &row);
-
-    std::unique_ptr<WindowFixture> fixture;
     QStringList state; ///< of the window at first, without slot 2
+
+    /// Opens the window. It serves all rows: no effect of a file may outlast it.
+    void open()
+    {
+        const QString good = fixture->path(QStringLiteral("g"));
+        const QString second = fixture->path(QStringLiteral("s"));
+        corpus::writeTrace(QLatin1String(goodTrace), good);
+        corpus::writeTrace(QLatin1String(secondTrace), second);
+        WindowFixture::writePreviousRun({ good, QString(), second });
+        MainWindow &window = fixture->open();
+        window.cursorSetup_slot(cursorColumn);
+        // Creates what is created on first use.
+        window.grab();
+        probe().smooth_button()->setChecked(true);
+        probe().smooth_button()->setChecked(false);
+        state = withoutSlotTwo(stateOf(window));
+    }
+
+    /// Sets the window back to its first state, with zeros in the record of slot 2.
+    void reset()
+    {
+        MainWindow &window = fixture->window();
+        const QString zeros = fixture->path(QStringLiteral("z"));
+        corpus::writeTrace(QStringLiteral("fill=00"), zeros);
+        window.add_Selected_RFG(zeros, 1);
+        window.add_Selected_RFG(fixture->path(QStringLiteral("g")), 0);
+        window.add_Selected_RFG(fixture->path(QStringLiteral("s")), 2);
+        probe().rfg_buttons()->button(0)->setChecked(true);
+        // A zoom button that is off at one end of the scale stays so on the way to the other end.
+        window.scale_change(1);
+        window.setMasterID(0);
+        window.remove_Selected_RFG(1);
+        window.cursorSetup_slot(cursorColumn);
+        WindowFixture::settle();
+    }
+
+    void check(const Row &row)
+    {
+        QCOMPARE(row.expected.size(), 7);
+        MainWindow &window = fixture->window();
+        const MainWindowProbe &probe = fixture->probe();
+        QCOMPARE(withoutSlotTwo(stateOf(window)), state);
+        const QString path = fixture->path(QStringLiteral("bad.tdr"));
+        corpus::writeTrace(row.recipe, path);
+
+        window.add_Selected_RFG(path, 1);
+        QCOMPARE(withoutSlotTwo(stateOf(window)), state);
+        QCOMPARE(probe.rfg_read_index(), 7);
+        QCOMPARE(probe.rfg_ID(), 0);
+        QCOMPARE(probe.rfg_master_ID(), 0);
+        QVERIFY(probe.rfg_series()[1]->isVisible());
+        QCOMPARE(probe.rfg_DATA()[1].name, QStringLiteral("RFG 2"));
+        QCOMPARE(probe.rfg_DATA()[1].full_path, path);
+        QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), row.expected[0]);
+
+        probe.rfg_buttons()->button(1)->setChecked(true);
+        window.cursorSetup_slot(cursorColumn);
+        QCOMPARE(selectedText(*fixture), row.expected[1]);
+        QCOMPARE(captions(probe), row.expected[2]);
+
+        probe.difference_button()->setChecked(true);
+        QCOMPARE(QStringLiteral("difference: ") + pointsText(*probe.rfg_series()[1]),
+                 row.expected[3]);
+        QCOMPARE(probe.cursor_A_pos_Y(), 129);
+        probe.difference_button()->setChecked(false);
+        QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), row.expected[0]);
+
+        probe.smooth_button()->setChecked(true);
+        QCOMPARE(QStringLiteral("smooth: ") + pointsText(*probe.rfg_series_sp()[1]),
+                 row.expected[4]);
+        probe.smooth_button()->setChecked(false);
+
+        window.setMasterID(1);
+        QCOMPARE(masterText(probe), row.expected[5]);
+
+        const QString good = slotText(probe, 0);
+        window.add_Selected_RFG(path, 2);
+        QCOMPARE(QStringLiteral("over: ") + slotText(probe, 2), row.expected[6]);
+        QCOMPARE(slotText(probe, 0), good);
+        QCOMPARE(masterText(probe), row.expected[5]);
+        QVERIFY(!window.grab().isNull());
+    }
+
+private slots:
+    void eachFileLeavesTheWindowAsItsRowSays()
+    {
+        std::vector<Row> rows;
+        const QDir tables(QStringLiteral(VELKOR_TEST_DATA "/traces"));
+        const auto files = tables.entryInfoList(QDir::Files);
+        for (const QFileInfo &file : files)
+            addRows(file.filePath(), rows);
+        QVERIFY(rows.size() >= 391);
+        open();
+        each(rows, [this](const Row &row) {
+            check(row);
+            reset();
+        });
+    }
 };
-
-/// Opens the window. It serves all rows: no effect of a file may outlast it.
-void TestTraceCorpus::open()
-{
-    fixture = std::make_unique<WindowFixture>();
-    const QString good = fixture->path(QStringLiteral("g"));
-    const QString second = fixture->path(QStringLiteral("s"));
-    corpus::writeTrace(QLatin1String(goodTrace), good);
-    corpus::writeTrace(QLatin1String(secondTrace), second);
-    WindowFixture::writePreviousRun({ good, QString(), second });
-    MainWindow &window = fixture->open();
-    window.cursorSetup_slot(cursorColumn);
-    // Creates what is created on first use.
-    window.grab();
-    fixture->probe().smooth_button()->setChecked(true);
-    fixture->probe().smooth_button()->setChecked(false);
-    state = withoutSlotTwo(stateOf(window));
-}
-
-/// Sets the window back to its first state, with zeros in the record of slot 2.
-void TestTraceCorpus::reset()
-{
-    MainWindow &window = fixture->window();
-    const QString zeros = fixture->path(QStringLiteral("z"));
-    corpus::writeTrace(QStringLiteral("fill=00"), zeros);
-    window.add_Selected_RFG(zeros, 1);
-    window.add_Selected_RFG(fixture->path(QStringLiteral("g")), 0);
-    window.add_Selected_RFG(fixture->path(QStringLiteral("s")), 2);
-    fixture->probe().rfg_buttons()->button(0)->setChecked(true);
-    // A zoom button that is off at one end of the scale stays so on the way to the other end.
-    window.scale_change(1);
-    window.setMasterID(0);
-    window.remove_Selected_RFG(1);
-    window.cursorSetup_slot(cursorColumn);
-    WindowFixture::settle();
-}
-
-void TestTraceCorpus::eachFileLeavesTheWindowAsItsRowSays()
-{
-    std::vector<Row> rows;
-    const QDir tables(QStringLiteral(VELKOR_TEST_DATA "/traces"));
-    const auto files = tables.entryInfoList(QDir::Files);
-    for (const QFileInfo &file : files)
-        addRows(file.filePath(), rows);
-    QVERIFY(rows.size() >= 391);
-    open();
-    each(rows, [this](const Row &row) {
-        check(row);
-        reset();
-    });
-    fixture.reset();
-}
-
-void TestTraceCorpus::check(const Row &row)
-{
-    QCOMPARE(row.expected.size(), 7);
-    MainWindow &window = fixture->window();
-    const MainWindowProbe &probe = fixture->probe();
-    QCOMPARE(withoutSlotTwo(stateOf(window)), state);
-    const QString path = fixture->path(QStringLiteral("bad.tdr"));
-    corpus::writeTrace(row.recipe, path);
-
-    window.add_Selected_RFG(path, 1);
-    QCOMPARE(withoutSlotTwo(stateOf(window)), state);
-    QCOMPARE(probe.rfg_read_index(), 7);
-    QCOMPARE(probe.rfg_ID(), 0);
-    QCOMPARE(probe.rfg_master_ID(), 0);
-    QVERIFY(probe.rfg_series()[1]->isVisible());
-    QCOMPARE(probe.rfg_DATA()[1].name, QStringLiteral("RFG 2"));
-    QCOMPARE(probe.rfg_DATA()[1].full_path, path);
-    QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), row.expected[0]);
-
-    probe.rfg_buttons()->button(1)->setChecked(true);
-    window.cursorSetup_slot(cursorColumn);
-    QCOMPARE(selectedText(*fixture), row.expected[1]);
-    QCOMPARE(captions(probe), row.expected[2]);
-
-    probe.difference_button()->setChecked(true);
-    QCOMPARE(QStringLiteral("difference: ") + pointsText(*probe.rfg_series()[1]), row.expected[3]);
-    QCOMPARE(probe.cursor_A_pos_Y(), 129);
-    probe.difference_button()->setChecked(false);
-    QCOMPARE(QStringLiteral("beside: ") + slotText(probe, 1), row.expected[0]);
-
-    probe.smooth_button()->setChecked(true);
-    QCOMPARE(QStringLiteral("smooth: ") + pointsText(*probe.rfg_series_sp()[1]), row.expected[4]);
-    probe.smooth_button()->setChecked(false);
-
-    window.setMasterID(1);
-    QCOMPARE(masterText(probe), row.expected[5]);
-
-    const QString good = slotText(probe, 0);
-    window.add_Selected_RFG(path, 2);
-    QCOMPARE(QStringLiteral("over: ") + slotText(probe, 2), row.expected[6]);
-    QCOMPARE(slotText(probe, 0), good);
-    QCOMPARE(masterText(probe), row.expected[5]);
-    QVERIFY(!window.grab().isNull());
-}
 
 QTEST_MAIN(TestTraceCorpus)
 #include "tst_trace_corpus.moc"
