@@ -4,7 +4,6 @@
 #include "cont_dial.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "settingsdata.h"
 #include "settingsmenu.h"
 #include "windowactions.h"
 #include "windowstate.h"

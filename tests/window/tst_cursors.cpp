@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QGraphicsScene>
-#include <QLabel>
 #include <QtTest>
 
 using QtCharts::QAbstractSeries;
