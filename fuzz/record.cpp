@@ -156,17 +156,19 @@ void checkRange(const calc::Range &range, int width)
     expect(range.max - range.min == width, "moving a view keeps its width");
 }
 
-void checkGrid(const calc::GridPlan &plan)
+void checkGrid(const calc::GridPlan &plan, const calc::Range &range, double metresPerCount)
 {
-    expect(plan.interiorCount >= 0 && plan.interiorCount <= constants::gridLines,
-           "there are no more grid lines than there are");
-    expect(plan.valid
-               || (!plan.edges[0].visible && !plan.edges[1].visible && plan.interiorCount == 0),
+    const double step = calc::gridStep(range.max * metresPerCount - range.min * metresPerCount);
+    expect(step >= 0.0 && std::isfinite(step), "a grid has a step");
+    expect(step > 0.0
+               || (!plan.edges[0].visible && !plan.edges[1].visible && !plan.interior[0].visible),
            "without a step nothing is shown");
-    expect(!plan.valid || (plan.step > 0.0 && std::isfinite(plan.step)), "a grid has a step");
-    for (int i = 0; i < plan.interiorCount; ++i)
-        expect(plan.interior[i].visible && !plan.interior[i].text.isEmpty(),
-               "a grid line has its text");
+    bool visible = true;
+    for (const calc::GridPlan::Line &line : plan.interior) {
+        expect(visible || !line.visible, "the visible grid lines are the first");
+        expect(!line.visible || !line.text.isEmpty(), "a grid line has its text");
+        visible = line.visible;
+    }
 }
 
 void checkPlaces(const calc::GridPlan &plan, float plotWidth)
@@ -174,11 +176,12 @@ void checkPlaces(const calc::GridPlan &plan, float plotWidth)
     const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
     const double width = hasWidth ? double(plotWidth) : 0.0;
     double last = 0.0;
-    for (int i = 0; i < plan.interiorCount; ++i) {
-        const double offset = plan.interior[i].offset;
-        expect(offset >= last && offset <= width * 1.000001,
+    for (const calc::GridPlan::Line &line : plan.interior) {
+        if (!line.visible)
+            break;
+        expect(line.offset >= last && line.offset <= width * 1.000001,
                "grid lines stand on the plot from left to right");
-        last = offset;
+        last = line.offset;
     }
 }
 
@@ -210,13 +213,14 @@ void grid(const calc::Range &range, double metresPerCount, const Gestures &gestu
 {
     expect(metresPerCount > 0.018 && metresPerCount < 0.188, "a count has a length");
     const calc::GridPlan plan = calc::planGrid(range, metresPerCount, gestures.width);
-    expect(plan.valid, "every view has a grid");
-    checkGrid(plan);
+    expect(plan.interior[0].visible, "every view has a grid");
+    checkGrid(plan, range, metresPerCount);
     checkPlaces(plan, gestures.width);
     // Counts of any length do not come up in the window, but the grid is to bear them.
-    if (gestures.wild())
-        checkGrid(
-            calc::planGrid({ gestures.scroll, gestures.value }, gestures.span, gestures.width));
+    if (gestures.wild()) {
+        const calc::Range wild{ gestures.scroll, gestures.value };
+        checkGrid(calc::planGrid(wild, gestures.span, gestures.width), wild, gestures.span);
+    }
 }
 
 void checkCursor(const calc::CursorPoint &point)

@@ -79,14 +79,12 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     const double gridStart = step * std::floor(first / step); // at or left of the left edge
     const double startPixels = (first - gridStart) * (width / span);
     const bool integral = isIntegral(step);
-    plan.valid = true;
-    plan.step = step;
 
     if (first - gridStart < leftEdgeShare * step)
         plan.edges[0] = { true, 0.0, edgeText(first, integral) };
 
     // No visible range needs more lines than there are; the bound holds if rounding says otherwise.
-    int &count = plan.interiorCount;
+    int count = 0;
     while (count < constants::gridLines && count < (last - gridStart) / step - 1.0) {
         const int line = count + 1;
         plan.interior[count] = { true, line * stepPixels - startPixels,

@@ -28,15 +28,12 @@ struct GridPlan
         QString text; ///< metres without a unit; may be empty though the line is visible
     };
 
-    bool valid = false; ///< false: no step was found and no line is visible
-    double step = 0.0; ///< metres between two lines
     Line edges[constants::gridEdges]; ///< at the left and at the right edge of the plot
-    Line interior[constants::gridLines]; ///< the first \c interiorCount are visible, left to right
-    int interiorCount = 0;
+    Line interior[constants::gridLines]; ///< from left to right; the visible ones are the first
 };
 
 /// Grid for \a range, at \a metresPerCount, on a plot \a plotWidth pixels wide. Offsets are 0 while
-/// the plot has no width. Not valid when the visible distance is not a finite number above 0.
+/// the plot has no width. No line is visible when the visible distance has no grid step.
 GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth);
 
 } // namespace calc
