@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "each.h"
 #include "testfiles.h"
 #include "viewerrun.h"
 
@@ -12,12 +11,9 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/mount.h>
 #include <unistd.h>
 
 namespace {
-
-constexpr int smallDisk = 64 * 1024;
 
 bool isRoot()
 {
@@ -39,49 +35,6 @@ QStringList withSmallFiles()
     return { QStringLiteral("sh"), QStringLiteral("-c"),
              QStringLiteral("trap '' XFSZ; ulimit -f 1; exec \"$0\"") };
 }
-
-/// A file system of 64 KiB, where one may be made.
-class SmallDisk
-{
-public:
-    SmallDisk()
-        : m_there(mount("tmpfs", qPrintable(m_folder.path()), "tmpfs", 0, "size=64k") == 0)
-    {
-    }
-
-    ~SmallDisk()
-    {
-        if (m_there)
-            umount2(qPrintable(m_folder.path()), MNT_DETACH);
-    }
-    Q_DISABLE_COPY(SmallDisk)
-
-    bool isThere() const
-    {
-        return m_there;
-    }
-
-    QString path(const char *name) const
-    {
-        return m_folder.filePath(QLatin1String(name));
-    }
-
-    /// Fills the disk to the last byte.
-    void fill() const
-    {
-        QFile file(path("filler"));
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-            return;
-        const QByteArray page(512, 'x');
-        for (qint64 written = 0; written < 2 * smallDisk; written += page.size())
-            if (file.write(page) != page.size())
-                return;
-    }
-
-private:
-    QTemporaryDir m_folder;
-    bool m_there;
-};
 
 } // namespace
 
@@ -120,41 +73,17 @@ private slots:
         QVERIFY(viewer.settings().contains("StateIndex=63\n"));
     }
 
-    void fullDiskLeavesTheOldSettings()
+    void aFullDiskLeavesTheOldSettings()
     {
-        struct Row
-        {
-            const char *name;
-            bool isLink; ///< the settings file is a link to another folder
-            bool isSmallDisk; ///< which is on a disk of its own
-        };
-        std::vector<Row> rows{ { "limit", false, false }, { "limit behind a link", true, false } };
-        // Only root makes file systems.
-        if (SmallDisk().isThere())
-            rows.push_back({ "64 KiB", true, true });
-        each(rows, [](const Row &row) {
-            ViewerRun viewer;
-            const SmallDisk disk;
-            const QString place = row.isLink ? disk.path("settings.ini") : viewer.settingsFile();
-            if (row.isLink) {
-                QVERIFY(QFile::rename(viewer.settingsFile(), place));
-                QVERIFY(QFile::link(place, viewer.settingsFile()));
-            }
-            if (row.isSmallDisk)
-                disk.fill();
-            else
-                viewer.startBy(withSmallFiles());
-            checkEnd(viewer.run());
-            QCOMPARE(contentOf(place), viewer.oldSettings());
-            QCOMPARE(QFileInfo(viewer.settingsFile()).isSymLink(), row.isLink);
-            QCOMPARE(viewer.strays(), QStringList());
-
-            // With space again, the next close saves.
-            QFile::remove(disk.path("filler"));
-            viewer.startBy({});
-            checkEnd(viewer.run());
-            QCOMPARE(ViewerRun::flawIn(contentOf(place)), QString());
-        });
+        ViewerRun viewer;
+        viewer.startBy(withSmallFiles());
+        checkEnd(viewer.run());
+        QCOMPARE(viewer.settings(), viewer.oldSettings());
+        QCOMPARE(viewer.strays(), QStringList());
+        // With space again, the next close saves.
+        viewer.startBy({});
+        checkEnd(viewer.run());
+        QCOMPARE(ViewerRun::flawIn(viewer.settings()), QString());
     }
 
     void aReadOnlyProgramFolderSendsTheSettingsToTheUsers()
@@ -228,24 +157,6 @@ private slots:
         QVERIFY(!QFileInfo::exists(viewer.path()));
         const QString saved = users.filePath(QStringLiteral("velkor/settings_current.ini"));
         QCOMPARE(ViewerRun::flawIn(contentOf(saved)), QString());
-    }
-
-    // The search "failing_calls" tries all of them.
-    void aFailingSystemCallDoesNotEndTheProgram()
-    {
-        constexpr int stride = 20;
-        ViewerRun viewer;
-        checkEnd(viewer.run());
-        const int total = viewer.callsOfLastRun();
-        QVERIFY(total > 100);
-        for (int call = 1; call <= total; call += stride) {
-            viewer.tidy();
-            const ViewerRun::Outcome outcome = viewer.run(call);
-            checkEnd(outcome);
-            const QByteArray left = viewer.settings();
-            const QString flaw = left == viewer.oldSettings() ? QString() : ViewerRun::flawIn(left);
-            QVERIFY2(flaw.isEmpty(), qPrintable(flaw + QString::fromLatin1(outcome.output)));
-        }
     }
 };
 
