@@ -3,6 +3,7 @@
 #include "acquisition.h"
 #include "cable.h"
 #include "each.h"
+#include "fourier.h"
 #include "protocol_vx840.h"
 
 #include <QtTest>
@@ -77,6 +78,14 @@ class TestInstrument : public QObject
     Q_OBJECT
 
 private slots:
+    void onlyPowersOfTwoAreTransformed()
+    {
+        const std::vector<std::complex<double>> three{ 1.0, 2.0, 3.0 };
+        auto values = three;
+        inverseTransform(values);
+        QVERIFY(values == three);
+    }
+
     void anOpenEndPeaksAtItsEchoTime()
     {
         // Counts are metres x ku / 0.18737028625; a sample is step / 1.25 counts wide.
