@@ -91,21 +91,16 @@ Script randomScript(unsigned seed, int length)
     return script;
 }
 
-Script parsedScript(const QByteArray &text, QString *error)
+Script parsedScript(const QByteArray &text)
 {
     Script script;
     const QList<QByteArray> lines = text.split('\n');
-    for (int i = 0; i < lines.size(); ++i) {
-        const QByteArray line = lines.at(i).trimmed();
+    for (const QByteArray &line : lines) {
         if (line.isEmpty() || line.startsWith('#'))
             continue;
         Event event;
-        if (!readEvent(line, event)) {
-            *error = QStringLiteral("line %1 is no event: %2")
-                         .arg(i + 1)
-                         .arg(QString::fromLatin1(line.left(80)));
-            return {};
-        }
+        if (!readEvent(line, event))
+            qFatal("no event: %s", line.constData());
         script.append(event);
     }
     return script;

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 #include <QVector>
 
 #include <array>
@@ -79,8 +78,8 @@ QByteArray lineOf(const Event &event);
 Script randomScript(unsigned seed, int length);
 
 /// Reads a script from \a text, one event a line; empty lines and those that begin with # are
-/// skipped. On a line that is no event, \a error says which, and the result is empty.
-Script parsedScript(const QByteArray &text, QString *error);
+/// skipped. A line that is no event ends the program.
+Script parsedScript(const QByteArray &text);
 
 /// \a script as text, after a line with \a comment.
 QByteArray textOf(const Script &script, const QByteArray &comment);

@@ -27,15 +27,6 @@ int report(const QStringList &broken)
     return broken.isEmpty() ? 0 : 1;
 }
 
-int play(const Script &script, int &progress)
-{
-    char name[] = "velkor-monkey";
-    char *arguments[] = { name, nullptr };
-    int count = 1;
-    const QApplication application(count, arguments);
-    return report(brokenBy(script, progress));
-}
-
 /// Plays \a script in a process of its own, so that a crash can be repeated.
 Ending endingOf(const Script &script)
 {
@@ -44,7 +35,11 @@ Ending endingOf(const Script &script)
     return runInChild([&](int &progress) {
         qputenv("TMPDIR", folder.path().toLocal8Bit());
         qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
-        return play(script, progress);
+        char name[] = "velkor-monkey";
+        char *arguments[] = { name, nullptr };
+        int count = 1;
+        const QApplication application(count, arguments);
+        return report(brokenBy(script, progress));
     });
 }
 
@@ -97,20 +92,6 @@ bool playSeed(unsigned seed, int events, const QDir &folder)
     return false;
 }
 
-int playFile(const char *path)
-{
-    QFile file(QFile::decodeName(path));
-    QString error = QStringLiteral("cannot be read");
-    const Script script
-        = file.open(QIODevice::ReadOnly) ? parsedScript(file.readAll(), &error) : Script();
-    if (script.isEmpty())
-        return report({ file.fileName() + QLatin1Char(' ') + error });
-    int event = 0;
-    const int code = play(script, event);
-    std::printf("played to event %d of %d\n", event, static_cast<int>(script.size()));
-    return code;
-}
-
 unsigned seedFrom(const QByteArray &text)
 {
     return text == "new" ? QRandomGenerator::global()->generate() : text.toUInt();
@@ -141,16 +122,12 @@ int main(int argc, char **argv)
         const QApplication application(argc, argv);
         return report(brokenInRounds(first, count));
     }
-    if (command == "script" && argc == 3)
-        return playFile(argv[2]);
     std::fprintf(
         stderr,
         "velkor-monkey seeds FIRST COUNT EVENTS FOLDER\n"
         "    plays COUNT scripts of EVENTS random events, saves those that fail in FOLDER\n"
         "velkor-monkey rounds FIRST COUNT\n"
         "    plays COUNT rounds in one window and checks memory and descriptors\n"
-        "velkor-monkey script FILE\n"
-        "    plays a saved script\n"
         "FIRST is the first seed, a number or \"new\"\n");
     return 2;
 }

@@ -10,6 +10,7 @@
 #include "legendbutton.h"
 #include "runs.h"
 #include "shrink.h"
+#include "testfiles.h"
 #include "watchdog.h"
 #include "windowtest.h"
 
@@ -36,40 +37,10 @@ private slots:
         QVERIFY(randomScript(2, 2) != script);
     }
 
-    void everyKindOfEventOccurs()
-    {
-        QVector<int> seen(Event::KindCount);
-        const Script script = randomScript(3, 20000);
-        for (const Event &event : script)
-            ++seen[event.kind];
-        QVERIFY(!seen.contains(0));
-    }
-
     void aWrittenScriptIsReadBack()
     {
         const Script script = randomScript(5, 100);
-        QString error;
-        QCOMPARE(parsedScript(textOf(script, "a comment"), &error), script);
-        QVERIFY(error.isEmpty());
-    }
-
-    void aLineThatIsNoEventIsReported()
-    {
-        struct Row
-        {
-            const char *name;
-            QByteArray line;
-        };
-        each<Row>({ { "unknown kind", "jump 1 2 3 4 5" },
-                    { "too few numbers", "press 1 2 3 4" },
-                    { "no number", "press 1 2 x 4 5" },
-                    { "number too large", "press 1 2 1000 4 5" },
-                    { "number below 0", "press -1 2 3 4 5" } },
-                  [](const Row &row) {
-                      QString error;
-                      QVERIFY(parsedScript("settle 0 0 0 0 0\n" + row.line, &error).isEmpty());
-                      QVERIFY(error.startsWith(QLatin1String("line 2 ")));
-                  });
+        QCOMPARE(parsedScript(textOf(script, "a comment")), script);
     }
 
     void aScriptShrinksToTheEventsThatMatter()
@@ -97,14 +68,6 @@ private slots:
         calls = 0;
         QVERIFY(fails(shrunk(script, fails, 10)));
         QVERIFY(calls <= 11);
-    }
-
-    void anIntactWindowBreaksNoInvariant()
-    {
-        QCOMPARE(brokenInvariants(openOn({})), QStringList());
-        const auto wave = [](int i) { return i % 100 - 50; };
-        openOn({ TraceBuilder().samples(wave), TraceBuilder().minstep(5.0F).delay(9) }, 1);
-        QCOMPARE(brokenInvariants(window()), QStringList());
     }
 
     void eachBrokenInvariantIsReported();
@@ -144,26 +107,16 @@ private slots:
 
     void savedScriptsPlayThrough()
     {
-        struct Row
-        {
-            QByteArray name;
-        };
-        std::vector<Row> rows;
         const QDir folder(QStringLiteral(VELKOR_TEST_DATA "/monkey"));
         const auto names = folder.entryList({ QStringLiteral("*.monkey") }, QDir::Files);
-        for (const QString &name : names)
-            rows.push_back({ name.toUtf8() });
-        QVERIFY(!rows.empty());
-        each(rows, [&folder](const Row &row) {
-            QFile file(folder.filePath(QString::fromUtf8(row.name)));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QString error;
-            const Script script = parsedScript(file.readAll(), &error);
-            QVERIFY2(!script.isEmpty(), qPrintable(error));
+        QVERIFY(!names.isEmpty());
+        for (const QString &name : names) {
+            const Script script = parsedScript(contentOf(folder.filePath(name)));
             int played = 0;
-            QCOMPARE(brokenBy(script, played), QStringList());
+            const QStringList broken = brokenBy(script, played);
+            QVERIFY2(broken.isEmpty(), qPrintable(name + broken.join(QLatin1Char('\n'))));
             QCOMPARE(played, static_cast<int>(script.size()));
-        });
+        }
     }
 };
 
