@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzzer.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -29,12 +28,6 @@ void fuzz::silenceLog()
 void fuzz::runOffscreen()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-}
-
-void fuzz::settle()
-{
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 bool fuzz::replaying = false;

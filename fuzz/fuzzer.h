@@ -30,9 +30,6 @@ void silenceLog();
 /// Where there is no display, and none is wanted. To be called before the application is made.
 void runOffscreen();
 
-/// Lets pending events and deferred deletes happen.
-void settle();
-
 /// For a temporary folder: in memory where the system offers that, because a fuzzer writes more
 /// files than a disk should have to take.
 QString folderTemplate();

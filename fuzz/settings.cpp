@@ -3,9 +3,9 @@
 #include "base/constants.h"
 #include "fuzzer.h"
 #include "invariants.h"
-#include "mainwindow.h"
 #include "settingsdata.h"
 #include "testfiles.h"
+#include "windowfixture.h"
 
 #include <QApplication>
 #include <QFile>
@@ -58,7 +58,7 @@ void apply(const QString &path, const QString &savePath)
         file.clear();
     live.loadSettings(path, constants::allSections);
     live.updateSettings(constants::allSections);
-    fuzz::settle();
+    WindowFixture::settle();
     const QStringList broken = brokenInvariants(*window);
     expect(broken.isEmpty(), qPrintable(broken.value(0)));
     checkSaveAndLoad(live, savePath);
@@ -73,7 +73,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     new QApplication(*argc, *argv);
     window = new MainWindow;
     window->show();
-    fuzz::settle();
+    WindowFixture::settle();
     return 0;
 }
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
 #include "fuzzer.h"
-#include "mainwindowprobe.h"
 #include "settingsdata.h"
 #include "settingsmenu.h"
+#include "windowfixture.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -49,7 +49,7 @@ void languages(QByteArray bytes, bool isApplied)
     if (isApplied && known > 0) {
         live.current_language = live.languageList[known - 1].CODE;
         live.setTranslation();
-        fuzz::settle();
+        WindowFixture::settle();
     }
 }
 
@@ -64,7 +64,7 @@ void styleSheet(const QByteArray &bytes)
     expect(live.current_CSS.toLatin1() == bytes, "a style sheet is stored as it was read");
     expect(window->styleSheet().isEmpty() || window->styleSheet() == live.current_CSS,
            "a style sheet is applied as it is or not at all");
-    fuzz::settle();
+    WindowFixture::settle();
     expect(window->minimumWidth() <= maxMinimumSize && window->minimumHeight() <= maxMinimumSize,
            "no style sheet makes the window larger than a screen");
 }
@@ -78,7 +78,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     new QApplication(*argc, *argv);
     window = new MainWindow;
     window->show();
-    fuzz::settle();
+    WindowFixture::settle();
     return 0;
 }
 
