@@ -46,11 +46,11 @@ TraceBuilder::TraceBuilder()
     raw(18, littleEndian(quint32{ 2 })); // channel mode: reflectometer
     raw(159, littleEndian(quint32{ 1 })); // test passed
     minstep(1.25F);
-    pulseWidth(100);
-    pulseAmplitude(20);
-    average(16);
-    gain(30);
-    impedance(75);
+    raw(37, littleEndian(quint32{ 100 })); // pulse width, ns
+    raw(41, littleEndian(quint16{ 20 })); // pulse amplitude, V
+    raw(43, littleEndian(quint16{ 16 })); // averages
+    raw(45, littleEndian(quint16{ 30 })); // gain
+    raw(47, littleEndian(quint16{ 75 })); // impedance, ohms
     ku(1.49896229F);
     date(2024, 3, 5);
     time(9, 5, 7);
@@ -64,31 +64,6 @@ TraceBuilder &TraceBuilder::minstep(float ns)
 TraceBuilder &TraceBuilder::delay(quint32 samples)
 {
     return raw(29, littleEndian(samples));
-}
-
-TraceBuilder &TraceBuilder::pulseWidth(quint32 ns)
-{
-    return raw(37, littleEndian(ns));
-}
-
-TraceBuilder &TraceBuilder::pulseAmplitude(quint16 volts)
-{
-    return raw(41, littleEndian(volts));
-}
-
-TraceBuilder &TraceBuilder::average(quint16 count)
-{
-    return raw(43, littleEndian(count));
-}
-
-TraceBuilder &TraceBuilder::gain(quint16 value)
-{
-    return raw(45, littleEndian(value));
-}
-
-TraceBuilder &TraceBuilder::impedance(quint16 ohms)
-{
-    return raw(47, littleEndian(ohms));
 }
 
 TraceBuilder &TraceBuilder::ku(float factor)

@@ -22,11 +22,6 @@ public:
 
     TraceBuilder &minstep(float ns);
     TraceBuilder &delay(quint32 samples);
-    TraceBuilder &pulseWidth(quint32 ns);
-    TraceBuilder &pulseAmplitude(quint16 volts);
-    TraceBuilder &average(quint16 count);
-    TraceBuilder &gain(quint16 value);
-    TraceBuilder &impedance(quint16 ohms);
     TraceBuilder &ku(float factor);
     TraceBuilder &shiftX(quint32 steps);
     TraceBuilder &shiftY(qint16 sampleSteps);

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/tdr_record.h"
-#include "testfiles.h"
 #include "tracebuilder.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <climits>
@@ -32,8 +30,7 @@ QByteArray imageOf(const TDR_FILE_t &record)
 
 } // namespace
 
-/// Reading a record, and TraceBuilder, on which other tests rely. The offset of every field is
-/// asserted in protocol_vx840.h.
+/// Reading a record. The offset of every field is asserted in protocol_vx840.h.
 class TestTdrRecord : public QObject
 {
     Q_OBJECT
@@ -156,62 +153,6 @@ private slots:
         QCOMPARE(timeOf("000000"), QTime(0, 0));
         for (const char *none : { "240000", "000060", "ffffff" })
             QCOMPARE(timeOf(none), QTime());
-    }
-
-    void aNewTraceBuilderHoldsAValidRecord()
-    {
-        const auto record = recordOf(TraceBuilder().bytes());
-        QCOMPARE(int{ record->name.len_samples }, 250);
-        QVERIFY(record->ch.mode == Protocol_VX840::CH_TDR);
-        QVERIFY(record->ch.status == Protocol_VX840::CH_PASSED);
-        QCOMPARE(float{ record->ch.params.sample_minstep }, 1.25F);
-        QCOMPARE(float{ record->ch.params.KU }, 1.49896229F);
-        QCOMPARE(calc::measurementDate(*record), QDate(2024, 3, 5));
-        QCOMPARE(calc::measurementTime(*record), QTime(9, 5, 7));
-        QCOMPARE(QByteArray(imageOf(*record).mid(261, 32000)), QByteArray(32000, '\0'));
-    }
-
-    void eachSetterOfATraceBuilderReachesItsField()
-    {
-        const QTemporaryDir folder;
-        const QString path = TraceBuilder()
-                                 .minstep(2.5F)
-                                 .delay(0xFFFFFFFFU)
-                                 .pulseWidth(1000000)
-                                 .pulseAmplitude(40000)
-                                 .average(1024)
-                                 .gain(90)
-                                 .impedance(600)
-                                 .ku(2.25F)
-                                 .shiftX(0xFFFFFFFEU)
-                                 .shiftY(-300)
-                                 .date(2099, 12, 31)
-                                 .time(23, 59, 58)
-                                 .samples([](int i) { return i % 100; })
-                                 .sample(0, 127)
-                                 .sample(31999, -128)
-                                 .raw(37774, "Z")
-                                 .write(folder.filePath(QStringLiteral("one.tdr")));
-        const QByteArray bytes = contentOf(path);
-        QCOMPARE(bytes.size(), recordSize);
-        const auto record = recordOf(bytes);
-        const Protocol_VX840::CH_PARAMS_t &params = record->ch.params;
-        QCOMPARE(float{ params.sample_minstep }, 2.5F);
-        QCOMPARE(quint32{ params.delay }, 0xFFFFFFFFU);
-        QCOMPARE(quint32{ params.pulse_width }, 1000000U);
-        QCOMPARE(int{ params.pulse_amplitude }, 40000);
-        QCOMPARE(int{ params.average }, 1024);
-        QCOMPARE(int{ params.gain }, 90);
-        QCOMPARE(int{ params.impedance }, 600);
-        QCOMPARE(float{ params.KU }, 2.25F);
-        QCOMPARE(quint32{ params.shiftX }, 0xFFFFFFFEU);
-        QCOMPARE(int{ params.shiftY }, -300);
-        QCOMPARE(calc::measurementDate(*record), QDate(2099, 12, 31));
-        QCOMPARE(calc::measurementTime(*record), QTime(23, 59, 58));
-        QCOMPARE(int{ record->samples[0] }, 127);
-        QCOMPARE(int{ record->samples[249] }, 49);
-        QCOMPARE(int{ record->samples[31999] }, -128);
-        QCOMPARE(int{ record->crc }, int{ 'Z' });
     }
 };
 
