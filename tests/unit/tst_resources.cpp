@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -126,23 +125,6 @@ private slots:
         QCOMPARE(settings.allKeys().size(), 8);
         QCOMPARE(settings.value(QStringLiteral("WindowState/geometry")), factoryGeometry());
         QCOMPARE(settings.value(QStringLiteral("WindowState/windowState")), factoryWindowState());
-        // Written as Qt writes them: a file that the program saved can replace the factory file.
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("saved.ini"));
-        {
-            QSettings saved(path, QSettings::IniFormat);
-            saved.setValue(QStringLiteral("geometry"), factoryGeometry());
-            saved.setValue(QStringLiteral("windowState"), factoryWindowState());
-        }
-        const QByteArray factory = contentOf(factorySettings);
-        int compared = 0;
-        for (const QByteArray &line : contentOf(path).split('\n')) {
-            if (!line.contains("@ByteArray"))
-                continue;
-            QVERIFY2(factory.contains(line.trimmed()), line.constData());
-            ++compared;
-        }
-        QCOMPARE(compared, 2);
     }
 
     void theDataFilesAreOfOneSizeAndAllDifferent()
@@ -230,13 +212,6 @@ QPushButton:disabled { color: rgb(150, 150, 150); }
             QCOMPARE(button.palette().color(QPalette::Disabled, QPalette::ButtonText),
                      QColor(150, 150, 150));
         }
-    }
-
-    void sheetsSetNoFontSize()
-    {
-        // A size in a sheet would override the sizes that the window sets by code.
-        for (const QString &path : { builtIn, older })
-            QVERIFY(!rulesOf(path).contains(QRegularExpression(QStringLiteral("font(-size)?:"))));
     }
 };
 
