@@ -5,6 +5,7 @@
 #include "testfiles.h"
 #include "tracebuilder.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 

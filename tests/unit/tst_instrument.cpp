@@ -71,8 +71,8 @@ double correlation(const std::vector<qint8> &samples, std::size_t distance)
 
 } // namespace
 
-/// The parts of the simulated instrument. tst_samples compares whole traces, with losses, launch and
-/// averages.
+/// The parts of the simulated instrument. tst_samples compares whole traces, with losses, launch
+/// and averages.
 class TestInstrument : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,7 @@
 #include "oddplaces.h"
 #include "testfiles.h"
 
+#include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/program_files.h"
 #include "each.h"
-#include "settingsdefaults.h"
+#include "settingsdata.h"
 #include "testfiles.h"
 
 #include <QElapsedTimer>
@@ -21,23 +21,6 @@ private slots:
     {
         folder.reset(new QTemporaryDir);
         path = folder->filePath(QStringLiteral("a.ini"));
-    }
-
-    void aNewStoreHoldsItsInitialValues()
-    {
-        const SettingsData data(nullptr);
-        QCOMPARE(data.read_index, 0);
-        QCOMPARE(int(data.master_ID), -1);
-        QCOMPARE(data.param_dial_speed, 100);
-        QCOMPARE(data.cursor_dial_speed, 100);
-        QCOMPARE(data.curAppPointer, nullptr);
-        QVERIFY(data.last_folder.isEmpty() && data.work_folders.isEmpty());
-        QVERIFY(data.current_language.isEmpty() && data.current_CSS_path.isEmpty());
-        QVERIFY(data.window_geometry.isEmpty() && data.window_state.isEmpty());
-        for (const language &entry : data.languageList) {
-            QCOMPARE(entry.id, -1);
-            QVERIFY(entry.CODE.isEmpty() && entry.label.isEmpty());
-        }
     }
 
     void aMissingFileGivesTheDefaults()
@@ -286,6 +269,21 @@ private slots:
     }
 
 private:
+    /// Fails unless \a data holds what an empty file makes of it.
+    static void expectDefaults(const SettingsData &data)
+    {
+        QCOMPARE(data.current_language, QStringLiteral("en_US"));
+        QCOMPARE(data.current_CSS_path, QStringLiteral(":/style/style_2.qss"));
+        QCOMPARE(data.last_folder, QDir::currentPath());
+        QCOMPARE(data.work_folders, QStringList());
+        QCOMPARE(data.read_index, 0);
+        QCOMPARE(int(data.master_ID), 0);
+        QCOMPARE(data.window_geometry, QByteArray());
+        QCOMPARE(data.window_state, QByteArray());
+        QCOMPARE(data.cursor_dial_speed, 100);
+        QCOMPARE(data.param_dial_speed, 100);
+    }
+
     /// Fails unless \a data holds the sections of \a mask of the filled store and no other.
     void expectSections(const SettingsData &data, int mask) const
     {
