@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
-#include "each.h"
 #include "extras/keys.h"
 #include "extras/tooltips.h"
 #include "threetraces.h"
@@ -52,14 +51,6 @@ QString pageIn(const char *language)
 {
     QFile file(QStringLiteral(VELKOR_MANUAL_SOURCES "/%1/keys.md").arg(QLatin1String(language)));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-/// How many lines the table on \a page has whose first column is called \a name.
-int rowsOf(const QString &page, const QString &name)
-{
-    const int at = static_cast<int>(page.indexOf(QStringLiteral("\n| %1 |").arg(name)));
-    const int end = static_cast<int>(page.indexOf(QLatin1String("\n\n"), at));
-    return at < 0 ? 0 : static_cast<int>(page.mid(at + 1, end - at).count(QLatin1String("\n| ")));
 }
 
 /// The keys of the window that \a page names.
@@ -164,31 +155,6 @@ private slots:
                  QStringList({ QStringLiteral("Down"), QStringLiteral("Left"),
                                QStringLiteral("Right"), QStringLiteral("Shift+Left"),
                                QStringLiteral("Shift+Right"), QStringLiteral("Up") }));
-    }
-
-    void thePageDescribesDropsPointerAndArrows()
-    {
-        struct Row
-        {
-            const char *name; ///< language
-            const char *dropped; ///< heads of the tables
-            const char *pointer;
-            const char *onPlot;
-            const char *onDial;
-        };
-        each<Row>(
-            { { "en", "Dropped", "The pointer rests on", "After a click on the plot the arrows",
-                "On a dial the arrows change its value by one step" },
-              { "ru", "Что бросить", "Указатель стоит на", "После щелчка по графику",
-                "На энкодере стрелки меняют значение на один шаг" } },
-            [](const Row &row) {
-                const QString page = pageIn(row.name);
-                // On the window and on a slot; over slots, parameters, cursors and others.
-                QCOMPARE(rowsOf(page, QString::fromUtf8(row.dropped)), 2);
-                QCOMPARE(rowsOf(page, QString::fromUtf8(row.pointer)), 4);
-                QCOMPARE(int(page.count(QString::fromUtf8(row.onPlot))), 2);
-                QCOMPARE(int(page.count(QString::fromUtf8(row.onDial))), 1);
-            });
     }
 
     void nothingStaysBehind()
