@@ -3,7 +3,6 @@
 #include "testfiles.h"
 
 #include <QDirIterator>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QtTest>
@@ -52,14 +51,6 @@ QString rulesOf(const QString &path)
         .remove(comment)
         .simplified()
         .replace(QStringLiteral("} "), QStringLiteral("}\n"));
-}
-
-QStringList warnings;
-
-void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    if (type != QtDebugMsg)
-        warnings.append(text);
 }
 
 } // namespace
@@ -194,26 +185,7 @@ QPushButton:disabled { color: rgb(150, 150, 150); }
                             .arg(QLatin1String(colour));
         QCOMPARE(rulesOf(older), expected);
     }
-
-    void qtReadsTheSheetsWithoutAWarning()
-    {
-        for (const QString &path : { builtIn, older }) {
-            QWidget window;
-            QPushButton button(&window);
-            const QtMessageHandler former = qInstallMessageHandler(keepWarning);
-            window.setStyleSheet(QString::fromUtf8(contentOf(path)));
-            button.ensurePolished();
-            qInstallMessageHandler(former);
-            QCOMPARE(warnings, QStringList());
-            const QPalette palette = button.palette();
-            QCOMPARE(palette.color(QPalette::Button), QColor(64, 65, 66));
-            QCOMPARE(palette.color(QPalette::Active, QPalette::ButtonText), QColor(230, 230, 230));
-            button.setEnabled(false);
-            QCOMPARE(button.palette().color(QPalette::Disabled, QPalette::ButtonText),
-                     QColor(150, 150, 150));
-        }
-    }
 };
 
-QTEST_MAIN(TestResources)
+QTEST_GUILESS_MAIN(TestResources)
 #include "tst_resources.moc"

@@ -26,11 +26,6 @@ template <typename Function> Samples samplesFrom(Function function)
     return samples;
 }
 
-bool isZero(QPointF vector)
-{
-    return vector.manhattanLength() < 1e-12;
-}
-
 } // namespace
 
 /// Points of traces, of differences and of splines, and the level under a cursor.
@@ -120,21 +115,6 @@ private slots:
         calc::splineDifference({ high.data(), 1, 0, 0, INT_MAX }, { low.data(), 1, 0, 0, INT_MIN },
                                m_points);
         QCOMPARE(m_points[0].y(), 4294967550.0); // 2^32 - 1 + 255
-    }
-
-    void identicalTracesDifferByZero()
-    {
-        for (const TraceRef &trace : { ramp(1, 0, 0, 5), ramp(4, 17, 0, 5), ramp(4, 17, -32, 5),
-                                       ramp(64000, 0xFFFFFFFFU, INT_MIN, 5) }) {
-            QVector<QPointF> normal;
-            calc::stepPoints(trace, normal);
-            calc::stepDifference(trace, trace, m_points);
-            QCOMPARE(m_points.size(), 499);
-            for (int i = 0; i < 499; ++i)
-                QCOMPARE(m_points[i], QPointF(normal[i].x(), 0));
-            calc::splineDifference(trace, trace, m_points);
-            QCOMPARE(m_points.size(), 250);
-        }
     }
 
     void aDifferenceHasAPointAtEachCommonColumn()
@@ -308,22 +288,6 @@ private slots:
                  (Points{ { 1.0, 3.0 }, { 2.0, 6.0 } }));
         QCOMPARE(calc::splineControls({ { 0.0, 0.0 }, { 3.0, 6.0 }, { 6.0, 12.0 } }),
                  (Points{ { 1.0, 2.0 }, { 2.0, 4.0 }, { 4.0, 8.0 }, { 5.0, 10.0 } }));
-    }
-
-    void slopeAndCurvatureOfASplineAreContinuous()
-    {
-        const Points knots{ { 0.0, 0.0 }, { 1.0, 5.0 }, { 2.0, -3.0 }, { 3.0, 4.0 }, { 4.0, 4.0 } };
-        const Points controls = calc::splineControls(knots);
-        QCOMPARE(controls.size(), 8);
-        for (int i = 1; i < 4; ++i) {
-            const QPointF before = controls[2 * i - 1];
-            const QPointF after = controls[2 * i];
-            QVERIFY(isZero((after - knots[i]) - (knots[i] - before)));
-            QVERIFY(isZero((controls[2 * i - 2] - 2 * before) - (controls[2 * i + 1] - 2 * after)));
-        }
-        // No curvature at the ends.
-        QVERIFY(isZero(knots.first() - 2 * controls[0] + controls[1]));
-        QVERIFY(isZero(knots.last() - 2 * controls[7] + controls[6]));
     }
 };
 
