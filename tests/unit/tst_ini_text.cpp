@@ -73,29 +73,24 @@ private slots:
     void aFileIsWrittenAsQSettingsWritesIt()
     {
         const QByteArray record("\x01\xd9\x00g\xff\n", 6);
+        const auto fill = [&record](auto &ini) {
+            ini.setValue(QStringLiteral("language"), QStringLiteral("en_US"));
+            ini.setValue(QStringLiteral("CSS"), QStringLiteral("C:\\a b.qss"));
+            ini.beginGroup(QStringLiteral("WindowState"));
+            ini.setValue(QStringLiteral("geometry"), record);
+            ini.setValue(QStringLiteral("windowState"), QByteArray());
+            ini.setValue(QStringLiteral("folder"), QString());
+            ini.setValue(QStringLiteral("StateIndex"), 63);
+            ini.setValue(QStringLiteral("MasterId"), -1);
+        };
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("qt.ini"));
         {
-            QSettings ini(path, QSettings::IniFormat);
-            ini.setValue(QStringLiteral("language"), QStringLiteral("en_US"));
-            ini.setValue(QStringLiteral("CSS"), QStringLiteral("C:\\a b.qss"));
-            ini.setValue(QStringLiteral("WorkFolders/folder1"), QString());
-            ini.setValue(QStringLiteral("PrevFiles/StateIndex"), 63);
-            ini.setValue(QStringLiteral("PrevFiles/MasterId"), -1);
-            ini.setValue(QStringLiteral("WindowState/geometry"), record);
-            ini.setValue(QStringLiteral("WindowState/windowState"), QByteArray());
+            QSettings expected(path, QSettings::IniFormat);
+            fill(expected);
         }
         IniWriter ini;
-        ini.setValue(QStringLiteral("language"), QStringLiteral("en_US"));
-        ini.setValue(QStringLiteral("CSS"), QStringLiteral("C:\\a b.qss"));
-        ini.beginGroup(QStringLiteral("WorkFolders"));
-        ini.setValue(QStringLiteral("folder1"), QString());
-        ini.beginGroup(QStringLiteral("PrevFiles"));
-        ini.setValue(QStringLiteral("StateIndex"), 63);
-        ini.setValue(QStringLiteral("MasterId"), -1);
-        ini.beginGroup(QStringLiteral("WindowState"));
-        ini.setValue(QStringLiteral("geometry"), record);
-        ini.setValue(QStringLiteral("windowState"), QByteArray());
+        fill(ini);
         QCOMPARE(ini.bytes(), contentOf(path));
     }
 
