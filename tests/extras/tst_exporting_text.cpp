@@ -13,8 +13,6 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-#include <cmath>
-
 namespace {
 
 TraceBuilder rising()
@@ -22,13 +20,9 @@ TraceBuilder rising()
     return TraceBuilder().samples([](int i) { return i % 100; });
 }
 
-/// A crest at sample 60 and a dip at sample 180, each 8 samples wide.
 TraceBuilder crestAndDip()
 {
-    return TraceBuilder().samples([](int i) {
-        const auto bell = [i](int at) { return std::exp2(-4.0 * (i - at) * (i - at) / 64.0); };
-        return static_cast<int>(std::lround(90.0 * bell(60) - 40.0 * bell(180)));
-    });
+    return echoTrace({ { 60, 90 }, { 180, -40 } });
 }
 
 QStringList tableOf(const MainWindow &window)

@@ -23,14 +23,6 @@ const QStringList sampleNames = {
     QStringLiteral("5-long-coax.tdr"),    QStringLiteral("6-wet-section-close-up.tdr"),
 };
 
-/// A bell of \a height, 8 samples wide, on a quiet trace.
-TraceBuilder bellAt(int crest, int height = 80)
-{
-    return TraceBuilder().samples([=](int i) {
-        return int(std::lround(height * std::exp2(-4.0 * (i - crest) * (i - crest) / 64.0)));
-    });
-}
-
 /// True when \a found are the places \a expected, each within \a reach metres.
 bool near(const QVector<double> &found, const QVector<double> &expected, double reach)
 {
@@ -163,24 +155,21 @@ private slots:
 
     void aReflectionOutsideTheChartIsLeftOut()
     {
-        MainWindow &window = openOn({ bellAt(20).shiftX(quint32(-40)) });
+        MainWindow &window = openOn({ echoTrace({ { 20, 80 } }).shiftX(quint32(-40)) });
         QCOMPARE(extras::reflectionColumns(window), QVector<int>());
         window.H_Offset_change(-15);
         QCOMPARE(extras::reflectionColumns(window), QVector<int>{ 5 });
-        QVERIFY(extras::reflectionColumns(openOn({ bellAt(20).delay(0xFFFFFFFF) })).isEmpty());
-        QCOMPARE(extras::reflectionColumns(openOn({ bellAt(20).delay(100) })), QVector<int>{ 120 });
+        QVERIFY(extras::reflectionColumns(openOn({ echoTrace({ { 20, 80 } }).delay(0xFFFFFFFF) }))
+                    .isEmpty());
+        QCOMPARE(extras::reflectionColumns(openOn({ echoTrace({ { 20, 80 } }).delay(100) })),
+                 QVector<int>{ 120 });
     }
 
     void secondRoundTripsCountFromTheInstrument()
     {
         // An open end and its second round trip: at twice the distance from the instrument, which
         // is 15 samples before the trace.
-        const auto roundTrips = [](int i) {
-            const double first = std::exp2(-4.0 * (i - 80) * (i - 80) / 64.0);
-            return int(
-                std::lround(90 * first + 30 * std::exp2(-4.0 * (i - 175) * (i - 175) / 64.0)));
-        };
-        const TraceBuilder trace = TraceBuilder().samples(roundTrips).shiftX(quint32(-10));
+        const TraceBuilder trace = echoTrace({ { 80, 90 }, { 175, 30 } }).shiftX(quint32(-10));
         QCOMPARE(extras::reflectionColumns(openOn({ TraceBuilder(trace).delay(15) })),
                  QVector<int>{ 85 });
         QCOMPARE(extras::reflectionColumns(openOn({ TraceBuilder(trace).delay(60) })),
@@ -189,13 +178,9 @@ private slots:
 
     void aCursorThatSnappingPutLeftGoesOn()
     {
-        const auto twoBells = [](int i) {
-            const int distance = std::min(std::abs(i - 60), std::abs(i - 200));
-            return int(std::lround(80 * std::exp2(-4.0 * distance * distance / 64.0)));
-        };
         // In difference mode the master's delay of 30 puts the cursor left of the place asked for.
-        MainWindow &window
-            = openOn({ TraceBuilder().delay(30), TraceBuilder().delay(30).samples(twoBells) });
+        MainWindow &window = openOn(
+            { TraceBuilder().delay(30), echoTrace({ { 60, 80 }, { 200, 80 } }).delay(30) });
         extras::attach(window);
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);

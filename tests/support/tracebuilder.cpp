@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -139,6 +140,16 @@ QString TraceBuilder::write(const QString &path) const
 TraceBuilder countingTrace()
 {
     return TraceBuilder().samples([](int i) { return i % 128; });
+}
+
+TraceBuilder echoTrace(const QVector<QPair<int, int>> &crests)
+{
+    return TraceBuilder().samples([&crests](int i) {
+        double level = 0.0;
+        for (const auto &[place, height] : crests)
+            level += height * std::exp2(-4.0 * (i - place) * (i - place) / 64.0);
+        return static_cast<int>(std::lround(level));
+    });
 }
 
 TraceBuilder levelTrace(int level)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPair>
 #include <QString>
 #include <QVector>
 
@@ -54,6 +55,8 @@ private:
 
 /// One whose samples tell their own index: 0, 1, 2 ... 127, 0, 1 ...
 TraceBuilder countingTrace();
+/// Echoes, each 8 samples wide at half height, by the sample and the level of their crests.
+TraceBuilder echoTrace(const QVector<QPair<int, int>> &crests);
 /// One count to a sample, and \a level everywhere.
 TraceBuilder levelTrace(int level);
 /// \a count of them, one count to a sample; that of slot i has the level i + 1 everywhere.
