@@ -11,7 +11,6 @@
 #include "parambutton.h"
 #include "settingsdata.h"
 #include "testfiles.h"
-#include "useractions.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -79,12 +78,6 @@ const Choices &Player::choices() const
 void Player::chooseFrom(const QStringList &traces)
 {
     m_choices.traces = traces;
-}
-
-void Player::play(const Event &event)
-{
-    const Popups popups(m_choices, event.answer);
-    perform(*this, event);
 }
 
 void Player::reset()

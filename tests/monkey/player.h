@@ -15,7 +15,8 @@ public:
     /// Opens a window with default settings and, where they are built, the extras.
     Player();
 
-    /// Does what \a event says and answers what opens. Repaints wait for a Settle.
+    /// Does what \a event says and answers what opens (useractions.cpp). Repaints wait for a
+    /// Settle.
     void play(const Event &event);
 
     MainWindow &window() const;

@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "useractions.h"
-
 #include "cont_dial.h"
 #include "inputevents.h"
 #include "interfacebutton.h"
@@ -332,7 +330,8 @@ static_assert(std::size(actions) == Event::KindCount, "one function a kind");
 
 } // namespace
 
-void perform(Player &player, const Event &event)
+void Player::play(const Event &event)
 {
-    actions[event.kind](player, event);
+    const Popups popups(m_choices, event.answer);
+    actions[event.kind](*this, event);
 }
