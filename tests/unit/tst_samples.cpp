@@ -104,22 +104,6 @@ private slots:
         QCOMPARE(shifted, 1);
     }
 
-    void placesOfARecordAreInCentimetresAndSamples()
-    {
-        Survey survey;
-        survey.faultDistance = 71.5;
-        survey.marks = { { 38.0, "joint" }, { 71.5, "short" } };
-        const TDR_FILE_t record = makeRecord({}, Settings(), survey);
-        QCOMPARE(quint32(record.ch.fault_distance), 7150U); // cm
-        QCOMPARE(quint32(record.mark[0].distance_smpl), 76U); // 0.5 m a sample
-        QCOMPARE(quint32(record.mark[1].distance_smpl), 143U);
-        QCOMPARE(int(record.mark[2].id), 0);
-        QCOMPARE(QByteArray(record.mark[1].note), QByteArray("short"));
-        QCOMPARE(int(record.ch.cursor[1].position_pixel), 143);
-        QVERIFY(std::abs(double(record.ch.cursor[1].position_ns) - 715.0) < 1.0e-3);
-        QCOMPARE(int(record.name.len_samples), 0);
-    }
-
     void valuesOutOfRangeAreCutOrClamped()
     {
         Survey survey;
