@@ -234,7 +234,7 @@ private slots:
         const auto typing = [](double number) {
             return answerDialog([number](QDialog &dialog) {
                 static_cast<QInputDialog &>(dialog).setDoubleValue(number);
-                acceptDialog(dialog);
+                dialog.accept();
             });
         };
         press(&window, Qt::Key_K);

@@ -6,7 +6,6 @@
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "threetraces.h"
-#include "windowstate.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -106,23 +105,6 @@ private slots:
         QCOMPARE(stops(Qt::Key_P), QVector<double>{ there[0] });
     }
 
-    void theCursorIsMovedAsByTheMouse()
-    {
-        MainWindow &window = openSamples({ 2, 4 });
-        press(&window, Qt::Key_N);
-        WindowFixture::settle();
-        const QStringList byKey = stateOf(window);
-        const int column = probe().cursor_A_pos();
-        const int level = probe().cursor_A_pos_Y();
-        QVERIFY(level != constants::noLevel);
-        window.cursorSetup_slot(column + 100);
-        window.cursorSetup_slot(column);
-        WindowFixture::settle();
-        QCOMPARE(stateOf(window), byKey);
-        QCOMPARE(probe().cursor_dial()->trueValue, column);
-        QVERIFY(probe().curA_button()->text().contains(window.count_to_distance(column)));
-    }
-
     void theSelectedTraceAndTheModeDecide()
     {
         MainWindow &window = openSamples({ 1, 4 });
@@ -138,19 +120,6 @@ private slots:
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
         QVERIFY(near(stops(), { 71.5, 104.0 }, 1.0));
-    }
-
-    void theViewFollowsTheCursor()
-    {
-        MainWindow &window = openSamples({ 1 });
-        window.scale_change(0);
-        press(&window, Qt::Key_N);
-        QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
-        QVERIFY(probe().cust_axisX()->min() > 0.0);
-        // Already in the view, which stays.
-        window.scale_change(2);
-        press(&window, Qt::Key_N);
-        QCOMPARE(probe().cust_axisX()->min(), 0.0);
     }
 
     void aReflectionOutsideTheChartIsLeftOut()

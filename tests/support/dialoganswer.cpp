@@ -80,11 +80,6 @@ std::function<void(QDialog &)> typeFileNames(const QStringList &paths)
     return typeFileName(quoted.join(QLatin1Char(' ')));
 }
 
-void acceptDialog(QDialog &dialog)
-{
-    dialog.accept();
-}
-
 void cancelDialog(QDialog &dialog)
 {
     dialog.reject();

@@ -46,8 +46,5 @@ std::function<void(QDialog &)> typeFileName(const QString &path);
 /// For a file dialog that takes several: types all of \a paths and accepts.
 std::function<void(QDialog &)> typeFileNames(const QStringList &paths);
 
-/// Closes the dialog with acceptance.
-void acceptDialog(QDialog &dialog);
-
 /// Closes the dialog with rejection.
 void cancelDialog(QDialog &dialog);
