@@ -60,8 +60,6 @@ const std::vector<Picture> &pictures()
     return all;
 }
 
-const QLatin1String slotIcon("://icons/canal_64/canal_%1");
-const QLatin1String masterSlotIcon("://icons/canal_64/canal_%1M");
 constexpr QRgb windowGrey = qRgb(64, 65, 66);
 constexpr int smallestIcon = 18;
 /// Contrast of shapes that carry a meaning.
@@ -71,11 +69,6 @@ constexpr double disabledContrast = 1.8;
 QImage picture(const QByteArray &name)
 {
     return QImage(QStringLiteral(":/") + QString::fromLatin1(name));
-}
-
-QImage slotPicture(const QLatin1String &pattern, int slot)
-{
-    return QImage(QString(pattern).arg(slot + 1)).convertToFormat(QImage::Format_ARGB32);
 }
 
 /// The picture as a small button shows it, on the window's grey.
@@ -223,8 +216,9 @@ private slots:
     void aSlotPictureShowsTheColourOfItsTraceAndTheMaster()
     {
         for (int slot = 0; slot < constants::slotCount; ++slot) {
-            const QImage plain = slotPicture(slotIcon, slot);
-            const QImage master = slotPicture(masterSlotIcon, slot);
+            const QByteArray name = "icons/canal_64/canal_" + QByteArray::number(slot + 1);
+            const QImage plain = picture(name).convertToFormat(QImage::Format_ARGB32);
+            const QImage master = picture(name + 'M').convertToFormat(QImage::Format_ARGB32);
             for (const QImage &image : { plain, master }) {
                 const QRgb colour = constants::slotColours[slot];
                 const QRect middle(12, 30, 40, 24);
