@@ -40,18 +40,6 @@ private slots:
         QCOMPARE(calc::truncated(notANumber), 0);
     }
 
-    void floatsFollowTheSameRules()
-    {
-        QCOMPARE(calc::truncated(12.75F), 12);
-        QCOMPARE(calc::truncated(-12.75F), -12);
-        QCOMPARE(calc::truncated(1e30F), INT_MAX);
-        QCOMPARE(calc::truncated(-1e30F), INT_MIN);
-        // The float nearest to the largest int is one above it.
-        QCOMPARE(calc::truncated(2147483647.0F), INT_MAX);
-        QCOMPARE(calc::truncated(2147483520.0F), 2147483520);
-        QCOMPARE(calc::truncated(std::numeric_limits<float>::quiet_NaN()), 0);
-    }
-
     void longIntegersSaturate()
     {
         QCOMPARE(calc::saturated(0), 0);
