@@ -3,7 +3,6 @@
 #include "each.h"
 #include "tdr.h"
 #include "testfiles.h"
-#include "tracebuilder.h"
 
 #include <QDir>
 #include <QImage>
@@ -54,14 +53,6 @@ private slots:
         QVERIFY(contentOf(path("all.svg")).contains("6-wet-section-close-up.tdr"));
         QVERIFY(QImage(path("all.png")).width() > 2000);
         QVERIFY(!QFile::exists(path("config")));
-    }
-
-    void damagedTraceIsDrawn()
-    {
-        const QString trace = path("short.tdr");
-        writeFile(trace, TraceBuilder().bytes().left(100));
-        QCOMPARE(plot({ trace, output, path("short.png") }).code, 0);
-        QVERIFY(!QImage(path("short.png")).isNull());
     }
 
     void pictureIsOnlyReplacedByForce()
