@@ -3,8 +3,6 @@
 #include "programtest.h"
 #include "tracebuilder.h"
 
-#include <QFileInfo>
-#include <QSettings>
 #include <QtTest>
 
 #include <cmath>
@@ -113,19 +111,6 @@ private:
         QVERIFY(waitForChange(filesCaption, english));
     }
 
-    void verifySettings()
-    {
-        const QSettings saved(settingsFile(), QSettings::IniFormat);
-        QCOMPARE(saved.value(QStringLiteral("language")).toString(), QStringLiteral("ru_RU"));
-        QCOMPARE(saved.value(QStringLiteral("PrevFiles/StateIndex")).toInt(), 3);
-        QCOMPARE(saved.value(QStringLiteral("PrevFiles/MasterId")).toInt(), 0);
-        QCOMPARE(saved.value(QStringLiteral("PrevFiles/file1")).toString(), trace(1));
-        QCOMPARE(saved.value(QStringLiteral("PrevFiles/file2")).toString(), trace(2));
-        QCOMPARE(saved.value(QStringLiteral("WorkFolders/lastFolder")).toString(),
-                 QFileInfo(trace(2)).path());
-        QCOMPARE(saved.value(QStringLiteral("WindowState/geometry")).toByteArray().size(), 66);
-    }
-
 private slots:
     void sessionIsRestoredAtTheNextStart()
     {
@@ -137,7 +122,6 @@ private slots:
         switchToRussian();
         const QImage russianFiles = part(filesCaption);
         closeViewer();
-        verifySettings();
 
         start();
         QVERIFY(waitForBothTraces());
