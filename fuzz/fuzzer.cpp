@@ -25,11 +25,6 @@ void fuzz::silenceLog()
     qInstallMessageHandler(onlyFatal);
 }
 
-void fuzz::runOffscreen()
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-}
-
 bool fuzz::replaying = false;
 
 QString fuzz::folderTemplate()

@@ -27,9 +27,6 @@ namespace fuzz {
 /// second, up to the message that a fatal error ends with.
 void silenceLog();
 
-/// Where there is no display, and none is wanted. To be called before the application is made.
-void runOffscreen();
-
 /// For a temporary folder: in memory where the system offers that, because a fuzzer writes more
 /// files than a disk should have to take.
 QString folderTemplate();

@@ -69,7 +69,7 @@ void apply(const QString &path, const QString &savePath)
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     fuzz::silenceLog();
-    fuzz::runOffscreen();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     new QApplication(*argc, *argv);
     window = new MainWindow;
     window->show();

@@ -74,7 +74,7 @@ void styleSheet(const QByteArray &bytes)
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     fuzz::silenceLog();
-    fuzz::runOffscreen();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     new QApplication(*argc, *argv);
     window = new MainWindow;
     window->show();

@@ -139,7 +139,7 @@ void Subject::load(const WindowInput &input)
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     fuzz::silenceLog();
-    fuzz::runOffscreen();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     // Never deleted: a fuzzer ends anywhere, and Qt's globals are gone by then.
     new QApplication(*argc, *argv);
     return 0;
