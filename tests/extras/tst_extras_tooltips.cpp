@@ -29,19 +29,14 @@ void rest(QWidget *control)
     QCoreApplication::sendEvent(control, &event);
 }
 
-/// The lines of the tooltip on the screen.
-QStringList shown()
+/// The lines of the tooltip that comes up on \a control.
+QStringList shownOn(QWidget *control)
 {
+    rest(control);
     QTextDocument document;
     document.setHtml(QToolTip::isVisible() ? QToolTip::text() : QString());
     const QString text = document.toPlainText();
     return text.isEmpty() ? QStringList() : text.split(QLatin1Char('\n'));
-}
-
-QStringList shownOn(QWidget *control)
-{
-    rest(control);
-    return shown();
 }
 
 QString line(const char *text)
