@@ -181,15 +181,6 @@ private slots:
                   });
     }
 
-    void aDelayShiftsTheSamplesThatAreCompared()
-    {
-        // The trace starts at 8, where the master has its third sample.
-        calc::splineDifference(ramp(4), ramp(4, 2), m_points);
-        QCOMPARE(m_points.size(), 248);
-        QCOMPARE(m_points[0], QPointF(8, -123 - -125));
-        QCOMPARE(m_points[247], QPointF(996, 124 - 122));
-    }
-
     void theBufferKeepsItsCapacity()
     {
         const TraceRef master = ramp(4);
