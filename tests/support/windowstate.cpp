@@ -201,6 +201,7 @@ QString differenceOf(const QImage &one, const QImage &other, const QRegion &lett
         return QStringLiteral("the sizes differ");
     int pixels = 0;
     int most = 0;
+    QRect where;
     for (int y = 0; y < one.height(); ++y)
         for (int x = 0; x < one.width(); ++x) {
             const int found = apart(one.pixel(x, y), other.pixel(x, y));
@@ -208,15 +209,21 @@ QString differenceOf(const QImage &one, const QImage &other, const QRegion &lett
                 continue;
             ++pixels;
             most = std::max(most, found);
+            where |= QRect(x, y, 1, 1);
         }
     if (pixels == 0)
         return {};
     const QString folder = QCoreApplication::applicationDirPath();
     one.save(folder + QStringLiteral("/one.png"));
     other.save(folder + QStringLiteral("/other.png"));
-    return QStringLiteral("%1 pixels differ by up to %2; see one.png and other.png in %3")
+    return QStringLiteral("%1 pixels differ by up to %2 within %3,%4 %5x%6; see one.png and "
+                          "other.png in %7")
         .arg(pixels)
         .arg(most)
+        .arg(where.x())
+        .arg(where.y())
+        .arg(where.width())
+        .arg(where.height())
         .arg(folder);
 }
 

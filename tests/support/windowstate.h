@@ -24,7 +24,7 @@ QImage screenOf(MainWindow &window);
 /// screen, so take screenOf() first.
 QImage freshPictureOf(MainWindow &window);
 
-/// How many pixels of \a one and \a other differ, and how much; empty when they are equal. Small
+/// Which pixels of \a one and \a other differ, and how much; empty when they are equal. Small
 /// differences within \a letters do not count. Saves both pictures beside the test program.
 QString differenceOf(const QImage &one, const QImage &other, const QRegion &letters = QRegion());
 
