@@ -32,11 +32,11 @@ namespace {
 constexpr int noteTime = 5000; ///< ms
 constexpr int noteMargin = 8; ///< pixels around the text, and below the note
 
-QByteArray pngOf(const MainWindow &window, Ground ground)
+QByteArray pngOf(const MainWindow &window, Background background)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    const QImage picture = chartPicture(window, ground);
+    const QImage picture = chartPicture(window, background);
     return picture.save(&buffer, "PNG") ? buffer.data() : QByteArray();
 }
 
@@ -51,10 +51,10 @@ struct FormatRow
 
 const FormatRow formats[] = {
     { Format::Picture, QLatin1String("png"), QT_TRANSLATE_NOOP("Extras", "PNG picture"),
-      [](const MainWindow &window) { return pngOf(window, Ground::Screen); } },
+      [](const MainWindow &window) { return pngOf(window, Background::Screen); } },
     { Format::PaperPicture, QLatin1String("png"),
       QT_TRANSLATE_NOOP("Extras", "PNG picture for paper"),
-      [](const MainWindow &window) { return pngOf(window, Ground::White); } },
+      [](const MainWindow &window) { return pngOf(window, Background::White); } },
     { Format::Page, QLatin1String("pdf"), QT_TRANSLATE_NOOP("Extras", "PDF page"), chartPage },
     { Format::Drawing, QLatin1String("svg"), QT_TRANSLATE_NOOP("Extras", "SVG drawing"),
       chartDrawing },
@@ -152,7 +152,7 @@ void copyShown(MainWindow &window)
 {
     const Catalogue texts("Extras", window.settings()->current_language);
     auto *data = new QMimeData;
-    const QImage picture = chartPicture(window, Ground::Screen);
+    const QImage picture = chartPicture(window, Background::Screen);
     if (!picture.isNull())
         data->setImageData(picture);
     data->setText(readings(window));

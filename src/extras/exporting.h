@@ -11,7 +11,7 @@ namespace extras {
 /// The forms in which a window can be saved, in the order of the dialog.
 enum class Format {
     Picture,
-    PaperPicture, ///< white ground
+    PaperPicture, ///< white background
     Page, ///< PDF, A4
     Drawing, ///< SVG
     Table, ///< CSV

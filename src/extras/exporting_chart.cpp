@@ -264,16 +264,17 @@ void Chart::drawMarkers()
 
 } // namespace
 
-Ink::Ink(const MainWindow &window, Ground ground)
-    : m_ground(ground == Ground::White ? Qt::white
-                                       : window.parts().Plot_Scene->backgroundBrush().color())
-    , m_onWhite(ground == Ground::White)
+Ink::Ink(const MainWindow &window, Background background)
+    : m_background(background == Background::White
+                       ? Qt::white
+                       : window.parts().Plot_Scene->backgroundBrush().color())
+    , m_onWhite(background == Background::White)
 {
 }
 
-QColor Ink::ground() const
+QColor Ink::background() const
 {
-    return m_ground;
+    return m_background;
 }
 
 QColor Ink::text() const

@@ -13,7 +13,7 @@ class QPainter;
 
 namespace extras {
 
-enum class Ground {
+enum class Background {
     Screen, ///< the colours of the window
     White,
 };
@@ -22,16 +22,16 @@ enum class Ground {
 class Ink
 {
 public:
-    Ink(const MainWindow &window, Ground ground);
+    Ink(const MainWindow &window, Background background);
 
-    QColor ground() const;
+    QColor background() const;
     QColor text() const;
     /// What \a screen, a colour of the window, becomes in the picture. On white, greys are inverted
     /// and other colours darkened until their contrast is at least 3:1; the hue stays.
     QColor of(const QColor &screen) const;
 
 private:
-    QColor m_ground;
+    QColor m_background;
     bool m_onWhite;
 };
 

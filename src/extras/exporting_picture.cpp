@@ -207,9 +207,9 @@ class Report
 {
 public:
     /// \a width and \a chartHeight in units, letters \a letter units high.
-    Report(const MainWindow &window, Ground ground, double width, int letter)
+    Report(const MainWindow &window, Background background, double width, int letter)
         : m_window(window)
-        , m_ink(window, ground)
+        , m_ink(window, background)
         , m_font(fontOf(letter))
         , m_margin(letter)
         , m_caption(window,
@@ -231,7 +231,7 @@ public:
         const double chart = height - captionHeight();
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
         // A unit more, so that a program that rounds a drawing's size leaves no bare edge.
-        painter.fillRect(QRectF(0.0, 0.0, m_width + 1.0, height + 1.0), m_ink.ground());
+        painter.fillRect(QRectF(0.0, 0.0, m_width + 1.0, height + 1.0), m_ink.background());
         drawChart(painter, { 0.0, 0.0, m_width, chart }, m_font, m_window, m_ink);
         m_caption.draw(painter, { m_margin, chart + m_margin }, m_ink);
     }
@@ -258,10 +258,10 @@ int letterOf(const MainWindow &window)
 
 } // namespace
 
-QImage chartPicture(const MainWindow &window, Ground ground)
+QImage chartPicture(const MainWindow &window, Background background)
 {
     const QSizeF plot = plotSize(window);
-    const Report report(window, ground, plot.width(), letterOf(window));
+    const Report report(window, background, plot.width(), letterOf(window));
     const double height = plot.height() + report.captionHeight();
     const double scale
         = std::min(double{ dotsPerInch } / window.logicalDpiX(), widestPicture / plot.width());
@@ -294,7 +294,7 @@ QByteArray chartPage(const MainWindow &window)
     QPainter painter(&writer);
     const double scale = writer.width() / pageUnits;
     painter.scale(scale, scale);
-    Report(window, Ground::White, pageUnits, pageLetter).draw(painter, writer.height() / scale);
+    Report(window, Background::White, pageUnits, pageLetter).draw(painter, writer.height() / scale);
     painter.end();
     return buffer.data();
 }
@@ -302,7 +302,7 @@ QByteArray chartPage(const MainWindow &window)
 QByteArray chartDrawing(const MainWindow &window)
 {
     const QSizeF plot = plotSize(window);
-    const Report report(window, Ground::White, plot.width(), letterOf(window));
+    const Report report(window, Background::White, plot.width(), letterOf(window));
     const double height = plot.height() + report.captionHeight();
     QBuffer buffer;
     QSvgGenerator generator;

@@ -17,7 +17,7 @@ namespace extras {
 
 /// A picture in the proportions of the plot, at 300 dots per inch of a page no wider than A4. Null
 /// when there is not enough memory.
-QImage chartPicture(const MainWindow &window, Ground ground);
+QImage chartPicture(const MainWindow &window, Background background);
 
 /// A page of A4 in landscape format as PDF, on white.
 QByteArray chartPage(const MainWindow &window);

@@ -3,6 +3,7 @@
 #include "threetraces.h"
 
 #include "extras/extras.h"
+#include "invariants.h"
 
 #include <QtTest>
 
@@ -15,11 +16,19 @@ MainWindow &ThreeTracesTest::openThree(bool attached)
                                   TraceBuilder().samples(ramp).minstep(2.5F).shiftY(9),
                                   TraceBuilder().samples(3).minstep(5.0F) },
                                 1);
+    m_three = &window;
     if (attached)
         extras::attach(window);
     window.plotScroll(100);
     window.cursorSetup_slot(222);
     return window;
+}
+
+void ThreeTracesTest::cleanup()
+{
+    const QStringList broken = m_three ? brokenInvariants(*m_three) : QStringList();
+    WindowTest::cleanup();
+    QCOMPARE(broken.join(QLatin1Char(0x0a)), QString());
 }
 
 void press(QWidget *widget, int key, Qt::KeyboardModifiers modifiers, const QString &text)

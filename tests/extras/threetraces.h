@@ -4,7 +4,9 @@
 
 #include "windowtest.h"
 
-/// Base of the tests of the extras.
+#include <QPointer>
+
+/// Base of the tests of the extras. After each test function the invariants of the window hold.
 class ThreeTracesTest : public WindowTest
 {
     Q_OBJECT
@@ -13,6 +15,12 @@ protected:
     /// Opens the window on three traces of unlike steps, the second one the master, at a place in
     /// the middle of the cable; with the extras unless \a attached is false.
     MainWindow &openThree(bool attached = true);
+
+protected slots:
+    void cleanup();
+
+private:
+    QPointer<MainWindow> m_three; ///< null before openThree() and after the window is closed
 };
 
 /// Presses and releases a key on \a widget; what it does not use goes on to its window. \a text is

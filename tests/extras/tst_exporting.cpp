@@ -101,7 +101,7 @@ private slots:
         const QMimeData *data = QGuiApplication::clipboard()->mimeData();
         QVERIFY(data->hasImage());
         QCOMPARE(qvariant_cast<QImage>(data->imageData()),
-                 extras::chartPicture(window(), extras::Ground::Screen));
+                 extras::chartPicture(window(), extras::Background::Screen));
         QCOMPARE(data->text(), extras::readings(window()));
         QCOMPARE(note(), QStringLiteral("Picture and readings copied"));
     }
@@ -164,8 +164,8 @@ private slots:
                       QVERIFY(contentOf(file).startsWith(row.start));
                       QVERIFY(note().endsWith(QDir::toNativeSeparators(file)));
                   });
-        QCOMPARE(QImage(path("a.png")), extras::chartPicture(window(), extras::Ground::Screen));
-        QCOMPARE(QImage(path("b.png")), extras::chartPicture(window(), extras::Ground::White));
+        QCOMPARE(QImage(path("a.png")), extras::chartPicture(window(), extras::Background::Screen));
+        QCOMPARE(QImage(path("b.png")), extras::chartPicture(window(), extras::Background::White));
     }
 
     void suffixDecidesTheFormat()

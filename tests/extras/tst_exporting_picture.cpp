@@ -16,7 +16,7 @@
 #include <cmath>
 #include <limits>
 
-using extras::Ground;
+using extras::Background;
 
 namespace {
 
@@ -204,8 +204,8 @@ private slots:
 
     void tracesKeepTheirHueOnWhite()
     {
-        const extras::Ink ink(openOn({ comb() }), Ground::White);
-        QCOMPARE(ink.ground(), QColor(Qt::white));
+        const extras::Ink ink(openOn({ comb() }), Background::White);
+        QCOMPARE(ink.background(), QColor(Qt::white));
         for (const quint32 screen : constants::slotColours) {
             const QColor colour = ink.of(QColor::fromRgba(screen));
             QVERIFY(contrast(colour.rgb(), 0xFFFFFFFF) >= 3.0);
@@ -219,18 +219,20 @@ private slots:
     void pictureFitsOnAPageAndHasTheGroundOfTheScreen()
     {
         MainWindow &window = openOn({ comb() });
-        QCOMPARE(extras::chartPicture(window, Ground::Screen).pixelColor(0, 0), QColor(11, 12, 13));
+        QCOMPARE(extras::chartPicture(window, Background::Screen).pixelColor(0, 0),
+                 QColor(11, 12, 13));
         QTest::mouseClick(probe().difference_button(), Qt::LeftButton);
-        const QImage picture = extras::chartPicture(window, Ground::Screen);
+        const QImage picture = extras::chartPicture(window, Background::Screen);
         QCOMPARE(picture.pixelColor(0, 0), QColor(40, 40, 60));
         QCOMPARE(picture.pixelColor(picture.width() - 1, picture.height() - 1), QColor(40, 40, 60));
-        QCOMPARE(extras::chartPicture(window, Ground::White).pixelColor(0, 0), QColor(Qt::white));
+        QCOMPARE(extras::chartPicture(window, Background::White).pixelColor(0, 0),
+                 QColor(Qt::white));
         QCOMPARE(picture.dotsPerMeterX(), 11811);
         QCOMPARE(picture.dotsPerMeterY(), 11811);
         const double dots = viewport()->width() * 300.0 / window.logicalDpiX();
         QVERIFY(std::abs(picture.width() - dots) <= 1.0);
         window.resize(2560, 1440);
-        QCOMPARE(extras::chartPicture(window, Ground::Screen).width(), 3300);
+        QCOMPARE(extras::chartPicture(window, Background::Screen).width(), 3300);
     }
 
     void levelLinesAreDashedWithinTheView()
@@ -254,7 +256,7 @@ private slots:
     {
         openOn({ TraceBuilder().samples([](int i) { return i % 5 == 0 ? 100 : 0; }) });
         QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
-        const QRgb green = extras::Ink(window(), Ground::White).of(QColor(0, 255, 0)).rgb();
+        const QRgb green = extras::Ink(window(), Background::White).of(QColor(0, 255, 0)).rgb();
         QPolygonF curve;
         const QVector<Drawing::Line> lines = drawingOf(window()).lines;
         for (const Drawing::Line &line : lines)
@@ -275,7 +277,7 @@ private slots:
     void hiddenTracesAreLeftOut()
     {
         MainWindow &window = openOn({ comb(), comb().shiftY(40) });
-        const QRgb second = extras::Ink(window, Ground::White).of(QColor(0, 255, 255)).rgb();
+        const QRgb second = extras::Ink(window, Background::White).of(QColor(0, 255, 255)).rgb();
         const auto linesOfSecond = [&] {
             const Drawing drawing = drawingOf(window);
             return std::count_if(drawing.lines.begin(), drawing.lines.end(),
@@ -308,7 +310,7 @@ private slots:
         WindowFixture::settle();
         const QStringList state = stateOf(window);
         const QImage screen = screenOf(window);
-        QVERIFY(!extras::chartPicture(window, Ground::White).isNull());
+        QVERIFY(!extras::chartPicture(window, Background::White).isNull());
         QVERIFY(!extras::chartPage(window).isEmpty());
         QVERIFY(!extras::chartDrawing(window).isEmpty());
         QVERIFY(!extras::table(window).isEmpty());
@@ -331,7 +333,7 @@ private slots:
                 window.rfgSelect_slot(slot);
                 window.cursorSetup_slot(constants::xLength);
                 QVERIFY(drawingOf(window).isWithinItsArea());
-                QVERIFY(!extras::chartPicture(window, Ground::Screen).isNull());
+                QVERIFY(!extras::chartPicture(window, Background::Screen).isNull());
                 QVERIFY(extras::chartPage(window).trimmed().endsWith("%%EOF"));
                 QVERIFY(!extras::readings(window).isEmpty());
                 QVERIFY(extras::table(window).count('\n') > 250);

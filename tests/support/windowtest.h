@@ -37,7 +37,7 @@ protected:
 
     std::unique_ptr<WindowFixture> fixture;
 
-private slots:
+protected slots:
     void init();
     void cleanup();
 };
