@@ -55,6 +55,6 @@ velkor_add_search(rounds COST 20 COMMAND ${monkey}/rounds.dir/rounds rounds
 velkor_add_search(kills COST 10 COMMAND velkor-faults
   ROBUST kills 200 1
   SOAK kills 2000 new)
-velkor_add_search(failing_calls COST 12 COMMAND velkor-faults
-  ROBUST calls 10
+velkor_add_search(failing_calls COST 24 COMMAND velkor-faults
+  ROBUST calls 5
   SOAK calls 1)
