@@ -104,6 +104,7 @@ private slots:
         QVERIFY(plot.endsWith(probe().cursor_step_lbl().text() + QLatin1String(" | Plot")));
         // The plot is one thing.
         QCOMPARE(interfaceOf(probe().Plot_View())->childCount(), 0);
+        QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
     }
 
     void noControlIsWithoutAName()
