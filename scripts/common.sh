@@ -26,6 +26,13 @@ cores() {
     nproc 2>/dev/null || echo 2
 }
 
+# end_page PAGE: replaces what is below the line of PAGE that names the calling script by the input.
+end_page() {
+    { sed "/^<!-- written by .*${0##*/} /q" "$1" && echo && sed -e '${/^$/d}'; } >"$1.part"
+    mv "$1.part" "$1"
+    say "written to $1" >&2
+}
+
 # run_steps NAME=COMMAND...: runs each, prints its time, and dies in the end if one failed. A command
 # that exits with 77 was skipped, and has said why.
 run_steps() {
