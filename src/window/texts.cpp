@@ -115,6 +115,8 @@ void MainWindow::setDialText(Cont_dial *dial, const QString &text)
 {
     // Not setText: it repaints at once, together with any part of the plot that has an update
     // pending. The scene would then forget where its moved items were before.
+    if (dial->titleText == text)
+        return;
     dial->titleText = text;
     dial->update();
 }
