@@ -132,6 +132,8 @@ public:
     bool read_rfg_DATA(const QString &path, int id);
     /// Marks slot \a id as loaded from the file \a path, whether it can be read or not.
     void add_Selected_RFG(const QString &path, int id);
+    /// Opens \a file in slot \a id; file dialogs then start in its folder.
+    void openFile(const QString &file, int id);
     /// Opens the first six of \a files, at least one, in the first slots and empties the others.
     void openFiles(const QStringList &files);
     /// Reserved for add-on data of slot \a id. Opens nothing.

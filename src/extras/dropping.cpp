@@ -7,7 +7,6 @@
 #include "base/qtcompat.h"
 #include "legendbutton.h"
 #include "mainwindow.h"
-#include "settingsdata.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -72,12 +71,10 @@ void Dropping::drop(QDropEvent &event)
     if (files.isEmpty())
         return;
     const LegendButton *slot = slotAt(qtcompat::placeOf(event));
-    if (slot == nullptr || files.size() > 1) {
+    if (slot != nullptr && files.size() == 1)
+        m_window.openFile(files.first(), slot->id);
+    else
         open(files);
-        return;
-    }
-    m_window.settings()->last_folder = QFileInfo(files.first()).path();
-    m_window.add_Selected_RFG(files.first(), slot->id);
 }
 
 bool Dropping::accept(QDropEvent &event) const
@@ -119,9 +116,8 @@ void Dropping::open(const QStringList &files)
         m_window.openFiles(files);
         return;
     }
-    m_window.settings()->last_folder = QFileInfo(files.last()).path();
     for (int i = 0; i < files.size(); ++i)
-        m_window.add_Selected_RFG(files.at(i), empty.at(i)->id);
+        m_window.openFile(files.at(i), empty.at(i)->id);
     if (!m_window.state().isLoaded(m_window.state().rfg_ID))
         empty.first()->click();
 }

@@ -154,8 +154,12 @@ void MainWindow::loadSingle_slot(int id)
     const QString file = QFileDialog::getOpenFileName(this, tr("Select RFG file to open"),
                                                       settingsData->last_folder, tr("rfg (*.tdr)"),
                                                       nullptr, QFileDialog::ReadOnly);
-    if (file.isEmpty())
-        return;
+    if (!file.isEmpty())
+        openFile(file, id);
+}
+
+void MainWindow::openFile(const QString &file, int id)
+{
     settingsData->last_folder = QFileInfo(file).path();
     add_Selected_RFG(file, id);
 }
