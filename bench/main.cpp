@@ -96,14 +96,11 @@ int main(int argc, char **argv)
     const int count = words.value(5).toInt();
     if (size.isEmpty() || limitMs <= 0.0 || rounds < 1 || count < 1) {
         std::fprintf(stderr,
-                     "usage: velkor-bench WIDTH HEIGHT LIMIT ROUNDS OPERATIONS [computing]\n"
+                     "usage: velkor-bench WIDTH HEIGHT LIMIT ROUNDS OPERATIONS\n"
                      "  LIMIT       of the 99th percentile, in ms\n"
-                     "  OPERATIONS  of each kind in each round\n"
-                     "  computing   counts CPU time instead of elapsed time\n");
+                     "  OPERATIONS  of each kind in each round\n");
         return 2;
     }
-    if (words.contains(QStringLiteral("computing")))
-        watch.countComputing();
 
     const QTemporaryDir folder;
     const QStringList files = writeTraces(folder.path());

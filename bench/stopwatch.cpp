@@ -30,24 +30,12 @@ bool concernsReceiverOnly(QEvent::Type type)
     }
 }
 
-double microseconds(std::chrono::nanoseconds time)
+double microseconds(std::chrono::steady_clock::duration time)
 {
     return std::chrono::duration<double, std::micro>(time).count();
 }
 
 } // namespace
-
-void Stopwatch::countComputing()
-{
-    m_clock = CLOCK_PROCESS_CPUTIME_ID;
-}
-
-Stopwatch::Moment Stopwatch::now() const
-{
-    timespec moment = {};
-    clock_gettime(m_clock, &moment);
-    return std::chrono::seconds(moment.tv_sec) + std::chrono::nanoseconds(moment.tv_nsec);
-}
 
 Cost Stopwatch::measure(ViewerSubject &subject, const std::function<void()> &operation)
 {
@@ -57,7 +45,7 @@ Cost Stopwatch::measure(ViewerSubject &subject, const std::function<void()> &ope
     m_paints = 0;
     m_plotTime = {};
     m_inPlot = true;
-    const Moment start = now();
+    const Clock::time_point start = Clock::now();
     m_since = start;
 
     operation();
@@ -68,7 +56,7 @@ Cost Stopwatch::measure(ViewerSubject &subject, const std::function<void()> &ope
         turn();
         if (m_paints == before && remote)
             sync();
-    } while (m_paints != before || (m_plotPaints == 0 && now() - start < timeout));
+    } while (m_paints != before || (m_plotPaints == 0 && Clock::now() - start < timeout));
 
     enter(true);
     m_plot = nullptr;
@@ -92,7 +80,7 @@ void Stopwatch::turn()
 
 void Stopwatch::enter(bool plot)
 {
-    const Moment moment = now();
+    const Clock::time_point moment = Clock::now();
     if (m_inPlot)
         m_plotTime += moment - m_since;
     m_since = moment;

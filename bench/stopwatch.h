@@ -5,7 +5,6 @@
 #include <QApplication>
 
 #include <chrono>
-#include <ctime>
 #include <functional>
 
 class ViewerSubject;
@@ -29,9 +28,6 @@ class Stopwatch : public QApplication
 public:
     using QApplication::QApplication;
 
-    /// Counts CPU time of this process from now on, without the display server's work.
-    void countComputing();
-
     /// Runs \a operation on \a subject and then the event loop, deferred deletes included, until a
     /// pass paints nothing; on xcb also until the server answered a round trip. An operation that
     /// paints nothing ends after half a second with \c plotPaints 0.
@@ -43,9 +39,8 @@ public:
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:
-    using Moment = std::chrono::nanoseconds;
+    using Clock = std::chrono::steady_clock;
 
-    Moment now() const;
     void turn();
     void enter(bool plot);
 
@@ -54,7 +49,6 @@ private:
     int m_plotPaints = 0;
     int m_paints = 0;
     bool m_inPlot = true; ///< the time since m_since belongs to the plot's part
-    Moment m_since{};
-    Moment m_plotTime{};
-    clockid_t m_clock = CLOCK_MONOTONIC;
+    Clock::time_point m_since;
+    Clock::duration m_plotTime{};
 };
