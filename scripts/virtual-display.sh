@@ -7,7 +7,7 @@
 
 if [ "${VELKOR_DISPLAY-}" != own ]; then
     exec env -u WAYLAND_DISPLAY VELKOR_DISPLAY=own xvfb-run --auto-servernum \
-        --server-args='-screen 0 2720x1600x24 -dpi 96' "$0" "$@"
+        --server-args='-screen 0 2720x1600x24 -dpi 96' "scripts/${0##*/}" "$@"
 fi
 
 # wait_until SECONDS COMMAND...: repeats the command until it succeeds; false after the time.
