@@ -10,7 +10,7 @@
 namespace {
 
 constexpr double ringShare = 2.5; ///< height of the dial in radii of the ring
-constexpr double captionShare = 0.5; ///< of the height, for the caption
+constexpr double captionShare = 0.5; ///< height of the caption as a share of the dial's
 constexpr int fineTravel = 100; ///< from this travel on, a single step is a hundredth of a turn
 constexpr int coarseTravel = 9; ///< above this travel, a single step is a tenth of a turn
 constexpr int startPages = 10; ///< pages in a turn until the first setAccuracy
@@ -103,7 +103,7 @@ void Cont_dial::paintEvent(QPaintEvent *event)
 
 void Cont_dial::resizeEvent(QResizeEvent *event)
 {
-    // QDial only repaints, which a resize does anyway.
+    // QDial::resizeEvent only repaints, and a resize repaints anyway.
     Q_UNUSED(event)
     const int captionHeight = calc::truncated(height() * captionShare);
     const QPoint corner = rect().center() - QPoint(width() / 2, captionHeight / 2);

@@ -10,8 +10,8 @@
 
 /// Endless dial: a wrapping QDial whose turns are summed into one clamped counter.
 ///
-/// Only drags count; wheel, keys and the jump of a click do not. The owner writes the counter and
-/// its limits directly, which emits nothing.
+/// Only drags change the counter; wheel, keys and the jump of a click do not. The owner writes the
+/// counter and its limits directly; this emits no signal.
 class Cont_dial : public QDial
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ signals:
 
 public slots:
     /// Adds the difference between the raw position \a value and the last one to the counter. A
-    /// jump from the last page of travel to the first, or back, is a wrap; any other is a movement.
+    /// jump from the last page of travel to the first, or back, counts as a wrap.
     void trueValue_slot(int value);
 
     /// Sets \c oldValue to the current raw position.

@@ -61,8 +61,8 @@ void CurArrow::setColor(const QColor &c)
     cur_arrow1.setBrush(fill);
     cur_arrow2.setBrush(fill);
     cur_lbl.setBrush(fill);
-    // The enum value of the brush style is the width of the outline: Qt::SolidPattern (1) makes the
-    // letter of the active cursor a pixel bolder, Qt::NoBrush (0) gives a hairline.
+    // Qt::SolidPattern (1) makes the letter of the active cursor a pixel bolder, Qt::NoBrush (0)
+    // gives a hairline.
     cur_lbl.setPen(
         QPen(fill, static_cast<qreal>(br_style), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
 }

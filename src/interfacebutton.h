@@ -23,14 +23,14 @@ public:
     explicit InterfaceButton(Dictionary *words);
 
     /// Shows the picture at \a path, a resource path with or without its extension. A picture that
-    /// cannot be read adds nothing.
+    /// cannot be read leaves the icon unchanged.
     void set_icon(const QString &path);
 
-    /// \a source in Qt's greyscale format, transparent where its mask is.
+    /// \a source in Qt's greyscale format, with the same mask.
     QPixmap grayPixmap(const QPixmap &source);
 
     Dictionary *dict = nullptr; ///< interface words; null in a ParamButton
-    QIcon icon; ///< what \c set_icon made; hides QAbstractButton::icon()
+    QIcon icon; ///< set by \c set_icon; hides QAbstractButton::icon()
     QImage image; ///< unused
     QRectF textRect; ///< unused
     QRectF iconRect; ///< unused

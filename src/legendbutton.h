@@ -31,13 +31,13 @@ public:
     /// Enables or disables all actions but "Load", which an empty slot needs.
     void menuEnable(bool on);
 
-    /// Sets the property \c vis, whether the trace is shown, and the check mark of the menu.
-    /// Applies the style sheets again.
+    /// Sets the property \c vis (the trace is shown) and the check mark of the menu. Applies the
+    /// style sheets again.
     void setVis(bool on);
     bool vis() const;
 
-    /// Sets the property \c mast, whether the slot is the master, and enables "Set as Master" when
-    /// it is not. Applies the style sheets again.
+    /// Sets the property \c mast (the slot is the master). Disables "Set as Master" for the master
+    /// and enables it for any other slot. Applies the style sheets again.
     void setMast(bool on);
     bool mast() const;
 

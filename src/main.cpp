@@ -34,7 +34,7 @@ int qMain(int argc, char **argv)
 #endif
     window.show();
     window.reportSizes();
-    // The plugin has read the variable by now; a browser that opens a link must not inherit it.
+    // The plugin has read it by now, and a browser that opens a link must not inherit it.
     if (isOurs)
         qunsetenv(integration);
     return QApplication::exec();

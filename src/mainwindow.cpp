@@ -66,7 +66,7 @@ MainWindow::MainWindow(QWidget *parent)
 
 MainWindow::~MainWindow()
 {
-    // Before the scene, which would delete the groups of the markers and, with them, items that are
+    // Before the scene: it would delete the groups of the markers and their items, which are
     // members.
     delete cur_arrowA;
     delete cur_arrowB;

@@ -3,9 +3,8 @@
 #pragma once
 
 /// \file
-/// The one window of the viewer, which owns all state. Each section below is implemented in the
-/// source file that its heading names; helpers of one file are functions of that file. What can be
-/// computed without a widget is in calc/.
+/// The window of the viewer, which owns all state. Each section below is implemented in the source
+/// file named in its heading. Computations that need no widget are in calc/.
 
 #include "calc/trace_points.h"
 #include "calc/view_range.h"
@@ -50,11 +49,11 @@ public slots:
     /// Restores window geometry and state from the settings. Damaged values, and a geometry of more
     /// than four times the size of the desktop, are ignored.
     void setWindowGeometry();
-    /// Sets the speeds of both dials from the settings. The scale keeps its own speed.
+    /// Sets the speeds of both dials from the settings. A dial that sets the scale keeps its speed.
     void setDialSettings();
 
 protected:
-    /// Saves the settings, after a backup of the first settings file.
+    /// Saves the settings. Before the first save, backs up the former settings file.
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -98,11 +97,11 @@ private:
 
     // ---- Style (window/style.cpp) ----
 public slots:
-    /// Applies the current style sheet, none if it is refused, and paints chart and scene
-    /// near-black.
+    /// Applies the current style sheet, or none if it is refused. Makes the background of chart and
+    /// scene near-black.
     void set_CSS();
-    /// Makes the file at \a path the current style sheet, which is empty when it cannot be read.
-    /// Watches the watched file again after it was replaced, and its folder while it is missing.
+    /// Makes the file at \a path the current style sheet; an unreadable file gives an empty one.
+    /// Watches a replaced sheet again, and the folder of a missing one.
     void CSS_watcher_slot(const QString &path);
 
 private:
@@ -119,7 +118,7 @@ public slots:
     /// Reads the slots of \a mask from the paths in the settings and empties the others. A slot
     /// whose file cannot be read keeps its old record.
     void show_AllSelected_RFGs(state_index mask);
-    /// Reads slot \a id again, which drops its shifts. The master resets the whole view.
+    /// Reads slot \a id again, which drops its shifts. For the master, does \c reset_slot.
     void resetCurrent_slot(int id);
     /// Scrolls to count 0, leaves difference mode and reads every loaded slot again.
     void reset_slot();
@@ -130,11 +129,11 @@ public:
     /// Reads the file \a path into slot \a id. False, and the slot unchanged, when it is no regular
     /// file or cannot be opened. A short file overwrites the start of the record.
     bool read_rfg_DATA(const QString &path, int id);
-    /// Marks slot \a id as loaded from the file \a path, whether it can be read or not.
+    /// Reads the file \a path into slot \a id. Marks the slot as loaded even when that fails.
     void add_Selected_RFG(const QString &path, int id);
     /// Opens \a file in slot \a id; file dialogs then start in its folder.
     void openFile(const QString &file, int id);
-    /// Opens the first six of \a files, at least one, in the first slots and empties the others.
+    /// Opens the first six of \a files, at least one, from slot 0 on and empties the other slots.
     void openFiles(const QStringList &files);
     /// Reserved for add-on data of slot \a id. Opens nothing.
     void write_rfg_DATA(int id);
@@ -145,8 +144,8 @@ public slots:
     void rfgSelect_slot(int id);
     /// Shows or hides the trace of slot \a id and sets the icon of its button.
     void RFG_visibleToggle(int id, bool visible);
-    /// Makes slot \a id the master; any number outside 1..5 means slot 0. Its record sets scale,
-    /// view range and KU.
+    /// Makes slot \a id the master; a number that is no slot means slot 0. The record of the slot
+    /// sets scale, view range and KU.
     void setMasterID(int id);
     /// Opens the menu of slot \a id at the corner of its button.
     void rfgMenuRequested_slot(int id);
@@ -154,8 +153,7 @@ public slots:
 public:
     /// Slot of the master; -1 before the first one.
     int getMasterID() const;
-    /// Raises the series of the selected slot below those of the cursors and makes their pens
-    /// thick.
+    /// Raises the series of the selected slot above all but the cursors and makes their pens thick.
     void seriaIsSelected();
     /// The name of slot \a id: "RFG 1".
     QString slotTitle(int id) const;
@@ -191,7 +189,7 @@ public:
 
 private:
     void buildChart();
-    /// Draws slot \a id again after a change of its samples or shifts, and the differences from it.
+    /// Draws slot \a id after a change of its samples or shifts; all traces if they depend on it.
     void redraw(int id);
     /// Draws the traces of all loaded slots again.
     void redrawLoaded();
@@ -200,7 +198,7 @@ private:
 public:
     /// Adds grid lines and labels to the scene, below the traces. Called once.
     void axisCreate();
-    /// Places the grid in \a plot and its labels below, both rectangles in scene coordinates.
+    /// Places the grid in \a plot and its labels under it in \a chart, both in scene coordinates.
     void axisSetup(QRectF plot, QRectF chart);
     /// Shows the grid lines and labels of the view range.
     void setXAxis();
@@ -238,13 +236,13 @@ private:
 
     // ---- Parameters (window/params.cpp) ----
 public slots:
-    /// Assigns the parameter dial to parameter \a id. Read-only parameters do not change it.
+    /// Assigns the parameter dial to parameter \a id. A read-only parameter leaves the dial as is.
     void paramSelect_slot(int id);
     /// Sets the checked parameter to the dial value \a x.
     void paramSetup_slot(int x);
 
 public:
-    /// Sets the caption of the parameter dial; without the value of a trace in an empty slot.
+    /// Sets the caption of the parameter dial. In an empty slot only KU and scale show \a value.
     void setParamDialText(const QString &title, const QString &value);
 
     // ---- Cursors (window/cursors.cpp) ----
@@ -280,10 +278,10 @@ private:
 public:
     /// Handles events of the chart and of some controls. Consumes none.
     bool eventFilter(QObject *watched, QEvent *event) override;
-    /// Moves the active cursor by \a notches samples of the selected trace; in difference mode, of
-    /// the trace with the larger step.
+    /// Moves the active cursor by \a notches samples: those of the selected trace, or in difference
+    /// mode of the master if its step is larger.
     void cursorWheel(int notches);
-    /// Changes the checked parameter by \a notches steps; the horizontal shift by samples.
+    /// Changes the checked parameter by \a notches; a notch of the horizontal shift is one sample.
     void paramWheel(int notches);
 
 private:

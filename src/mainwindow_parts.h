@@ -116,7 +116,7 @@ struct MainWindowParts
     QtCharts::QLineSeries *cursor_B = nullptr;
     QtCharts::QLineSeries *cursor_A_add = nullptr;
     QtCharts::QLineSeries *cursor_B_add = nullptr;
-    QtCharts::QLineSeries *axisX = nullptr; ///< zero base line; the chart's first series, always
+    QtCharts::QLineSeries *axisX = nullptr; ///< line at level 0; always the chart's first series
     QtCharts::QValueAxis *cust_axisX = nullptr; ///< counts
     QtCharts::QValueAxis *cust_axisY = nullptr; ///< sample steps
 

@@ -74,15 +74,15 @@ struct MainWindowState
     bool master_is_set = false;
     Protocol_VX840::CH_PARAMS_t master_params = {}; ///< only KU and sample_minstep are kept
 
-    /// True when \c rfg_master_ID is a slot, loaded or not. This alone decides whether differences
-    /// are drawn and whether the master's step counts.
+    /// True when \c rfg_master_ID is a slot, loaded or not. Otherwise no difference is drawn and
+    /// the master's step is not used.
     bool masterExists() const;
     /// True when traces other than the master are drawn as their difference from it.
     bool drawsDifferences() const;
     /// True when slot \a id is drawn as its difference from the master.
     bool isDrawnAsDifference(int id) const;
-    /// Counts of one step of the cursor: those of the selected trace, or of the master in
-    /// difference mode and for an empty slot; 1 without a master.
+    /// Step of the cursor in counts: the step of the selected trace, or of the master in difference
+    /// mode and for an empty slot; 1 without a master.
     int cursorStep() const;
 
     // ---- Chart ----
@@ -101,7 +101,7 @@ struct MainWindowState
     float KU_min = constants::minKU;
     float KU_max = constants::maxKU;
     double dist_coef_0 = constants::distCoef0; ///< metres per count at the speed of light
-    double dist_coef = 0.0; ///< metres per count at the current KU; 0 before the first one
+    double dist_coef = 0.0; ///< metres per count at the current KU; 0 until KU is set
 
     // ---- Parameters ----
     MainWindowModes::PARAMETER_MODE parameter_flag

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Shifting an unsigned 1 keeps position 31 defined, and the mask keeps every other count so.
+// The shift is defined for every position: bit 31 by the unsigned 1, the rest by the mask.
 quint32 bitAt(int position)
 {
     return quint32{ 1 } << (static_cast<quint32>(position) & 31U);
@@ -46,7 +46,7 @@ float m_pow2(int n)
 {
     if (n >= 0)
         return static_cast<float>(static_cast<qint32>(bitAt(n)));
-    // Negated as unsigned, so that the smallest int is defined too.
+    // The negation is unsigned: it would overflow for the smallest int.
     const auto divisor = static_cast<qint32>(bitAt(static_cast<int>(0U - static_cast<quint32>(n))));
     return static_cast<float>(1.0 / divisor);
 }

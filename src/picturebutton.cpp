@@ -14,9 +14,9 @@ namespace {
 
 constexpr int styleGap = 2; ///< pixels that a style leaves between picture and caption
 constexpr int extraGap = 2;
-/// Opacity of the picture on a disabled button, whose text has half the contrast of an enabled one.
+/// Opacity of the picture on a disabled button. The text of the button has half its contrast, too.
 constexpr double dimmedOpacity = 0.5;
-constexpr int margin = 4; ///< pixels at either side, a button's frame among them
+constexpr int margin = 4; ///< pixels at either side, the frame of the button included
 constexpr double minFontPixels = 6.0;
 
 /// \a text with its first line broken at blanks where it is wider than \a width.
@@ -91,7 +91,7 @@ void PictureButton::pad(QStyleOptionButton &option)
         painter.drawPixmap(isMirrored ? extraGap : 0, 0, picture);
         painter.end();
         m_padded = QIcon();
-        // For the modes of enabled and disabled buttons, so that the style makes none of its own.
+        // Without a picture for disabled buttons the style would make one.
         for (const QIcon::Mode mode : { QIcon::Normal, QIcon::Disabled })
             m_padded.addPixmap(padded, mode);
     }

@@ -10,8 +10,8 @@
 class QStyleOptionButton;
 class QStylePainter;
 
-/// A push button with four pixels between picture and caption. A caption that is too wide is drawn
-/// over more lines and, when a single word is too wide, smaller; text() stays as it was set. A
+/// A push button with four pixels between picture and caption. A caption that is too wide is broken
+/// into lines. If it still does not fit, its font is smaller. text() stays as it was set. A
 /// disabled button dims its picture as much as its caption.
 class PictureButton : public QPushButton
 {
@@ -31,5 +31,5 @@ private:
     void pad(QStyleOptionButton &option);
 
     QIcon m_padded; ///< picture as it is drawn
-    Padding m_padding{ 0, false, false }; ///< what it was made from
+    Padding m_padding{ 0, false, false }; ///< key of \c m_padded
 };

@@ -26,9 +26,9 @@ void PlotView::paintEvent(QPaintEvent *event)
 void PlotView::drawBackground(QPainter *painter, const QRectF &rect)
 {
     Q_UNUSED(rect)
-    // Qt fills a rectangle slowly when it has to clip it to a region, or to antialias it. On a
-    // screen with a fractional scale the edges of a rectangle lie within pixels, so it is made
-    // larger.
+    // Qt fills slowly when it clips to a region or antialiases, so the rectangles of the region are
+    // filled one by one. At a fractional screen scale their edges lie within pixels; the margin
+    // fills these pixels, too.
     const int margin = std::trunc(devicePixelRatioF()) == devicePixelRatioF() ? 0 : 1;
     painter->setRenderHint(QPainter::Antialiasing, false);
     for (const QRect &exposed : m_exposed) {

@@ -27,7 +27,7 @@ class PlotView : public QGraphicsView
 public:
     using QGraphicsView::QGraphicsView;
 
-    /// Region of the viewport that the present paint event repaints, or that the last one did.
+    /// Region of the viewport that the current or the last paint event repaints.
     const QRegion &exposedRegion() const;
 
 protected:

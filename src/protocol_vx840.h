@@ -78,7 +78,7 @@ struct CH_PARAMS_t
     quint16 gain;
     quint16 impedance;
     float32_t KU; ///< shortening factor: the speed of light divided by the speed in the cable
-    quint32 shiftX; ///< horizontal shift in steps; a negative one is stored in two's complement
+    quint32 shiftX; ///< horizontal shift in samples; a negative one is stored in two's complement
     qint16 shiftY; ///< vertical shift in sample steps
     quint8 diff_mode;
     quint8 LF_filter_level;

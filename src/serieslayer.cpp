@@ -22,7 +22,7 @@ namespace {
 constexpr qreal aboveAxes = 100.0;
 constexpr qreal edge = 2.0; ///< pixels around the plot that its lines touch
 constexpr qreal stripMargin = 7.0; ///< pixels right of the plot, where nothing is drawn
-constexpr qreal reach = 4.0; ///< pixels beside its points that a line touches, at most
+constexpr qreal reach = 4.0; ///< pixels; a line paints no farther from its points
 
 qreal fraction(qreal number)
 {
@@ -39,7 +39,7 @@ QRectF clipOfLines(const QRectF &plot, QPointF corner)
                          qMax(top, fraction(plot.height() + 0.5)));
 }
 
-/// Whether the rectangle around \a points comes near one of \a places. It may have no width.
+/// True when the rectangle around \a points, which may be a line, is near one of \a places.
 bool isNear(const QVector<QRectF> &places, std::initializer_list<QPointF> points)
 {
     QPointF low = *points.begin();
@@ -82,7 +82,7 @@ void drawSpline(QPainter &painter, const QVector<QPointF> &points, const QVector
     QPainterPath path;
     bool goesOn = false;
     for (int i = 0; i < stretches; ++i) {
-        // The edges of a stretch are rounded differently where a neighbour is missing.
+        // The ends of a stretch are rounded differently when the stretch beside it is not drawn.
         const bool drawn = wanted[i] || wanted[i + 1] || wanted[i + 2];
         if (drawn && !goesOn)
             path.moveTo(points[i]);
@@ -130,12 +130,12 @@ SeriesLayer::SeriesLayer(QChart &chart, QValueAxis &x, QValueAxis &y)
 
 void SeriesLayer::markForOpenGL()
 {
-    // The module creates its only OpenGL widget when the first series of a shown chart is marked,
-    // in the first view of the chart's scene.
+    // The module creates one OpenGL widget: in the first view of the chart's scene, when the first
+    // series is marked.
     QGraphicsScene stage;
     m_neverShown.setScene(&stage);
     stage.addItem(&m_chart);
-    // Without OpenGL the widget writes a warning to the log. It is never used.
+    // Without OpenGL the widget, which is never used, writes a warning to the log.
     QLoggingCategory &log = *QLoggingCategory::defaultCategory();
     const bool warnings = log.isWarningEnabled();
     log.setEnabled(QtWarningMsg, false);
@@ -168,9 +168,9 @@ void SeriesLayer::follow(const QXYSeries &series)
 void SeriesLayer::repaintLine(const QXYSeries &line)
 {
     const QRectF former = std::exchange(m_lines[&line], placeOf(line));
-    // Qt clips fast only in rows of the window whose number is below the number of spans in the
-    // exposed region (qt_intersect_spans in 5.15 and 6.4). This strip adds a span to every row,
-    // where nothing is drawn.
+    // qt_intersect_spans (Qt 5.15 and 6.4) is fast only in rows of the window whose number is below
+    // the number of spans in the exposed region. This strip, in which nothing is drawn, adds a span
+    // to every row.
     const QRectF strip = boundingRect().adjusted(boundingRect().width() - 1.0, 0.0, 0.0, 0.0);
     // Updates of the item would be united into one rectangle; updates of the scene are not.
     for (const QRectF &place : { former, m_lines[&line], strip })
@@ -197,7 +197,7 @@ void SeriesLayer::raise(const QVector<QXYSeries *> &wanted)
         series->attachAxis(&m_x);
         series->attachAxis(&m_y);
     }
-    // Left to the event loop, the new layout would cause a second repaint.
+    // A layout from the event loop would cause a second repaint.
     m_chart.layout()->activate();
     scene()->update();
 }

@@ -14,11 +14,11 @@
 
 /// Paints all series of a chart in place of the chart module, with the same pixels.
 ///
-/// When the points of a series or the range change, the module strokes an outline of the series for
-/// mouse tests. Nothing here uses the outlines, and they take half of a pan. Only a series that is
-/// marked for OpenGL has none. So all series are marked, the OpenGL widget that would show them is
-/// created in a view that is never shown, and this item paints them. Series that are not marked are
-/// left to the module.
+/// When the points of a series or the range change, the module computes an outline of the series
+/// for mouse tests. The viewer does not use the outlines, and they take half the time of a pan. A
+/// series that is marked for OpenGL has no outline. So all series are marked, and this item paints
+/// them. The OpenGL widget that would show them is created in a view that is never shown. The
+/// module paints series that are not marked.
 ///
 /// The item repaints itself when the series, the axes or the plot area change. It paints only near
 /// the region that the view repaints, so a cursor step paints only short parts of the traces.
@@ -27,8 +27,8 @@ class SeriesLayer : public QGraphicsObject
     Q_OBJECT
 
 public:
-    /// For all series that \a chart has now. Splines are MarkableSplines, and series of two points
-    /// keep two points. The chart is in no scene yet, later in one that only a PlotView shows.
+    /// Paints all series that \a chart has now: splines must be MarkableSplines, series of two
+    /// points must keep two. The chart must be in no scene yet; only a PlotView may show it later.
     SeriesLayer(QtCharts::QChart &chart, QtCharts::QValueAxis &x, QtCharts::QValueAxis &y);
 
     /// Draws \a wanted above all other series, in this order, the last one on top. Does nothing
@@ -47,18 +47,18 @@ private:
     void repaintAll();
     QVector<QPointF> pixelsOf(const QtCharts::QXYSeries &series) const;
     QRectF placeOf(const QtCharts::QXYSeries &series) const;
-    /// What \a viewport repaints, in coordinates of this item; all of it without a viewport.
+    /// Parts that \a viewport repaints, in coordinates of this item; all of it for a null viewport.
     Places exposedPlaces(const QWidget *viewport) const;
 
     QtCharts::QChart &m_chart;
     QtCharts::QValueAxis &m_x;
     QtCharts::QValueAxis &m_y;
     QGraphicsView m_neverShown; ///< parent of the OpenGL widget
-    QHash<const QtCharts::QXYSeries *, QRectF> m_lines; ///< series of two points, and their places
+    QHash<const QtCharts::QXYSeries *, QRectF> m_lines; ///< places of the series of two points
 };
 
-/// A spline that can be marked for OpenGL. The module marks lines only, so this series says that it
-/// is one while the mark is set.
+/// A spline that can be marked for OpenGL. The module marks only line series, so \c type returns
+/// the type of a line series while \c mark runs.
 class MarkableSpline : public QtCharts::QSplineSeries
 {
 public:

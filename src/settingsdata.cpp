@@ -37,7 +37,7 @@ constexpr QLatin1String keyWindowState = constants::latin1("windowState");
 constexpr QLatin1String groupDials = constants::latin1("Dials");
 constexpr QLatin1String keyCursorSpeed = constants::latin1("cursorSpeed");
 constexpr QLatin1String keyParamSpeed = constants::latin1("paramSpeed");
-constexpr int maxWorkFolders = 1000; ///< keys looked for when the folders are read
+constexpr int maxWorkFolders = 1000; ///< further folders are not read
 
 constexpr int qtCodeLength = 2; ///< the catalogues of Qt are named by language, without country
 
@@ -192,7 +192,7 @@ void SettingsData::copy(const SettingsData *from, state_index mask)
 void SettingsData::parse_CSS()
 {
     const QByteArray sheet = program_files::readRegularFile(current_CSS_path, maxStyleSheetBytes);
-    // With its length: a NUL is a character like any other and ends nothing.
+    // The length is passed because a NUL must not end the text.
     current_CSS = QString::fromLatin1(sheet.constData(), sheet.size());
     emit CSS_changed();
 }

@@ -26,7 +26,7 @@ struct language
 ///
 /// Each operation takes a set of sections: bit 0 the open files, 1 the style sheet, 2 the work
 /// folders, 3 the language, 4 the window geometry, 5 the dial speeds. 63 is all; other bits are
-/// ignored. Values are not checked here; the code that uses one bounds it.
+/// ignored. Values are not checked here: code that uses a value bounds it.
 /// The window owns the live store, the settings dialog a working copy.
 class SettingsData : public QObject
 {
@@ -45,13 +45,13 @@ public:
 
     explicit SettingsData(QObject *parent);
 
-    /// Reads the sections of \a mask from the INI file \a file. A missing key takes its default,
-    /// and all keys are missing when \a file is no regular file, cannot be read or is larger than
-    /// program_files::maxSettingsBytes. Emits nothing. Returns false in any case.
+    /// Reads the sections of \a mask from the INI file \a file. A missing key gives its default. So
+    /// does every key when \a file is no regular file, cannot be read or is larger than
+    /// program_files::maxSettingsBytes. Emits no signal. Always returns false.
     bool loadSettings(const QString &file, state_index mask);
 
-    /// Replaces the whole content of \a file by the sections of \a mask; all other keys are gone.
-    /// When that fails, the former file stays as it is and no error is reported.
+    /// Replaces the whole content of \a file by the sections of \a mask; all other keys are lost.
+    /// On failure the former file stays as it is and no error is reported.
     void saveSettings(const QString &file, state_index mask) const;
 
     /// Applies the sections of \a mask, in the order of bits, by the signals below.

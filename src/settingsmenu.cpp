@@ -39,7 +39,7 @@ constexpr QLatin1String tabBackground
     = constants::latin1("QTabBar::tab { background: rgb(185, 187, 190); padding: 4px 12px;"
                         " border: 1px solid rgb(110, 112, 115); }"
                         "QTabBar::tab:selected { background: rgb(225, 227, 230); }");
-constexpr int tabFrame = 4; ///< px; the frame of a tab may have any colour
+constexpr int tabFrame = 4; ///< px around a tab that are not examined
 constexpr int darkGray = 96; ///< of 255; black on it has a contrast of 3.3
 
 /// True when \a sheet gives tabs a background.
@@ -65,14 +65,14 @@ bool isDark(QTabBar *bar)
     return lightest < darkGray;
 }
 
-/// Styles draw the outline of a box in a shade of the background. This grey has a contrast of 3:1
-/// to the built-in sheet's background and to white.
+/// Styles draw the outline of a check box in a shade of the background. This grey has a contrast of
+/// 3:1 to the built-in sheet's background and to white.
 constexpr QLatin1String boxSelector = constants::latin1("QCheckBox::indicator");
 constexpr QLatin1String boxOutline
     = constants::latin1("QCheckBox::indicator:unchecked { border: 1px solid rgb(141, 142, 143); }");
 
-/// Keeps what is typed: QSpinBox makes 125 of "12.5" or "12,5", because it drops group separators
-/// and characters that it does not know.
+/// Accepts digits only; any other text stays as typed and is refused. QSpinBox reads "12.5" and
+/// "12,5" as 125, because it drops group separators and unknown characters.
 class SpeedBox : public QSpinBox
 {
 public:
@@ -89,7 +89,7 @@ public:
 
 void limitSpeed(QSpinBox *box)
 {
-    // The limits move the value to 10, which is not an edit.
+    // setRange moves the value to 10. No signal is sent, because this is not an edit.
     const QSignalBlocker quiet(box);
     box->setRange(minSpeed, maxSpeed);
     box->setSingleStep(speedStep);
@@ -117,8 +117,8 @@ SettingsMenu::SettingsMenu(Dictionary *words, SettingsData *store, QWidget *pare
     layOut();
     limitSpeed(cursor_accur);
     limitSpeed(param_accur);
-    // After the connections: the ticks reach save_load_index. Neither the open files nor the
-    // folders are touched unless the user asks for it.
+    // Set after the connections, so that the ticks reach save_load_index. Open files and folders
+    // are not ticked.
     CSS_settings_check->setChecked(true);
     lang_settings_check->setChecked(true);
     geometry_settings_check->setChecked(true);
@@ -270,10 +270,10 @@ void SettingsMenu::interfaceUpdate()
         interfaceInit();
     cursor_accur->setValue(data_ex->cursor_dial_speed);
     param_accur->setValue(data_ex->param_dial_speed);
-    // A sheet of the user's that draws the boxes is left alone.
+    // A style sheet that has a rule for check boxes keeps its own outline.
     settings_check_box->setStyleSheet(data_ex->current_CSS.contains(boxSelector) ? QString()
                                                                                  : boxOutline);
-    // The box holds names, the store a code: this finds nothing and the box keeps its choice.
+    // The box lists labels, the store has a code: unless they are equal, the box keeps its choice.
     language_select->setCurrentText(data_ex->current_language);
     apply_button->setEnabled(false);
     tabs->setStyleSheet(QString());
@@ -315,7 +315,7 @@ void SettingsMenu::languageChosen_slot(const QString &text)
 
 void SettingsMenu::setSpeed(int SettingsData::*member, int speed)
 {
-    // Going back to the live speed does not take the mark away: applying it again is harmless.
+    // The mark stays when the live speed is set again, because applying it again is harmless.
     if (speed != data_ex->*member) {
         update_index = setbit(update_index, SettingsData::DialsSection);
         apply_button->setEnabled(true);

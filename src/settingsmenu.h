@@ -18,9 +18,9 @@ class QSpinBox;
 class QTabWidget;
 class SettingsData;
 
-/// The settings dialog. Language and dial speeds are edited in a working copy and reach the live
-/// store with "OK" or "Apply"; the file buttons act on the live store at once, on the sections
-/// that are ticked.
+/// The settings dialog. Language and dial speeds are edited in a working copy; "OK" and "Apply"
+/// copy them to the live store. The file buttons act at once, on the ticked sections of the live
+/// store.
 class SettingsMenu : public QDialog
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ public:
     QGroupBox *settings_check_box = nullptr;
     QPushButton *ok_button = nullptr;
     QPushButton *cancel_button = nullptr;
-    QPushButton *apply_button = nullptr; ///< enabled while an edit waits
+    QPushButton *apply_button = nullptr; ///< enabled while an edit is not applied
     QComboBox *language_select = nullptr;
     QPushButton *load_default_button = nullptr;
     QPushButton *load_last_button = nullptr;
