@@ -8,8 +8,8 @@ namespace calc {
 
 namespace {
 
-constexpr double minGridIntervals = 7.0; ///< a grid step must give at least so many intervals
-constexpr double maxGridIntervals = 20.0; ///< and at most so many
+constexpr double minGridIntervals = 7.0; ///< least number of grid steps across the plot
+constexpr double maxGridIntervals = 20.0; ///< greatest number of grid steps across the plot
 /// Grid steps are one of these times a power of ten of metres; the largest that fits is taken.
 constexpr double gridSteps[] = { 1.25, 2.5, 5.0 };
 /// The left edge is drawn only when the last grid value before it is nearer than this part of a
@@ -17,9 +17,9 @@ constexpr double gridSteps[] = { 1.25, 2.5, 5.0 };
 constexpr double leftEdgeShare = 0.3;
 /// The right edge is drawn only when the last interior line is farther than this part of a step.
 constexpr double rightEdgeShare = 0.75;
-/// An edge label is left empty above ten to this power of metres: whole-numbered steps...
+/// Greatest edge label, as a power of ten of metres, for a step that is a whole number.
 constexpr double integralEdgeDigits = 3.0;
-/// ...and fractional ones, whose labels are longer by the decimal.
+/// The same for a fractional step, whose labels are longer by the decimal.
 constexpr double fractionalEdgeDigits = 2.0;
 
 // A step of 2.5 needs its decimal, one of 25 does not.
@@ -33,8 +33,7 @@ QString labelText(double metres, bool integral)
     return QString::number(metres, 'f', integral ? 0 : 1);
 }
 
-// Large distances stay blank at the edges, where a long number would overlap its neighbour, and so
-// do negative ones. The line is still drawn.
+// Empty for a negative distance, and for a large one, whose long label would overlap the next one.
 QString edgeText(double metres, bool integral)
 {
     if (metres < 0.0)
@@ -72,7 +71,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     if (!(step > 0.0))
         return plan;
 
-    // Pixels per metre, so that a plot without a width causes no division by 0.
+    // Used as pixels per metre: a plot without a width causes no division by 0.
     const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
     const double width = hasWidth ? static_cast<double>(plotWidth) : 0.0;
     const double stepPixels = step * (width / span);
@@ -83,7 +82,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     if (first - gridStart < leftEdgeShare * step)
         plan.edges[0] = { true, 0.0, edgeText(first, integral) };
 
-    // No visible range needs more lines than there are; the bound holds if rounding says otherwise.
+    // A visible range needs at most gridLines lines; the bound guards against rounding errors.
     int count = 0;
     while (count < constants::gridLines && count < (last - gridStart) / step - 1.0) {
         const int line = count + 1;

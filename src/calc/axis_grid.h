@@ -8,13 +8,13 @@
 #include <QString>
 
 /// \file
-/// The vertical grid under the traces: round distances in metres over an axis that counts time.
+/// The vertical grid lines under the traces, at round distances in metres on an axis in counts.
 
 namespace calc {
 
 /// Metres between two grid lines for \a span metres across the plot: 1.25, 2.5 or 5 times a power
-/// of ten, the largest of them that gives 7 to 20 intervals. 0 when there is no such step: \a span
-/// is not a finite number above 0, or so small that its tenth is none.
+/// of ten, the largest of them that gives 7 to 20 intervals. 0 when \a span is not a finite number
+/// above 0, or so small that the step underflows.
 double gridStep(double span);
 
 /// Positions and labels of the visible grid lines.
@@ -25,7 +25,7 @@ struct GridPlan
     {
         bool visible = false;
         double offset = 0.0; ///< pixels to the right of the plot's left edge
-        QString text; ///< metres without a unit; may be empty though the line is visible
+        QString text; ///< metres without a unit; empty on some of the visible lines
     };
 
     Line edges[constants::gridEdges]; ///< at the left and at the right edge of the plot

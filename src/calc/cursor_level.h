@@ -25,8 +25,8 @@ int clampedColumn(int column);
 int snapped(int column, int step);
 
 /// Level of \a trace at \a column, which is not clamped: offset plus sample, or 129 where the trace
-/// has no sample. The division by the step rounds toward zero, so less than one step left of
-/// the first sample still reads that sample when the delay is 0.
+/// has no sample. The division by the step rounds toward zero, so with a delay of 0 a column less
+/// than one step left of the first sample reads that sample.
 int levelUnder(int column, const TraceRef &trace);
 
 /// Cursor on \a trace: \a column snapped to the step of the trace, with the level there.

@@ -5,7 +5,7 @@
 #include <QVector>
 
 /// \file
-/// Operations on sampled curves that the reflection finder is built from.
+/// Operations on sampled curves, for the reflection finder.
 
 namespace calc {
 

@@ -10,16 +10,16 @@
 namespace calc {
 namespace {
 
-/// An echo is at least this many standard deviations of the noise high. With estimateErrors this
-/// keeps the reflections in noise alone, correlated over 0 to 10 samples, below 0.1 per trace.
+/// Least height of a peak in standard deviations of the noise. With estimateErrors it keeps the
+/// false peaks in noise alone, correlated over 0 to 10 samples, below 0.1 per trace.
 constexpr double noiseMultiple = 2.7;
-/// The standard error of a standard deviation from n independent values is 1 / sqrt(2 n) of it. The
-/// noise is taken to be this many standard errors above its estimate.
+/// Standard errors that are added to the estimate of the noise. The standard error of a standard
+/// deviation from n independent values is 1 / sqrt(2 n) of it.
 constexpr double estimateErrors = 5.5;
-/// Sample steps. Rounding to whole steps alone gives peaks of one, and where the baseline bends it
-/// is off by one or two.
+/// Least height of a peak in sample steps. Rounding of the samples alone gives peaks of one; where
+/// the baseline bends, its error is one or two.
 constexpr double leastHeight = 3.0;
-/// Sample steps. The converter saturates here; one with a symmetrical range at -127.
+/// Sample steps at which the converter saturates; with a symmetrical range it does at -127.
 constexpr double highestLevel = 127.0;
 constexpr double lowestLevel = -128.0;
 constexpr double roundingError = 0.29; ///< sample steps, standard deviation: 1 / sqrt(12)
@@ -27,9 +27,9 @@ constexpr double roundingError = 0.29; ///< sample steps, standard deviation: 1 
 /// Widths of the matched filters, samples at half height. A pulse is at most 1.3 times wider or
 /// narrower than one of them, which costs 2 % of the signal-to-noise ratio.
 constexpr double filterWidths[] = { 2.0, 3.0, 5.0, 8.0, 12.0, 18.0 };
-constexpr double widestEcho = 50.0; ///< samples at half height: a pulse of 25, worn to twice that
-/// Samples to each side of the running median: more than the widest echo, so that it is not
-/// followed, and half of the drawn trace at most.
+constexpr double widestEcho = 50.0; ///< samples at half height: a pulse of 25, broadened twofold
+/// Samples of the running median on each side: more than the widest echo, which the baseline must
+/// not follow, and together at most half of the drawn trace.
 constexpr int baselineReach = 60;
 constexpr double baselineSmoothing = 5.0; ///< samples; removes the steps of the median
 constexpr double lightSmoothing = 3.0; ///< samples; where the pulse width is not known yet
@@ -37,11 +37,11 @@ constexpr double lightSmoothing = 3.0; ///< samples; where the pulse width is no
 /// of it costs 11 % of the signal-to-noise ratio and keeps neighbouring echoes apart.
 constexpr double smoothingShare = 0.5;
 
-constexpr double leastFree = 0.25; ///< share of the samples from which the noise is measured
-/// Samples between the three of a second difference: more than noise is correlated over in most
-/// cases, and too few for a droop to bend.
+constexpr double leastFree = 0.25; ///< least share of the samples that the noise is measured on
+/// Distance of the three samples of a second difference: more than the correlation length of most
+/// noise, and so short that a droop is straight over it.
 constexpr int differenceStep = 8;
-constexpr double valleySpan = 6.0; ///< widths between two echoes whose valley can be in doubt
+constexpr double valleySpan = 6.0; ///< widths; peaks farther apart have no valley between them
 
 double signOf(const Peak &peak)
 {
@@ -55,8 +55,7 @@ Curve difference(Curve curve, const Curve &other)
     return curve;
 }
 
-/// The outermost samples that \a curve, times \a sign, reaches from \a at to both sides without
-/// falling to \a floor.
+/// First and last sample of the run around \a at in which \a curve times \a sign is above \a floor.
 std::pair<int, int> extent(const Curve &curve, int at, double sign, double floor)
 {
     int first = at;
@@ -87,8 +86,8 @@ Mask withoutNoise(const Curve &curve)
     return mask;
 }
 
-/// Slope of the straight line that \a curve follows for the most part, per sample; 0 when it is not
-/// at least twice as near to that line as to a level one.
+/// Slope per sample of the straight line through most of \a curve; 0 unless the curve is at least
+/// twice as near to this line as to a horizontal one.
 double slopeOf(const Curve &curve)
 {
     const int half = static_cast<int>(curve.size()) / 2;
@@ -108,11 +107,11 @@ double slopeOf(const Curve &curve)
     return deviation(slope) <= deviation(0.0) / 2.0 ? slope : 0.0;
 }
 
-/// The trace without its echoes, drawn straight beneath the samples that are \a covered by them.
+/// Baseline of the trace \a curve, which is straight under the \a covered samples.
 Curve baselineOf(const Curve &curve, const Mask &covered)
 {
     Curve line = bridged(smoothed(curve, lightSmoothing), covered);
-    // On a ramp the median would follow the noise, for only the nearest samples are near its value.
+    // Without the slope: on a ramp the median is taken from few samples and follows the noise.
     const double slope = slopeOf(line);
     for (int i = 0; i < line.size(); ++i)
         line[i] -= slope * i;
@@ -132,12 +131,12 @@ Curve without(const Curve &values, const Mask &masked)
     return rest;
 }
 
-/// Upper bound of the standard deviation of the noise of \a smooth where it is not \a covered.
-/// \a deviation is its distance from the baseline, whose changes of sign tell how many independent
-/// values there are.
+/// Upper bound of the standard deviation of the noise of \a smooth where it is not \a covered. The
+/// number of independent values is that of the sign changes of \a deviation, the distance of
+/// \a smooth from the baseline.
 double noiseOf(const Curve &smooth, const Curve &deviation, const Mask &covered)
 {
-    // On a slope the baseline follows the noise. Second differences show it there, too.
+    // Where the baseline follows the noise, on a slope, second differences show it.
     Curve bends;
     for (int i = differenceStep; i + differenceStep < smooth.size(); ++i) {
         const int before = i - differenceStep;
@@ -145,7 +144,7 @@ double noiseOf(const Curve &smooth, const Curve &deviation, const Mask &covered)
         if (!covered[before] && !covered[i] && !covered[behind])
             bends.append(smooth[i] - (smooth[before] + smooth[behind]) / 2.0);
     }
-    // The variance of a second difference of independent values is 1 + 1/4 + 1/4 of theirs.
+    // The variance of a second difference is 1 + 1/4 + 1/4 times that of its independent values.
     const double noise
         = std::max(spread(without(deviation, covered)), spread(bends) / std::sqrt(1.5));
     int changes = 1;
@@ -155,7 +154,7 @@ double noiseOf(const Curve &smooth, const Curve &deviation, const Mask &covered)
     return noise * (1.0 + estimateErrors / std::sqrt(2.0 * changes));
 }
 
-/// The filter width under which \a curve stands out most from its noise, \a covered samples aside.
+/// The filter width with the greatest ratio of \a curve to its noise, \a covered samples excluded.
 double matchedWidth(const Curve &curve, const Curve &baseline, const Mask &covered)
 {
     double matched = 0.0;
@@ -174,7 +173,7 @@ double matchedWidth(const Curve &curve, const Curve &baseline, const Mask &cover
     return matched;
 }
 
-/// Adds the peaks of \a sign of \a smooth, whose distance from the baseline is \a deviation.
+/// Adds the peaks of \a smooth with \a sign; \a deviation is its distance from the baseline.
 void addPeaks(const Curve &smooth, const Curve &deviation, double sign, Peaks &peaks)
 {
     const auto level = [&](int i) { return sign * smooth[i]; };
@@ -195,7 +194,7 @@ void addPeaks(const Curve &smooth, const Curve &deviation, double sign, Peaks &p
         const int width = last - first + 1;
         if (prominence < leastHeight || width > widestEcho)
             continue;
-        // A clipped echo has a flat top. The middle of an even number of samples is rounded to
+        // A clipped peak has a flat top. The middle of an even number of samples is rounded to
         // even, so that the crests are not biased to one side.
         const auto [from, to] = extent(smooth, i, sign, top - 1.0e-6);
         const int middle = static_cast<int>(std::nearbyint((from + to) / 2.0));
@@ -203,12 +202,12 @@ void addPeaks(const Curve &smooth, const Curve &deviation, double sign, Peaks &p
     }
 }
 
-/// Reduces \a peaks to those that stand out from the noise of the rest of the trace, and adds the
-/// samples they cover to \a covered. Returns the height above which a peak stands out.
+/// Reduces \a peaks to those that stand out from the noise, and adds the samples that they cover to
+/// \a covered. Returns the least height and prominence of a peak that stands out.
 ///
-/// The taller half of a set of echoes hides the noise. So the peaks are removed from the trace one
-/// by one, the tallest first, and the noise is measured on what is left each time. The last one
-/// that is tall enough for the noise without it, and all taller ones, are echoes.
+/// The peaks raise the measured noise. So they are removed from the trace one by one, the tallest
+/// first, and the noise of the rest is measured each time. The last peak that is tall enough for
+/// the noise of the rest stands out, and so do all taller ones.
 double keepEchoes(Peaks &peaks, const Curve &smooth, const Curve &deviation, Mask &covered)
 {
     const auto limit = [&](const Mask &mask) {
@@ -240,9 +239,9 @@ double keepEchoes(Peaks &peaks, const Curve &smooth, const Curve &deviation, Mas
     return floor;
 }
 
-/// True when peak \a i of \a peaks may be the mere valley between two close echoes of the other
-/// sign: then it does not go beyond the level outside of them by \a floor. That level is taken as
-/// far outside their crests as the valley is inside, where each of them adds the same.
+/// True when peak \a i of \a peaks may be only the valley between two close peaks of the other
+/// sign: it goes less than \a floor beyond the level outside of them. That level is read as far
+/// outside of their crests as the valley is inside, where each of them adds the same.
 bool isValley(const Peaks &peaks, int i, const Curve &smooth, double floor)
 {
     if (i == 0 || i + 1 == peaks.size())

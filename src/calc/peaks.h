@@ -5,23 +5,22 @@
 #include "calc/filters.h"
 
 /// \file
-/// Peaks that stand out from the noise of a curve: the first half of the search for reflections.
+/// Finds peaks that stand out from the noise of a curve: the first half of the reflection finder.
 
 namespace calc {
 
-/// A crest or a dip of the smoothed trace.
+/// A local extremum of the smoothed trace, positive or negative.
 struct Peak
 {
     int at = 0; ///< its sample on the smoothed trace
-    int crest = 0; ///< the sample of the trace with the highest level, the lowest of a dip: \c at
-                   ///< or one of its neighbours
-    double height = 0.0; ///< above the baseline, negative for a dip
-    double prominence = 0.0; ///< height above the higher one of its two feet
+    int crest = 0; ///< sample of the trace with the extreme level: \c at or one of its neighbours
+    double height = 0.0; ///< sample steps above the baseline; below 0 for a negative peak
+    double prominence = 0.0; ///< distance from the nearer of its two feet in sample steps, above 0
     double width = 0.0; ///< samples at half height
 };
 using Peaks = QVector<Peak>;
 
-/// What stands out on a curve.
+/// The result of the search.
 struct Findings
 {
     Peaks peaks; ///< from left to right

@@ -20,8 +20,7 @@ double countsToMetres(int counts, double metresPerCount);
 /// Distance text of \a counts: metres with two decimals, a blank and \a suffix.
 QString distanceText(int counts, double metresPerCount, const QString &suffix);
 
-/// Level text: the number, or an empty text for 129, which means "no level". A vertical shift of
-/// 129 shown with this function is therefore empty, too.
+/// Level text: the number, or an empty text for 129, which means "no level".
 QString levelText(int level);
 
 /// Shortening factor with three decimals.

@@ -14,20 +14,20 @@
 namespace calc {
 namespace {
 
-constexpr int leastSamples = 5; ///< of a trace that is searched
+constexpr int leastSamples = 5; ///< a shorter trace is not searched
 
 /// Fraction of its height by which a spike exceeds both its neighbours. A pulse of 1.5 samples at
 /// half height, with its crest on a sample, exceeds them by 0.7.
 constexpr double spikeShare = 0.7;
-constexpr double spikeSteps = 4.0; ///< and how many typical steps between two samples it does
+constexpr double spikeSteps = 4.0; ///< the same in median steps between two samples
 
-/// A multiple reflection is expected within this many samples, and this share of its width.
+/// A multiple reflection is expected within this many samples plus this share of its width.
 constexpr double placeError = 1.0;
 constexpr double placeErrorShare = 1.0 / 6.0;
 /// Greatest reflection coefficient of the instrument's own terminals: a mismatch of 7 to 3.
 constexpr double terminalReflection = 0.4;
 
-/// \a curve with each sample that sticks out alone replaced by the mean of its neighbours.
+/// \a curve with each single sample that sticks out replaced by the mean of its neighbours.
 Curve withoutSpikes(const Curve &curve)
 {
     Curve steps;
@@ -45,13 +45,12 @@ Curve withoutSpikes(const Curve &curve)
     return result;
 }
 
-/// True when \a peak is where a multiple reflection can be, and no taller.
+/// True when \a peak lies where a multiple reflection can be, and is no taller than it can be.
 ///
-/// Part of an echo is thrown forward again by a place in front of the one it comes from, and
-/// returns once more: after i and k, at i + k - j for every place j before both. Its height is at
-/// most the product of the three reflections, as shares of the tallest one, and twice that where i
-/// and k differ, because the pulse meets them in both orders. The first one of \a earlier stands
-/// for the terminals of the instrument.
+/// A pulse can be reflected by place k, then by a place j before it, and then by place i behind j.
+/// Its echo arrives at i + k - j. The height of the echo is at most the product of the three
+/// reflections, as shares of the tallest one; twice that when i and k differ, because the pulse
+/// also meets them in the other order. The first of \a earlier is the terminals of the instrument.
 bool isMultiple(const Peak &peak, const Peaks &earlier, double tallest, double noise)
 {
     const double reach = placeError + placeErrorShare * peak.width;
@@ -80,7 +79,7 @@ QVector<Echo> findEchoes(const QVector<int> &levels, int start)
         curve.append(levels[i]);
     Findings found = peaksOf(withoutSpikes(curve));
     if (found.peaks.isEmpty()) {
-        // Several spikes and nothing else are echoes of a pulse that narrow. A single one is not.
+        // On a trace without peaks, two or more spikes are echoes of a very narrow pulse.
         found = peaksOf(curve);
         if (found.peaks.size() < 2)
             return {};

@@ -11,31 +11,29 @@
 /// A reflection is an echo of the launched pulse: the trace leaves the baseline, peaks and returns,
 /// upwards where the impedance rises and downwards where it falls. The steps of the search:
 ///
-/// 1. Samples that stick out alone are replaced: a pulse is sampled more than once.
-/// 2. The baseline is a running median, which keeps ramps, droops and steps as they are, and is
-///    drawn straight beneath the launched pulse and, in the second of two passes, beneath the
-///    echoes that the first one found.
-/// 3. The pulse width is that of the matched filter under which the trace stands out most from its
-///    own noise. The trace is smoothed with half of that width.
-/// 4. Candidates are the extremes of the smoothed trace that lie beyond the baseline.
-/// 5. The noise is measured on what the candidates leave of the trace, at the scale of the pulse,
-///    so that it may be of any colour. A candidate is an echo when its distance from the baseline
-///    and from both its feet is several times the noise.
-/// 6. The valley between two echoes of one sign and multiple reflections are dropped.
+/// 1. Single samples that stick out are replaced: a pulse has more than one sample.
+/// 2. The baseline is a running median, which follows ramps, droops and steps. It is straight under
+///    the launched pulse and, in the second of two passes, under the peaks of the first pass.
+/// 3. The pulse width is the width of the matched filter with the greatest signal-to-noise ratio.
+///    The trace is smoothed with half of this width.
+/// 4. Peaks are the local extremes of the smoothed trace that lie beyond the baseline.
+/// 5. The noise is measured on the smoothed trace without the peaks; it may be white or coloured. A
+///    peak stays when its distance from the baseline and from both its feet is several times the
+///    noise.
+/// 6. Valleys between two peaks of one sign and multiple reflections are dropped.
 ///
-/// There is nothing to set. docs/reflections.md has the error rates on simulated traces.
+/// The search has no parameters. docs/reflections.md has the error rates on simulated traces.
 
 namespace calc {
 
-/// One reflection among levels.
+/// One reflection in a list of levels.
 struct Echo
 {
-    /// Index of the highest of the smoothed crest and its two neighbours; in a dip the lowest.
-    int sample = 0;
-    double height = 0.0; ///< sample steps above the baseline, negative for a dip
+    int sample = 0; ///< index of the crest
+    double height = 0.0; ///< sample steps above the baseline; below 0 for a negative reflection
 };
 
-/// The reflections in \a levels from left to right. \a levels are sample steps, the first of them
+/// The reflections in \a levels, from left to right. \a levels are sample steps; the first one is
 /// taken \a start samples, 0 or more, after the crest of the launched pulse. Levels of 127, -127
 /// and -128 count as clipped. Only the first 250 levels are searched, which bounds the work; fewer
 /// than five give none.
@@ -46,19 +44,19 @@ struct Reflection
 {
     int column = 0; ///< counts, 0 to 64000
     int level = 0; ///< sample steps, vertical shift included
-    bool positive = true; ///< true: a crest (the impedance rises); false: a dip (it falls)
+    bool positive = true; ///< true: upwards, the impedance rises; false: downwards, it falls
 };
 
-/// The reflections of the trace whose samples are \a points, x in counts and y in sample steps, as
-/// splinePoints and splineDifference make them. Ascending. Each is at a sample that findEchoes()
-/// finds and that lies on the axis. \a launch is the column of the launched pulse's crest and \a
-/// offset the level of zero, in sample steps: the horizontal and the vertical shift of the trace.
+/// The reflections, from left to right, of the trace with the samples \a points: x in counts and y
+/// in sample steps, as splinePoints and splineDifference make them. Those outside of the axis are
+/// left out. \a launch is the horizontal shift of the trace, the column of the launched pulse's
+/// crest; \a offset is its vertical shift in sample steps.
 QVector<Reflection> reflectionList(const QVector<QPointF> &points, double launch, int offset = 0);
 
-/// The nearest of \a columns, ascending, that lies right of \a column; -1 where there is none.
+/// The nearest of the ascending \a columns to the right of \a column; -1 when there is none.
 int nextColumn(const QVector<int> &columns, int column);
 
-/// The nearest of \a columns, ascending, that lies left of \a column; -1 where there is none.
+/// The nearest of the ascending \a columns to the left of \a column; -1 when there is none.
 int previousColumn(const QVector<int> &columns, int column);
 
 } // namespace calc

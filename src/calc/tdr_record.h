@@ -9,7 +9,7 @@
 
 /// \file
 /// Values that the viewer derives from a trace record. Every function is defined for any 37775
-/// bytes, because the format has neither magic number nor checksum to reject a wrong file by.
+/// bytes: the format has no magic number, and the viewer does not check the last byte.
 
 namespace calc {
 

@@ -14,8 +14,8 @@
 
 namespace calc {
 
-/// Input of the transform. All values of \c delay, \c scroll and \c offset are defined: positions
-/// are computed in 64 bits, so a large delay or a shift to the left does not wrap.
+/// A trace to be drawn. Any \c delay, \c scroll and \c offset is valid: positions are computed in
+/// 64 bits, so a large delay or a shift to the left does not wrap.
 struct TraceRef
 {
     const qint8 *samples = nullptr; ///< at least the 250 that are drawn
@@ -34,16 +34,16 @@ qint64 boundedStep(const TraceRef &trace);
 
 /// Step form of a trace: each sample becomes a tread from (x, y) to (x + step, y). The last tread
 /// has no right end because no sample follows it: 250 samples give 499 points. \a out is resized
-/// and keeps its capacity, so pass the same buffer again.
+/// and keeps its capacity: pass the same buffer for every trace.
 void stepPoints(const TraceRef &trace, QVector<QPointF> &out);
 
 /// Spline form of a trace: one point for each of the 250 samples; the curve passes through all of
 /// them. \a out as in stepPoints.
 void splinePoints(const TraceRef &trace, QVector<QPointF> &out);
 
-/// Step form of \a master minus \a trace. It has a tread for each x at which both have a sample, as
-/// wide as the wider of the two steps: n such positions give 2n - 1 points, and traces that share
-/// no position give none. \a out as in stepPoints.
+/// Step form of \a master minus \a trace. It has a tread for each x at which both have a sample; a
+/// tread is as wide as the larger step. n such positions give 2n - 1 points, and none give no
+/// point. \a out as in stepPoints.
 void stepDifference(const TraceRef &master, const TraceRef &trace, QVector<QPointF> &out);
 
 /// Spline form of the same difference: one point for each shared position.

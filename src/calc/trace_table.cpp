@@ -157,7 +157,7 @@ QString header(const TraceTable &table, QChar separator)
     return row;
 }
 
-/// The places on which the samples of a column lie: the step, and where in a step a sample is.
+/// Positions of the samples of a column: the step, and the position of a sample modulo the step.
 using Grid = std::pair<qint64, qint64>;
 
 Grid gridOf(const TraceRef &trace)
@@ -167,7 +167,7 @@ Grid gridOf(const TraceRef &trace)
     return { step, rest < 0 ? rest + step : rest };
 }
 
-/// Rows that share a grid: the fields of each place, one for each column of the table.
+/// Rows of one grid: the fields at each position, one for each column of the table.
 struct Block
 {
     Grid grid;
@@ -213,7 +213,7 @@ QString tableText(const TraceTable &table)
 {
     const bool withComma = table.decimals == Decimals::Comma;
     const QChar separator = QLatin1Char(withComma ? ';' : ',');
-    // Quoted, because some spreadsheets take commas and semicolons both for separators.
+    // Quoted, because some spreadsheets take both commas and semicolons for separators.
     const auto decimal = [withComma](QString number) {
         return withComma ? quoted(number.replace(QLatin1Char('.'), QLatin1Char(','))) : number;
     };

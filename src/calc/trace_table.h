@@ -37,13 +37,13 @@ struct TableTrace
 /// How numbers with decimals are written.
 enum class Decimals {
     Point, ///< 12.5000, columns separated by commas
-    Comma, ///< "12,5000", columns separated by semicolons: what spreadsheets of such locales open
+    Comma, ///< "12,5000", columns separated by semicolons, as spreadsheets of such locales expect
 };
 
-/// What a spreadsheet on a system of \a locale reads.
+/// The form that a spreadsheet reads on a system of \a locale.
 Decimals decimalsOf(const QLocale &locale);
 
-/// All that a table says.
+/// Content of a table.
 struct TraceTable
 {
     QVector<TableTrace> traces; ///< in the order of their columns
@@ -73,9 +73,8 @@ struct TraceTable
 /// a line feed. The text is independent of language and locale.
 QString tableText(const TraceTable &table);
 
-/// The same as a file in UTF-8. A byte order mark leads when a name is not all ASCII, because
-/// spreadsheets misread it otherwise; where it is not needed it would hide the first comment from
-/// simple scripts.
+/// The same text in UTF-8. A text that is not all ASCII starts with a byte order mark, which
+/// spreadsheets need. Any other text has none: it would hide the first comment from simple scripts.
 QByteArray tableFile(const TraceTable &table);
 
 } // namespace calc

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Metres that the scale caption gives one count: a round number that leaves KU out.
+/// Metres per count in the scale caption: a round number that ignores KU.
 constexpr double captionMetresPerCount = constants::nsPerCount / 10.0;
 
 } // namespace

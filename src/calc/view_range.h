@@ -48,8 +48,8 @@ int exponentOfDistance(double metres);
 /// range that starts left of 0 is moved to 0.
 Range scrolled(const Range &range, int step);
 
-/// \a range centred on \a column, as far as 0 and 64000 allow, with its width. Computed in single
-/// precision; half counts are truncated.
+/// \a range moved so that \a column is in its middle, as far as 0 and 64000 allow. Computed in
+/// single precision; half counts are truncated.
 Range centredOn(int column, const Range &range);
 
 /// Range for a master whose samples start at \a delay: the width at \a exponent, clamped to 0..8,
