@@ -98,7 +98,7 @@ void MainWindow::axisSetup(QRectF plot, QRectF chart)
 
 void MainWindow::setXAxis()
 {
-    // One repaint of the whole plot is cheaper than one of 40 places that lines and labels leave.
+    // One repaint of the whole plot is cheaper than 40 small ones for the moved lines and labels.
     Plot_Scene->update();
     const calc::GridPlan plan = calc::planGrid(viewRange(), dist_coef, trueWidth);
     const int labelShift = axis_lbl[0].font().pixelSize() / 2;
@@ -112,7 +112,7 @@ void MainWindow::setXAxis()
         line.setX(planned.offset);
         label.setText(planned.text);
         label.setX(planned.offset + double{ plotLeft } - labelShift);
-        // Drawn left of its place as far as the view would cut it.
+        // Moved to the left by the width that the view would cut off.
         const double cut = label.x() + label.boundingRect().right() - viewRight;
         label.setTransform(QTransform::fromTranslate(-std::max(0.0, cut), 0.0));
         line.show();

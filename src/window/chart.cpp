@@ -22,7 +22,7 @@ constexpr quint32 differenceBackground = 0xFF28283C; ///< behind differences
 constexpr int axisLinePen = 2;
 constexpr int baseLinePen = 3;
 
-// QVector::resize copies a buffer that a series shares even when the size is the same.
+// QVector::resize copies a shared buffer even when the size stays the same.
 void resizeTo(QVector<QPointF> &buffer, qtcompat::Size size)
 {
     if (buffer.size() != size)
@@ -61,7 +61,7 @@ void createChartAxes(MainWindowParts &parts, QPen &pen, int length)
     QFont labels = parts.cust_axisY->labelsFont();
     labels.setPixelSize(10);
     parts.cust_axisY->setLabelsFont(labels);
-    // The window draws the distances under the chart; the axis keeps the smallest height.
+    // The window draws the labels under the chart itself; those of the axis get the least height.
     labels.setPixelSize(1);
     parts.cust_axisX->setLabelsFont(labels);
     parts.cust_axisX->setLabelsVisible(false);
@@ -87,13 +87,13 @@ void addTraceSeries(MainWindowParts &parts, QPen &pen, QObject *owner)
 
 void addCursorSeries(const MainWindowParts &parts, int length)
 {
-    // Two points each from the start, because later code replaces them.
+    // Two points each from the start, because SeriesLayer follows such series as lines.
     for (QLineSeries *line : { parts.cursor_A, parts.cursor_B })
         line->replace(
             QVector<QPointF>{ { 0.0, constants::levelMin }, { 0.0, constants::levelMax } });
     for (QLineSeries *level : { parts.cursor_A_add, parts.cursor_B_add })
         level->replace(QVector<QPointF>{ { 0.0, 0.0 }, { double(length), 0.0 } });
-    // A is the active cursor at the start: nothing has to be raised for it.
+    // Cursor A is active at the start, so its series are added last.
     for (QLineSeries *series :
          { parts.cursor_B_add, parts.cursor_B, parts.cursor_A_add, parts.cursor_A }) {
         parts.Plot_Chart->addSeries(series);
@@ -123,7 +123,7 @@ void MainWindow::buildChart()
     Plot_Chart->setPlotAreaBackgroundVisible(false);
     Plot_Chart->setBackgroundVisible(false);
     Plot_Chart->legend()->hide();
-    // An attached legend, hidden or not, causes a layout of the chart for each new pen of a series.
+    // Even a hidden legend would cause a layout of the chart for each new pen of a series.
     Plot_Chart->legend()->detachFromChart();
 
     createChartAxes(*this, m_pen, x_length);

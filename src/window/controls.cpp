@@ -70,7 +70,7 @@ void MainWindow::createControls()
     blank_3 = new QSpacerItem(0, 0);
     legend_group = new QGroupBox(centralWidget);
     misc_group = new QGroupBox(centralWidget);
-    // They are in no layout; shown, they would lie in the corner of the window.
+    // They are in no layout and would appear in the corner of the window.
     bat_bar->hide();
     legend_group->hide();
     misc_group->hide();

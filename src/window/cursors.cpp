@@ -22,7 +22,7 @@ namespace {
 constexpr int cursorPen = 2; ///< width of a cursor's upright line
 constexpr int cursorLevelPen = 1; ///< width of a cursor's level line
 
-/// Both series of cursor \a which in drawing order: the level below the line. None in delta mode.
+/// Both series of cursor \a which, the level line before the upright line. None in delta mode.
 QVector<QXYSeries *> seriesOf(const MainWindowParts &parts, int which)
 {
     if (which == MainWindow::CURSOR_A)

@@ -24,14 +24,14 @@ namespace {
 
 constexpr double kuDialogStep = 0.001;
 
-/// Reads what is typed or pasted into a number box. Point and comma are the decimal separator.
-/// Blanks at the ends, between groups of three digits and before the unit are ignored. Every other
-/// text stays in the box as it was entered and disables OK. QAbstractSpinBox would drop the
-/// characters that it does not know and so make another number.
+/// Reads the text that is entered in a number box. Point and comma are the decimal separator.
+/// Blanks at the ends, between groups of three digits and before the unit are ignored. Any other
+/// text stays in the box as it was entered and disables OK. QAbstractSpinBox itself would drop
+/// unknown characters and read another number.
 class NumberReader : public QValidator
 {
 public:
-    /// \a unit is a pattern of what may follow the number in \a box.
+    /// \a unit is the pattern of a unit that may follow the number in \a box.
     NumberReader(QAbstractSpinBox *box, const QString &unit)
         : m_box(*box)
         , m_edit(*box->findChild<QLineEdit *>())
@@ -40,7 +40,7 @@ public:
                         .arg(unit))
     {
         m_edit.setValidator(this);
-        // It would take blanks out of a text that is not complete.
+        // Keyboard tracking would remove blanks from an incomplete text.
         box->setKeyboardTracking(false);
         box->installEventFilter(this);
     }
@@ -60,8 +60,8 @@ public:
         return isNumber ? Acceptable : Intermediate;
     }
 
-    /// The box reads its text when it steps, loses the focus or is hidden. It gets the number
-    /// before that. Events on which it would replace an invalid text are consumed.
+    /// The box reads its text when it steps, loses the focus or is hidden. Its value is set before
+    /// that. Events in which the box would replace an invalid text are consumed.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         switch (event->type()) {
@@ -97,7 +97,7 @@ private:
         return m_pattern.match(text.simplified()).captured(1).remove(QLatin1Char(' '));
     }
 
-    /// Gives the box the number that was entered. False when there is none.
+    /// Sets the value of the box to the entered number. False when there is none.
     bool settle()
     {
         if (!m_edit.hasAcceptableInput())
@@ -153,8 +153,8 @@ public:
                             {} }))
             return;
         m_window.KU_change(m_dialog.doubleValue());
-        // KU itself and not its thousandths, as paramSelect_slot would set: the next turn of the
-        // dial starts there.
+        // KU itself, although paramSelect_slot sets thousandths. The next turn of the dial starts
+        // at this value.
         if (dialSets(MainWindow::KU))
             m_parts.param_dial->trueValue = calc::truncated(m_state.master_params.KU);
     }
@@ -211,7 +211,7 @@ public:
                 { 0.0, limit, m_state.cursorStep() * m_state.dist_coef, calc::distanceDecimals,
                   m_window.cursorPosition(which) * m_state.dist_coef, metre() }))
             return;
-        // Moves the active cursor, also when the button is that of the other one.
+        // Moves the active cursor even when the button is that of the other cursor.
         m_window.cursorSetup_slot(calc::truncated(m_dialog.doubleValue() / m_state.dist_coef));
         if (m_state.Cur_flag == which)
             m_parts.cursor_dial->trueValue = m_window.cursorPosition(which);
@@ -239,7 +239,7 @@ private:
     bool askForNumber(const QString &word, const NumberQuestion &question)
     {
         setDialogTexts(word, question.min, question.max);
-        // In this order, because each setter rounds or clamps the values set before.
+        // The order matters: each setter rounds or clamps the values that were set before.
         QAbstractSpinBox *box = nullptr;
         if (question.decimals == 0) {
             m_dialog.setInputMode(QInputDialog::IntInput);
@@ -261,8 +261,7 @@ private:
 
     bool isDialogAccepted()
     {
-        // A dialog that was cancelled over a refused text left the button disabled for the next
-        // one.
+        // The button is still disabled when the last dialog was cancelled with a refused text.
         m_dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->setEnabled(true);
         return m_dialog.exec() == QDialog::Accepted;
     }

@@ -142,7 +142,7 @@ void MainWindow::show_AllSelected_RFGs(state_index mask)
     rfg_master_ID = settingsData->master_ID;
     master_is_set = false;
     rfg_ID = isSlot(rfg_master_ID) ? rfg_master_ID : 0;
-    // setMasterID sees the new rfg_master_ID only, so the old mark is removed here.
+    // setMasterID does not know the former master, so the former mark is removed here.
     if (former != rfg_ID)
         unmarkMaster(former);
     setMasterID(rfg_ID);
@@ -192,12 +192,12 @@ void MainWindow::remove_Selected_RFG(int id)
     RFG_visibleToggle(id, false);
     setRfgButtonText(id);
     const int lowest = firstbit(rfg_read_index);
-    // Also when the master's slot was empty already.
+    // Even when the slot of the master was already empty.
     if (!isSlot(lowest))
         master_is_set = false;
     else if (id == rfg_master_ID)
         setMasterID(lowest);
-    // After the last trace whichever slot is selected, so that nothing of the old master stays.
+    // When no trace is left, any selected slot is shown again, without values of the old master.
     if (id == rfg_ID || !isSlot(lowest))
         rfgSelect_slot(rfg_ID);
 }
@@ -240,8 +240,7 @@ void MainWindow::parse_T_Name(int id)
         return;
     const auto date = rfg_DATA[id].f_p_840.ch.test_date;
     const auto time = rfg_DATA[id].f_p_840.ch.test_time;
-    // The bytes are not decoded from BCD here, unlike everywhere else. Nothing calls this function;
-    // the first caller decides what its records hold.
+    // Unlike elsewhere, the bytes are not decoded from BCD. This function is not called.
     const QDate day(date.RTC_Year + constants::centuryStart, date.RTC_Month, date.RTC_Date);
     const QTime clock(time.RTC_Hours, time.RTC_Minutes, time.RTC_Seconds);
     QAbstractButton *button = rfg_buttons->button(id);

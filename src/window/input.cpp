@@ -28,21 +28,21 @@
 namespace {
 
 constexpr double fontShare = 0.018; ///< base font size as a share of the smaller window extent
-constexpr int fontWidthNumerator = 15; ///< 15/16 of the width count as its extent
+constexpr int fontWidthNumerator = 15; ///< 15/16 of the width are the extent in this direction
 constexpr int fontWidthDenominator = 16;
 constexpr double deltaFontFactor = 2.0; ///< of the base font size, for the cursor distance
 constexpr double navigationFontFactor = 1.5; ///< same, for "A" and "B" of the navigation buttons
 constexpr float largeIconFactor = 3.0F; ///< same, icon side of trace and navigation buttons
 constexpr float smallIconFactor = 2.0F; ///< same, icon side of parameter and cursor buttons
-/// Pixels by which the chart is wider and higher than its view. It is moved by half of them, so
-/// that its frame is outside the view.
+/// Pixels by which the chart is wider and higher than its view. About half of them are on each side
+/// of the view, so that the frame of the chart is outside.
 constexpr double chartExtraWidth = 20.5;
 constexpr double chartExtraHeight = 20.0;
 
 constexpr QRgb linkOnDark = 0xFF5ADCFF;
 
-/// Rich text takes the colour of links from the palette of the application. Its blue cannot be read
-/// on a dark \a background.
+/// Makes links in rich text readable on \a background. Their colour is that of the palette of the
+/// application, whose blue is unreadable on a dark background.
 void adaptLinks(const QColor &background)
 {
     QPalette palette = QApplication::palette();
@@ -233,7 +233,7 @@ void MainWindow::plotMouseMove(const QMouseEvent *event)
         setPointerShape(*this, chart_cursor_plot, Qt::ClosedHandCursor);
         plotScroll(calc::panStep(master_scale, point.x() - mp, trueWidth));
     } else if (event->buttons() == Qt::LeftButton) {
-        // Outside the plot area too, so that a drag that leaves it keeps the cursor.
+        // Also outside the plot area, so that a drag that leaves it still moves the cursor.
         setPointerShape(*this, chart_cursor_plot, Qt::ClosedHandCursor);
         cursorSetup_slot(calc::truncated(Plot_Chart->mapToValue(point).x()));
     }
@@ -276,7 +276,6 @@ void MainWindow::paramWheel(int notches)
 {
     const int step = checkedParameter() == H_OFFSET ? stepOf(rfg_ID) : 1;
     const qint64 value = qint64{ param_dial->trueValue } + qint64{ notches } * step;
-    // The upper end first: where the lower end is above it, the lower end wins.
     const qint64 clamped = value > param_dial->trueMax ? param_dial->trueMax
         : value < param_dial->trueMin                  ? param_dial->trueMin
                                                        : value;

@@ -163,9 +163,9 @@ void setUpPlotView(const MainWindowParts &parts)
     const QRectF sceneRect(-0.5, -0.5, 400.0, 250.0);
     parts.Plot_Scene->setSceneRect(sceneRect);
     parts.Plot_View->setSceneRect(sceneRect);
-    // The scene paints the whole viewport: the window need not paint anything below it.
+    // The scene paints the whole viewport, so the window does not paint under it.
     parts.Plot_View->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    // Most of the 70 items change together: updating an index takes a tenth of a selection.
+    // Most of the 70 items change together; updating an index takes a tenth of a selection's time.
     parts.Plot_Scene->setItemIndexMethod(QGraphicsScene::NoIndex);
 }
 

@@ -53,7 +53,7 @@ void MainWindow::paramSelect_slot(int id)
         setParamDialText(d->H_OFFSET_STR, count_to_distance(trace.scroll));
         break;
     case SCALE:
-        // At the user's speed a tenth of a turn would cross all nine levels.
+        // At the user's speed a tenth of a turn would cross all nine zoom exponents.
         setUp(*param_dial,
               { true, constants::minScale, constants::maxScale, master_scale,
                 constants::scaleDialSpeed });
@@ -70,7 +70,7 @@ void MainWindow::paramSetup_slot(int x)
     switch (checkedParameter()) {
     case KU:
         KU_change(calc::kuOfDial(x));
-        // Also into the record of an empty slot, because the factor belongs to the view.
+        // Stored even in an empty slot, because KU belongs to the view.
         rfg_DATA[rfg_ID].f_p_840.ch.params.KU = master_params.KU;
         break;
     case V_OFFSET:

@@ -84,7 +84,7 @@ void MainWindow::H_Offset_change(int value)
     rfg_SHOWN &trace = rfg_DATA[rfg_ID];
     const int step = stepOf(rfg_ID);
     const int samples = calc::wholeSamples(value, step);
-    // Shifts to the left are kept in two's complement, as the instrument does.
+    // A shift to the left is stored in two's complement, as the instrument does.
     trace.f_p_840.ch.params.shiftX = static_cast<quint32>(samples);
     trace.scroll = samples * step;
     redraw(rfg_ID);
@@ -129,7 +129,7 @@ void MainWindow::plotCorrection()
     const double plotWidth = Plot_Chart->plotArea().width();
     if (double{ trueWidth } == plotWidth)
         return;
-    // The plot area's own place in a chart of the usual margins.
+    // Pixels; x of the plot area in a chart with the usual margins.
     constexpr double plotX = 74.0;
     Plot_Chart->resize(double{ trueWidth } + Plot_Chart->size().width() - plotWidth,
                        Plot_Chart->size().height());
@@ -141,7 +141,7 @@ void MainWindow::updateStepLabel()
 {
     cursor_step_lbl.setText(d->CUR_STEP_STR + QStringLiteral(" = ")
                             + count_to_distance(cursorStep()));
-    // Right-aligned by hand; there is nothing to align it to before the first layout.
+    // Aligned to the right edge of the plot, which has no size before the first layout.
     if (font_size > 0.0F)
         set_cur_step_lbl();
 }

@@ -54,7 +54,7 @@ void MainWindow::rfgSelect_slot(int id)
 
 void MainWindow::selectTrace(int id)
 {
-    // Checking the button selects the slot; a checked button emits nothing.
+    // Checking the button selects the slot. A button that is checked already emits no signal.
     QAbstractButton *button = rfg_buttons->button(id);
     if (button->isChecked())
         rfgSelect_slot(id);
@@ -71,7 +71,7 @@ void MainWindow::seriaIsSelected()
             pen.setWidthF(slot == rfg_ID ? constants::tracePen : thinTracePen);
             series->setPen(pen);
         }
-    // Together with the cursors, so that selecting the same slot again raises nothing.
+    // Raised together with the cursors, so that selecting the same slot again changes no order.
     seriesLayer->raise(QVector<QXYSeries *>{ rfg_series[rfg_ID], rfg_series_sp[rfg_ID] }
                        + cursorSeries());
 }
@@ -133,8 +133,8 @@ void MainWindow::setMasterID(int id)
     master_scale = calc::clampedScale(exponent);
     setPlotRange(range.min, range.max);
     showScale();
-    // A record of zeros has the same factor as master_params before any was applied; without the
-    // second test dist_coef would stay 0.
+    // A record of zeros has the same KU as master_params at the start; without the second test
+    // dist_coef would stay 0.
     if (!(params.KU == formerKU) || !(dist_coef > 0.0))
         KU_change(double{ params.KU });
     master_is_set = true;
@@ -147,7 +147,7 @@ int MainWindow::getMasterID() const
 
 void MainWindow::unmarkMaster(int id)
 {
-    // -1 before the first master; the settings can bring any other number.
+    // -1 before the first master; any number from a settings file.
     if (!isSlot(id))
         return;
     selected_rfg[id]->setMast(false);

@@ -23,7 +23,7 @@ void MainWindow::set_CSS()
     const QString sheet = style_text::isAcceptable(text) ? text : QString();
     setStyleSheet(sheet);
     input_dialog->setStyleSheet(sheet);
-    // Near-black with every sheet, also in difference mode until that is set again.
+    // Near-black with every sheet, even in difference mode until that is set again.
     m_brush = QBrush(QColor::fromRgba(constants::normalBackground), Qt::SolidPattern);
     Plot_Chart->setBackgroundBrush(m_brush);
     Plot_Scene->setBackgroundBrush(m_brush);
@@ -50,8 +50,8 @@ void MainWindow::watchStyleSheet()
 void MainWindow::CSS_watcher_slot(const QString &path)
 {
     if (path == watchedStyleSheet && !CSS_watcher.files().contains(path)) {
-        // Its folder is watched first, then the file, and the file is read last: whenever it comes
-        // back, it is either read here or reported again.
+        // The order matters: watch the folder, then the file, then read the file. A file that
+        // returns at any moment is either read here or reported again.
         const QString folder = QFileInfo(path).path();
         CSS_watcher.addPath(folder);
         if (QFileInfo(path).isFile() && CSS_watcher.addPath(path))

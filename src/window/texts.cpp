@@ -33,8 +33,8 @@ void retranslateButtons(const MainWindowParts &parts)
     parts.smooth_button->setText(MainWindow::tr("Smooth"));
     parts.reset_all_button->setText(MainWindow::tr("Reset All"));
     nameDialogButtons(parts);
-    // And after Qt's own language change event, which is still queued: the dialog answers it with
-    // Qt's words, which have no translation here.
+    // Named again after the queued LanguageChange event: on it, the dialog sets Qt's own texts,
+    // which are not translated.
     QMetaObject::invokeMethod(
         parts.input_dialog, [&parts] { nameDialogButtons(parts); }, Qt::QueuedConnection);
     parts.curA_nav_button->setText(QStringLiteral("A"));
@@ -51,7 +51,7 @@ void MainWindow::retranslateUi()
 {
     d->setStrings();
     retranslateButtons(*this);
-    // Loaded slots carry the word in their own names.
+    // The names of the slots contain the word "RFG".
     for (int slot = 0; slot < constants::slotCount; ++slot)
         rfg_DATA[slot].name = slotTitle(slot);
 
@@ -63,7 +63,7 @@ void MainWindow::retranslateUi()
         setRfgButtonText(slot);
         selected_rfg[slot]->retranslateUI();
     }
-    // An empty slot's title is its legend name, which has only now been translated.
+    // The title of an empty slot is the name of its button, which has just been translated.
     if (!isLoaded(rfg_ID))
         rfgSelect_slot(rfg_ID);
 }
@@ -113,8 +113,8 @@ void MainWindow::setCaption(QAbstractButton *button, const QString &word, const 
 
 void MainWindow::setDialText(Cont_dial *dial, const QString &text)
 {
-    // Not setText: it repaints at once, together with any part of the plot that has an update
-    // pending. The scene would then forget where its moved items were before.
+    // Not setText: it repaints at once, with all pending updates of the plot. The scene would then
+    // lose the former places of its moved items.
     if (dial->titleText == text)
         return;
     dial->titleText = text;
@@ -128,7 +128,7 @@ QString MainWindow::cursorReadout(const QString &name, const QString &distance, 
 
 QString MainWindow::scaleText() const
 {
-    // "m" whatever the language: the caption is a scale mark of the instrument, not a distance.
+    // "m" in every language: the caption is a scale mark of the instrument, not a distance.
     return calc::scaleText(scale_dist);
 }
 

@@ -74,7 +74,7 @@ void MainWindow::connectControls()
 
     connect(legend_button, &QPushButton::pressed, this, &MainWindow::files_slot);
 
-    // The two pairs of cursor buttons set each other; the second change is none, which ends it.
+    // The two pairs of cursor buttons check each other. Checking a checked button emits no signal.
     connect(cur_nav_group, &QButtonGroup::idToggled, this,
             [this](int id, bool checked) { up_buttons->button(id)->setChecked(checked); });
     connect(scale_nav_group, &QButtonGroup::idPressed, this,
