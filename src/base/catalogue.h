@@ -5,9 +5,9 @@
 #include <QString>
 #include <QTranslator>
 
-/// The texts of one translation context in one language, for what is attached to the window. The
-/// catalogue is never installed in the application, so it costs nothing on a change of language and
-/// adds nothing to what the window itself translates.
+/// The texts of one translation context in one language, for accessibility and extras. The
+/// catalogue is never installed in the application, so it takes no time on a change of language and
+/// does not affect the texts of the window.
 class Catalogue
 {
 public:

@@ -15,8 +15,8 @@
 
 namespace constants {
 
-/// A text with its length counted at compile time. The constructor that counts by itself calls a
-/// library function for it, which only g++ accepts in a constant.
+/// A text whose length is counted at compile time. The constructor without a length calls a library
+/// function, which only g++ accepts in a constant.
 template <std::size_t size> constexpr QLatin1String latin1(const char (&text)[size])
 {
     return QLatin1String(text, static_cast<int>(size) - 1);
@@ -54,10 +54,10 @@ constexpr float kuDialUnits = 1000.0F; ///< dial steps per unit of KU
 
 // ---- Chart ----
 
-constexpr int gridLines = 20; ///< interior grid lines that exist; no range needs more
+constexpr int gridLines = 20; ///< interior grid lines; no range needs more
 constexpr int gridEdges = 2; ///< lines at the left and right edge of the plot
 constexpr double chartPosition = -10.25; ///< x and y of the chart in the scene
-constexpr int tracePen = 2; ///< width of a trace, and of the selected one later on
+constexpr int tracePen = 2; ///< width of every trace at the start, then of the selected one
 /// Pens of the six traces, 0xAARRGGBB as QColor takes them.
 constexpr quint32 slotColours[slotCount] = {
     0xFF00FF00, 0xFF00FFFF, 0xFFFF00FF, 0xFFFF0000, 0xFFFFFF00, 0xFF0000FF,
@@ -73,13 +73,13 @@ constexpr int scaleDialSpeed = 8; ///< steps per turn while the dial sets the sc
 
 constexpr QLatin1String settingsFile = latin1("settings_current.ini");
 constexpr QLatin1String settingsBackupFile = latin1("settings_current_old.ini");
-/// Names the folder that holds the style sheet being worked on; unset, nothing is watched.
+/// Environment variable: folder of the style sheet to watch. If unset, no sheet is watched.
 constexpr char developerFolderVariable[] = "VELKOR_DEV_FOLDER";
 
 // ---- Languages ----
 
-/// The longest file name on common file systems. QTranslator looks for every prefix of a name that
-/// ends before an underscore or dot: a million underscores would take it half an hour.
+/// The longest file name on common file systems. QTranslator tries every prefix of a name that ends
+/// before an underscore or dot: a name of a million underscores would take half an hour.
 constexpr int longestLanguageCode = 255;
 
 static_assert(xLength == 64000, "the widest view is 250 samples of 256 counts");

@@ -22,8 +22,8 @@ constexpr char lineEnd[] = "\n";
 constexpr bool namesIgnoreCase = false;
 #endif
 
-/// Letters of escape sequences, and at the same index the characters that they mean. The last two
-/// are read but never written.
+/// Letters of escape sequences and, at the same index, their characters. The last two are read but
+/// never written.
 constexpr QLatin1String escapeLetters = constants::latin1("abfnrtv\"\\?'");
 constexpr QLatin1String escapedCharacters = constants::latin1("\a\b\f\n\r\t\v\"\\?'");
 constexpr int writtenEscapes = 9;
@@ -56,7 +56,7 @@ QByteArray escaped(const QString &value)
             text += "\\0";
             afterNumber = true;
         } else if (c < 0x20 || c >= 0x7f || (afterNumber && digitOf(character) < 16)) {
-            // Also a digit behind a number, which would be read as part of it.
+            // A digit after such a number is also escaped: it would be read as part of the number.
             text += "\\x" + QByteArray::number(c, 16);
             afterNumber = true;
         } else {
@@ -126,9 +126,9 @@ struct Entry
     bool hasValue = false;
 };
 
-/// Appends the character of the escape sequence whose backslash is before \a at of \a ini, and
-/// moves \a at to its last character. A line break and an unknown letter give none; numbers are cut
-/// to 16 bits.
+/// Reads the escape sequence of \a ini whose backslash is before \a at: appends its character to
+/// \a text and moves \a at to its last letter. A line break and an unknown letter have no character.
+/// Numbers are truncated to 16 bits.
 void appendEscape(const QString &ini, Size &at, QString &text)
 {
     const QChar c = at < ini.size() ? ini.at(at) : QChar(QLatin1Char('\n'));
@@ -198,7 +198,7 @@ QString unescapedName(const QString &name)
     return namesIgnoreCase ? text.toLower() : text;
 }
 
-/// What the names of keys start with in the section that \a line opens.
+/// Prefix of the keys in the section that \a line opens.
 QString sectionOf(const QString &line)
 {
     const QString name = line.mid(1).section(QLatin1Char(']'), 0, 0).trimmed();
@@ -251,7 +251,7 @@ QVariant IniReader::value(const QString &key, const QVariant &fallback) const
         return text.startsWith(QLatin1String(type)) && text.endsWith(QLatin1Char(')'));
     };
     const auto inside = [&text] { return text.section(QLatin1Char('('), 1).chopped(1); };
-    // To decode one can end the program: it names the size and the nesting of what it holds.
+    // Not decoded: an object states its size and nesting, so a corrupt one can end the program.
     if (isType("@Variant(") || isType("@DateTime("))
         return fallback;
     if (isType("@Rect(") || isType("@Size(") || isType("@Point(")

@@ -18,14 +18,14 @@
 class IniWriter
 {
 public:
-    /// How sections and keys follow one another.
+    /// Order of sections and keys.
     enum Order {
         AsSet, ///< as QSettings does on Windows
         Sorted ///< by name, as it does elsewhere
     };
 
-    /// Values that follow go into the section \a name; empty is the general section. All values of
-    /// a section are set in one go.
+    /// Values that follow go into the section \a name; empty is the general section. Call it once
+    /// for each section.
     void beginGroup(const QString &name);
 
     /// Appends a key to the current section. Keys consist of ASCII letters and digits.

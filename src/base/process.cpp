@@ -19,7 +19,7 @@
 namespace {
 
 /// Both ends of the connection from the signal handler to the event loop. A signal handler may call
-/// next to nothing but write().
+/// write() and few other functions.
 int signalEnd = -1;
 int loopEnd = -1;
 
@@ -27,12 +27,12 @@ extern "C" void passOnSignal(int)
 {
     const int error = errno;
     const char any = 0;
-    // Without room in the buffer a former signal still waits to be handled, which is enough.
+    // If the buffer is full, an earlier signal is still pending, which is enough.
     [[maybe_unused]] const ssize_t written = write(signalEnd, &any, sizeof any);
     errno = error;
 }
 
-/// Where diagnostics are written to.
+/// File descriptor for diagnostics.
 int diagnostics = STDERR_FILENO;
 
 void writeIfPossible(QtMsgType type, const QMessageLogContext &context, const QString &message)
@@ -61,8 +61,8 @@ void process::guardStandardStreams()
     for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor)
         if (fcntl(descriptor, F_GETFD) == -1 && open("/dev/null", O_RDWR) == -1)
             break;
-    // A terminal that is ready may have less room than a line takes. O_NONBLOCK on standard error
-    // itself would be set for all programs that share it.
+    // A terminal that is ready may still block within a line. O_NONBLOCK on standard error itself
+    // would affect all programs that share it.
     if (const char *terminal = ttyname(STDERR_FILENO)) {
         const int own = open(terminal, O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
         if (own != -1)

@@ -104,7 +104,7 @@ QByteArray program_files::readRegularFile(const QString &path, qint64 limit)
     QFile file(path);
     if (!openRegularFile(file))
         return {};
-    // One byte more than the limit, because the file may have grown since it was opened.
+    // One byte more than the limit shows that the file is larger.
     QByteArray bytes = file.read(lengthToRead(file, limit + 1));
     if (bytes.size() > limit)
         bytes.clear();
@@ -124,10 +124,10 @@ bool program_files::replaceFile(QSaveFile &file, const QByteArray &bytes)
     if (path.isEmpty() || (former.exists() && !former.isFile()))
         return false;
     former.dir().mkpath(QStringLiteral("."));
-    // A buffer would hide an error until `commit`, which replaces the old file all the same.
+    // A buffer would hide an error until `commit`, which would still replace the old file.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
-    // A disk that gets full takes a part without an error; only the next write fails.
+    // When the disk gets full, a write stores a part without an error; only the next write fails.
     for (qint64 written = 0; written < bytes.size();) {
         const qint64 part = file.write(bytes.constData() + written, bytes.size() - written);
         if (part <= 0)

@@ -12,7 +12,7 @@
 #include <QVector>
 #include <QtGlobal>
 
-// What needs widgets is left out of programs that do not link them.
+// Only for programs that link widgets.
 #ifdef QT_WIDGETS_LIB
 #include <QIcon>
 #include <QPixmap>
@@ -86,7 +86,7 @@ inline QString settingsText(const QByteArray &bytes)
 }
 
 #ifdef QT_WIDGETS_LIB
-/// The picture of \a icon in \a widget for \a size units, in device pixels.
+/// The picture of \a icon for a \a size in device-independent pixels, on the screen of \a widget.
 inline QPixmap pixmapOf(const QIcon &icon, const QWidget &widget, QSize size,
                         QIcon::State state = QIcon::Off)
 {

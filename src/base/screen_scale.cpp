@@ -14,16 +14,16 @@
 namespace {
 
 constexpr auto factorVariable = "QT_SCALE_FACTOR";
-/// Below, the window is a few pixels wide; above, Qt fails to allocate its picture and crashes.
+/// A smaller factor gives a window of a few pixels; a larger one makes Qt run out of memory.
 constexpr double minFactor = 0.1;
 constexpr double maxFactor = 10.0;
-/// Desktops offer steps of 6.25 % and more. X servers that do not know the size of the screen
-/// report 100 dpi, 4.2 % off.
+/// Greatest accidental error. Desktops offer steps of 6.25 % and more; X servers that do not know
+/// the size of the screen report 100 dpi, 4.2 % too much.
 constexpr double accidentalShare = 0.05;
 /// Rounding error of the division that gives the scale.
 constexpr double exactShare = 1e-6;
 
-/// The user's factor in QT_SCALE_FACTOR. One that is not in 0.1 to 10 is unset, which means 1.
+/// The factor in QT_SCALE_FACTOR; 1 without one. A factor that is not in 0.1 to 10 is removed.
 double wantedFactor()
 {
     bool isNumber = false;
@@ -34,7 +34,7 @@ double wantedFactor()
     return 1.0;
 }
 
-/// True when the scale of every screen is within 5 % of the wanted factor and not all are exact.
+/// True when no variable sets the scale and every screen is within 5 % of \a wanted, not all exact.
 bool isAccident(double wanted)
 {
     for (const char *variable : { "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_USE_PHYSICAL_DPI",

@@ -11,14 +11,14 @@ class QApplication;
 namespace screen_scale {
 
 /// Creates the application so that it follows the scale of the desktop, fractions included. Qt's
-/// environment variables come first; a QT_SCALE_FACTOR that is no number from 0.1 to 10 counts as
-/// unset. \a argc and \a argv must outlive the application. Call it once, before any other use of
-/// Qt's windows.
+/// environment variables have precedence; a QT_SCALE_FACTOR that is no number from 0.1 to 10 counts
+/// as unset. \a argc and \a argv must outlive the application. Call it once, before any other use
+/// of Qt's windows.
 ///
-/// An X server without a scale of its own reports the size of the screen in whole millimetres, so
-/// 96 dpi may arrive as 96.1 and blur every line for a window one pixel wider. Such a scale is
-/// taken for 1. It is known only after the application exists, which is then created again; this
-/// takes some milliseconds.
+/// An X server without a scale reports the size of the screen in whole millimetres, so 96 dpi may
+/// arrive as 96.1 dpi. Every line would be blurred for a window one pixel wider. Such a scale is
+/// ignored. It is known only after the application exists, so the application is created again,
+/// which takes some milliseconds.
 std::unique_ptr<QApplication> makeApplication(int &argc, char **argv);
 
 } // namespace screen_scale

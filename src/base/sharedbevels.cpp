@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int maxPalettes = 16; ///< more than a usual sheet has; one more empties the list
+constexpr int maxPalettes = 16; ///< more than a usual sheet has; a full list is cleared
 
 } // namespace
 

@@ -9,15 +9,14 @@
 /// The style of the application, which draws the bevel of a button once per size, state and
 /// colour. Qt's Fusion style caches the picture of a bevel under the identity of the palette. A
 /// style sheet copies the palette at each painting, so with Qt 5 the cache never hits, and bevels
-/// took a fifth of a resize. This class hands the first of all equal palettes to that style.
+/// took a fifth of a resize. This class passes the first of all equal palettes to that style.
 class SharedBevels : public QProxyStyle
 {
 public:
     using QProxyStyle::QProxyStyle;
 
-    /// The instance of all windows, for the style that the application has at the first call, found
-    /// by its name; a style that Qt does not know becomes Qt's default. The application owns it and
-    /// must exist.
+    /// The only instance, owned by the application, which must exist. It draws with the style that
+    /// the application has at the first call; Qt's default replaces a style of an unknown name.
     static SharedBevels *instance();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -17,7 +17,7 @@ namespace {
 constexpr int maxSize = 256 * 1024; ///< characters
 constexpr int maxCost = 16384; ///< takes about 2 s with the widgets of the main window
 constexpr int pictureCost = 32; ///< Qt looks for a missing picture under every known suffix
-/// Of all pictures together. What does not fit into its cache Qt loads once for each widget.
+/// Of all pictures together. Qt loads pictures that exceed its cache again for each widget.
 constexpr qint64 maxPixels = 2 << 20;
 constexpr int maxFactor = 5; ///< of the cost of a rule that may match every widget or button
 constexpr double maxNumber = 1e6;
@@ -35,8 +35,8 @@ enum TokenKind {
     Function
 };
 
-/// Matches one token as Qt splits a sheet; a sign is what matches none of the groups. A string that
-/// is left open ends with its line.
+/// Matches one token as Qt splits a sheet; a token in none of the groups is a sign. An unterminated
+/// string ends with its line.
 const QRegularExpression &tokenPattern()
 {
     static const QRegularExpression pattern(
@@ -79,8 +79,7 @@ bool isOneOf(QChar c, const char *characters)
     return QLatin1String(characters).contains(c);
 }
 
-/// True when reading \a path may not return: a pipe, a device, or a file of the system that reports
-/// a size of 0.
+/// True when reading \a path may block: a pipe, a device, or a system file that reports size 0.
 bool mayBlock(const QString &path)
 {
     const QFileInfo info(path);
@@ -104,7 +103,7 @@ QStringList filesOfPicture(const QString &path)
     return names;
 }
 
-/// The number of pixels in the picture file \a path; nothing else has any.
+/// The number of pixels in the picture file \a path; 0 for anything else.
 qint64 pixelsIn(const QString &path)
 {
     QFile file(path);
@@ -114,7 +113,7 @@ qint64 pixelsIn(const QString &path)
     return size.isValid() ? qint64{ size.width() } * size.height() : 0;
 }
 
-/// Reads a sheet once, token by token. A part is what ends with a brace or a semicolon.
+/// Checks a sheet, token by token. Braces and semicolons end its parts.
 class Checker
 {
 public:
@@ -130,13 +129,13 @@ private:
         m_cost += m_factor * cost;
     }
 
-    int m_cost = 0; ///< of what was read so far
+    int m_cost = 0; ///< of the tokens so far
     qint64 m_pixels = 0; ///< of all pictures so far
     QChar m_closing; ///< ends the outermost open bracket, null outside
     int m_depth = 0; ///< of brackets, braces within them included
-    int m_urlDepth = 0; ///< m_depth at the begin of a url(, 0 outside
-    QString m_url; ///< what was read of its argument
-    QString m_part; ///< what was read of this part, comments as blanks
+    int m_urlDepth = 0; ///< m_depth at the start of a url(, 0 outside
+    QString m_url; ///< its argument, as far as read
+    QString m_part; ///< this part, as far as read, comments as blanks
     QString m_property; ///< first word of this part, in lower case
     QChar m_sign; ///< the last sign of this part, null after a word
     int m_commas = 0; ///< in this part
@@ -153,7 +152,7 @@ bool Checker::accepts(const QString &sheet)
             return false;
         end = int(token.capturedEnd());
     }
-    // No match is found in a text with half of a surrogate pair.
+    // A text with half of a surrogate pair has no matches.
     return end == sheet.size() && (m_urlDepth == 0 || acceptsUrl());
 }
 
@@ -205,8 +204,8 @@ bool Checker::acceptsNumber(const QString &text) const
     const QString unit = match.captured(2).toLower();
     const bool hasUnit = !unit.isEmpty() && unit != QLatin1String("%");
     const double pixels = unit.startsWith(QLatin1Char('e')) ? value * maxFont : value;
-    // Qt takes a number without a unit, or with "%", for pixels. Within brackets none is a length.
-    // No comparison with NaN is true.
+    // Qt reads a number without a unit, or with "%", as pixels. Numbers in brackets are no lengths.
+    // Every comparison with NaN is false.
     if (m_property == QLatin1String("button-layout"))
         return value <= maxButtonLayout;
     if (hasUnit && m_property.startsWith(QLatin1String("font")))
@@ -237,7 +236,7 @@ bool Checker::acceptsUrl()
 
 void Checker::countSign(QChar sign)
 {
-    // Names with an object name match few widgets.
+    // Excludes selectors with an object name, which match few widgets.
     static const QRegularExpression general(QStringLiteral(
         R"((?:^|[\s,>+~])[*:.[]|(?:^|[^-\w]))"
         R"((?:Q(?:Widget|Object|AbstractButton|PushButton)|InterfaceButton)(?![-\w#]))"));
@@ -273,6 +272,6 @@ bool style_text::isAcceptable(const QString &sheet)
     if (sheet.size() > maxSize)
         return false;
     const QString text = decoded(sheet);
-    // Qt decodes the arguments of a gradient again: an escape must not spell another escape.
+    // Qt decodes the arguments of a gradient twice: decoding must not give another escape.
     return decoded(text) == text && Checker().accepts(text);
 }

@@ -7,9 +7,9 @@ class QString;
 namespace style_text {
 
 /// True when \a sheet can be applied: it sets no property of a widget by name, its lengths and
-/// numbers are bounded, it takes Qt about two seconds at most, and every file that it names is a
-/// file that can be opened and no large picture. A sheet that Qt cannot parse may be acceptable.
-/// The limits are listed in docs/reliability.md.
+/// numbers are bounded, Qt takes at most about two seconds for it, reading its files cannot block,
+/// and its pictures are not too large. A sheet that Qt cannot parse may be acceptable. The limits
+/// are listed in docs/reliability.md.
 bool isAcceptable(const QString &sheet);
 
 } // namespace style_text
