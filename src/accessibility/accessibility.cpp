@@ -75,7 +75,7 @@ QVector<Wording> descriptions(const MainWindowParts &parts)
     };
 }
 
-/// Keeps the names and descriptions up to date: the language and the state of the traces change.
+/// Updates the names and descriptions when the language or the state of a trace changes.
 class Wordings : public QObject
 {
 public:
@@ -129,8 +129,9 @@ private:
     std::unique_ptr<Catalogue> m_texts; ///< in the present language
 };
 
-/// Qt takes a dial for its knob. The accessible name is the text shown, as for a button. Setting
-/// the counter works like a turn by the user, limits included.
+/// Accessible dial. Its value is the counter; Qt's own interface has the position of the knob. Its
+/// name is the text shown, as for a button. Setting the value works like a turn by the user, limits
+/// included.
 class DialInterface : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
@@ -178,8 +179,8 @@ private:
     Cont_dial &m_dial;
 };
 
-/// Qt takes a graphics view for its scroll area. This is a chart without children, named by its
-/// two texts, which must outlive the plot.
+/// Accessible plot: a chart without children, named by its two texts, which must outlive the plot.
+/// Qt's own interface of a graphics view is a scroll area.
 class PlotInterface : public QAccessibleWidget
 {
 public:
@@ -220,8 +221,8 @@ void install(QAccessibleInterface *own)
     QAccessible::registerAccessibleInterface(own);
 }
 
-/// Qt reports a button as a radio button only if it is exclusive without its group. Inside a group
-/// the property changes nothing else.
+/// Qt reports a button as a radio button only if it is autoExclusive. Inside a group this property
+/// has no other effect.
 void markRadioButtons(const MainWindowParts &parts)
 {
     for (const QButtonGroup *group :
@@ -279,8 +280,8 @@ void leadFocus(QWidget *window, const QVector<QWidget *> &order)
     auto *frame = new FocusFrame(window);
     for (QWidget *control : order)
         frame->watch(control);
-    // Each is put right after the first, the last one first: Qt does not put a control after the
-    // last one of the window.
+    // Each control is put after the first one, from the last to the second: Qt does not put a
+    // control after the last one of the window.
     for (auto i = order.size() - 1; i > 0; --i)
         QWidget::setTabOrder(order.first(), order.at(i));
 }

@@ -40,7 +40,7 @@ void FocusFrame::watch(QWidget *control)
 bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::ShortcutOverride: // comes before a shortcut, which has no KeyPress
+    case QEvent::ShortcutOverride: // a shortcut has no KeyPress
     case QEvent::KeyPress:
         m_isKeyDown = true;
         break;
@@ -72,7 +72,7 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
     }
     case QEvent::MouseButtonPress:
         m_isKeyDown = false;
-        // A synthetic press stands for a key, so the frame stays.
+        // A synthetic press comes from a key, so the frame stays.
         if (watched == m_control && event->spontaneous())
             leave();
         break;
@@ -102,7 +102,7 @@ void FocusFrame::surround(QWidget *control)
 void FocusFrame::follow()
 {
     setGeometry(QRect(m_control->mapTo(parentWidget(), QPoint()), m_control->size()));
-    // Nothing but the frame itself: what is inside is painted as if this were not there.
+    // Only the frame is left, so that the control inside is painted as without it.
     setMask(QRegion(rect()) - QRegion(shrunk(rect(), lightWidth + darkWidth)));
 }
 

@@ -15,7 +15,7 @@ class FocusFrame : public QFocusFrame
 public:
     explicit FocusFrame(QWidget *window);
 
-    /// Frames \a control, which lies in the window, when the keyboard goes to it.
+    /// Frames \a control, which is in the window, when it gets the focus by keyboard.
     void watch(QWidget *control);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -29,5 +29,5 @@ private:
     void leave();
 
     bool m_isKeyDown = false;
-    QPointer<QWidget> m_control; ///< the framed one; null while none is
+    QPointer<QWidget> m_control; ///< the framed control, or null
 };

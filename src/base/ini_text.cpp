@@ -127,7 +127,7 @@ struct Entry
 };
 
 /// Reads the escape sequence of \a ini whose backslash is before \a at: appends its character to
-/// \a text and moves \a at to its last letter. A line break and an unknown letter have no character.
+/// \a text and moves \a at to its last letter. Line breaks and unknown letters have no character.
 /// Numbers are truncated to 16 bits.
 void appendEscape(const QString &ini, Size &at, QString &text)
 {

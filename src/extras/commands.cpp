@@ -18,8 +18,8 @@ namespace extras {
 
 namespace {
 
-/// Scrolls to the active cursor when it is out of view. The wheel over the plot needs no such help:
-/// its pointer is where the user looks.
+/// Scrolls to the active cursor when it is out of view. The wheel over the plot does not scroll,
+/// because the user looks at its pointer.
 void followCursor(MainWindow &window)
 {
     const int cursor = window.state().Cur_flag;
@@ -80,7 +80,7 @@ void scroll(MainWindow &window, int steps)
 {
     const QtCharts::QValueAxis *axis = window.parts().cust_axisX;
     const int step = steps * calc::truncated(m_pow2(window.state().master_scale));
-    // The window refuses a step past an end whole, which would leave a rest that no key can reach.
+    // The window refuses a step past an end, so a longer step is cut to reach the end.
     const int toLeft = -std::max(0, calc::truncated(axis->min()));
     const int toRight = std::max(0, constants::xLength - calc::truncated(axis->max()));
     window.plotScroll(std::clamp(step, toLeft, toRight));

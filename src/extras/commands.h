@@ -10,17 +10,17 @@ class MainWindow;
 class QAction;
 
 /// \file
-/// The actions of the keys. Each does what the mouse does: by the window's operations or else by
-/// its buttons and menus. A button or menu entry that is disabled does nothing here either.
+/// The actions of the keys. Each uses an operation, a button or a menu entry of the window. A
+/// disabled button or entry does nothing.
 
 namespace extras {
 
 /// One point for each sample of the selected trace as it is drawn; none for an empty slot.
 QVector<QPointF> selectedSamples(const MainWindow &window);
 
-/// Moves the active cursor by \a samples of the selected trace, to the right when positive; in
-/// difference mode by those of the coarser of that trace and the master. The view follows a cursor
-/// that leaves it.
+/// Moves the active cursor by \a samples, to the right when positive: samples of the selected
+/// trace, or in difference mode of the master if its step is larger. The view follows a cursor that
+/// leaves it.
 void moveCursor(MainWindow &window, int samples);
 
 /// Places the active cursor at \a column. The view follows. Does nothing in delta mode.
@@ -43,7 +43,7 @@ void showCursor(MainWindow &window);
 /// Chooses \a entry in the menu of the selected slot.
 void choose(MainWindow &window, QAction *LegendButton::*entry);
 
-/// Lets the wheel over the plot change the scale instead of moving the cursor, or back.
+/// Switches the wheel over the plot between moving the cursor and changing the scale.
 void switchWheel(MainWindow &window);
 
 } // namespace extras

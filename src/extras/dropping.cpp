@@ -45,7 +45,7 @@ Dropping::Dropping(MainWindow &window)
     : m_window(window)
 {
     window.setAcceptDrops(true);
-    // A graphics view accepts every drag for the items in its scene; none of them takes drops.
+    // A graphics view accepts every drag for the items in its scene. Here no item takes drops.
     QGraphicsView *plot = window.parts().Plot_View;
     plot->setAcceptDrops(false);
     plot->viewport()->setAcceptDrops(false);

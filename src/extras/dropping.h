@@ -16,8 +16,8 @@ namespace extras {
 /// into that slot. Otherwise the files fill the empty slots from the first on; more files than
 /// empty slots replace all traces, as those of the files button do.
 ///
-/// A drag is asked for its formats only: the files are known when the program that offers them
-/// sends them, which may take as long as it likes.
+/// A drag is checked by its formats only. The files are checked at the drop, because the other
+/// program can take any time to send their names.
 class Dropping
 {
 public:
@@ -25,10 +25,10 @@ public:
     explicit Dropping(MainWindow &window);
 
     /// Handles a QDragEnterEvent or QDragMoveEvent: accepts files while no dialog is open and
-    /// lights up the slot under them.
+    /// highlights the slot under them.
     void drag(QDropEvent &event);
     void leave();
-    /// Opens the files of \a event. Refused when there is anything but trace files among them.
+    /// Opens the files of \a event. Refuses them all if one is no trace file.
     void drop(QDropEvent &event);
 
 private:

@@ -87,7 +87,7 @@ QString proposedPath(const MainWindow &window)
     return QDir(window.settings()->last_folder).filePath(name);
 }
 
-/// Why \a path cannot be written, judged by the existing file; empty if it can.
+/// The reason why \a path cannot be written, from the existing file and folder; empty if it can.
 QString obstacle(const QString &path, const Catalogue &texts)
 {
     const QFileInfo former(path);
@@ -95,7 +95,7 @@ QString obstacle(const QString &path, const Catalogue &texts)
         return texts.text(QT_TRANSLATE_NOOP("Extras", "a folder has this name"));
     if (former.exists() && !former.isFile())
         return texts.text(QT_TRANSLATE_NOOP("Extras", "this is not a regular file"));
-    // Checked because root could write it.
+    // Checked because root can write a read-only file.
     constexpr auto anyWriter = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     if (former.exists() && !(former.permissions() & anyWriter))
         return texts.text(QT_TRANSLATE_NOOP("Extras", "the file is read-only"));
@@ -106,9 +106,9 @@ QString obstacle(const QString &path, const Catalogue &texts)
     return {};
 }
 
-/// Shows \a lines at the lower edge of the plot of \a window for some seconds, in the place of a
-/// former note. A line that is wider than the plot is shortened in the middle. The note takes
-/// neither the focus nor the mouse, and screen readers announce it.
+/// Shows \a lines at the lower edge of the plot of \a window for some seconds and removes a former
+/// note. A line that is wider than the plot is shortened in the middle. The note takes neither the
+/// focus nor the mouse, and screen readers announce it.
 void showNote(const MainWindow &window, const QStringList &lines)
 {
     const auto name = QStringLiteral("note");
@@ -202,7 +202,7 @@ QString saveShown(const MainWindow &window, const QString &path, Format format)
     QString inTheWay = obstacle(path, texts);
     if (!inTheWay.isEmpty())
         return inTheWay;
-    // Made in memory: the writers of pictures and pages ignore a write that fails.
+    // Made in memory: Qt's writers of pictures and pages ignore a write error.
     const QByteArray bytes = rowOf(format).make(window);
     if (bytes.isEmpty())
         return texts.text(QT_TRANSLATE_NOOP("Extras", "there is not enough memory"));

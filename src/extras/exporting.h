@@ -17,21 +17,21 @@ enum class Format {
     Table, ///< CSV
 };
 
-/// Puts what \a window shows on the clipboard, as a picture and as text, and says so in a note.
+/// Copies the content of \a window to the clipboard, as a picture and as text, and shows a note.
 void copyShown(MainWindow &window);
 
-/// Asks for a file name and a format and saves what \a window shows; a note says where, or why it
-/// could not be written. The proposed name is that of the selected trace, in the folder from which
-/// traces were opened last; that folder stays the same.
+/// Asks for a file name and a format and saves the content of \a window. A note shows the path and
+/// the outcome. The proposed name is that of the selected trace, in the folder of the traces that
+/// were opened last. Saving does not change this folder.
 void askAndSaveShown(MainWindow &window);
 
-/// Writes what \a window shows to \a path. A former file is replaced only by a complete new one;
-/// what is no regular file, or read-only, is left alone. Returns why it could not be written, in
-/// the window's language; empty on success.
+/// Writes the content of \a window to \a path. A former file is replaced only by a complete new
+/// one, and never if it is read-only or no regular file. Returns the reason of a failure in the
+/// window's language; empty on success.
 QString saveShown(const MainWindow &window, const QString &path, Format format);
 
-/// The format that \a path asks for by its suffix: \a chosen if that has the suffix, else the first
-/// one with it. For any other suffix \a chosen; its own suffix is then added to \a path.
+/// The format for the suffix of \a path: \a chosen if it has this suffix, otherwise the first
+/// format with it. For an unknown suffix returns \a chosen and adds its suffix to \a path.
 Format formatFor(QString &path, Format chosen);
 
 } // namespace extras

@@ -23,7 +23,7 @@ namespace {
 
 constexpr double leastContrast = 3.0;
 constexpr double plainLetter = 14.0; ///< units; with larger letters, lines are thicker as well
-constexpr double curveFineness = 8.0; ///< curves are cut into pieces so much below a unit
+constexpr double curveFineness = 8.0; ///< scale at which curves are flattened
 constexpr int greySaturation = 25; ///< of 255; below it a colour counts as grey
 constexpr QRgb lettersOnScreen = 0xFFE6E6E6;
 
@@ -41,8 +41,8 @@ double contrastOnWhite(const QColor &colour)
     return 1.05 / (luminance(colour) + 0.05);
 }
 
-/// Narrows the part \a from to \a to of a line, 0 to 1, to where start + part * delta lies within
-/// \a low to \a high.
+/// Narrows \a from and \a to, positions from 0 to 1 on a line, so that start + position * delta is
+/// within \a low and \a high.
 void narrow(double start, double delta, double low, double high, double &from, double &to)
 {
     if (delta == 0.0) {

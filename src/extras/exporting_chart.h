@@ -26,8 +26,8 @@ public:
 
     QColor background() const;
     QColor text() const;
-    /// What \a screen, a colour of the window, becomes in the picture. On white, greys are inverted
-    /// and other colours darkened until their contrast is at least 3:1; the hue stays.
+    /// The colour in the picture for \a screen, a colour of the window. On white, greys are
+    /// inverted and other colours darkened to a contrast of at least 3:1; the hue stays.
     QColor of(const QColor &screen) const;
 
 private:

@@ -36,13 +36,13 @@ constexpr int leastCaptionLetter = 10; ///< units
 constexpr double captionShare = 0.85; ///< of the letters in the chart
 
 constexpr double lineSpacing = 1.3; ///< heights of the font
-/// A program that shows a drawing with another font may need more room than this one.
+/// A program that shows a drawing with another font may need more width.
 constexpr double widthReserve = 1.1;
 constexpr int fileCell = 1;
 constexpr int leastRows = 3;
 
 /// The strip under a chart: a line for each visible trace, and below them the facts about the
-/// measurement in columns. Words are those of the window.
+/// measurement in columns, in the language of the window.
 class Caption
 {
 public:
@@ -123,7 +123,7 @@ void Caption::addFacts(const MainWindow &window, double width)
     const QVector<QPair<QString, QString>> facts = factsOf(window);
     const auto count = static_cast<int>(facts.size());
     double total = width + 1.0;
-    // As many columns as have room. In three rows, what belongs together makes a column.
+    // As many columns as fit. With three rows, each column holds facts of the same kind.
     for (int rows = leastRows; rows <= count && total > width; ++rows) {
         m_columns.clear();
         total = -m_metrics.height(); // the gap after the last column
@@ -219,7 +219,7 @@ public:
     {
     }
 
-    /// Height of the strip with its margins, a whole number, as sizes of files are.
+    /// Height of the strip with its margins: a whole number, because sizes in files are.
     double captionHeight() const
     {
         return std::ceil(m_caption.height() + 2 * m_margin);
@@ -230,7 +230,7 @@ public:
     {
         const double chart = height - captionHeight();
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-        // A unit more, so that a program that rounds a drawing's size leaves no bare edge.
+        // One unit larger: a program that rounds the size of a drawing leaves no edge unpainted.
         painter.fillRect(QRectF(0.0, 0.0, m_width + 1.0, height + 1.0), m_ink.background());
         drawChart(painter, { 0.0, 0.0, m_width, chart }, m_font, m_window, m_ink);
         m_caption.draw(painter, { m_margin, chart + m_margin }, m_ink);

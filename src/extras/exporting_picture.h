@@ -10,8 +10,8 @@
 class MainWindow;
 
 /// \file
-/// The chart of a window with a caption strip under it. Nothing of the screen is copied; the window
-/// stays as it is.
+/// The chart of a window with a caption strip under it, drawn from the data of the window, which
+/// does not change.
 
 namespace extras {
 

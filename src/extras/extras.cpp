@@ -27,7 +27,7 @@ public:
         , m_window(window)
         , m_dropping(window)
     {
-        // Of the application, because dialogs and menus come and go.
+        // On the application, because dialogs and menus are created later.
         qApp->installEventFilter(this);
     }
 
@@ -40,8 +40,8 @@ public:
     }
 
 private:
-    /// True for the window, for the controls that use the arrow keys themselves, and for all of a
-    /// dialog or a menu that is open: some of their controls accept every key.
+    /// True for the window, for the controls that use the arrow keys themselves, and for every
+    /// widget while a dialog or a menu is open: some of its controls accept every key.
     bool hasKeys(const QObject *receiver) const
     {
         const MainWindowParts &parts = m_window.parts();

@@ -4,12 +4,12 @@
 
 class MainWindow;
 
-/// Keys, drag and drop, tooltips, help, copy and export. They are attached to the finished window:
-/// they read its parts and state, and change it by its operations, the dial's value and the stored
-/// paths. Until a key, a drop or the request for a tooltip the window behaves as without them.
+/// Keys, drag and drop, tooltips, help, copy and export. They are attached to the finished window.
+/// They read its parts and state, and change only by its operations, the values of its dials and
+/// the stored paths. Before the first key, drop or tooltip the window behaves as without them.
 namespace extras {
 
-/// Attaches all extras to \a window for as long as that lives. To be called once.
+/// Attaches all extras to \a window for its lifetime. Call it once.
 void attach(MainWindow &window);
 
 } // namespace extras

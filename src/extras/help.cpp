@@ -118,7 +118,7 @@ HelpWindow::HelpWindow(const QString &language, const QString &back, const QStri
     , m_page(new QTextBrowser)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    // The program ends with its main window.
+    // Only the main window keeps the program running.
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(firstSize);
     // The main window sets a font that grows with it on all widgets; a style sheet has precedence.
@@ -174,7 +174,7 @@ void HelpWindow::open(const QWidget *dialog)
     winId(); // makes the native window
     QWindow *below = dialog ? dialog->windowHandle() : nullptr;
     if (windowHandle()->transientParent() != below) {
-        // Qt notes whether a window is blocked when it is shown.
+        // Qt determines only on show whether a window is blocked.
         hide();
         windowHandle()->setTransientParent(below);
     }
@@ -213,7 +213,7 @@ void HelpWindow::scrollTo(int position)
     QTextCursor place(m_page->document());
     place.setPosition(position);
     m_page->setTextCursor(place);
-    // Positions of the layout are known for all of the page only after it was asked for its size.
+    // A request for the size completes the layout, which positions at the end of the page need.
     m_page->document()->documentLayout()->documentSize();
     const QRect at = m_page->cursorRect(place);
     m_page->verticalScrollBar()->setValue(m_page->verticalScrollBar()->value() + at.top());

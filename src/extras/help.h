@@ -22,15 +22,15 @@ public:
     /// in that language. \a back and \a forward are the names of the two buttons.
     HelpWindow(const QString &language, const QString &back, const QString &forward);
 
-    /// Opens the window, above \a dialog unless that is null: a modal dialog blocks all windows but
-    /// those above it.
+    /// Opens the window, above \a dialog unless it is null: a modal dialog blocks all windows
+    /// except those above it.
     void open(const QWidget *dialog);
-    /// Shows the part with the number \a section, from 0 on, of the chapter on the controls.
+    /// Shows part \a section, from 0, of the chapter on the controls.
     void showControl(int section);
 
 private:
     void readContents(const QUrl &index);
-    /// Qt gives the headings of a Markdown page no anchors, so a link to one is followed here.
+    /// Scrolls to the heading that \a page links to: Qt makes no anchors for headings of Markdown.
     void followAnchor(const QUrl &page);
     void scrollTo(int position);
     void frameTables();
@@ -41,8 +41,8 @@ private:
     QUrl m_controls; ///< chapter on the controls
 };
 
-/// Opens the manual, in the language of the interface, where it describes the dialog that is open,
-/// else the control of \a window that has the focus. Closes an open menu.
+/// Opens the manual, in the language of the interface, at the open dialog, or else at the control
+/// of \a window with the focus. Closes an open menu.
 void showHelp(MainWindow &window);
 
 } // namespace extras

@@ -25,8 +25,7 @@ namespace {
 
 using Window = MainWindow;
 
-/// A key with its place on an English keyboard; a mark that is typed with Shift is the one below
-/// it, with Shift.
+/// A key by its place on an English keyboard, with its modifiers: "<" is Shift and Key_Comma.
 struct Stroke
 {
     int key;
@@ -140,8 +139,8 @@ const Key keysOnCursorDial[] = {
     { { Qt::Key_PageDown, {} }, Repeated, [](Window &w) { moveCursor(w, -several); } },
 };
 
-/// The key of an English keyboard at the place of \a key on a Russian one. Of the marks, only those
-/// that type a letter there are mapped.
+/// The key of an English keyboard at the place of \a key, a letter of a Russian keyboard; any other
+/// \a key as it is.
 int onEnglishKeyboard(int key)
 {
     struct Place
@@ -183,7 +182,7 @@ Stroke strokeOf(const QKeyEvent &event)
         return { Qt::Key_BracketRight, modifiers | Qt::ShiftModifier };
     case Qt::Key_Equal:
     case Qt::Key_Plus:
-        // One key; many keyboards need Shift for "+".
+        // The same key with or without Shift, which many keyboards need for "+".
         return { Qt::Key_Plus, unshifted };
     default:
         break;
@@ -222,7 +221,7 @@ bool keyPressed(MainWindow &window, const QKeyEvent &event, const QObject *recei
         return false;
     if (!event.isAutoRepeat() || key->when == Repeated)
         key->action(window);
-    // QDial moves its mark by the same key.
+    // The dials get the event, too: QDial moves its mark by the same key.
     return !onControl || receiver == parts.Plot_View;
 }
 

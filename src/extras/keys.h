@@ -8,7 +8,7 @@ class QObject;
 
 namespace extras {
 
-/// True while a dialog or a menu is open. Of the keys, only that of the manual counts then.
+/// True while a dialog or a menu is open. Only the key of the manual works then.
 bool isBlocked();
 
 /// Runs the action of the key in \a event, which arrived at \a receiver: the window, the plot, one

@@ -32,7 +32,7 @@ QVector<int> reflectionColumns(const MainWindow &window)
 
 void toNextReflection(MainWindow &window)
 {
-    // The dial keeps the column that the cursor was sent to, snapping may have put it left of that.
+    // The dial keeps the requested column; snapping may have put the cursor to the left of it.
     const int reached = std::max(window.cursorPosition(window.state().Cur_flag),
                                  window.parts().cursor_dial->trueValue);
     const int next = calc::nextColumn(reflectionColumns(window), reached);

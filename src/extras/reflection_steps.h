@@ -8,9 +8,9 @@ class MainWindow;
 
 namespace extras {
 
-/// Moves the active cursor to the next reflection of the selected trace, as it is drawn, to the
-/// right. The cursor snaps as always and the view follows. Does nothing in delta mode, in an empty
-/// slot and after the last reflection.
+/// Moves the active cursor to the next reflection to the right on the selected trace, as it is
+/// drawn. The cursor snaps to a sample and the view follows. Does nothing in delta mode, in an
+/// empty slot and after the last reflection.
 void toNextReflection(MainWindow &window);
 
 /// The same to the left.

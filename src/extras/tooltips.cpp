@@ -31,14 +31,14 @@ namespace {
 
 constexpr QLatin1String version = constants::latin1(VELKOR_VERSION);
 constexpr int longestLine = 100; ///< characters; a path may have thousands
-constexpr int floatDigits = 9; ///< that tell any two numbers of single precision apart
+constexpr int floatDigits = 9; ///< enough to distinguish any two floats
 constexpr int factorDigits = 3;
 
-/// What a control is for.
+/// Purpose of a control.
 struct Explanation
 {
     const QWidget *control;
-    const char *key; ///< empty without one
+    const char *key; ///< empty for a control without a key
     const char *text;
     bool isTyped = false; ///< a right click asks for a value
 };
@@ -314,7 +314,7 @@ bool showTooltip(MainWindow &window, const QHelpEvent &event)
     const QString tooltip = tooltipOf(window, control);
     if (tooltip.isEmpty())
         return false;
-    // Escaped, and with no line breaks but these: a file may have any name.
+    // Escaped, because a file may have any name; `pre` adds no line breaks.
     const QString text
         = QStringLiteral("<p style='white-space:pre'>%1</p>").arg(tooltip.toHtmlEscaped());
     QToolTip::setFont(window.font());

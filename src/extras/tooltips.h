@@ -10,9 +10,9 @@ class QWidget;
 
 namespace extras {
 
-/// The tooltip of \a control, in the language of \a window, one fact a line: what the control does,
-/// its key, whether a right click asks for a value, and its present facts, for example the file of
-/// a slot or a reading with all its digits. Empty for what is no control.
+/// The tooltip of \a control in the language of \a window, with one fact in each line: the purpose
+/// of the control, its key, whether a right click asks for a value, and present values, for example
+/// the file of a slot or a reading with all its digits. Empty for any other widget.
 QString tooltipOf(const MainWindow &window, const QWidget *control);
 
 /// Shows the tooltip that \a event asks for at its place in \a window, in the font size of the
