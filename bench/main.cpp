@@ -6,11 +6,11 @@
 /// turns, so that the load of the machine affects all of them alike. The table goes to standard
 /// output.
 
-#include "peer_subject.h"
+#include "peersubject.h"
 #include "report.h"
 #include "stopwatch.h"
 #include "tracebuilder.h"
-#include "viewer_subject.h"
+#include "viewersubject.h"
 
 #include <QTemporaryDir>
 

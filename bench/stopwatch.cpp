@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stopwatch.h"
 
-#include "viewer_subject.h"
+#include "viewersubject.h"
 
 #include <QEvent>
 

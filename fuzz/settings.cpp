@@ -4,7 +4,7 @@
 #include "fuzzer.h"
 #include "invariants.h"
 #include "settingsdata.h"
-#include "testfiles.h"
+#include "test_files.h"
 #include "windowfixture.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "interfacebutton.h"
 
-#include "base/bundledpicture.h"
+#include "base/bundled_picture.h"
 
 #include <QBitmap>
 

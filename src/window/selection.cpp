@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow.h"
 
-#include "base/bundledpicture.h"
+#include "base/bundled_picture.h"
 #include "calc/tdr_record.h"
 #include "calc/view_range.h"
 #include "dictionary.h"

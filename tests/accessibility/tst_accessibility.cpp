@@ -5,8 +5,8 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsmenu.h"
-#include "windowactions.h"
-#include "windowstate.h"
+#include "window_actions.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QAccessible>

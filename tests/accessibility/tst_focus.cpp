@@ -3,7 +3,7 @@
 #include "accessibility/accessibility.h"
 #include "cont_dial.h"
 #include "datetime_lbl.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsmenu.h"

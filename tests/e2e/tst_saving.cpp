@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testfiles.h"
+#include "test_files.h"
 #include "viewerrun.h"
 
 #include <QDir>

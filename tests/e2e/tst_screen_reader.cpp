@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibletree.h"
 #include "programtest.h"
-#include "testfiles.h"
+#include "test_files.h"
 #include "tracebuilder.h"
 
 #include <QtTest>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "contrast.h"
 #include "programtest.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QtTest>
 

@@ -8,8 +8,8 @@
 #include "extras/extras.h"
 #include "oddplaces.h"
 #include "settingsdata.h"
-#include "testfiles.h"
-#include "threetraces.h"
+#include "test_files.h"
+#include "threetracestest.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -4,7 +4,7 @@
 #include "each.h"
 #include "extras/exporting_picture.h"
 #include "extras/exporting_text.h"
-#include "windowstate.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QFontMetricsF>

@@ -3,8 +3,8 @@
 #include "extras/exporting_text.h"
 #include "tdr/record.h"
 #include "tdr/table.h"
-#include "testfiles.h"
-#include "windowactions.h"
+#include "test_files.h"
+#include "window_actions.h"
 #include "windowtest.h"
 
 #include <QDir>

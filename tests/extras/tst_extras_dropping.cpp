@@ -6,10 +6,10 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "testfiles.h"
-#include "threetraces.h"
-#include "windowactions.h"
-#include "windowstate.h"
+#include "test_files.h"
+#include "threetracestest.h"
+#include "window_actions.h"
+#include "window_state.h"
 
 #include <QDir>
 #include <QDragEnterEvent>

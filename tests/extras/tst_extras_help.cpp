@@ -7,7 +7,7 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "threetraces.h"
+#include "threetracestest.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>

@@ -5,8 +5,8 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsmenu.h"
-#include "threetraces.h"
-#include "windowstate.h"
+#include "threetracestest.h"
+#include "window_state.h"
 
 #include <QInputDialog>
 #include <QMenu>

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "each.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "testfiles.h"
-#include "threetraces.h"
-#include "windowstate.h"
+#include "test_files.h"
+#include "threetracestest.h"
+#include "window_state.h"
 
 #include <QtTest>
 

@@ -3,8 +3,8 @@
 #include "dialoganswer.h"
 #include "extras/keys.h"
 #include "extras/tooltips.h"
-#include "threetraces.h"
-#include "windowstate.h"
+#include "threetracestest.h"
+#include "window_state.h"
 
 #include <QKeyEvent>
 #include <QRegularExpression>

@@ -7,10 +7,10 @@
 #include "parambutton.h"
 #include "plotview.h"
 #include "settingsdata.h"
-#include "testfiles.h"
-#include "threetraces.h"
-#include "windowactions.h"
-#include "windowstate.h"
+#include "test_files.h"
+#include "threetracestest.h"
+#include "window_actions.h"
+#include "window_state.h"
 
 #include <QDir>
 #include <QHelpEvent>

@@ -5,7 +5,7 @@
 #include "extras/reflection_steps.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
-#include "threetraces.h"
+#include "threetracestest.h"
 
 #include <QDir>
 #include <QPushButton>

@@ -6,7 +6,7 @@
 #include "base/program_files.h"
 #include "mainwindow.h"
 #include "settingsdata.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QApplication>
 #include <QDir>

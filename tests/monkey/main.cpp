@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays random events at the viewer's window and checks its invariants after each.
-#include "childrun.h"
+#include "child_run.h"
 #include "runs.h"
 #include "shrink.h"
 

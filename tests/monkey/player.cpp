@@ -5,12 +5,12 @@
 #ifdef VELKOR_EXTRAS
 #include "extras/extras.h"
 #endif
-#include "inputevents.h"
+#include "input_events.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QAction>
 #include <QButtonGroup>

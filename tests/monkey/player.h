@@ -15,7 +15,7 @@ public:
     /// Opens a window with default settings and, where they are built, the extras.
     Player();
 
-    /// Does what \a event says and answers what opens (useractions.cpp). Repaints wait for a
+    /// Does what \a event says and answers what opens (user_actions.cpp). Repaints wait for a
     /// Settle.
     void play(const Event &event);
 

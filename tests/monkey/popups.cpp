@@ -3,7 +3,7 @@
 #include "popups.h"
 
 #include "dialoganswer.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "settingsmenu.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "childrun.h"
+#include "child_run.h"
 #include "cont_dial.h"
 #include "curarrow.h"
 #include "each.h"
@@ -10,7 +10,7 @@
 #include "legendbutton.h"
 #include "runs.h"
 #include "shrink.h"
-#include "testfiles.h"
+#include "test_files.h"
 #include "watchdog.h"
 #include "windowtest.h"
 

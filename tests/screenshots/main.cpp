@@ -3,7 +3,7 @@
 #include "dialoganswer.h"
 #include "extras/exporting.h"
 #include "extras/extras.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"

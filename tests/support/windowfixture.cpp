@@ -3,7 +3,7 @@
 #include "windowfixture.h"
 
 #include "base/program_files.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QCoreApplication>
 #include <QFile>

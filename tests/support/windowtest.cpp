@@ -4,7 +4,7 @@
 
 #include "legendbutton.h"
 #include "settingsdata.h"
-#include "windowactions.h"
+#include "window_actions.h"
 
 #include <QAction>
 #include <QGraphicsView>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "each.h"
 #include "tdr.h"
-#include "testfiles.h"
+#include "test_files.h"
 #include "tracebuilder.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ini_text.h"
 #include "each.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>

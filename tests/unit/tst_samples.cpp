@@ -5,7 +5,7 @@
 #include "protocol_vx840.h"
 #include "record.h"
 #include "sample_traces.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QDir>
 #include <QtTest>

@@ -3,7 +3,7 @@
 #include "base/program_files.h"
 #include "each.h"
 #include "settingsdata.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

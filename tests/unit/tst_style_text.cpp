@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/style_text.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

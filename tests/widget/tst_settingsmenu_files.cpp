@@ -3,7 +3,7 @@
 #include "base/program_files.h"
 #include "dialoganswer.h"
 #include "settingsfixture.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QCheckBox>
 #include <QFileDialog>

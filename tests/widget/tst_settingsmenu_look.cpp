@@ -3,7 +3,7 @@
 #include "contrast.h"
 #include "each.h"
 #include "settingsfixture.h"
-#include "testfiles.h"
+#include "test_files.h"
 
 #include <QCheckBox>
 #include <QHash>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "curarrow.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "interfacebutton.h"
 #include "invariants.h"
 #include "legendbutton.h"
-#include "windowactions.h"
+#include "window_actions.h"
 #include "windowtest.h"
 
 #include <QAction>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "dialoganswer.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowactions.h"
-#include "windowstate.h"
+#include "window_actions.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QInputDialog>

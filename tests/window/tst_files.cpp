@@ -3,7 +3,7 @@
 #include "dialoganswer.h"
 #include "legendbutton.h"
 #include "settingsdata.h"
-#include "windowactions.h"
+#include "window_actions.h"
 #include "windowtest.h"
 
 #include <QAction>

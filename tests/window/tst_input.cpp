@@ -4,7 +4,7 @@
 #include "contrast.h"
 #include "dialoganswer.h"
 #include "each.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"

@@ -3,7 +3,7 @@
 #include "base/ini_text.h"
 #include "cont_dial.h"
 #include "settingsdata.h"
-#include "testfiles.h"
+#include "test_files.h"
 #include "windowtest.h"
 
 #include <QButtonGroup>

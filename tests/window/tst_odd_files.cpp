@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/constants.h"
 #include "each.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "oddplaces.h"
 #include "settingsdata.h"
-#include "testfiles.h"
-#include "windowactions.h"
-#include "windowstate.h"
+#include "test_files.h"
+#include "window_actions.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QElapsedTimer>

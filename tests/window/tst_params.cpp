@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "curarrow.h"
 #include "each.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "player.h"
 #include "serieslayer.h"
 #include "settingsdata.h"
-#include "windowstate.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QGraphicsScene>

@@ -5,7 +5,7 @@
 #include "contrast.h"
 #include "legendbutton.h"
 #include "parambutton.h"
-#include "windowstate.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QAbstractButton>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialoganswer.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsdata.h"
-#include "windowactions.h"
+#include "window_actions.h"
 #include "windowtest.h"
 
 #include <QAction>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/sharedbevels.h"
 #include "settingsdata.h"
-#include "testfiles.h"
+#include "test_files.h"
 #include "windowtest.h"
 
 #include <QDir>

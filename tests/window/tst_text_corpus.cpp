@@ -4,8 +4,8 @@
 #include "each.h"
 #include "file_text.h"
 #include "settingsdata.h"
-#include "testfiles.h"
-#include "windowactions.h"
+#include "test_files.h"
+#include "window_actions.h"
 
 #include <QBuffer>
 #include <QLabel>

@@ -8,7 +8,7 @@
 #include "legendbutton.h"
 #include "parambutton.h"
 #include "settingsmenu.h"
-#include "windowactions.h"
+#include "window_actions.h"
 #include "windowtest.h"
 
 #include <QAction>

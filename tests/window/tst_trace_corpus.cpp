@@ -4,7 +4,7 @@
 #include "each.h"
 #include "parambutton.h"
 #include "trace_recipe.h"
-#include "windowstate.h"
+#include "window_state.h"
 #include "windowtest.h"
 
 #include <QButtonGroup>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "each.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "parambutton.h"
-#include "windowactions.h"
+#include "window_actions.h"
 #include "windowtest.h"
 
 #include <QClipboard>

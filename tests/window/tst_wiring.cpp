@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cont_dial.h"
 #include "dialoganswer.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "invariants.h"
 #include "parambutton.h"
 #include "settingsdata.h"

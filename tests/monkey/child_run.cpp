@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "childrun.h"
+#include "child_run.h"
 
 #include <QtGlobal>
 

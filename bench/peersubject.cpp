@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "peer_subject.h"
+#include "peersubject.h"
 
 #include "calc/readout.h"
 #include "cont_dial.h"
-#include "inputevents.h"
+#include "input_events.h"
 #include "interfacebutton.h"
 #include "legendbutton.h"
 #include "parambutton.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "windowactions.h"
+#include "window_actions.h"
 
 #include "dialoganswer.h"
 #include "legendbutton.h"

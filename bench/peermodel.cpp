@@ -3,7 +3,7 @@
 #include "calc/cursor_level.h"
 #include "calc/readout.h"
 #include "calc/tdr_record.h"
-#include "peer_plot.h"
+#include "peerplot.h"
 
 #include <QFile>
 #include <QPolygonF>

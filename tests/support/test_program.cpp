@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testprogram.h"
+#include "test_program.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "windowstate.h"
+#include "window_state.h"
 
 #include "cont_dial.h"
 #include "contrast.h"

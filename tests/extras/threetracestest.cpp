@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "threetraces.h"
+#include "threetracestest.h"
 
 #include "extras/extras.h"
 #include "invariants.h"

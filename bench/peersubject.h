@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "peer_plot.h"
-#include "viewer_subject.h"
+#include "peerplot.h"
+#include "viewersubject.h"
 
 /// A peer: the viewer's window with another plot in place of its own. It does not use the window's
 /// operations; it changes the model, shows it, and writes the readouts that the viewer writes.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calc/axis_grid.h"
-#include "peer_plot.h"
+#include "peerplot.h"
 
 #include <QPainter>
 #include <QWidget>

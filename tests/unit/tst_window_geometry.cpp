@@ -46,7 +46,7 @@ QByteArray resized(int rectangle, qint32 width, qint32 height)
 
 } // namespace
 
-class TestWindowState : public QObject
+class TestWindowGeometry : public QObject
 {
     Q_OBJECT
 
@@ -137,5 +137,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestWindowState)
-#include "tst_window_state.moc"
+QTEST_APPLESS_MAIN(TestWindowGeometry)
+#include "tst_window_geometry.moc"
