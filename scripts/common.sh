@@ -3,12 +3,12 @@
 # shellcheck shell=bash
 # Sourced by the other scripts after `set -eu`. Changes to the root of the checkout.
 
-# With CDPATH set, cd would print where it went.
+# With CDPATH set, cd would print the folder.
 unset CDPATH
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 cd "$root" || exit 1
 
-# With the compiler cache an unchanged file compiles in no time.
+# ccache skips unchanged files.
 if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER-}" ] && command -v ccache >/dev/null 2>&1; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
@@ -41,7 +41,7 @@ run_steps() {
     for step in "$@"; do
         name=${step%%=*} start=$SECONDS code=0
         printf '\n== %s\n' "$name"
-        # The command and its words.
+        # Unquoted on purpose: a command and its arguments.
         # shellcheck disable=SC2086
         ${step#*=} || code=$?
         case $code in

@@ -2,8 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
 # Sourced after common.sh: starts the calling script again on a display in memory, which ends with the
-# script. The window manager is what asks a window to close, which is when the viewer writes its
-# settings.
+# script. The window manager asks a window to close; the viewer then writes its settings.
 
 if [ "${VELKOR_DISPLAY-}" != own ]; then
     exec env -u WAYLAND_DISPLAY VELKOR_DISPLAY=own xvfb-run --auto-servernum \
