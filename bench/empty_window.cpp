@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 /// \file
-/// The least that a program with a window can be: what the viewer's start is compared with.
+/// The smallest program with a window, the baseline for the start of the viewer.
 
 #include <QApplication>
 #include <QWidget>

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 /// \file
-/// Measures the viewer's plot against peers that draw the same. All run in one process and by
-/// turns, so that the load of the machine affects all of them alike. The table goes to standard
-/// output.
+/// Measures the viewer's plot against peers that draw the same. All run alternately in one process,
+/// so the load of the machine affects all of them equally. The table goes to standard output.
 
 #include "peersubject.h"
 #include "report.h"
@@ -22,7 +21,7 @@ namespace {
 
 constexpr int warmUps = 4; ///< operations before each block, not counted
 
-/// Echoes on a falling line.
+/// Echoes on a decaying baseline.
 int sampleOf(int slot, int index)
 {
     const double fall = 40.0 * std::exp(-index / 60.0);
@@ -83,7 +82,7 @@ void measureBlock(Stopwatch &watch, ViewerSubject &subject, Operation operation,
 
 int main(int argc, char **argv)
 {
-    // As the viewer does for itself.
+    // The viewer's main does the same.
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
     // Otherwise the viewer's debug lines at each resize are measured as well.

@@ -57,17 +57,17 @@ constexpr bool isSmoothed(Operation operation)
     return operation == Operation::CursorStepSmoothed || operation == Operation::PanSmoothed;
 }
 
-/// What all subjects do alike; positions and widths in counts.
+/// Workload of all subjects; positions and widths in counts.
 namespace workload {
 
 constexpr int cursorA = 150; ///< right of the middle, so that zooming in has to scroll to it
 constexpr int cursorB = 200;
-constexpr int turn = 40; ///< operations in one direction, before as many back
+constexpr int turn = 40; ///< operations in one direction, followed by as many back
 constexpr int panTurn = 20; ///< the same for pans
 constexpr int panCounts = 3; ///< of one pan
 constexpr int dragCounts = 2; ///< of one move of a drag
 constexpr int resizePixels = 4; ///< wider and higher
-/// Added while resizing, so that the plot is above its minimum size and follows.
+/// Added while resizing, so that the plot is above its minimum size and changes with the window.
 constexpr int resizeRoom = 60;
 
 /// +1 for \a length operations, then -1 for as many, and so on.

@@ -57,7 +57,7 @@ private:
     calc::TraceRef ref(int slot) const;
 };
 
-/// A way to draw the plot.
+/// A plot widget that draws a PeerModel.
 class PeerPlot
 {
 public:
@@ -84,7 +84,7 @@ protected:
 /// The reference: repaints everything with QPainter, antialiased, a line per segment as the chart
 /// module does, which is also faster than one polyline.
 PeerPlot *makePainterPlot();
-/// The libraries in their plain use: a replot for every change. Axes in counts, no letters at the
-/// cursors.
+/// The libraries in their ordinary use: a replot for every change. Axes in counts, no letters at
+/// the cursors.
 PeerPlot *makeQwtPlot();
 PeerPlot *makeQCustomPlot();

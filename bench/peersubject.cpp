@@ -19,7 +19,7 @@ namespace {
 
 const QString metres = QStringLiteral("m");
 
-/// Clicks \a button, which paints itself as in the viewer. The window does not learn of it.
+/// Clicks \a button without its signals to the window. The button repaints as in the viewer.
 void clickUnheard(QAbstractButton *button)
 {
     const QSignalBlocker blocker(button);

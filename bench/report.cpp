@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The value below or at which \a share of \a values lie; 0 of none.
+/// The quantile \a share, 0 to 1, of \a values; 0 when there are none.
 double quantile(QVector<double> values, double share)
 {
     if (values.isEmpty())

@@ -74,7 +74,7 @@ void Stopwatch::settle()
 void Stopwatch::turn()
 {
     processEvents();
-    // A removed series leaves an item until then, which is still painted.
+    // The item of a removed series is painted until its deferred delete.
     sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

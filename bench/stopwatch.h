@@ -19,8 +19,8 @@ struct Cost
     int plotPaints = 0; ///< paint events of the canvas
 };
 
-/// Application object of the benchmark. It sees every event on its way to the receiver, and so
-/// attributes the time.
+/// Application object of the benchmark. It sees every event before the receiver does and attributes
+/// the time.
 class Stopwatch : public QApplication
 {
     Q_OBJECT

@@ -35,7 +35,7 @@ ViewerSubject::ViewerSubject(QSize size, const QStringList &files)
 {
     load();
     m_window->resize(size);
-    // Without a window manager, which would take its time to answer a resize.
+    // Bypass the window manager, which would delay a resize.
     m_window->setWindowFlag(Qt::X11BypassWindowManagerHint);
     m_window->show();
     // Both cursors lie on the traces; A is active.

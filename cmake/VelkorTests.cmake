@@ -9,7 +9,7 @@ function(velkor_set_up_test name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
-  # Only the time limit of ctest counts.
+  # The timeout of ctest applies, not the shorter one of QtTest.
   set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC QTEST_FUNCTION_TIMEOUT=3000000
     XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}.dir/config ${arg_ENVIRONMENT})
   if(VELKOR_SANITIZE)

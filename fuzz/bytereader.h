@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <cstring>
 
-/// Reads the bytes of an input one value after another. Behind the end there are zeros.
+/// Reads an input value by value. Bytes past the end are zero.
 class ByteReader
 {
 public:

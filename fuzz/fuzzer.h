@@ -9,42 +9,41 @@
 #include <cstdint>
 
 /// \file
-/// What every fuzzer is made of: the entry points that libFuzzer calls, and how a fuzzer says that
-/// the viewer is not in order although nothing crashed.
+/// Shared by all fuzzers: the entry points that libFuzzer calls, and checks that report a broken
+/// invariant without a crash.
 
 extern "C" {
 
-/// One execution on \a size bytes at \a data. Always 0.
+/// Runs one execution on the \a size bytes at \a data. Returns 0.
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 
-/// Called once before the first execution. Always 0.
+/// Called once before the first execution. Returns 0.
 int LLVMFuzzerInitialize(int *argc, char ***argv);
 }
 
 namespace fuzz {
 
-/// Drops what Qt and the viewer write to the log, at tens of thousands of executions a
-/// second, up to the message that a fatal error ends with.
+/// Discards all log messages except that of a fatal error, which becomes a finding.
 void silenceLog();
 
-/// For a temporary folder: in memory where the system offers that, because a fuzzer writes more
-/// files than a disk should have to take.
+/// Template of a temporary folder, in /dev/shm if possible: a fuzzer writes too many files for a
+/// disk.
 QString folderTemplate();
 
-/// Writes \a bytes to the file \a path, whatever was there.
+/// Writes \a bytes to the file \a path and replaces its former content.
 void writeFile(const QString &path, const QByteArray &bytes);
 
-/// True at the first call and at each \a every th one after it, for what takes long; always while
-/// findings are replayed. To be called once per execution at most. \a every is above 0.
+/// True at the first call and at each \a every th one after it, and always during a replay; for
+/// slow checks. Call it at most once per execution. \a every is above 0.
 bool slowPartIsDue(unsigned every);
 
-/// Set by the replay.
+/// True in the replay program.
 extern bool replaying;
 
-/// Prints \a promise as broken and ends the process, which libFuzzer takes for a finding.
+/// Prints \a promise as broken and aborts, which libFuzzer records as a finding.
 [[noreturn]] void fail(const char *promise);
 
-/// Fails with \a promise, which says what was expected, unless it \a holds.
+/// Fails with \a promise unless \a holds. \a promise states the expected behaviour.
 inline void expect(bool holds, const char *promise)
 {
     if (!holds)

@@ -21,9 +21,9 @@
 #include <limits>
 
 /// \file
-/// One or two records through everything that is computed from them without a widget: points in all
-/// four forms, view, grid, cursors, texts. The first record is the trace, the second the master.
-/// Some of them also through the commands info and check of velkor-tdr.
+/// Passes one or two records through every computation without a widget: points in all four forms,
+/// view, grid, cursors, texts. The first record is the trace, the second the master. Some inputs
+/// also pass through the commands info and check of velkor-tdr.
 
 using fuzz::expect;
 using fuzz::headBytes;
@@ -34,7 +34,7 @@ namespace {
 constexpr std::size_t preambleBytes = 32;
 constexpr std::size_t recordCount = 2;
 
-/// What is done with the records, from the preamble.
+/// Operations on the records, read from the preamble.
 struct Gestures
 {
     explicit Gestures(ByteReader &input)
@@ -50,7 +50,7 @@ struct Gestures
     {
     }
 
-    // Rare, because to write a number of three hundred digits takes as long as all the rest.
+    // Rare, because formatting a number of 300 digits takes as long as everything else.
     bool wild() const
     {
         return way == 255;
@@ -61,7 +61,7 @@ struct Gestures
         return way % 32 == 1;
     }
 
-    quint8 way; ///< what is done besides the usual
+    quint8 way; ///< selects the optional operations
     qint8 exponent;
     qint16 dial;
     qint32 column;
@@ -72,7 +72,7 @@ struct Gestures
     qint32 value;
 };
 
-// As a file is read: over what the slot held before.
+// Reads a record as the viewer reads a file: over the former content of the slot.
 void readRecord(ByteReader &input, bool longer, TDR_FILE_t &record)
 {
     static const char tail[sizeof(TDR_FILE_t) + 1 - headBytes] = {};
@@ -103,7 +103,8 @@ calc::TraceRef traceOf(const TDR_FILE_t &record)
 // of every execution.
 void checkForms(const QVector<QPointF> &steps, const QVector<QPointF> &spline)
 {
-    expect(steps.size() == qMax(0, 2 * spline.size() - 1), "a tread has two ends, the last one");
+    expect(steps.size() == qMax(0, 2 * spline.size() - 1),
+           "each tread has two ends, the last one has one");
     struct Place
     {
         double x;
@@ -127,7 +128,7 @@ void checkForms(const QVector<QPointF> &steps, const QVector<QPointF> &spline)
             last = tread[2 * i + 1].x;
         }
     }
-    expect(placed, "points have a place");
+    expect(placed, "points are finite and in range");
     expect(ordered, "points go from left to right");
     expect(same, "both forms go through the same points");
 }
@@ -152,7 +153,8 @@ void drawPoints(const calc::TraceRef &trace, const calc::TraceRef &master)
 
 void checkRange(const calc::Range &range, int width)
 {
-    expect(range.min >= 0 && range.min < range.max, "a range has its ends in order");
+    expect(range.min >= 0 && range.min < range.max,
+           "the minimum of a range is from 0 to below its maximum");
     expect(range.max - range.min == width, "moving a view keeps its width");
 }
 
@@ -162,7 +164,7 @@ void checkGrid(const calc::GridPlan &plan, const calc::Range &range, double metr
     expect(step >= 0.0 && std::isfinite(step), "a grid has a step");
     expect(step > 0.0
                || (!plan.edges[0].visible && !plan.edges[1].visible && !plan.interior[0].visible),
-           "without a step nothing is shown");
+           "a grid without a step shows nothing");
     bool visible = true;
     for (const calc::GridPlan::Line &line : plan.interior) {
         expect(visible || !line.visible, "the visible grid lines are the first");
@@ -180,7 +182,7 @@ void checkPlaces(const calc::GridPlan &plan, float plotWidth)
         if (!line.visible)
             break;
         expect(line.offset >= last && line.offset <= width * 1.000001,
-               "grid lines stand on the plot from left to right");
+               "grid lines are on the plot from left to right");
         last = line.offset;
     }
 }
@@ -216,7 +218,7 @@ void grid(const calc::Range &range, double metresPerCount, const Gestures &gestu
     expect(plan.interior[0].visible, "every view has a grid");
     checkGrid(plan, range, metresPerCount);
     checkPlaces(plan, gestures.width);
-    // Counts of any length do not come up in the window, but the grid is to bear them.
+    // The window uses no such ranges and counts, but the grid is defined for them.
     if (gestures.wild()) {
         const calc::Range wild{ gestures.scroll, gestures.value };
         checkGrid(calc::planGrid(wild, gestures.span, gestures.width), wild, gestures.span);
@@ -255,17 +257,16 @@ void texts(const TDR_FILE_t &record, int column, double metresPerCount, const Ge
         + lengthOf(calc::scaleText(calc::scaleDistance(gestures.exponent)));
     expect(length < 60, "readouts are short");
     expect(calc::levelText(gestures.value).isEmpty() == (gestures.value == constants::noLevel),
-           "129 alone is no level");
+           "129 is the only value without a level text");
     if (gestures.wild()) {
         calc::kuText(params.KU);
         calc::generalText(gestures.span);
         calc::distanceText(gestures.value, gestures.span, suffix);
     }
     const QDate date = calc::measurementDate(record);
-    expect(!date.isValid() || date.year() >= constants::centuryStart,
-           "no test is of the last century");
+    expect(!date.isValid() || date.year() >= constants::centuryStart, "a date is in 2000 or later");
     const QTime time = calc::measurementTime(record);
-    expect(!time.isValid() || time.msec() == 0, "a test's time is told to the second");
+    expect(!time.isValid() || time.msec() == 0, "a time has whole seconds");
 }
 
 void shorteningFactor(const TDR_FILE_t &record, const Gestures &gestures)
@@ -274,18 +275,18 @@ void shorteningFactor(const TDR_FILE_t &record, const Gestures &gestures)
     expect(ku >= constants::minKU && ku <= constants::maxKU,
            "a shortening factor is between 1 and 10");
     const int dial = calc::dialOfKU(ku);
-    expect(dial >= 0 && dial <= 9000, "every shortening factor has its place on the dial");
+    expect(dial >= 0 && dial <= 9000, "a shortening factor has a dial position from 0 to 9000");
     calc::dialOfKU(record.ch.params.KU);
     const float turned = calc::clampedKU(calc::kuOfDial(gestures.dial));
     expect(turned >= constants::minKU && turned <= constants::maxKU,
-           "the dial gives such a factor");
+           "a dial position gives a factor between 1 and 10");
 }
 
-/// What velkor-tdr says of the file with \a bytes.
+/// Checks the reports of velkor-tdr on a file of \a bytes.
 void report(const QByteArray &bytes)
 {
     const bool hasSize = bytes.size() == static_cast<int>(sizeof(TDR_FILE_t));
-    expect(hasSize || !tdr::findings(bytes).isEmpty(), "a file of another size is found");
+    expect(hasSize || !tdr::findings(bytes).isEmpty(), "a file of another size has a finding");
     const QString name = QStringLiteral("a.tdr");
     expect(tdr::infoText(name, bytes, true).contains(QLatin1String("\nunknown\n")),
            "a report is complete");
@@ -293,8 +294,8 @@ void report(const QByteArray &bytes)
     expect(QJsonDocument::fromJson(json).isObject(), "a report is valid JSON");
 }
 
-/// The same for the \a bytes of the records, and for a whole file of repetitions of them, so that
-/// its marks and notes hold something.
+/// Checks \a bytes, and a file of full size that repeats them, so that its marks and notes are not
+/// empty.
 void reports(const QByteArray &bytes)
 {
     constexpr int size = sizeof(TDR_FILE_t);

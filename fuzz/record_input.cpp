@@ -24,7 +24,7 @@ using Random = std::minstd_rand;
 
 static_assert(offsetof(TDR_FILE_t, samples) + constants::drawnSamples == fuzz::headBytes);
 
-/// What a field holds, and so which values are worth trying.
+/// Type of a field, which selects its boundary values.
 enum class Kind {
     Nanoseconds, ///< a float, around the widths of a step and of an axis
     Factor, ///< a float, around the bounds of the shortening factor
@@ -106,7 +106,7 @@ std::size_t sizeOf(Kind kind)
     return kind == Kind::Decimal ? 1 : kind == Kind::Small ? 2 : 4;
 }
 
-/// A value from where something changes.
+/// Sets the field at \a place to a boundary value of \a kind.
 void setTelling(Random &random, Kind kind, std::uint8_t *place)
 {
     switch (kind) {
@@ -188,7 +188,7 @@ std::size_t mutateRecords(std::uint8_t *data, std::size_t size, std::size_t limi
         const std::size_t whole = size > preamble ? (size - preamble) / headBytes : 0;
         const std::size_t choice = below(random, 20);
         if (whole == 0 || choice == 0) {
-            // One record more, behind those that are whole.
+            // Add a record after the complete ones.
             const std::size_t at = preamble + whole * headBytes;
             if (at + headBytes > room)
                 continue;

@@ -9,10 +9,10 @@
 #include <cstdio>
 
 /// \file
-/// A fuzzer without its search: runs the inputs of a folder once, in the order of their names, with
-/// any compiler. The test that no finding comes back.
+/// Regression test of the findings: runs the inputs of a folder once, in the order of their names.
+/// Builds with any compiler.
 
-// Only a search changes inputs; this keeps the fuzzers' mutators linked.
+// A replay mutates nothing; this definition lets the mutators of the fuzzers link.
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *, std::size_t size, std::size_t)
 {
     return size;
@@ -39,7 +39,7 @@ int main(int argc, char **argv)
             return 1;
         }
         const QByteArray bytes = file.readAll();
-        // Named before it runs, so that the last line says which one broke something.
+        // Printed before the run, so the last line names the input that failed.
         std::fprintf(stderr, "%s, %d bytes\n", qPrintable(name), static_cast<int>(bytes.size()));
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(bytes.constData()),
                                static_cast<std::size_t>(bytes.size()));

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# What the test presets "robust" and "soak" run: the same searches, briefly with fixed seeds for each
-# change, and for hours with new seeds for a release. Findings go to build/fuzz/findings.
+# Searches of the test presets "robust" and "soak": briefly with fixed seeds for each change, and
+# for hours with new seeds for a release. Findings go to build/fuzz/findings.
 set(findings ${CMAKE_BINARY_DIR}/findings)
 file(MAKE_DIRECTORY ${findings})
 
@@ -14,7 +14,7 @@ function(velkor_add_search name)
     string(TOUPPER ${preset} amount)
     add_test(NAME ${preset}_${name} CONFIGURATIONS ${preset}
       COMMAND ${arg_COMMAND} ${arg_${amount}})
-    # Short stacks of allocations save a third of the time.
+    # Short allocation stacks save a third of the time.
     velkor_set_up_test(${preset}_${name} LABEL ${preset} TIMEOUT 200000 ENVIRONMENT
       ASAN_OPTIONS=handle_abort=1:malloc_context_size=1:quarantine_size_mb=2)
     set_tests_properties(${preset}_${name} PROPERTIES COST ${arg_COST})
@@ -26,8 +26,7 @@ endfunction()
 function(velkor_add_fuzz_search name)
   cmake_parse_arguments(arg "" "LONGEST;COST;ROBUST;SOAK" "" ${ARGN})
   set(learned ${CMAKE_BINARY_DIR}/corpus/${name})
-  # Leaks are looked for at the end. To weigh inputs by the rarity of their paths takes a tenth of
-  # the time.
+  # Leaks are detected at exit only. Entropic scheduling would take a tenth of the time.
   set(options -max_len=${arg_LONGEST} -artifact_prefix=${findings}/${name}- -print_final_stats=1
     -detect_leaks=0 -timeout=60 -rss_limit_mb=3000 -entropic=0 -reduce_inputs=0 -create_missing_dirs=1)
   if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${name}.dict)
@@ -39,7 +38,8 @@ function(velkor_add_fuzz_search name)
     SOAK -runs=${arg_SOAK} -max_total_time=28800)
 endfunction()
 
-# A preamble and two heads of records; a preamble and six. Qt takes long for long style sheets.
+# LONGEST of record is a preamble and two heads of records, that of window a preamble and six. Qt is
+# slow on long style sheets.
 velkor_add_fuzz_search(record LONGEST 1054 COST 30 ROBUST 1000000 SOAK 1000000000)
 velkor_add_fuzz_search(window LONGEST 3105 COST 150 ROBUST 5000 SOAK 100000)
 velkor_add_fuzz_search(settings LONGEST 4096 COST 10 ROBUST 10000 SOAK 300000)

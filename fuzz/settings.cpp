@@ -12,8 +12,8 @@
 #include <QTemporaryDir>
 
 /// \file
-/// The bytes of a settings file: loaded, saved and loaded again they must give the same settings,
-/// and both saves the same bytes. One input in 32 is also applied to a whole window.
+/// An input is a settings file. Loading, saving and loading it again must give the same settings,
+/// and both saves the same bytes. One input in 32 is also applied to a window.
 
 using fuzz::expect;
 

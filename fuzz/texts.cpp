@@ -11,13 +11,13 @@
 #include <QTemporaryDir>
 
 /// \file
-/// The first byte says what the rest is: even, a list of languages; odd, a style sheet.
+/// The first byte selects the meaning of the rest: even, a list of languages; odd, a style sheet.
 
 using fuzz::expect;
 
 namespace {
 
-/// px; the limits of a sheet allow 32 em and the box around it
+/// px; the limits of a sheet allow 32 em plus margin, border and padding
 constexpr int maxMinimumSize = 8192;
 
 MainWindow *window = nullptr;

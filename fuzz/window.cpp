@@ -43,7 +43,7 @@ struct WindowInput
         emptySlots = reader.byte();
         master = reader.number<qint8>();
         for (int i = 0; i < eventCount; ++i) {
-            // Half of the kinds do nothing: few events find more in an hour than many.
+            // Half of the kinds do nothing: short scripts find more in an hour than long ones.
             const std::uint8_t kind = reader.byte();
             Event event;
             event.kind = kind < 128 ? pick(kinds, kind) : Event::KindCount;
@@ -59,7 +59,7 @@ struct WindowInput
     }
 
     bool shortFiles = false; ///< the files end with the last byte that is interpreted
-    int emptySlots = 0; ///< slots that stay empty although there is a file
+    int emptySlots = 0; ///< bit set of the slots that stay empty although they have a file
     qint8 master = 0; ///< as in the settings, -128..127
     Script script;
     QVector<QByteArray> heads;
@@ -96,8 +96,8 @@ private:
     QTemporaryDir m_folder{ fuzz::folderTemplate() };
 };
 
-// Sets the window back, so that an input does the same alone as after others. The slots get good
-// records directly: to load them would take as long as the input itself.
+// Resets the window, so an input has the same effect alone and after others. The slots get valid
+// records directly: loading them would take as long as the input itself.
 void Subject::begin()
 {
     m_player.reset();
@@ -130,7 +130,7 @@ void Subject::load(const WindowInput &input)
             settings.read_index = setbit(settings.read_index, slot);
     }
     settings.master_ID = input.master;
-    settings.updateSettings(1); // the open files alone
+    settings.updateSettings(1); // only the section of the open files
     m_player.chooseFrom(paths);
 }
 
@@ -140,7 +140,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     fuzz::silenceLog();
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Never deleted: a fuzzer ends anywhere, and Qt's globals are gone by then.
+    // Never deleted: a fuzzer may exit anywhere, after the destruction of Qt's globals.
     new QApplication(*argc, *argv);
     return 0;
 }
@@ -153,7 +153,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t s
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    // A new window takes as long as two inputs, so each serves fifty.
+    // Creating a window takes as long as two inputs, so fifty inputs share a window.
     constexpr int inputsPerWindow = 50;
     static std::unique_ptr<Subject> *subject = new std::unique_ptr<Subject>;
     static int inputs = 0;
