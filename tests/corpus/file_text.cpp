@@ -72,7 +72,7 @@ std::vector<corpus::TextRow> corpus::textRows(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("no table %s", qPrintable(path));
+        qFatal("cannot read the table %s", qPrintable(path));
     std::vector<TextRow> rows;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {

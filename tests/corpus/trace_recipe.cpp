@@ -24,7 +24,7 @@ struct Field
     int width;
 };
 
-// Literal offsets: a wrong declaration of the viewer must not hide itself.
+// Literal offsets, so a wrong declaration in the viewer is detected.
 constexpr Field fields[] = {
     { "type", 0, 2 },
     { "len_samples", 2, 2 },

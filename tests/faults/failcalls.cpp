@@ -82,13 +82,13 @@ void closeWindows()
 
 void begin()
 {
-    // Not in child processes.
+    // Calls of child processes do not count.
     unsetenv("LD_PRELOAD");
     if (const char *number = std::getenv("VELKOR_FAIL_CALL"))
         failing = std::atol(number);
     std::atexit(report);
     counting = true;
-    // When the event loop turns, the window is up.
+    // The window is open when the event loop runs.
     QTimer::singleShot(0, [] { QTimer::singleShot(0, closeWindows); });
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int shareUndisturbed = 20; ///< one run in so many may make too few calls
+constexpr int shareUndisturbed = 20; ///< at most one run in this many may make no call fail
 
 /// The kind of call that the library reports as failed: "open", "read" and so on.
 QByteArray kindIn(const QByteArray &output)
@@ -19,9 +19,9 @@ QByteArray kindIn(const QByteArray &output)
     return from < 0 ? QByteArray() : output.mid(output.indexOf(": ", from) + 2).split(' ').first();
 }
 
-/// True when calls of all kinds failed: a library that is not loaded, or that wraps a name which
-/// the system does not use, makes none fail. \a every is as for failCalls; with large steps the
-/// rare kinds may be missing. A few runs may make fewer calls than the first one.
+/// True when calls of all kinds failed. Detects a library that is not loaded or that wraps a name
+/// which the system does not use. \a every is as for failCalls; above 1 rare kinds may be missing.
+/// A few runs may make fewer calls than the first one.
 bool everythingFailed(const QMap<QByteArray, int> &kinds, int runs, int every)
 {
     QByteArrayList missing{ "open", "read", "stat" };
@@ -37,7 +37,8 @@ bool everythingFailed(const QMap<QByteArray, int> &kinds, int runs, int every)
     return false;
 }
 
-/// Empty when \a outcome and what it left in \a viewer are in order; else what is wrong.
+/// What is wrong with \a outcome or with the settings that it left in \a viewer; empty if nothing
+/// is.
 QString flawOf(const ViewerRun &viewer, const ViewerRun::Outcome &outcome)
 {
     if (!outcome.ended)

@@ -23,7 +23,7 @@
 
 namespace {
 
-/// How many files of the program folder hold no settings.
+/// Number of files in the program folder that hold no settings.
 int otherFiles()
 {
     QStringList names = QDir(program_files::programFolder()).entryList(QDir::Files | QDir::Hidden);
@@ -44,7 +44,7 @@ void change(SettingsData &settings, int round)
         settings.current_files[slot] = QStringLiteral("/traces/%1/%2.tdr").arg(round).arg(slot);
 }
 
-/// What closing \a window would write.
+/// The settings that closing \a window would write.
 QByteArray newSettings(const MainWindow &window)
 {
     const QTemporaryDir folder;

@@ -43,12 +43,13 @@ void put(const QString &path, const QByteArray &bytes)
 ViewerRun::ViewerRun()
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
-    // The settings are beside the program; every user must be able to read the library.
+    // Copy both: the settings are beside the program, and every user must be able to read the
+    // library.
     bring(QStringLiteral(VELKOR_PROGRAM), path(programName));
     bring(QStringLiteral(VELKOR_FAILCALLS), path(libraryName));
     setVariable("QT_QPA_PLATFORM", QStringLiteral("offscreen"));
     setVariable("LD_PRELOAD", path(libraryName));
-    // A sanitizer must be the first library. Other tests look for leaks.
+    // A sanitizer refuses to run after a preloaded library. Other tests detect leaks.
     setVariable("ASAN_OPTIONS", QStringLiteral("verify_asan_link_order=0:detect_leaks=0"));
     setVariable("XDG_CONFIG_HOME", path(QStringLiteral("config")));
     setVariable("XDG_RUNTIME_DIR", path());

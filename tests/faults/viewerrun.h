@@ -27,13 +27,13 @@ public:
     /// A whole run; \a failing is the number of the system call that fails, 0 for none.
     Outcome run(int failing = 0);
 
-    /// The command that starts the viewer, for a run under other rights or limits; it gets the
-    /// viewer's path as its last argument. Empty again, the viewer is started directly.
+    /// Sets the command that starts the viewer, for a run under other rights or limits. Its last
+    /// argument is the viewer's path. An empty command starts the viewer directly.
     void startBy(const QStringList &command);
     /// Sets a variable of the viewer's environment for all further runs.
     void setVariable(const char *name, const QString &value);
 
-    /// How many calls of the last run could have failed; -1 when it did not say.
+    /// Number of calls of the last run that could have failed; -1 without a report.
     int callsOfLastRun() const;
 
     /// Path of \a name in the program folder.
@@ -41,11 +41,11 @@ public:
     QString settingsFile() const;
     /// Settings of the previous run.
     QByteArray oldSettings() const;
-    /// The present settings; null when there is no such file.
+    /// The current settings; null when there is no such file.
     QByteArray settings() const;
     /// Files in the program folder that no finished run leaves there.
     QStringList strays() const;
-    /// Why \a settings are not complete settings that some closing window wrote; empty if they are.
+    /// Why \a settings are not the complete settings of a closing window; empty if they are.
     static QString flawIn(const QByteArray &settings);
 
 private:

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-/// What a child process left.
+/// Result of a child process.
 struct Ending
 {
     QByteArray output; ///< what it printed to standard output and standard error

@@ -100,7 +100,7 @@ Script parsedScript(const QByteArray &text)
             continue;
         Event event;
         if (!readEvent(line, event))
-            qFatal("no event: %s", line.constData());
+            qFatal("invalid event: %s", line.constData());
         script.append(event);
     }
     return script;

@@ -8,9 +8,8 @@
 #include <array>
 #include <iterator>
 
-/// One thing that a user does at the window. Its numbers select from what exists when it is
-/// played, so it can be played whatever came before it, and a script stays playable when events are
-/// removed from it.
+/// One action of a user. Its numbers select from the objects that exist when it is played, so it is
+/// valid after any other events, and a script stays valid when events are removed from it.
 struct Event
 {
     enum Kind {
@@ -49,7 +48,7 @@ struct Event
 
     Kind kind = Settle;
     std::array<int, 4> numbers = {};
-    unsigned answer = 0; ///< seed of what is done to dialogs and menus that open
+    unsigned answer = 0; ///< seed of the answers to dialogs and menus that open
 
     int operator[](std::size_t place) const
     {
@@ -64,13 +63,13 @@ struct Event
 
 using Script = QVector<Event>;
 
-/// The one of \a choices that the number of an event selects.
+/// The element of \a choices that the number of an event selects.
 template <typename List> auto pick(const List &choices, int number)
 {
     return choices[number % static_cast<int>(std::size(choices))];
 }
 
-/// "drag 12 500 900 500 4711"
+/// \a event as a line of a script: "drag 12 500 900 500 4711"
 QByteArray lineOf(const Event &event);
 
 /// \a length random events from \a seed, the same on every machine. A longer script of the same
@@ -78,7 +77,7 @@ QByteArray lineOf(const Event &event);
 Script randomScript(unsigned seed, int length);
 
 /// Reads a script from \a text, one event a line; empty lines and those that begin with # are
-/// skipped. A line that is no event ends the program.
+/// skipped. An invalid line ends the program.
 Script parsedScript(const QByteArray &text);
 
 /// \a script as text, after a line with \a comment.

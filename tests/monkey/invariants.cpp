@@ -23,7 +23,7 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-// Not those of constants.h: a wrong constant there is to be found.
+// Independent of constants.h, so a wrong constant there is detected.
 constexpr int slotTotal = 6;
 constexpr int lastCount = 64000;
 constexpr int narrowestView = 250;
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    /// Formats \a found only for a condition that does not hold: this runs after every event.
+    /// Formats \a found only for a broken condition, because this runs after every event.
     template <typename... Found>
     void expect(bool holds, const char *condition, const Found &...found)
     {

@@ -6,7 +6,6 @@
 
 class MainWindow;
 
-/// Checks what must hold of \a window between any two events. Returns one line for each condition
-/// that does not, with the values found; an empty list if all hold. Readouts are compared with the
-/// bytes of the records.
+/// Checks the invariants of \a window, which hold between any two events. Returns one line with the
+/// values found for each that is broken. Compares readouts with the bytes of the records.
 QStringList brokenInvariants(MainWindow &window);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Velkor developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays random events at the viewer's window and checks its invariants after each.
+// Plays random events on the viewer's window and checks its invariants after each.
 #include "child_run.h"
 #include "runs.h"
 #include "shrink.h"
@@ -19,7 +19,7 @@ namespace {
 constexpr int longestOutput = 6000; ///< characters that are printed of a failed run
 constexpr int tries = 400; ///< runs that shorten one script
 
-/// Prints what is \a broken and returns the exit code.
+/// Prints the \a broken invariants and returns the exit code.
 int report(const QStringList &broken)
 {
     for (const QString &line : broken)

@@ -25,7 +25,7 @@ namespace {
 
 constexpr unsigned noiseSeed = 840;
 
-/// A cable with reflections: something to see at any offset.
+/// A cable with reflections that are visible at any offset.
 int fault(int sample)
 {
     return static_cast<int>(100.0 * std::sin(sample / 9.0)) - (sample % 50 == 0 ? 20 : 0);

@@ -21,9 +21,9 @@
 
 namespace {
 
-constexpr int patience = 6; ///< answers that a dialog gets before it is simply closed
+constexpr int patience = 6; ///< answers to a dialog before it is closed
 
-/// Numbers as people type them, and as they should not.
+/// Valid and invalid numbers.
 const char *const typedNumbers[] = {
     "0",      "1",     "-1",   "1.5",  "2.000", "10",  "9.999",      "-256", "256",  "257",
     "129",    "0.125", "1e3",  "1e99", "-1e99", "nan", "inf",        "",     "abc",  "1,5",
@@ -41,7 +41,7 @@ Popups::Popups(const Choices &choices, unsigned seed)
 
 Popups::~Popups()
 {
-    // Lists and the like open without a loop of their own and stay.
+    // Lists of combo boxes, for example, open without an event loop of their own and stay open.
     while (QWidget *popup = QApplication::activePopupWidget())
         popup->close();
 }
@@ -58,8 +58,8 @@ template <typename List> auto Popups::oneOf(const List &choices)
 
 void Popups::wait()
 {
-    // One shot each: a timer that repeats does not fire while it is being served, and an answer
-    // may open the next dialog.
+    // Single shots: a repeating timer does not fire during its own slot, and an answer may open the
+    // next dialog.
     QTimer::singleShot(0, this, &Popups::answerOne);
 }
 
@@ -149,7 +149,7 @@ void Popups::answerQuestion(QInputDialog &dialog)
     } else if (percent(50)) {
         if (auto *edit = dialog.findChild<QLineEdit *>()) {
             edit->selectAll();
-            // The edit takes only what its validator lets through, as from the keyboard.
+            // The validator applies, as to input from the keyboard.
             edit->insert(QLatin1String(oneOf(typedNumbers)));
         }
     } else if (dialog.inputMode() == QInputDialog::IntInput) {
@@ -163,7 +163,7 @@ void Popups::answerQuestion(QInputDialog &dialog)
 
 void Popups::answerSettings(SettingsMenu &dialog)
 {
-    // Some changes, some file buttons, and out by one of the three ways.
+    // Up to three changes, then one button.
     for (int i = m_random.bounded(4); i > 0; --i)
         changeSettings(dialog);
     QPushButton *const buttons[] = { dialog.ok_button,

@@ -13,7 +13,7 @@ class QMenu;
 class QWidget;
 class SettingsMenu;
 
-/// What the monkey's dialogs and menus are given to choose from.
+/// Choices for the dialogs and menus of the monkey.
 struct Choices
 {
     QStringList traces; ///< paths, some of them good
@@ -22,9 +22,8 @@ struct Choices
     QString folder; ///< where files may be written
 };
 
-/// Answers every modal dialog and every menu that comes up while it lives, those that others bring
-/// up included, and none for ever: what is still open after some answers is closed. Its answers
-/// depend on \a seed alone.
+/// Answers every modal dialog and every menu that opens during its lifetime, nested ones included.
+/// Closes a dialog that is still open after several answers. The answers depend on \a seed alone.
 class Popups : public QObject
 {
     Q_OBJECT
@@ -48,6 +47,6 @@ private:
 
     const Choices &m_choices;
     QRandomGenerator m_random;
-    QPointer<QWidget> m_last; ///< what was answered last
-    int m_again = 0; ///< how often in a row
+    QPointer<QWidget> m_last; ///< the dialog or menu that was answered last
+    int m_again = 0; ///< number of answers to it in a row
 };

@@ -13,7 +13,7 @@
 #include <malloc.h>
 
 #ifdef VELKOR_SANITIZED_HEAP
-// Its header comes with one of the compilers only.
+// Declared here because only one of the compilers has its header.
 extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
@@ -28,8 +28,8 @@ constexpr std::chrono::seconds waitLimit(60);
 
 constexpr int roundLength = 500;
 constexpr int warmUpRounds = 12;
-// Caches of fonts, pixmaps and glyphs fill for some rounds, and backing stores are as large as the
-// window last was: up to 20 MiB, up and down.
+// Caches of fonts, pixmaps and glyphs grow for some rounds, and the backing store follows the size
+// of the window: the heap varies by up to 20 MiB.
 constexpr double heapGrowth = 32.0; ///< MiB
 constexpr int descriptorGrowth = 2;
 

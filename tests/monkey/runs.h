@@ -6,8 +6,8 @@
 
 #include <QStringList>
 
-/// Plays \a script at a new window, each event with a time limit. \a progress becomes the number of
-/// the event that is played. Returns the invariants that an event broke, or an empty list.
+/// Plays \a script on a new window, each event with a time limit. \a progress is set to the number
+/// of the current event. Returns the invariants that an event broke, or an empty list.
 QStringList brokenBy(const Script &script, int &progress);
 
 /// Plays rounds of 500 random events in one window: first twelve that fill caches, then \a wanted.

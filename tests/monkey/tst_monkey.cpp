@@ -21,7 +21,7 @@
 
 using std::chrono::milliseconds;
 
-/// The monkey's own parts, and the scripts that once found a bug.
+/// The parts of the monkey, and the scripts that found a bug.
 class TestMonkey : public WindowTest
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ private slots:
 
     void aScriptShrinksToTheEventsThatMatter()
     {
-        // Fails when a "files" comes some time before a "drop" with an odd first number.
+        // Fails when a "files" precedes a "drop" with an odd first number.
         int calls = 0;
         const auto fails = [&calls](const Script &script) {
             ++calls;

@@ -71,8 +71,8 @@ QWidget *plotOf(const Player &player)
     return player.probe().Plot_View()->viewport();
 }
 
-/// The place on the plot for the numbers \a x and \a y of an event, up to a tenth beyond its edges,
-/// because a drag may leave the plot.
+/// The place for the numbers \a x and \a y of an event: on the plot or up to a tenth beyond its
+/// edges, because a drag may leave the plot.
 QPoint placeOnPlot(const Player &player, int x, int y)
 {
     const QSize size = plotOf(player)->size();
@@ -198,7 +198,7 @@ void focus(Player &player, const Event &event)
 
 void button(Player &player, const Event &event)
 {
-    // Those that open a dialog have events of their own and take as long as twenty others.
+    // Buttons that open a dialog have events of their own: each takes as long as twenty others.
     const MainWindowProbe &probe = player.probe();
     const auto opensNone = [&probe](QAbstractButton *candidate) {
         return candidate != probe.legend_button() && candidate != probe.settings_button();
@@ -302,7 +302,7 @@ void style(Player &player, const Event &event)
 
 void pointer(Player &player, const Event &event)
 {
-    // Qt delivers what follows from it, hover events included, when the event loop runs next.
+    // Qt delivers the resulting events, such as hover events, when the event loop runs next.
     const auto [widget, position] = targetOf(player, event);
     QCursor::setPos(widget->mapToGlobal(position));
 }

@@ -18,7 +18,7 @@ void abortOn(int signal)
         = signal == SIGPROF ? "stall: worked too long\n" : "stall: waited too long\n";
     const auto length = write(STDERR_FILENO, message, std::strlen(message));
     static_cast<void>(length);
-    // In the thread that stalls, so a sanitizer prints its stack.
+    // The signal arrives in the stalled thread, so a sanitizer prints its stack.
     std::abort();
 }
 

@@ -9,8 +9,8 @@
 class Watchdog
 {
 public:
-    /// \a work is the processor time allowed, which does not depend on the load of the machine.
-    /// \a wait is the elapsed time allowed, for code that waits for what never comes.
+    /// \a work is the processor time allowed, which does not depend on the load of the machine. \a
+    /// wait is the elapsed time allowed, for code that waits for ever.
     Watchdog(std::chrono::milliseconds work, std::chrono::milliseconds wait);
     ~Watchdog();
     Watchdog(const Watchdog &) = delete;

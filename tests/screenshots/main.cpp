@@ -72,8 +72,8 @@ public:
         return m_fixture.window().grab().toImage();
     }
 
-    /// What the window exports as \a format; \a command writes a PNG of the file that it gets as
-    /// $0 to its output.
+    /// Saves an export of the window as \a format; \a command writes a PNG of the file $0 to its
+    /// output.
     void exported(const char *name, extras::Format format, const char *command) const
     {
         const QTemporaryDir folder;
@@ -130,7 +130,7 @@ public:
     void placeCursor(QWidget *button, double metres) const
     {
         input::click(button);
-        // A little beyond: it snaps back to a whole sample.
+        // A little beyond, because the cursor snaps back to a whole sample.
         constexpr double margin = 0.1;
         m_fixture.window().cursorSetup_slot(
             static_cast<int>((metres + margin) / probe().dist_coef()));
@@ -153,14 +153,14 @@ private:
     static void expectServed(const DialogAnswer &answer, const char *name)
     {
         if (!answer.served())
-            qFatal("nothing opened for %s", name);
+            qFatal("no dialog or menu opened for %s", name);
     }
 
     WindowFixture m_fixture;
     QString m_folder;
 };
 
-/// \a window with the numbers of the tour of it.
+/// \a window with the numbers of the tour in the manual.
 QImage numbered(QImage window)
 {
     constexpr QPoint places[]
@@ -223,7 +223,7 @@ void makeControls(const QString &language, const QString &docs, const QStringLis
     pictures.part("smooth", { 200, 80, 702, 444 });
 }
 
-/// What a fault changed: the healthy pair and the shorted one.
+/// The difference of the healthy pair and the shorted one.
 void makeDifference(const QString &language, const QString &docs, const QStringList &traces)
 {
     const Pictures pictures(language, docs, manualSize, traces.mid(0, 2));
@@ -234,7 +234,7 @@ void makeDifference(const QString &language, const QString &docs, const QStringL
     pictures.part("difference", { 200, 0, 902, 524 });
 }
 
-/// Each trace alone, with both cursors on what it shows.
+/// Each trace alone, with both cursors on its reflections.
 void makeSamples(const QString &language, const QString &docs, const QStringList &traces)
 {
     constexpr double cursors[][2] // A and B, metres
@@ -247,7 +247,7 @@ void makeSamples(const QString &language, const QString &docs, const QStringList
     }
 }
 
-/// What the window exports, as wide as the manual shows pictures.
+/// The exports of the window, as wide as pictures in the manual.
 void makeExports(const QString &language, const QString &docs, const QStringList &traces)
 {
     const Pictures pictures(language, docs, screenshotSize, traces);
@@ -263,7 +263,7 @@ void makeExports(const QString &language, const QString &docs, const QStringList
 
 int main(int argc, char **argv)
 {
-    // The file dialog shows whole paths and the user's name: not those of the machine it runs on.
+    // The file dialog shows paths and the user's name, which must not be those of this machine.
     const QString folder = QDir::tempPath() + QStringLiteral("/samples");
     const QTemporaryDir home;
     qputenv("HOME", home.filePath(QStringLiteral("reader")).toLocal8Bit());

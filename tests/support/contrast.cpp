@@ -14,7 +14,7 @@ double linear(int channel)
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
 }
 
-/// Light of \a colour as the eye takes it, 0 for black to 1 for white.
+/// Relative luminance of \a colour, 0 for black to 1 for white.
 double luminance(QRgb colour)
 {
     return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour))

@@ -4,9 +4,9 @@
 
 #include <QRgb>
 
-/// How far the luminances of two colours are apart to the eye: 1 for the same, 21 for black and
-/// white. Texts need 4.5 at least, shapes 3.
+/// Contrast ratio of two colours: 1 for equal colours, 21 for black and white. Texts need at least
+/// 4.5, shapes 3.
 double contrast(QRgb one, QRgb other);
 
-/// How far two colours are apart to the computer: the largest difference of a channel, 0 to 255.
+/// Largest difference of one channel of two colours, 0 to 255.
 int apart(QRgb one, QRgb other);

@@ -19,7 +19,7 @@ DialogAnswer::DialogAnswer(std::function<bool()> attempt)
     : m_attempt(std::move(attempt))
 {
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
-        // Stopped first: an answer may turn the event loop, and must not meet itself there.
+        // Stop first: an answer may run the event loop, which would call the answer again.
         m_timer.stop();
         m_served = m_attempt();
         if (!m_served)
@@ -35,7 +35,7 @@ bool DialogAnswer::served() const
 
 std::unique_ptr<DialogAnswer> answerDialog(std::function<void(QDialog &)> answer)
 {
-    // A dialog that is open already is not the one that is waited for.
+    // A dialog that is already open does not count.
     const QWidget *known = QApplication::activeModalWidget();
     return std::make_unique<DialogAnswer>([known, answer = std::move(answer)] {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
@@ -61,7 +61,7 @@ std::unique_ptr<DialogAnswer> answerMenu(std::function<void(QMenu &)> answer)
 std::function<void(QDialog &)> typeFileName(const QString &path)
 {
     return [path](QDialog &dialog) {
-        // The edit alone: selecting a file asks a model that is filled by another thread.
+        // Only the edit is filled: selecting a file would use a model that another thread fills.
         auto *edit = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         if (edit == nullptr) {
             dialog.reject();

@@ -20,7 +20,7 @@ public:
     explicit DialogAnswer(std::function<bool()> attempt);
     Q_DISABLE_COPY(DialogAnswer)
 
-    /// True once the answer was given; false means that nothing opened.
+    /// True after the answer; false when nothing has opened yet.
     bool served() const;
 
 private:
@@ -29,22 +29,22 @@ private:
     bool m_served = false;
 };
 
-/// Serves the next modal dialog that is visible with \a answer, which must close it or see to it
-/// that something else does. For a dialog opened by a dialog ask again inside \a answer.
+/// Calls \a answer with the next visible modal dialog. \a answer must close the dialog or make
+/// something else close it. For a nested dialog, call answerDialog again inside \a answer.
 ///
 ///     const auto answer = answerDialog(typeFileName(path));
 ///     QTest::mousePress(button, Qt::LeftButton);
 ///     QVERIFY(answer->served());
 std::unique_ptr<DialogAnswer> answerDialog(std::function<void(QDialog &)> answer);
 
-/// Serves the next popup menu that is visible; it is closed after \a answer.
+/// Calls \a answer with the next visible popup menu, then closes the menu.
 std::unique_ptr<DialogAnswer> answerMenu(std::function<void(QMenu &)> answer);
 
 /// For a file dialog: types \a path, which need not exist, and accepts.
 std::function<void(QDialog &)> typeFileName(const QString &path);
 
-/// For a file dialog that takes several: types all of \a paths and accepts.
+/// For a file dialog that takes several files: types all of \a paths and accepts.
 std::function<void(QDialog &)> typeFileNames(const QStringList &paths);
 
-/// Closes the dialog with rejection.
+/// Rejects the dialog.
 void cancelDialog(QDialog &dialog);

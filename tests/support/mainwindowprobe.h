@@ -4,8 +4,8 @@
 
 #include "mainwindow.h"
 
-/// The one friend of the window: tests read its members through it, each under its own name, and
-/// drive the window by events and signals.
+/// The only friend of the window. Tests read members of the window through it, under their own
+/// names, and drive the window by events and signals.
 class MainWindowProbe
 {
 public:

@@ -42,8 +42,8 @@ OddPlaces::OddPlaces()
 OddPlaces::~OddPlaces()
 {
 #ifdef Q_OS_UNIX
-    // QTemporaryDir cannot remove them: QString cannot hold the one name, and the other folder is
-    // locked.
+    // QTemporaryDir cannot remove these two: QString cannot hold the name of the file, and the
+    // folder is locked.
     ::unlink(nameOfBytes().constData());
     QFile::setPermissions(in("locked"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 #endif
@@ -79,7 +79,7 @@ void OddPlaces::addSpecialFiles()
     };
     node("pipe", QFile::encodeName(in("pipe.tdr")), S_IFIFO);
     node("socket", QFile::encodeName(in("socket.tdr")), S_IFSOCK);
-    // A name that is no UTF-8, so no QString can hold it.
+    // A name that is not valid UTF-8, so QString cannot hold it.
     node("name that is no text", nameOfBytes(), S_IFREG);
 
     const auto link = [this](const char *kind, const char *target, const char *name) {
@@ -109,7 +109,7 @@ void OddPlaces::addLockedFiles()
     writeFile(in("locked/inner.tdr"), trace);
     QFile::setPermissions(in("locked"), {});
     m_places.push_back({ "in a locked folder", in("locked/inner.tdr") });
-    // Only the modes of those two keep an ordinary user out, not that of the folder above.
+    // The parent folder is open to an ordinary user; only the modes of these two files deny access.
     QFile::setPermissions(m_folder.path(),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther
                               | QFile::ExeOther);
@@ -124,7 +124,7 @@ void asOrdinaryUser(const std::function<void()> &work)
         qFatal("cannot become an ordinary user");
     work();
     if (isRoot && seteuid(0) != 0)
-        qFatal("the test cannot become itself again");
+        qFatal("cannot restore the user id");
 #else
     work();
 #endif
@@ -156,7 +156,7 @@ qint64 fastest(const std::function<void()> &work)
         timer.start();
         work();
         best = qMin(best, timer.elapsed());
-        // Far below every limit: no second measurement.
+        // Far below every limit, so another run is not needed.
         if (best < 50)
             break;
     }

@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-/// A path that leads to no file that can be read, by what is wrong with it.
+/// A path that cannot be read as a file; \c name states the reason.
 struct OddPlace
 {
     const char *name;
@@ -41,10 +41,10 @@ private:
 /// Runs \a work with the rights of an ordinary user, also when root runs the test.
 void asOrdinaryUser(const std::function<void()> &work);
 
-/// Runs \a work while no file may grow beyond \a bytes, which fails like a full disk. Elsewhere
-/// than on Unix, does nothing.
+/// Runs \a work with a file size limit of \a bytes, which has the effect of a full disk. Does not
+/// run \a work on systems other than Unix.
 void onFullDisk(quint64 bytes, const std::function<void()> &work);
 
-/// The shortest time in milliseconds of five runs of \a work: a busy machine delays some runs, a
-/// file that blocks delays all.
+/// The shortest time in milliseconds of up to five runs of \a work: a busy machine delays some
+/// runs, a file that blocks delays all.
 qint64 fastest(const std::function<void()> &work);

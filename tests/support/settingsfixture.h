@@ -24,7 +24,7 @@ struct SettingsFixture
         menu.retranslateUI();
     }
 
-    /// Brings the dialog up to the live store and shows its second page, as the window does.
+    /// Updates the dialog from the live store and shows its second page, as the window does.
     void open()
     {
         menu.interfaceUpdate();
@@ -33,7 +33,7 @@ struct SettingsFixture
         QVERIFY(QTest::qWaitForWindowExposed(&menu));
     }
 
-    /// Presses \a button with the mouse and does not let go: the dialog acts on the press.
+    /// Presses \a button with the mouse without a release: the dialog acts on the press.
     static void press(QAbstractButton *button)
     {
         QTest::mousePress(button, Qt::LeftButton);

@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// Writes \a bytes to the file at \a path, whatever lay there; fails the test when it cannot.
+/// Writes \a bytes to the file at \a path and replaces its former content. An error fails the test.
 void writeFile(const QString &path, const QByteArray &bytes);
 
 /// All bytes of the file at \a path, or "unreadable".

@@ -25,7 +25,7 @@ TestEntry::TestEntry(const char *sourceFile, Run run)
     tests()[QFileInfo(QString::fromUtf8(sourceFile)).baseName()] = run;
 }
 
-// The test is that whose name the program was started by, or the first argument.
+// The name of the executable selects the test, else the first argument.
 int main(int argc, char **argv)
 {
     for (int i = 0; i < qMin(argc, 2); ++i) {

@@ -13,7 +13,7 @@ constexpr int recordSize = 37775;
 constexpr int sampleCount = 32000;
 constexpr int samplesAt = 261;
 
-// Little-endian by construction, whatever the machine.
+// Little-endian on every machine.
 template <typename Number> QByteArray littleEndian(Number number)
 {
     QByteArray bytes;

@@ -10,12 +10,12 @@
 #include <functional>
 
 /// Makes the bytes of a .tdr file field by field, from literal offsets and without the viewer's own
-/// declarations, so that a mistake in those cannot hide itself.
+/// declarations, so a mistake in those is detected.
 ///
 /// A new builder holds a valid record: sampling step 1.25 ns (one count), no delay, no shifts,
 /// pulse 100 ns and 20 V, 16 averages, gain 30, 75 ohms, the start-up shortening factor 1.49896229
-/// (0.125 m per count), 5 March 2024 at 09:05:07, all samples 0. A test changes what it is about, a
-/// line each.
+/// (0.125 m per count), 5 March 2024 at 09:05:07, all samples 0. A test sets only the fields that
+/// it is about.
 class TraceBuilder
 {
 public:
@@ -39,13 +39,13 @@ public:
     /// Every sample i of the 32000 becomes \a value (i), -128..127.
     TraceBuilder &samples(const std::function<int(int)> &value);
 
-    /// Puts \a bytes at \a offset, whatever field lies there; must end within the record.
+    /// Writes \a bytes at \a offset over any field; must end within the record.
     TraceBuilder &raw(int offset, const QByteArray &bytes);
 
     /// The 37775 bytes. Shorten or lengthen the copy for a damaged file.
     QByteArray bytes() const;
 
-    /// Writes the record to \a path, over what was there, and returns \a path. Ends the test
+    /// Writes the record to \a path, replaces a former file, and returns \a path. Ends the test
     /// program when the file cannot be written.
     QString write(const QString &path) const;
 
@@ -53,15 +53,16 @@ private:
     QByteArray m_bytes;
 };
 
-/// One whose samples tell their own index: 0, 1, 2 ... 127, 0, 1 ...
+/// A trace whose samples hold their own index: 0, 1, 2 ... 127, 0, 1 ...
 TraceBuilder countingTrace();
-/// Echoes, each 8 samples wide at half height, by the sample and the level of their crests.
+/// A trace with echoes, each 8 samples wide at half height, by the sample and the level of their
+/// crests.
 TraceBuilder echoTrace(const QVector<QPair<int, int>> &crests);
-/// One count to a sample, and \a level everywhere.
+/// A trace with one count per sample and \a level everywhere.
 TraceBuilder levelTrace(int level);
-/// \a count of them, one count to a sample; that of slot i has the level i + 1 everywhere.
+/// \a count traces with one count per sample; trace i has the level i + 1 everywhere.
 QVector<TraceBuilder> levelTraces(int count);
-/// \a count of them, four counts to a sample, shifted by two samples and 7 levels.
+/// \a count traces with four counts per sample, shifted by two samples and 7 levels.
 QVector<TraceBuilder> shiftedTraces(int count);
-/// One for each of \a minsteps, its sampling step in nanoseconds; the level is 5 everywhere.
+/// One trace for each of \a minsteps, its sampling step in nanoseconds; the level is 5 everywhere.
 QVector<TraceBuilder> tracesOfSteps(const QVector<float> &minsteps);

@@ -55,7 +55,7 @@ void answerEntry(QWidget *button, const std::function<void(QInputDialog &)> &ans
 
 QList<QGraphicsItem *> stacked(QGraphicsScene &scene)
 {
-    // Without an index the scene knows its items only in the order in which they came.
+    // Without an index the scene lists its items in the order of their creation only.
     const QGraphicsScene::ItemIndexMethod method = scene.itemIndexMethod();
     scene.setItemIndexMethod(QGraphicsScene::BspTreeIndex);
     QList<QGraphicsItem *> items = scene.items(Qt::AscendingOrder);

@@ -15,7 +15,7 @@ class QInputDialog;
 class QWidget;
 
 /// \file
-/// What several window tests do: open a window on traces, choose files, enter values.
+/// Actions that several window tests share: open a window on traces, choose files, enter values.
 
 /// Opens the window as after a run that had \a traces open from slot 1 on, with master \a master,
 /// and all other settings default. The files are "t1.tdr" and so on, in the fixture's folder. A

@@ -87,7 +87,7 @@ void addScene(const MainWindowProbe &probe, QStringList &lines)
     addText(QStringLiteral("cursor step"), probe.cursor_step_lbl(), lines);
     const auto addPair = [&lines](const QString &name, const QGraphicsLineItem &line,
                                   const QGraphicsSimpleTextItem &label) {
-        // A hidden pair is set before it is shown.
+        // A hidden pair is updated before it is shown, so its values do not count.
         if (!line.isVisible() && !label.isVisible()) {
             add(lines, name, "hidden");
             return;
@@ -230,7 +230,8 @@ QString differenceOf(const QImage &one, const QImage &other, const QRegion &lett
 QString staleOf(MainWindow &window)
 {
     const QImage screen = screenOf(window);
-    // The platform gives as many pixels of the backing store as the window has units.
+    // The platform returns one pixel of the backing store per device-independent unit of the
+    // window.
     const QImage fresh = freshPictureOf(window).copy(screen.rect());
     const double scale = window.devicePixelRatioF();
     QRegion letters;

@@ -20,7 +20,7 @@ QStringList outfitOf(const MainWindow &window);
 /// The clock is blackened.
 QImage screenOf(MainWindow &window);
 
-/// \a window painted again as a whole. The clock is blackened. Also repaints what is stale on the
+/// \a window after a complete repaint. The clock is blackened. Also repaints stale pixels on the
 /// screen, so take screenOf() first.
 QImage freshPictureOf(MainWindow &window);
 
@@ -28,6 +28,6 @@ QImage freshPictureOf(MainWindow &window);
 /// differences within \a letters do not count. Saves both pictures beside the test program.
 QString differenceOf(const QImage &one, const QImage &other, const QRegion &letters = QRegion());
 
-/// How the screen differs from \a window painted again; empty when nothing on it is stale. Call it
-/// once, at the end of a test: it repaints the window.
+/// How the screen differs from \a window after a complete repaint; empty when no pixel is stale.
+/// Call it once, at the end of a test: it repaints the window.
 QString staleOf(MainWindow &window);

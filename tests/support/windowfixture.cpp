@@ -32,7 +32,7 @@ MainWindow &WindowFixture::open()
     m_probe = std::make_unique<MainWindowProbe>(*m_window);
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window.get()))
-        qFatal("the window did not come up");
+        qFatal("the window did not open");
     settle();
     return *m_window;
 }

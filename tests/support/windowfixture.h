@@ -19,8 +19,8 @@ public:
     ~WindowFixture();
     Q_DISABLE_COPY(WindowFixture)
 
-    /// Opens the window; settings written with \c writeSettings before are the previous run's.
-    /// Opened again, the former window is closed and destroyed first.
+    /// Opens the window; settings written with \c writeSettings before are the previous run's. A
+    /// window that is already open is closed and destroyed first.
     MainWindow &open();
     /// Closes the window as a user would, which saves the settings, and destroys it.
     void close();
@@ -38,7 +38,7 @@ public:
     static void writePreviousRun(const QStringList &traces, int master = 0);
     /// Removes settings file and backup.
     static void removeSettings();
-    /// Lets pending events and deferred deletes happen: raised series leave dead items until then.
+    /// Runs pending events and deferred deletes: the old item of a raised series exists until then.
     static void settle();
 
 private:

@@ -17,16 +17,17 @@ class WindowTest : public QObject
 protected:
     MainWindow &window() const;
     const MainWindowProbe &probe() const;
-    /// What mouse and wheel events on the chart go to.
+    /// The receiver of mouse and wheel events on the chart.
     QWidget *viewport() const;
     /// Plot area of the chart, in coordinates of the scene.
     QRectF plot() const;
     /// \c openWith on the test's own fixture.
     MainWindow &openOn(const QVector<TraceBuilder> &traces, int master = 0);
 
-    /// What button, menu and chart say of the six slots, one letter each, of the selected slot, and
-    /// of the master: "Vvh..., selected 1, master 0". "v" is visible, "h" hidden, "." empty; in
-    /// upper case, or ":", with the mark of the master. "?" is a slot whose parts contradict.
+    /// The six slots as button, menu and chart show them, one letter each, then the selected slot
+    /// and the master: "Vvh..., selected 1, master 0". "v" is visible, "h" hidden, "." empty; the
+    /// slot of the master has an upper-case letter or ":". "?" is a slot whose button, menu and
+    /// chart contradict each other.
     QString slotsText() const;
 
     /// Sets the language \a code of the settings, as the settings dialog does.
