@@ -25,7 +25,7 @@ QAccessibleInterface *interfaceOf(QObject *control)
 {
     QAccessibleInterface *found = QAccessible::queryAccessibleInterface(control);
     if (found == nullptr)
-        qFatal("nothing is said of a %s", control->metaObject()->className());
+        qFatal("no accessible interface of a %s", control->metaObject()->className());
     return found;
 }
 
@@ -34,7 +34,8 @@ QString nameOf(QObject *control)
     return interfaceOf(control)->text(QAccessible::Name);
 }
 
-/// As a screen reader asks: by the relation to a label where there is one, else by the name.
+/// The label as a screen reader finds it: by the relation to a label if there is one, else the
+/// name.
 QString labelOf(QObject *control)
 {
     const auto relations = interfaceOf(control)->relations(QAccessible::Label);
@@ -56,7 +57,7 @@ QString readOut(QObject *control)
 
 } // namespace
 
-/// What is said of the window and its controls, and how the keyboard goes through it.
+/// Names, descriptions and actions of the window and its controls for a screen reader.
 class TestAccessibility : public WindowTest
 {
     Q_OBJECT
@@ -67,7 +68,7 @@ private:
         openOn({ TraceBuilder().samples(17).ku(1.5F), TraceBuilder().date(2025, 7, 9) });
         accessibility::attach(window());
     }
-    /// All that is seen in the window and is more than a line between others.
+    /// All visible controls and labels of the window.
     QVector<QWidget *> controls() const
     {
         QVector<QWidget *> found;
@@ -78,7 +79,7 @@ private:
                 found.append(widget);
         return found;
     }
-    /// The dialog as it comes up, with whatever has the focus in it.
+    /// The settings dialog after it is shown, with its focus.
     QImage pictureOfSettings() const
     {
         QDialog *dialog = probe().settingsMenu();
@@ -90,7 +91,7 @@ private:
     }
 
 private slots:
-    // tst_screen_reader has what is said of each control at the start.
+    // tst_screen_reader tests the texts of each control at the start.
     void readingsFollowTheWindow()
     {
         openAndAttach();
@@ -102,12 +103,12 @@ private slots:
         const QString plot = readOut(probe().Plot_View());
         QVERIFY(plot.startsWith(probe().chart_title().text()));
         QVERIFY(plot.endsWith(probe().cursor_step_lbl().text() + QLatin1String(" | Plot")));
-        // The plot is one thing.
+        // The plot is one accessible object.
         QCOMPARE(interfaceOf(probe().Plot_View())->childCount(), 0);
         QVERIFY(interfaceOf(probe().Plot_View())->child(0) == nullptr);
     }
 
-    void noControlIsWithoutAName()
+    void everyControlHasAName()
     {
         openAndAttach();
         auto all = controls();
@@ -127,7 +128,7 @@ private slots:
         }
     }
 
-    void editorsHaveANameToo()
+    void editorsHaveAName()
     {
         openAndAttach();
         const MainWindowProbe &p = probe();
@@ -194,7 +195,7 @@ private slots:
         QCOMPARE(descriptionOf(first), QStringLiteral("Trace 1, master"));
     }
 
-    void aButtonIsPressedFromOutside()
+    void buttonIsPressedByItsAccessibleAction()
     {
         openAndAttach();
         const auto act = [](QObject *button, const QString &action) {
@@ -207,7 +208,7 @@ private slots:
         QCOMPARE(probe().master_scale(), 1);
     }
 
-    void aDialIsSetFromOutsideWithinItsLimits()
+    void dialIsSetByItsAccessibleValueWithinItsLimits()
     {
         openAndAttach();
         QAccessibleValueInterface *dial = interfaceOf(probe().cursor_dial())->valueInterface();
@@ -226,7 +227,7 @@ private slots:
         }
     }
 
-    void pictureAndStateStayTheSame()
+    void attachingChangesNeitherPictureNorState()
     {
         openOn({ TraceBuilder().samples([](int i) { return i % 90; }), TraceBuilder() });
         for (const char *language : { "en_US", "ru_RU" }) {

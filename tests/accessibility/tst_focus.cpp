@@ -16,7 +16,7 @@
 #include <QTabWidget>
 #include <QtTest>
 
-/// How the keyboard goes through the window, and what is seen of it.
+/// Focus order of the window, and the focus frame.
 class TestFocus : public WindowTest
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ private:
     void openAndAttach()
     {
         openOn({ TraceBuilder(), TraceBuilder() });
-        // The seconds on the clock are no difference.
+        // The clock would change the pictures.
         probe().date_bar()->hide();
         accessibility::attach(window());
         QApplication::setActiveWindow(&window());
@@ -47,12 +47,11 @@ private:
     }
 
 private slots:
-    void tabAndItsFrameFollowTheWindowRowByRow()
+    void tabMovesTheFrameRowByRow()
     {
         openAndAttach();
         window().scale_change(2);
-        // In a group of which one is chosen, the keyboard stops at that one; arrows go on from
-        // there.
+        // In an exclusive group the focus goes to the checked button; arrows continue from there.
         const MainWindowProbe &p = probe();
         const QVector<QWidget *> order{
             p.curA_button(),       p.legend_button(),       p.selected_rfg()[0],
@@ -103,7 +102,7 @@ private slots:
         QCOMPARE(last, order.last());
     }
 
-    void theFrameFollowsItsControlAndLetsTheMouseThrough()
+    void frameFollowsItsControlAndIgnoresTheMouse()
     {
         openAndAttach();
         press(Qt::Key_Tab);
@@ -119,7 +118,7 @@ private slots:
                 || frame()->geometry() == placeOf(QApplication::focusWidget()));
     }
 
-    void theFrameIsHiddenWithoutTheKeyboard()
+    void frameIsShownByTheKeyboardAndHiddenByTheMouse()
     {
         openAndAttach();
         QVERIFY(!frame()->isVisible());
@@ -140,7 +139,7 @@ private slots:
         QTest::mouseClick(probe().scale_down_button(), Qt::LeftButton);
         QVERIFY(!probe().scale_down_button()->isEnabled());
         QVERIFY(!frame()->isVisible());
-        // By the wheel, after the keyboard went to the button.
+        // By the wheel, while the button has the focus from the keyboard.
         window().scale_change(7);
         probe().scale_down_button()->setFocus();
         press(Qt::Key_Backtab);
@@ -150,7 +149,7 @@ private slots:
         input::wheel(viewport(), 120);
         QVERIFY(!probe().scale_up_button()->isEnabled());
         QVERIFY(!frame()->isVisible());
-        // By the keyboard, the frame goes on with it.
+        // By the keyboard, the frame moves with the focus.
         window().scale_change(7);
         probe().scale_down_button()->setFocus();
         press(Qt::Key_Backtab);
@@ -165,7 +164,7 @@ private slots:
         openAndAttach();
         press(Qt::Key_Tab);
         QWidget *control = QApplication::focusWidget();
-        // As a key does that types in a value: the entry opens by a press of the right button.
+        // The key for an entry dialog sends such a press of the right button.
         input::press(control, QPoint(5, 5), Qt::RightButton);
         QVERIFY(frame()->isVisible());
         QCOMPARE(frame()->geometry(), placeOf(control));

@@ -15,14 +15,14 @@ namespace {
 
 constexpr int patienceMs = 10000;
 constexpr int lookAgainMs = 50;
-// Places in the bus's list of states.
+// Bits of the bus's set of states.
 constexpr int focusedState = 12;
 constexpr int showingState = 25;
 
 const QString sessionBus = QStringLiteral("velkor session");
 const QString accessibilityBus = QStringLiteral("velkor accessibility");
 
-/// Where a thing is to be asked.
+/// The address of an accessible object on the bus.
 struct Reference
 {
     QString service;
@@ -121,7 +121,7 @@ AccessibleTree::AccessibleTree(const QProcessEnvironment &environment)
         qFatal("no session bus: is dbus-daemon installed?");
     const QString address = QString::fromLatin1(m_bus.readLine().trimmed());
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
-    // Programs report at once, also without a client.
+    // Programs report from their start, also without a client.
     m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 
     QDBusConnection::connectToBus(address, sessionBus);

@@ -11,8 +11,8 @@
 
 #include <functional>
 
-/// A session bus with the accessibility bus on it, and a client that reads from it what programs
-/// started in its environment report. Ends the test program when the buses cannot be started.
+/// A session bus with the accessibility bus on it, and a client that reads the objects of programs
+/// started in its environment. Ends the test program when the buses cannot be started.
 class AccessibleTree
 {
 public:

@@ -47,7 +47,7 @@ protected:
     QProcess viewer;
     QRect window; ///< inside of the window on the screen
 
-    /// Name of the window, as a regular expression.
+    /// Title of the window, as a regular expression.
     static const QString title;
 
 private slots:

@@ -29,7 +29,7 @@ int count(const QImage &picture, QRgb colour)
 
 } // namespace
 
-/// One session of a user with real mouse and key events, and the next start, which restores it.
+/// One session of a user with real mouse and key events, and a second start, which restores it.
 class TestEndToEnd : public ProgramTest
 {
     Q_OBJECT
@@ -100,8 +100,8 @@ private:
         screen->click(onScreen(settingsButton));
         const QRect dialog = screen->waitForWindow(QStringLiteral("^Settings$"));
         QVERIFY(!dialog.isEmpty());
-        // "OK" has the focus; back-tabs over the check boxes and buttons would depend on the style,
-        // so the language box is clicked.
+        // The language box is clicked: "OK" has the focus, and the number of back-tabs would depend
+        // on the style.
         screen->click(dialog.topLeft() + QPoint(dialog.width() / 3, dialog.height() / 6));
         screen->key(QStringLiteral("Down"));
         screen->key(QStringLiteral("Return"));

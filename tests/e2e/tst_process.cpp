@@ -57,7 +57,7 @@ private:
     int m_reader = -1;
 };
 
-/// A terminal that shows nothing of what is written to it.
+/// A terminal whose output is never read.
 class Terminal
 {
 public:
@@ -84,7 +84,7 @@ private:
 
 } // namespace
 
-/// The real program and what starts, stops and listens to it.
+/// The real program under signals, closed streams, pipes and terminals.
 class TestProcess : public ProgramTest
 {
     Q_OBJECT
@@ -95,7 +95,7 @@ private:
         QCOMPARE(::kill(static_cast<pid_t>(viewer.processId()), number), 0);
     }
 
-    /// The program ended as it should, and saved its settings.
+    /// Verifies that the program ended with code 0 and saved its settings.
     void verifySaved()
     {
         verifyThatItEnds();
@@ -179,13 +179,13 @@ private slots:
         verifySaved();
     }
 
-    void closedStreamsLeaveTheDisplayAlone()
+    void closedStreamsDoNotAffectTheDisplay()
     {
         start(QStringLiteral("exec \"$0\" 2>&-"));
         closeAndVerifySaved();
     }
 
-    void fullPipeForMessagesBlocksNothing()
+    void fullMessagePipeDoesNotBlock()
     {
         const QString fifo = path(QStringLiteral("pipe"));
         const Pipe pipe(fifo);
@@ -194,7 +194,7 @@ private slots:
         closeAndVerifySaved();
     }
 
-    void terminalThatReadsNoMessagesBlocksNothing()
+    void terminalWithoutAReaderDoesNotBlock()
     {
         const Terminal terminal;
         // Qt writes a message for each rule that it does not understand. A terminal keeps 12 kB.

@@ -38,8 +38,8 @@ QStringList withSmallFiles()
 
 } // namespace
 
-/// The real program on machines on which saving cannot work, or only just: the settings that were
-/// there stay whole or become the new ones, and the program ends as always.
+/// The real program when saving fails or has to use another folder: the settings are completely the
+/// old or the new ones, and the program ends normally.
 class TestSaving : public QObject
 {
     Q_OBJECT
@@ -69,7 +69,7 @@ private slots:
         QCOMPARE(viewer.strays(), QStringList());
         QCOMPARE(contentOf(viewer.path(QStringLiteral("settings_current_old.ini"))),
                  viewer.oldSettings());
-        // All six traces were found again.
+        // All six traces were loaded again.
         QVERIFY(viewer.settings().contains("StateIndex=63\n"));
     }
 
@@ -86,7 +86,7 @@ private slots:
         QCOMPARE(ViewerRun::flawIn(viewer.settings()), QString());
     }
 
-    void aReadOnlyProgramFolderSendsTheSettingsToTheUsers()
+    void readOnlyProgramFolderSavesToTheUsersFolder()
     {
         ViewerRun viewer;
         viewer.startBy(asAnybody());
@@ -114,13 +114,13 @@ private slots:
         letAnybodyIn(viewer, QFileDevice::WriteOwner);
     }
 
-    void settingsThatCannotBeReadStayWhole()
+    void unreadableSettingsStayUnchanged()
     {
         ViewerRun viewer;
         viewer.startBy(asAnybody());
         const auto nobody = QFileDevice::Permissions();
         QVERIFY(QFile::setPermissions(viewer.settingsFile(), nobody));
-        // The folder lets the user make and replace files.
+        // The folder allows the user to create and replace files.
         letAnybodyIn(viewer, static_cast<QFileDevice::Permissions>(0x2222));
         checkEnd(viewer.run());
         QVERIFY(QFile::setPermissions(viewer.settingsFile(),
@@ -129,7 +129,7 @@ private slots:
         QVERIFY(left == viewer.oldSettings() || ViewerRun::flawIn(left).isEmpty());
     }
 
-    void lockedSettingsDelayNothing()
+    void lockedSettingsCauseNoDelay()
     {
         ViewerRun viewer;
         checkEnd(viewer.run());
@@ -147,7 +147,7 @@ private slots:
         QCOMPARE(ViewerRun::flawIn(viewer.settings()), QString());
     }
 
-    void aProgramFolderThatIsGoneEndsTheProgramAsAlways()
+    void removedProgramFolderDoesNotPreventTheExit()
     {
         ViewerRun viewer;
         const QTemporaryDir users;

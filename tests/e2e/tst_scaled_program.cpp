@@ -16,7 +16,7 @@ constexpr QRect scaleCaption(262, 450, 76, 30);
 
 } // namespace
 
-/// The real program on screens that have more than one pixel for a unit, or seem to.
+/// The real program on screens that have, or seem to have, several pixels per unit.
 class TestScaledProgram : public ProgramTest
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ private:
     }
 
 private slots:
-    void screenWithoutAScaleShowsWhatAnUnscaledProgramDoes()
+    void screenWithoutAScaleShowsTheUnscaledProgram()
     {
         struct Row
         {
@@ -67,7 +67,7 @@ private slots:
                       screen->setScale(row.factor);
                       startOnATrace();
                       QCOMPARE(window.size(), windowSize * row.factor);
-                      // Clicks reach what is shown at their place.
+                      // A click reaches the control that is shown at its place.
                       const QRect caption(scaleCaption.topLeft() * row.factor,
                                           scaleCaption.size() * row.factor);
                       const QImage before = part(caption);
@@ -79,7 +79,7 @@ private slots:
                   });
     }
 
-    void environmentComesFirst()
+    void environmentOverridesTheScreen()
     {
         useScreen(QSize(1400, 900));
         screen->setScale(1.5);

@@ -16,8 +16,8 @@ using Nodes = QVector<AccessibleTree::Node>;
 const QString program = QStringLiteral("velkor");
 constexpr QPoint plotMiddle(420, 220);
 
-/// What is read of the window, control by control: role, name, description. Where a line ends in an
-/// ellipsis any text may follow.
+/// The controls as they are read: role, name, description. An ellipsis at the end of a line stands
+/// for any text.
 const char *const controls[] = {
     "frame: Velkor",
     "graphic: Logo",
@@ -129,7 +129,7 @@ private slots:
         environment = m_tree->environment();
     }
 
-    void theWholeWindowIsReadOut()
+    void allControlsAreReadOut()
     {
         startOnTwoTraces();
         constexpr int count = static_cast<int>(std::size(controls));
@@ -154,7 +154,7 @@ private slots:
         closeViewer();
     }
 
-    void theKeyboardGoesFromThePlotThroughTheWindow()
+    void focusGoesFromThePlotThroughTheWindow()
     {
         startOnTwoTraces();
         waitForFocus("Plot");

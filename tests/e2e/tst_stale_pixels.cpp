@@ -28,8 +28,8 @@ bool looksLike(const QImage &one, const QImage &other)
 
 } // namespace
 
-/// What the X server shows of the program after many moves of a cursor, against a program that has
-/// just been started and whose cursor was moved there at once.
+/// Compares the screen after many moves of a cursor with the screen of a new program whose cursor
+/// was moved to the same place at once.
 class TestStalePixels : public ProgramTest
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ private:
     /// Closes the viewer after a picture of its window.
     QImage lastPicture()
     {
-        // Where the pointer highlights no button.
+        // At this place the pointer highlights no button.
         screen->moveTo(onScreen(QPoint(windowSize.width() / 2, windowSize.height() - 4)));
         const QImage picture = settledPicture(clockArea);
         closeViewer();
@@ -57,7 +57,7 @@ private:
     }
 
 private slots:
-    void aCursorLeavesNothingBehind()
+    void cursorLeavesNoStalePixels()
     {
         startOnATrace();
         const QPoint leftOfTheReflection(insideOfThePlot.left() + 100,

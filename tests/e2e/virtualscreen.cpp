@@ -51,7 +51,7 @@ VirtualScreen::VirtualScreen(QSize size, int dotsPerInch)
                       QStringLiteral("echo managing") });
     QByteArray output;
     while (!output.contains("managing")) {
-        // False when it has ended, however long that takes on a busy machine.
+        // False only when the window manager has ended; a busy machine may take long.
         if (!m_manager.waitForReadyRead(-1))
             qFatal("no window manager: is openbox installed?");
         output += m_manager.readAllStandardOutput();
@@ -112,14 +112,14 @@ QRect VirtualScreen::waitForWindow(const QString &name) const
         const QString id = windowId(name);
         if (id.isEmpty())
             return false;
-        // The pointer is sent into the window's corner and asked where it is: under a window
+        // Move the pointer to the corner of the window and read its position: under a window
         // manager the plain position counts the frame twice.
         const QByteArray size = run(QStringLiteral("xdotool getwindowgeometry --shell"), id);
         const QByteArray corner = run(
             QStringLiteral("xdotool mousemove --window %1 0 0 getmouselocation --shell").arg(id));
         const QRect now(shellNumber(corner, "X="), shellNumber(corner, "Y="),
                         shellNumber(size, "WIDTH="), shellNumber(size, "HEIGHT="));
-        // Twice the same: the manager has put the window where it stays.
+        // Equal twice: the manager has placed the window.
         const bool settled = !now.isEmpty() && now == inside;
         inside = now;
         return settled;

@@ -17,8 +17,8 @@
 class VirtualScreen
 {
 public:
-    /// A screen of \a size pixels; \a dotsPerInch is what it says of itself, 0 for what the server
-    /// says by default.
+    /// A screen of \a size pixels; \a dotsPerInch is the resolution that it reports, 0 for the
+    /// default of the server.
     explicit VirtualScreen(QSize size, int dotsPerInch = 0);
     ~VirtualScreen();
     Q_DISABLE_COPY(VirtualScreen)
@@ -47,9 +47,9 @@ public:
     void type(const QString &text) const;
     void key(const QString &name) const;
 
-    /// What the screen shows now.
+    /// The current content of the screen.
     QImage picture() const;
-    /// Looks at the screen until \a looksRight says so; false after a minute.
+    /// Waits until \a looksRight is true of the screen; false after a minute.
     bool waitUntil(const std::function<bool(const QImage &)> &looksRight) const;
 
 private:

@@ -9,8 +9,6 @@
 
 MainWindow &ThreeTracesTest::openThree(bool attached)
 {
-    // Before its settings are written: it would write its own over them.
-    fixture->close();
     const auto ramp = [](int i) { return i % 50; };
     MainWindow &window = openOn({ TraceBuilder().samples(ramp).shiftX(3).delay(8),
                                   TraceBuilder().samples(ramp).minstep(2.5F).shiftY(9),

@@ -12,8 +12,8 @@ class ThreeTracesTest : public WindowTest
     Q_OBJECT
 
 protected:
-    /// Opens the window on three traces of unlike steps, the second one the master, at a place in
-    /// the middle of the cable; with the extras unless \a attached is false.
+    /// Opens the window on three traces of different steps, with the second one as the master and a
+    /// view in the middle of the cable; with the extras unless \a attached is false.
     MainWindow &openThree(bool attached = true);
 
 protected slots:
@@ -23,7 +23,7 @@ private:
     QPointer<MainWindow> m_three; ///< null before openThree() and after the window is closed
 };
 
-/// Presses and releases a key on \a widget; what it does not use goes on to its window. \a text is
-/// what the key types.
+/// Presses and releases a key on \a widget; a key that it ignores goes to its window. \a text is
+/// the text that the key types.
 void press(QWidget *widget, int key, Qt::KeyboardModifiers modifiers = {},
            const QString &text = {});

@@ -55,7 +55,7 @@ void agree(QDialog &question)
 
 } // namespace
 
-/// Copying and saving what the window shows, and what is said about it.
+/// Copying and saving the content of the window, and the notes about it.
 class TestExporting : public WindowTest
 {
     Q_OBJECT
@@ -182,7 +182,7 @@ private slots:
                     { "/a.png", Format::Table, "/a.png", Format::Picture },
                     { "/a.png/b", Format::Table, "/a.png/b.csv", Format::Table },
                     { "/a.", Format::Drawing, "/a.svg", Format::Drawing },
-                    // No export takes the place of a trace.
+                    // No export replaces a trace.
                     { "/a.tdr", Format::Picture, "/a.tdr.png", Format::Picture } },
                   [](const Row &row) {
                       QString path = QString::fromLatin1(row.name);
@@ -194,8 +194,8 @@ private slots:
     void existingFileIsReplacedOnlyAfterTheQuestion()
     {
         open();
-        // "report.v2" has a suffix that is none of ours. With ours it is the name of a file, and
-        // the dialog, which has not asked about that one, opens again.
+        // "v2" is not the suffix of a format, so ".png" is appended. A file of that name exists,
+        // and the dialog has not asked about it, so it opens again.
         const QString report = path("report.v2.png");
         for (const bool replace : { false, true }) {
             writeFile(report, "former");
@@ -238,7 +238,7 @@ private slots:
         QVERIFY(label->text().contains(QChar(0x2026)));
         // The folder of the traces stays.
         QCOMPARE(window().settings()->last_folder, QStringLiteral("/somewhere"));
-        // The later note replaces the former one.
+        // A new note replaces the former one.
         press(&window(), u'С', Qt::ControlModifier); // C on a Russian keyboard
         QCOMPARE(probe().Plot_View()->findChildren<QLabel *>().size(), 1);
         QVERIFY(!QApplication::activeModalWidget());

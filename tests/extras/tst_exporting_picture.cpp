@@ -20,7 +20,7 @@ using extras::Background;
 
 namespace {
 
-/// What a drawing holds.
+/// The content of a drawing.
 struct Drawing
 {
     struct Text
@@ -37,10 +37,10 @@ struct Drawing
     QRectF area;
     QVector<Text> texts;
     QVector<Line> lines;
-    /// A text of two scripts comes in two parts.
+    /// A text of two scripts is drawn in two parts.
     void add(const QString &text, QPointF base, const QFontMetricsF &metrics)
     {
-        // A drawing has six digits; texts that touch do not overlap.
+        // A drawing has numbers of six digits; texts that touch do not overlap.
         const QRectF place = QRectF(base.x(), base.y() - metrics.ascent(),
                                     metrics.horizontalAdvance(text), metrics.height())
                                  .adjusted(0.0, 0.01, 0.0, -0.01);
@@ -133,7 +133,7 @@ QVector<TraceBuilder> sixTraces()
 
 } // namespace
 
-/// Pictures, pages and drawings of what the window shows.
+/// Pictures, pages and drawings of the content of the window.
 class TestExportingPicture : public WindowTest
 {
     Q_OBJECT
@@ -176,7 +176,7 @@ private slots:
         MainWindow &window = fixture->open();
         // Twenty labels of four digits at the widest scale.
         window.KU_change(1.2);
-        // Both at one place, near the right edge.
+        // Both cursors at one place, near the right edge.
         for (QPushButton *cursor : { probe().curB_nav_button(), probe().curA_nav_button() }) {
             QTest::mouseClick(cursor, Qt::LeftButton);
             window.cursorSetup_slot(996);

@@ -38,20 +38,20 @@ QStringList rowsOf(const MainWindow &window)
 
 } // namespace
 
-/// What the window shows, as text.
+/// The content of the window as text.
 class TestExportingText : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    // tst_trace_table has the layout of a table.
+    // tst_trace_table tests the layout of a table.
     void tableHoldsAllSamplesOfTheVisibleTraces()
     {
         openOn({ crestAndDip(), TraceBuilder().samples(5), TraceBuilder().samples(-100) });
         window().V_Offset_change(50);
         window().RFG_visibleToggle(1, false);
         window().cursorSetup_slot(60);
-        // Nothing but the last samples is in view, and smoothing changes no sample.
+        // Only the last samples are in view, and smoothing changes no sample.
         window().setPlotRange(240, 490);
         QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
         const QByteArray english = extras::table(window());
@@ -106,7 +106,7 @@ private slots:
         const QString odd = QStringLiteral("a\n# trace 9, \"я\"\n.tdr");
         WindowFixture::writePreviousRun({ fixture->trace(odd, TraceBuilder()) });
         const MainWindow &window = fixture->open();
-        // Only for such letters there is a byte order mark.
+        // Only a table with such letters has a byte order mark.
         QVERIFY(extras::table(window).startsWith("\xEF\xBB\xBF# Velkor"));
         QVERIFY(
             rowsOf(window)[0].endsWith(QStringLiteral("\"trace 1: a # trace 9, \"\"я\"\" .tdr\"")));
@@ -157,7 +157,7 @@ private slots:
 
     void readingsListTheReflections()
     {
-        // 5 levels up. A count is 0.125 m and 1.25 ns.
+        // The second trace is shifted 5 levels up. A count is 0.125 m and 1.25 ns.
         openOn({ TraceBuilder().samples(0), crestAndDip().shiftX(16).shiftY(5) });
         const auto reflections = [this] {
             return extras::readings(window())

@@ -21,8 +21,8 @@
 
 namespace {
 
-/// A drag from another program. Its events go to the native window, which finds the widget under
-/// the pointer that takes drops.
+/// A drag from another program. Its events go to the native window, which forwards them to the
+/// widget under the pointer that accepts drops.
 class Drag
 {
 public:
@@ -95,7 +95,7 @@ QPoint middleOf(const QWidget *widget)
     return widget->mapTo(widget->window(), widget->rect().center());
 }
 
-/// \a count traces in the folder of \a fixture, each unlike the others.
+/// Writes \a count different traces to the folder of \a fixture.
 QStringList makeTraces(const WindowFixture &fixture, int count)
 {
     QStringList paths;
@@ -179,7 +179,7 @@ private slots:
         QVERIFY(probe().selected_rfg()[0]->isChecked());
     }
 
-    void moreFilesThanEmptySlotsReplaceTheSetAsTheFilesButtonDoes()
+    void moreFilesThanEmptySlotsReplaceTheSetAsByTheFilesButton()
     {
         for (const int count : { 4, 6, 7 }) {
             const QStringList files = makeTraces(*fixture, count);
@@ -193,9 +193,9 @@ private slots:
         }
     }
 
-    void oneFileOnASlotGoesThereAsByItsMenu()
+    void fileDroppedOnASlotIsLoadedAsByItsMenu()
     {
-        // A loaded one, the master's, an empty one.
+        // A loaded slot, the slot of the master, an empty slot.
         for (const int slot : { 0, 1, 5 }) {
             const QStringList files = makeTraces(*fixture, 1);
             openThree();
@@ -207,7 +207,7 @@ private slots:
             QCOMPARE(everythingOf(*fixture), expected);
             QCOMPARE(probe().rfg_DATA()[slot].full_path, files.first());
         }
-        // Several count as dropped on the window.
+        // Several files count as dropped on the window.
         const QStringList files = makeTraces(*fixture, 2);
         Drag drag(openThree(), urlsOf(files));
         QVERIFY(drag.drop(middleOf(probe().selected_rfg()[0])));
@@ -215,7 +215,7 @@ private slots:
         QCOMPARE(probe().rfg_DATA()[3].full_path, files.first());
     }
 
-    void theSlotUnderTheFilesLightsUp()
+    void slotUnderTheDragIsHighlighted()
     {
         MainWindow &window = openThree();
         const QList<QUrl> files = urlsOf(makeTraces(*fixture, 1));
@@ -234,7 +234,7 @@ private slots:
             QVERIFY(!isLit());
             QVERIFY(drag.drop(place));
             QCOMPARE(slot->styleSheet(), QString());
-            // What cannot be taken lights nothing up.
+            // Files that are refused highlight nothing.
             Drag refused(window, files, Qt::MoveAction);
             QVERIFY(!refused.enter(place));
             QCOMPARE(slot->styleSheet(), QString());
@@ -300,7 +300,7 @@ private slots:
         }
     }
 
-    void theDropIsNeverAMove()
+    void dropNeverMovesFiles()
     {
         MainWindow &window = openThree();
         const QList<QUrl> files = urlsOf(makeTraces(*fixture, 1));

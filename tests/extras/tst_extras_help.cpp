@@ -227,7 +227,7 @@ private slots:
         QVERIFY(links > 40);
     }
 
-    void lettersOfTheManualStayAsTheWindowGrows()
+    void fontOfTheManualDoesNotGrowWithTheWindow()
     {
         askFor(openThree().parts().Plot_View);
         const QTextBrowser &page = *openPage();

@@ -12,7 +12,7 @@
 #include <QMenu>
 #include <QtTest>
 
-/// What keys do that the mouse does not, and when they do nothing.
+/// Effects of keys that the mouse does not have, and cases in which keys do nothing.
 class TestExtrasKeyRules : public ThreeTracesTest
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ private slots:
         QCOMPARE(probe().cursor_A_pos_Y(), 249 % 50);
         press(&window, Qt::Key_Period);
         QCOMPARE(probe().cursor_A_pos_Y(), 129);
-        // In an empty slot, to the edges of the view.
+        // With an empty slot, the cursor goes to the edges of the view.
         press(&window, Qt::Key_5);
         QCOMPARE(cursorAfter(Qt::Key_End), right());
         QCOMPARE(cursorAfter(Qt::Key_Home), left());
@@ -62,10 +62,10 @@ private slots:
         QCOMPARE(cursorAfter(Qt::Key_End), 249 * 4);
         QVERIFY(window.isCursor_visible(MainWindow::CURSOR_A));
         QCOMPARE(left(), 249 * 4 - 250);
-        // Inside the view it moves alone.
+        // Inside the view only the cursor moves.
         QCOMPARE(cursorAfter(Qt::Key_Comma), 248 * 4);
         QCOMPARE(left(), 249 * 4 - 250);
-        // Ten samples a press: the seventh leaves it.
+        // Ten samples per press: the seventh leaves the view.
         for (int i = 1; i <= 7; ++i)
             QCOMPARE(cursorAfter(Qt::Key_Comma, Qt::ShiftModifier), (248 - 10 * i) * 4);
         QCOMPARE(left(), 178 * 4 - 250);
@@ -94,7 +94,7 @@ private slots:
             QCOMPARE(left(), row.left);
             QCOMPARE(right(), row.left + (250 << row.scale));
         }
-        // The dial goes on from the new scale.
+        // The dial continues from the new scale.
         press(&window, Qt::Key_Z);
         press(&window, Qt::Key_3);
         press(&window, Qt::Key_F);
@@ -116,7 +116,7 @@ private slots:
         window.cursorSelect_slot(MainWindow::DELTA);
         press(&window, Qt::Key_G);
         QCOMPARE(left(), 4000 - 250);
-        // No user gets into delta mode, in which the invariants do not hold.
+        // A user cannot reach delta mode, in which the invariants do not hold.
         fixture->close();
     }
 
@@ -179,7 +179,7 @@ private slots:
         press(plot, Qt::Key_Down);
         press(plot, Qt::Key_PageDown);
         QCOMPARE(probe().rfg_DATA()[1].offset, -1);
-        // The window itself has no use for arrows, and a button uses some keys itself.
+        // The window ignores arrows, and a button uses some keys itself.
         QCOMPARE(cursorAfter(Qt::Key_Right), column);
         press(probe().smooth_button(), Qt::Key_Space);
         QVERIFY(probe().smooth_rfg_flag());
@@ -190,12 +190,12 @@ private slots:
         QVERIFY(!probe().smooth_rfg_flag());
     }
 
-    void aHeldKeyRepeatsStepsButNotSwitches()
+    void heldKeyRepeatsStepsButNotSwitches()
     {
         MainWindow &window = openThree();
         const auto hold = [&window](int key) {
             QTest::sendKeyEvent(QTest::Press, &window, Qt::Key(key), QString(), Qt::NoModifier);
-            // Four presses: a switch that repeats is off again.
+            // Four presses: a switch that repeats would be off again.
             for (int i = 0; i < 3; ++i) {
                 QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
                 QCoreApplication::sendEvent(&window, &again);
@@ -252,7 +252,7 @@ private slots:
         QCOMPARE(probe().cursor_B_pos(), 100);
     }
 
-    void noKeyCountsWhileADialogOrAMenuIsOpen()
+    void keysAreIgnoredWhileADialogOrMenuIsOpen()
     {
         MainWindow &window = openThree();
         const QDialog *opened = nullptr;

@@ -90,7 +90,7 @@ void wheelScales(const WindowFixture &f)
     f.probe().scale_wheel_action()->trigger();
 }
 
-/// A key and what the mouse does to the same effect, both after \c before.
+/// A key and the mouse action with the same effect, both after \c before.
 struct Row
 {
     const char *name;
@@ -158,7 +158,7 @@ std::vector<Row> keysAndMouse()
 
 } // namespace
 
-/// Every key against the mouse.
+/// Compares every key with the mouse.
 class TestExtrasKeys : public ThreeTracesTest
 {
     Q_OBJECT

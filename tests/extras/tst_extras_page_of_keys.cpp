@@ -57,7 +57,7 @@ QString pageIn(const char *language)
 QSet<QString> keysOfPage(const QString &page)
 {
     QSet<QString> names;
-    // Tables with a column more are about dialogs, and others about the pointer.
+    // Tables with another column are about dialogs, other tables about the pointer.
     static const QRegularExpression head(QStringLiteral("^\\| (Key|Клавиша) \\| [^|]* \\|$"));
     static const QRegularExpression row(QStringLiteral("^\\| (.+?) \\| [^|]* \\|$"));
     bool inTable = false;
@@ -68,7 +68,7 @@ QSet<QString> keysOfPage(const QString &page)
             inTable = inTable && line.startsWith(QLatin1String("|-"));
         else if (head.match(line).hasMatch())
             inTable = true;
-        // The desktop's own.
+        // Alt+F4 is a key of the desktop.
         else if (inTable && !found.captured(1).startsWith(QLatin1String("Alt+F4")))
             names += keysOfCell(found.captured(1));
     }
@@ -89,7 +89,7 @@ QVector<int> allKeys()
     return keys;
 }
 
-/// The keys, with their modifiers, that do something when \a control of \a window has the focus.
+/// The keys, with their modifiers, that have an effect when \a control of \a window has the focus.
 /// They are pressed one after the other; dialogs that open are cancelled.
 QSet<QString> keysThatCount(MainWindow &window, const QObject *control)
 {
@@ -132,13 +132,13 @@ QStringList namesOfSettings()
 
 } // namespace
 
-/// The manual's page of keys against the keys, and what their use leaves behind.
+/// Compares the manual's page of keys with the keys, and checks the window after their use.
 class TestExtrasPageOfKeys : public ThreeTracesTest
 {
     Q_OBJECT
 
 private slots:
-    void thePageNamesEachKeyAndNoOtherAndTooltipsNameSome()
+    void pageNamesEachKeyAndNoOtherAndTooltipsNameSome()
     {
         MainWindow &window = openThree();
         const QStringList inTooltips = keysInTooltips(window);
@@ -157,7 +157,7 @@ private slots:
                                QStringLiteral("Shift+Right"), QStringLiteral("Up") }));
     }
 
-    void nothingStaysBehind()
+    void keysLeaveNoObjectsOrSettingsBehind()
     {
         openThree(false);
         fixture->close();

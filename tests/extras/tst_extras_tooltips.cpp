@@ -29,7 +29,7 @@ void rest(QWidget *control)
     QCoreApplication::sendEvent(control, &event);
 }
 
-/// The lines of the tooltip that comes up on \a control.
+/// The lines of the tooltip of \a control.
 QStringList shownOn(QWidget *control)
 {
     rest(control);
@@ -44,7 +44,7 @@ QString line(const char *text)
     return QString::fromUtf8(text);
 }
 
-/// Everything in the window that is more than a frame or the ground.
+/// All widgets of the window except frames and the background.
 QVector<QWidget *> controlsOf(const MainWindowProbe &probe)
 {
     QVector<QWidget *> controls;
@@ -100,7 +100,7 @@ private slots:
             QCOMPARE(russian.size(), english[i].size());
             QVERIFY(russian.first().contains(cyrillic));
         }
-        // The plot and the ground between the controls stay quiet.
+        // The plot and the background between the controls have no tooltip.
         for (QWidget *silent : { static_cast<QWidget *>(probe().Plot_View()->viewport()),
                                  static_cast<QWidget *>(&window) }) {
             cleanup();
@@ -147,7 +147,7 @@ private slots:
         QCOMPARE(facts(0).at(1), line("Size: 5 bytes"));
         QVERIFY(QFile::remove(fixture->path(QStringLiteral("t1.tdr"))));
         QCOMPARE(facts(0).at(1), line("The file does not exist any more"));
-        // A slot counts as loaded whether its file could be read or not.
+        // A slot also counts as loaded when its file could not be read.
         window.add_Selected_RFG(fixture->path(QStringLiteral("never.tdr")), 3);
         QCOMPARE(facts(3), QStringList{ line("The file could not be read") });
     }
@@ -170,7 +170,7 @@ private slots:
         for (const QString &fact : facts)
             QVERIFY(fact.size() <= 100);
         QVERIFY(facts.mid(2).join(QString()).startsWith(QDir::toNativeSeparators(longPath)));
-        // A letter of two units goes to one line.
+        // A letter of two UTF-16 units stays on one line.
         for (const char *begin : { "", "x" }) {
             const QString plugs = line(begin) + line("\xf0\x9f\x94\x8c").repeated(50);
             window.add_Selected_RFG(fixture->trace(plugs, TraceBuilder()), 0);

@@ -22,7 +22,7 @@ const QStringList sampleNames = {
     QStringLiteral("5-long-coax.tdr"),    QStringLiteral("6-wet-section-close-up.tdr"),
 };
 
-/// True when \a found are the places \a expected, each within \a reach metres.
+/// True when \a found are the places \a expected, within \a reach metres each.
 bool near(const QVector<double> &found, const QVector<double> &expected, double reach)
 {
     bool good = found.size() == expected.size();
@@ -54,7 +54,7 @@ private:
         return window();
     }
 
-    /// Where the active cursor stops when \a key is pressed until it stays where it is, in metres.
+    /// The stops of the active cursor, in metres, when \a key is pressed until the cursor stays.
     QVector<double> stops(int key = Qt::Key_N) const
     {
         const bool isA = probe().Cur_flag() == MainWindow::CURSOR_A;
@@ -71,7 +71,7 @@ private:
     }
 
 private slots:
-    void nStopsWhereTheListOfSamplesSays()
+    void nStopsAtTheListedReflectionsOfTheSamples()
     {
         QFile file(QStringLiteral(VELKOR_SAMPLES_DIR "/README.md"));
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -94,7 +94,8 @@ private slots:
     {
         MainWindow &window = openSamples({ 3 });
         const QVector<double> there = stops();
-        // From right of the last one, and from between two; by the letters of a Russian keyboard.
+        // From the right of the last one, and from between two, with the letters of a Russian
+        // keyboard.
         window.cursorSetup_slot(0);
         QCOMPARE(stops(u'Т'), there);
         window.cursorSetup_slot(1000);
@@ -105,13 +106,13 @@ private slots:
         QCOMPARE(stops(Qt::Key_P), QVector<double>{ there[0] });
     }
 
-    void theSelectedTraceAndTheModeDecide()
+    void stepsFollowTheSelectedTraceAndTheMode()
     {
         MainWindow &window = openSamples({ 1, 4 });
         QTest::mouseClick(probe().selected_rfg()[1], Qt::LeftButton);
         const QVector<double> there = stops();
         QVERIFY(near(there, { 26.0, 40.0, 80.0 }, 1.0));
-        // Smooth or hidden, it has the same reflections.
+        // A smoothed or hidden trace has the same reflections.
         QTest::mouseClick(probe().smooth_button(), Qt::LeftButton);
         window.RFG_visibleToggle(1, false);
         QCOMPARE(stops(Qt::Key_P), (QVector<double>{ there[1], there[0] }));
@@ -145,9 +146,10 @@ private slots:
                  (QVector<int>{ 130, 225 }));
     }
 
-    void aCursorThatSnappingPutLeftGoesOn()
+    void cursorSnappedToTheLeftStillAdvances()
     {
-        // In difference mode the master's delay of 30 puts the cursor left of the place asked for.
+        // In difference mode the master's delay of 30 snaps the cursor to the left of the requested
+        // place.
         MainWindow &window = openOn(
             { TraceBuilder().delay(30), echoTrace({ { 60, 80 }, { 200, 80 } }).delay(30) });
         extras::attach(window);
@@ -163,7 +165,7 @@ private slots:
         QCOMPARE(probe().cursor_A_pos(), 60);
     }
 
-    void nothingHappensWithoutTraceOrCursor()
+    void keyDoesNothingWithoutTraceOrCursor()
     {
         MainWindow &window = openSamples({ 1 });
         window.cursorSetup_slot(40);
@@ -171,7 +173,7 @@ private slots:
         press(&window, Qt::Key_N);
         press(&window, Qt::Key_P);
         QCOMPARE(probe().cursor_A_pos(), 40);
-        // The other cursor stays where it is.
+        // The other cursor does not move.
         QTest::mouseClick(probe().curB_button(), Qt::LeftButton);
         press(&window, Qt::Key_N);
         QCOMPARE(probe().cursor_A_pos(), 40);

@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// What a run of a program gave.
+/// The result of a run of a program.
 struct Outcome
 {
     int code = -1; ///< exit status; -1 when the program crashed or did not end

@@ -107,7 +107,7 @@ private slots:
 #endif
     }
 
-    void aFileCutOffInItsHeadIsNoTrace()
+    void fileTruncatedInItsHeadIsNoTrace()
     {
         for (const char *command : { "info --json -", "csv -" }) {
             const Outcome outcome = tdr(command, {}, sound().bytes().left(100));
@@ -203,7 +203,7 @@ private slots:
             });
     }
 
-    void valuesThatAreNoneAreNull()
+    void invalidValuesAreNull()
     {
         const QJsonObject report = jsonOf(TraceBuilder()
                                               .ku(std::numeric_limits<float>::quiet_NaN())
@@ -214,7 +214,7 @@ private slots:
         QVERIFY(part(report, "test").value(QLatin1String("time")).isNull());
     }
 
-    void unknownFieldsAreWholeAndInTheirPlace()
+    void unknownFieldsAreCompleteAndInTheirPlace()
     {
         // Every byte holds the low part of its own offset.
         QByteArray bytes(37775, '\0');

@@ -74,7 +74,7 @@ private slots:
                 const QByteArray former = contentOf(sample);
                 QCOMPARE(record.output.size(), 37775);
                 QCOMPARE(samplesOf(record.output), samplesOf(former));
-                // The date, the step, and where the trace stands, are the same as well.
+                // Date, step and position of the trace are the same as well.
                 QCOMPARE(record.output.mid(171, 3), former.mid(171, 3));
                 QCOMPARE(record.output.mid(175, 4), former.mid(175, 4));
                 QCOMPARE(at<float>(record.output, stepAt), at<float>(former, stepAt));
@@ -140,7 +140,7 @@ private slots:
         QCOMPARE(at<float>(outcome.output, stepAt), 1.25F);
         QCOMPARE(outcome.output.mid(171, 3), QByteArray("\x09\x05\x30"));
         QCOMPARE(outcome.output.mid(176, 3), QByteArray("\x03\x12\x26"));
-        // Sample 100 stands at 125 ns, where the level is 125 / 3 * 0.75 = 31.25.
+        // Sample 100 is at 125 ns, where the level is 125 / 3 * 0.75 = 31.25.
         QCOMPARE(int{ outcome.output[261 + 100] }, 31);
         QCOMPARE(int{ outcome.output[261 + 249] }, 74);
         QCOMPARE(outcome.errorLines().mid(0, 4),
@@ -160,7 +160,7 @@ private slots:
         QCOMPARE(at<float>(outcome.output, stepAt), 2.5F);
         QCOMPARE(at<float>(outcome.output, kuAt), 1.49896229F);
         QCOMPARE(at<quint32>(outcome.output, delayAt), 4U);
-        // A sample is 0.25 m, four rows; the first stands in row 16.
+        // A sample is 0.25 m, four rows; the first is in row 16.
         QCOMPARE(int{ outcome.output[261] }, 16);
         QCOMPARE(int{ outcome.output[262] }, 20);
         QVERIFY(outcome.errors.contains("step rounded from 2.6 ns to 2.5 ns\n"));

@@ -23,7 +23,7 @@ bool isHidden(const GridPlan::Line &line)
     return !line.visible && line.offset == 0.0 && line.text.isEmpty();
 }
 
-/// How many lines are visible, the two at the edges not counted.
+/// Number of visible lines without the two at the edges.
 int linesOf(const GridPlan &plan)
 {
     return static_cast<int>(std::count_if(std::begin(plan.interior), std::end(plan.interior),
@@ -37,7 +37,7 @@ class TestAxisGrid : public QObject
     Q_OBJECT
 
 private slots:
-    void theStepIsTheLargestWithSevenToTwentyIntervals()
+    void gridStepIsTheLargestWithSevenToTwentyIntervals()
     {
         QCOMPARE(calc::gridStep(31.25), 2.5);
         QCOMPARE(calc::gridStep(10.0), 1.25); // lower end of a decade
@@ -63,7 +63,7 @@ private slots:
             QCOMPARE(calc::gridStep(span), 0.0);
     }
 
-    void eachScaleAtStartUpHasItsGrid()
+    void eachScaleHasItsGridAtStartUp()
     {
         struct Row
         {
@@ -159,7 +159,7 @@ private slots:
         QVERIFY(plan.edges[1].visible);
     }
 
-    void aPlotWithoutWidthHasTextsAndNoOffsets()
+    void plotWithoutWidthHasLabelsWithoutOffsets()
     {
         for (const float width :
              { 0.0F, -1.0F, static_cast<float>(notANumber), static_cast<float>(infinity) }) {

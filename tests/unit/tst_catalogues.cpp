@@ -73,7 +73,7 @@ QString textOf(const QString &path)
     return QString::fromUtf8(contentOf(path));
 }
 
-/// The literals of "text" "that goes on", put together.
+/// Concatenates adjacent literals: "text" "that goes on".
 QString joined(const QString &literals)
 {
     static const QRegularExpression literal(QStringLiteral("\"((?:[^\"\\\\]|\\\\.)*)\""));
@@ -84,7 +84,7 @@ QString joined(const QString &literals)
         .replace(QLatin1String("\\\""), QLatin1String("\""));
 }
 
-/// What the sources in \a folder mark for the catalogue of \a context.
+/// Texts that the sources in \a folder mark for the catalogue of \a context.
 QSet<QString> markedIn(const QString &folder, const QString &context)
 {
     const QRegularExpression mark(
@@ -99,7 +99,7 @@ QSet<QString> markedIn(const QString &folder, const QString &context)
     return texts;
 }
 
-/// The places for values in \a text, "%1" for example, each as often as it is there.
+/// Placeholders in \a text, "%1" for example, with repetitions.
 QStringList placesIn(const QString &text)
 {
     static const QRegularExpression place(QStringLiteral("%\\d"));
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(messageCount(QStringLiteral(":/l10n/Velkor_en_US.qm")), 0);
     }
 
-    // Qt's own dialogs stay English on purpose: the catalogues named here are not shipped.
+    // Qt's own dialogs stay English on purpose: the catalogues that this one names are not shipped.
     void theCatalogueOfQtOnlyNamesOthers()
     {
         const QString path = QStringLiteral(":/l10n/qt_ru.qm");
@@ -159,8 +159,8 @@ private slots:
         QVERIFY(translator.isEmpty());
     }
 
-    // Of accessibility, and of the extras if they are built.
-    void eachTextBesideTheWindowIsTranslatedAndNoOther()
+    // The catalogues of accessibility and, if they are built, of the extras.
+    void eachTextOutsideTheWindowIsTranslatedAndNoOther()
     {
         const QString ending = QStringLiteral("_ru_RU.qm");
         const QDir catalogues(QStringLiteral(":/catalogues"));

@@ -42,7 +42,7 @@ QString randomText(QRandomGenerator &random)
     return text;
 }
 
-/// An INI text of pieces that mean something to QSettings.
+/// A random INI text of tokens that QSettings treats specially.
 QByteArray randomIni(QRandomGenerator &random)
 {
     static const QByteArrayList pieces
@@ -63,14 +63,14 @@ class TestIniText : public QObject
     Q_OBJECT
 
 private slots:
-    void nothingSetIsAnEmptyText()
+    void noValuesGiveAnEmptyText()
     {
         IniWriter ini;
         ini.beginGroup(QStringLiteral("Dials"));
         QCOMPARE(ini.bytes(), QByteArray());
     }
 
-    void aFileIsWrittenAsQSettingsWritesIt()
+    void fileIsWrittenAsByQSettings()
     {
         const QByteArray record("\x01\xd9\x00g\xff\n", 6);
         const auto fill = [&record](auto &ini) {
@@ -94,7 +94,7 @@ private slots:
         QCOMPARE(ini.bytes(), contentOf(path));
     }
 
-    void keysAreInSetOrderOnWindowsAndSortedElsewhere()
+    void keysAreInInsertionOrderOnWindowsAndSortedElsewhere()
     {
         IniWriter ini;
         ini.setValue(QStringLiteral("language"), 1);
@@ -120,7 +120,7 @@ private slots:
                 "[General]|CSS=2|language=1|[Dials]|paramSpeed=4|[WorkFolders]|lastFolder=3|"));
     }
 
-    void stringsAreWrittenAsQSettingsWritesThemAndReadBack()
+    void stringsAreWrittenAsByQSettingsAndReadBack()
     {
         QStringList values{ QString(),
                             QStringLiteral("/home/u/a.tdr"),
@@ -160,13 +160,13 @@ private slots:
             QCOMPARE(read.value(key(i)).toString(), values.at(i));
     }
 
-    void anyTextIsReadAsQSettingsReadsIt()
+    void anyTextIsReadAsByQSettings()
     {
         QRandomGenerator random(20260102);
         const QTemporaryDir folder;
         for (int i = 0; i < 5000; ++i) {
             const QByteArray bytes = randomIni(random);
-            // A fresh name each time: QSettings caches by name.
+            // A new name each time, because QSettings caches by name.
             const QString path = folder.filePath(QString::number(i));
             writeFile(path, bytes);
             QSettings expected(path, QSettings::IniFormat);
@@ -193,7 +193,7 @@ private slots:
         }
     }
 
-    void aSerialisedObjectCountsAsMissingAndSparesTheOtherKeys()
+    void serialisedObjectCountsAsMissingAndOtherKeysAreRead()
     {
         struct Row
         {

@@ -16,7 +16,8 @@ using namespace instrument;
 
 namespace {
 
-/// V. Without loss an echo is the scaled pulse; the rest is aliasing, a millionth of its height.
+/// V, tolerance: without loss an echo is the scaled pulse, but for aliasing below two millionths of
+/// its height.
 constexpr double exact = 20.0 * 2.0e-6;
 constexpr double metresPerSample = 0.125; ///< of fineSettings() on a lossless() cable
 constexpr std::size_t shortTrace = 600; ///< samples
@@ -128,7 +129,7 @@ private slots:
         const std::vector<Span> spans{ { lossless(12.5), {} } };
         const std::vector<double> open = fineEchoes({ spans, openCircuit });
         checkLevel(open, 12.5, 20.0);
-        // Half its height half a width, 10 ns, to either side.
+        // Half height is half a width, 10 ns, to either side.
         checkLevel(open, 11.5, 10.0);
         checkLevel(open, 13.5, 10.0);
         checkLevel(open, 0.0, 0.0);
@@ -212,10 +213,10 @@ private slots:
         QVERIFY(down.clipped > 0);
     }
 
-    void theReceiverColoursTheNoise()
+    void receiverBandwidthCorrelatesTheNoise()
     {
-        // 24 steps of noise and nothing else: no clipping, and rounding does not count. The
-        // standard deviation of 32000 samples is exact to 0.4 %.
+        // 24 steps of noise and nothing else: no clipping, and negligible rounding. The standard
+        // deviation of 32000 samples is exact to 0.4 %.
         Settings settings = fineSettings();
         settings.pulseAmplitude = 0;
         settings.noise = 6.0;
@@ -232,7 +233,7 @@ private slots:
         QVERIFY(std::abs(correlation(coloured, 12)) < 0.03 * correlation(coloured, 0));
     }
 
-    void strangeSettingsAreClamped()
+    void invalidSettingsAreClamped()
     {
         struct Row
         {

@@ -13,11 +13,11 @@
 
 namespace {
 
-/// What a picture is checked for at the smallest size in use.
+/// Check of a picture at the smallest size in use.
 enum class Look {
     Enabled, ///< full contrast
     Disabled, ///< visible, but fainter
-    Free ///< nothing: shown larger, or on a ground of its own
+    Free ///< none: shown larger, or on a background of its own
 };
 
 struct Picture
@@ -82,7 +82,7 @@ QImage onWindow(const QImage &source)
     return ground;
 }
 
-/// Grey, cut out by the mask of one bit: the look of a button that is not checked.
+/// \a source in grey with a one-bit mask, as on an unchecked button.
 QImage greyForm(const QImage &source)
 {
     QPixmap grey = QPixmap::fromImage(source.convertToFormat(QImage::Format_Grayscale8));
@@ -90,7 +90,7 @@ QImage greyForm(const QImage &source)
     return grey.toImage();
 }
 
-/// Percentage of pixels in \a area that differ from \a ground by at least \a wanted.
+/// Percentage of pixels in \a area whose contrast to \a ground is at least \a wanted.
 int share(const QImage &image, const QRect &area, QRgb ground, double wanted)
 {
     int found = 0;
@@ -162,8 +162,8 @@ private slots:
         });
     }
 
-    // The pixels of the window between two strokes, in a row that crosses the drawing.
-    void averageAndGainDoNotBlurWhenSmall()
+    // Counts the background pixels between two strokes in a row that crosses the drawing.
+    void strokesOfAverageAndGainStaySeparateWhenSmall()
     {
         struct Row
         {

@@ -35,8 +35,8 @@ void inReadOnlyProgramFolder(const std::function<void()> &work)
     const QFile::Permissions readOnly
         = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
     QFile::setPermissions(program_files::programFolder(), readOnly);
-    // Root may write everywhere. A different real user id changes the answer of access(), and the
-    // effective one keeps the rights that the test needs.
+    // Root may write everywhere. The real user id changes the answer of access(); the effective one
+    // keeps the rights that the test needs.
     const bool isRoot = geteuid() == 0;
     if (isRoot && setreuid(nobody, 0) != 0)
         qFatal("cannot change the user id");
@@ -66,7 +66,7 @@ private slots:
         init();
     }
 
-    void settingsLieBesideTheProgram()
+    void settingsAreBesideTheProgram()
     {
         QCOMPARE(program_files::programFolder(), QCoreApplication::applicationDirPath());
         QCOMPARE(program_files::settingsFile(), beside());
@@ -77,13 +77,14 @@ private slots:
     }
 
 #ifdef Q_OS_UNIX
-    void settingsOfAnInstalledProgramLieInTheUsersFolder()
+    void settingsOfAnInstalledProgramAreInTheUsersFolder()
     {
         writeFile(beside(), "beside");
         inReadOnlyProgramFolder([] {
             QCOMPARE(program_files::settingsFile(), own());
             QCOMPARE(QFileInfo(program_files::settingsBackupFile()).path(), userFolder());
-            // Until the user has one; something else in its place does not count.
+            // Without a settings file of the user, or with a folder in its place, the other one is
+            // read.
             QCOMPARE(program_files::settingsFileToRead(), beside());
             program_files::backUpSettings();
             QVERIFY(!QFileInfo::exists(userFolder()));
@@ -100,16 +101,16 @@ private slots:
         inReadOnlyProgramFolder([] { QCOMPARE(program_files::settingsFileToRead(), own()); });
     }
 
-    void onlyARegularFileOfSettingsIsBackedUp()
+    void onlyARegularSettingsFileIsBackedUp()
     {
-        // A copy of this one would be an empty regular file.
+        // A copy of this device would be an empty regular file.
         QVERIFY(QFile::link(QStringLiteral("/dev/null"), beside()));
         program_files::backUpSettings();
         QVERIFY(!QFileInfo::exists(program_files::settingsBackupFile()));
     }
 #endif
 
-    void theBackupIsMadeOnceAndOfSettingsBelowTheSizeLimit()
+    void backupIsMadeOnceAndOnlyBelowTheSizeLimit()
     {
         constexpr qint64 limit = 4 << 20;
         const QString backup = program_files::settingsBackupFile();
@@ -185,14 +186,14 @@ private slots:
     }
 #endif
 
-    void aFileIsReadUpToItsLimitAndNotBeyond()
+    void fileIsReadCompletelyOrNotAtAll()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a"));
         writeFile(path, "12345");
         QCOMPARE(program_files::readRegularFile(path, 5), QByteArray("12345"));
         QCOMPARE(program_files::readRegularFile(path, 4), QByteArray());
-        // More than is read at a time.
+        // Larger than one read.
         const QByteArray large = QByteArray("0123456789").repeated(20000);
         writeFile(path, large);
         QCOMPARE(program_files::readRegularFile(path, large.size()), large);
@@ -200,7 +201,7 @@ private slots:
         QCOMPARE(program_files::readRegularFile(path, large.size() - 1), QByteArray());
     }
 
-    void aFileIsReplacedCompletelyAndItsFolderMade()
+    void fileIsReplacedCompletelyAndItsFolderCreated()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("new/folder/a.ini"));

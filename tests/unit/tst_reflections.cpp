@@ -18,7 +18,7 @@ int converted(double level)
     return static_cast<int>(std::clamp(std::round(level), -128.0, 127.0));
 }
 
-/// A trace put together from shapes.
+/// A trace composed of shapes.
 class Shape
 {
 public:
@@ -85,7 +85,7 @@ class TestReflections : public QObject
     Q_OBJECT
 
 private slots:
-    void noiseAloneHasNone()
+    void noiseAloneHasNoReflections()
     {
         constexpr int traces = 10;
         for (const double noiseWidth : { 0.0, 1.0, 1.5, 2.0, 3.0, 4.0, 6.0, 8.0, 10.0 }) {
@@ -130,7 +130,7 @@ private slots:
                  qPrintable(QStringLiteral("%1 of %2").arg(tallFound).arg(tall)));
     }
 
-    void theStopIsTheHighestSample()
+    void reflectionIsAtTheHighestSample()
     {
         constexpr int traces = 60;
         for (const double width : { 2.0, 2.5, 3.0, 4.0, 6.0, 10.0, 16.0, 25.0 }) {
@@ -154,13 +154,13 @@ private slots:
         }
     }
 
-    void aClippedEchoHasItsStopInTheMiddle()
+    void clippedEchoHasItsReflectionInTheMiddle()
     {
         QCOMPARE(placesIn(Shape().bell(120.0, 900.0).levels()), QVector<int>{ 120 });
         QCOMPARE(placesIn(Shape().bell(120.0, -900.0).levels()), QVector<int>{ 120 });
     }
 
-    void otherShapesHaveNone()
+    void otherShapesHaveNoReflections()
     {
         struct Row
         {
@@ -185,7 +185,7 @@ private slots:
                   [](const Row &row) { QCOMPARE(placesIn(row.levels), QVector<int>()); });
     }
 
-    void aDroopInColouredNoiseHasNone()
+    void droopInColouredNoiseHasNoReflections()
     {
         // Where it is steep, the baseline follows the noise.
         constexpr int traces = 15;
@@ -293,7 +293,7 @@ private slots:
             QCOMPARE(placesIn(narrow.mid(0, count)), QVector<int>());
     }
 
-    void garbageGivesPlacesOnTheTrace()
+    void arbitrarySamplesGivePlacesOnTheTrace()
     {
         QVector<QVector<int>> traces(3);
         for (int i = 0; i < 1000; ++i) {
@@ -319,7 +319,7 @@ private slots:
         }
     }
 
-    void theNextAndThePreviousColumn()
+    void nextAndPreviousColumnAreFound()
     {
         const QVector<int> columns = { 40, 80, 120 };
         QCOMPARE(calc::nextColumn(columns, 0), 40);

@@ -11,7 +11,7 @@ namespace {
 
 const auto factorySettings = QStringLiteral(":/ini/settings_default.ini");
 
-/// A window of 800 x 500 at (560, 259) inside its frame, on a screen 1920 wide.
+/// Record of a window of 800 x 500 at (560, 259) inside its frame, on a screen 1920 wide.
 QByteArray factoryGeometry()
 {
     return QByteArray::fromHex("01d9d0cb 0003 0000 00000228 000000e5 00000557 000002fe"
@@ -61,7 +61,7 @@ class TestResources : public QObject
     Q_OBJECT
 
 private slots:
-    void theBundleHoldsEachKindInItsNumber()
+    void bundleHoldsTheNumberOfFilesOfEachKind()
     {
         const auto count = [](const char *pattern) {
             const QRegularExpression expression(QString::fromLatin1(pattern));
@@ -77,8 +77,8 @@ private slots:
         QCOMPARE(count("^:/(?!sharp/|catalogues/|docs/)"), 57); // nothing else
     }
 
-    // UTF-16, big-endian with a mark. Readers stop at the first empty line: the languages behind it
-    // have no catalogues yet.
+    // The list is UTF-16, big-endian, with a byte order mark. Readers stop at the first empty line:
+    // the languages after it have no catalogues yet.
     void theLanguageListOffersTwoLanguages()
     {
         const QByteArray bytes = contentOf(QStringLiteral(":/l10n/translation.ini"));
@@ -92,7 +92,7 @@ private slots:
                                 "es_ES Español\r\nfr_FR Français\r\nde_DE Deutsch\r\n"));
     }
 
-    void theFactorySettingsKeepTheirLines()
+    void factorySettingsHaveTheExpectedLines()
     {
         const QByteArray bytes = contentOf(factorySettings);
         QCOMPARE(bytes.size(), 478);
@@ -109,7 +109,7 @@ private slots:
                             "[Dials]\ncursorSpeed=100\nparamSpeed=100\n\n"));
     }
 
-    void theFactorySettingsHoldAWindow()
+    void factorySettingsHoldGeometryAndState()
     {
         const QSettings settings(factorySettings, QSettings::IniFormat);
         QCOMPARE(settings.status(), QSettings::NoError);
@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(settings.value(QStringLiteral("WindowState/windowState")), factoryWindowState());
     }
 
-    void theDataFilesAreOfOneSizeAndAllDifferent()
+    void dataFilesHaveOneSizeAndDiffer()
     {
         QSet<QByteArray> seen;
         for (int i = 0; i < 5; ++i) {

@@ -42,14 +42,14 @@ TDR_FILE_t recordOf(const QString &fileName)
 
 } // namespace
 
-/// The sample traces, and the records that the simulated instrument makes. What the traces show is
-/// in tst_reflection_steps.
+/// The sample traces, and the records that the simulated instrument makes. tst_reflection_steps
+/// tests the reflections on the traces.
 class TestSamples : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void theFolderHoldsTheSixTracesThatTheInstrumentMakes()
+    void folderHoldsTheSixTracesOfTheInstrument()
     {
         QStringList names;
         for (const SampleTrace &sample : sampleTraces()) {
@@ -62,7 +62,7 @@ private slots:
             // The check byte makes the sum of all bytes 0.
             QCOMPARE(std::accumulate(bytes.begin(), bytes.end(), 0) & 0xFF, 0);
             TDR_FILE_t kept = recordOf(sample.fileName);
-            // Another compiler's last digit may round a sample the other way.
+            // Floating-point differences between compilers may round a sample differently.
             for (int i = 0; i < Protocol_VX840::fileSamples; ++i)
                 QVERIFY2(std::abs(made.samples[i] - kept.samples[i]) <= 1,
                          qPrintable(sample.fileName + QStringLiteral(", sample %1").arg(i)));
@@ -88,7 +88,7 @@ private slots:
         }
     }
 
-    void theSixDifferInStepDelayAndShift()
+    void samplesDifferInStepDelayAndShift()
     {
         QVector<int> steps;
         int delayed = 0;
@@ -104,7 +104,7 @@ private slots:
         QCOMPARE(shifted, 1);
     }
 
-    void valuesOutOfRangeAreCutOrClamped()
+    void valuesOutOfRangeAreTruncatedOrClamped()
     {
         Survey survey;
         survey.note = QByteArray(2000, 'n');

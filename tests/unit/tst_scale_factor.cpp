@@ -6,13 +6,13 @@
 #include <QScreen>
 #include <QtTest>
 
-/// The factor by which the user has the program enlarged.
+/// The scale factor that the user sets in QT_SCALE_FACTOR.
 class TestScaleFactor : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void aFactorThatIsNoScaleCountsAsUnset()
+    void invalidFactorCountsAsUnset()
     {
         const QByteArrayList scales{ "0.1", "1.5", "10" };
         const QByteArrayList others{ "inf",    "-inf", "nan", "1e999", "0", "0.09",

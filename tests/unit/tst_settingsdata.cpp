@@ -77,11 +77,11 @@ private slots:
         expectDefaults(data);
     }
 
-    void aFileThatCouldNotBeReadAgainIsNotSaved()
+    void fileThatWouldExceedTheSizeLimitIsNotSaved()
     {
         writeFile(path, "[General]\nlanguage=former\n");
         SettingsData data(nullptr);
-        // 4 bytes each.
+        // Each character takes 4 bytes in the file.
         data.current_language = QString(1024 * 1024, QChar(0xfc));
         data.saveSettings(path, 8);
         QCOMPARE(contentOf(path), QByteArray("[General]\nlanguage=former\n"));
@@ -95,7 +95,7 @@ private slots:
     void aChangedFileIsReadAgainWithAnyModificationTime()
     {
         SettingsData data(nullptr);
-        // Of one size, and with one time that lies in the future.
+        // Both files have the same size and the same modification time, in the future.
         const QDateTime future = QDateTime::currentDateTime().addDays(1);
         for (const int speed : { 37, 38 }) {
             writeFile(path, "[Dials]\ncursorSpeed=" + QByteArray::number(speed) + '\n');
@@ -144,7 +144,7 @@ private slots:
         SettingsData again(nullptr);
         again.loadSettings(path, 4);
         QCOMPARE(again.last_folder, QStringLiteral("/traces"));
-        // The first is a name for people and no path.
+        // The first entry is a display name, not a path.
         QCOMPARE(again.work_folders,
                  QStringList({ QStandardPaths::displayName(QStandardPaths::DocumentsLocation),
                                QCoreApplication::applicationDirPath(), QDir::currentPath() }));
@@ -184,7 +184,7 @@ private slots:
         QCOMPARE(spy.at(0).at(0).toInt(), 1000000); // bits beyond the slots too
     }
 
-    void theSignalsStandInTheirOrder()
+    void signalsAreDeclaredInTheirOrder()
     {
         const QMetaObject &meta = SettingsData::staticMetaObject;
         QStringList names;
@@ -202,7 +202,7 @@ private slots:
         from->languageList[19].id = 19;
         from->languageList[19].CODE = QStringLiteral("xx");
         from->languageList[19].label = QStringLiteral("X");
-        // Never looked at: any address does.
+        // Never dereferenced, so any address will do.
         from->curAppPointer = reinterpret_cast<QApplication *>(from);
         for (const int mask : { 0, 1, 2, 4, 8, 16, 32, 63 }) {
             SettingsData data(nullptr);
@@ -219,7 +219,7 @@ private slots:
         }
     }
 
-    void aSheetIsReadByteByByteUpToFourMegabytes()
+    void sheetIsReadAsLatin1UpToFourMegabytes()
     {
         SettingsData data(nullptr);
         data.current_CSS_path = folder->filePath(QStringLiteral("a.qss"));
@@ -246,7 +246,7 @@ private slots:
 
     void aLanguageIsInstalledAndRemoved()
     {
-        // The last one delays nothing: it is cut for the search.
+        // The last code causes no delay: it is truncated for the search.
         const QString endless(1000000, QLatin1Char('_'));
         for (const QString &code : { QStringLiteral("en_US"), QStringLiteral("de_DE"), QString(),
                                      QStringLiteral("../../etc"), endless }) {
@@ -269,7 +269,7 @@ private slots:
     }
 
 private:
-    /// Fails unless \a data holds what an empty file makes of it.
+    /// Fails unless \a data holds the values of an empty file.
     static void expectDefaults(const SettingsData &data)
     {
         QCOMPARE(data.current_language, QStringLiteral("en_US"));

@@ -17,8 +17,7 @@ QString repeated(const char *text, int times)
     return QString::fromLatin1(text).repeated(times);
 }
 
-/// The first of \a sheets, in quotes, for which the answer is not \a expected; empty when there is
-/// none.
+/// The first of \a sheets, in quotes, whose answer is not \a expected; empty when there is none.
 QString wrongAnswer(const QStringList &sheets, bool expected)
 {
     for (const QString &sheet : sheets)
@@ -61,7 +60,7 @@ private slots:
             "QLabel { image: url(:/pix/logo.png) }",
             "QLabel { image: url(\"pix/my logo (2).png\") }",
             "QLabel { image: url(/) }",
-            // What is broken is left to Qt.
+            // Syntax errors are left to Qt.
             "QLabel { image: url(((",
             "QLabel { image: url(\"/a",
             "QLabel { color: red } \"",

@@ -89,7 +89,7 @@ private slots:
             QCOMPARE(byte, '\0');
     }
 
-    void theStepIsTruncatedToWholeCountsAndBoundedWhereItIsUsed()
+    void stepIsTruncatedToWholeCountsAndBoundedAtItsUse()
     {
         constexpr float infinity = std::numeric_limits<float>::infinity();
         QCOMPARE(calc::countsPerSample(1.2499999F), 0);

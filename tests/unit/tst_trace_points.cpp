@@ -238,7 +238,7 @@ private slots:
         QCOMPARE(calc::levelUnder(3, ramp(0)), -122); // step 0 counts as 1
     }
 
-    void lessThanAStepLeftOfTheTraceReadsItsFirstSample()
+    void lessThanOneStepLeftOfTheTraceIsItsFirstSample()
     {
         QCOMPARE(calc::levelUnder(7, ramp(4, 0, 10)), -125); // starts at 10
         QCOMPARE(calc::levelUnder(6, ramp(4, 0, 10)), noLevel);
@@ -254,7 +254,7 @@ private slots:
         QCOMPARE(calc::cursorOn(-5, ramp(4)).level, -125);
     }
 
-    void aCursorOnADifferenceSnapsToTheLeftmostOfBoth()
+    void cursorOnADifferenceSnapsToTheLeftColumnOfBothTraces()
     {
         const auto columnOn = [this](int column, const TraceRef &master, int step) {
             return calc::cursorOnDifference(column, master, ramp(step)).column;

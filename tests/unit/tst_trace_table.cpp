@@ -48,7 +48,7 @@ QStringList commentsOf(const calc::TraceTable &table)
         .filter(QRegularExpression(QStringLiteral("^# ")));
 }
 
-/// The lines that are no comments.
+/// The lines that are not comments.
 QStringList rowsOf(const calc::TraceTable &table)
 {
     QStringList rows = calc::tableText(table)
@@ -92,7 +92,7 @@ private slots:
 
     void tracesOnOtherGridsFollow()
     {
-        // The third has the step of the first and lies one count beside its grid.
+        // The third trace has the step of the first and is one count off its grid.
         const QStringList rows = rowsOf(tableOf({ trace(0, 2), trace(1, 4), trace(2, 2, -1) }));
         QCOMPARE(rows.size(), 1 + 3 * 250);
         QCOMPARE(rows[250], QStringLiteral("62.2500,622.50,49,,"));
@@ -116,7 +116,7 @@ private slots:
         QCOMPARE(rows[4], QStringLiteral("0.7500,7.50,3,-9"));
         QVERIFY(commentsOf(table).contains(
             QStringLiteral("# differences: trace 1 minus each other trace")));
-        // A master that is hidden is subtracted all the same.
+        // A hidden master is subtracted too.
         table.traces.removeFirst();
         QCOMPARE(rowsOf(table)[2], QStringLiteral("0.7500,7.50,-9"));
         // Without a master every trace stays as it is.
@@ -186,7 +186,7 @@ private slots:
         QCOMPARE(rows[2], QStringLiteral("\"0,5000\";\"5,00\";1"));
     }
 
-    void fileNamesCannotLeaveTheirCell()
+    void fileNamesStayInTheirCell()
     {
         calc::TraceTable table = tableOf({ trace(0, 1) });
         table.traces[0].file
@@ -200,7 +200,7 @@ private slots:
         QCOMPARE(rowsOf(table).size(), 251);
     }
 
-    void extremeTracesGiveWholeRows()
+    void extremeTracesGiveCompleteRows()
     {
         calc::TraceTable table = tableOf({ trace(0, 64000, INT_MIN, INT_MAX, 0xFFFFFFFF),
                                            trace(1, 0, INT_MAX), trace(2, 1, -7) });

@@ -32,12 +32,12 @@ class TestViewRange : public QObject
     Q_OBJECT
 
 private slots:
-    void eachZoomStepDoublesTheView()
+    void eachScaleDoublesTheView()
     {
         for (int exponent = 0; exponent <= 8; ++exponent) {
             QCOMPARE(calc::clampedScale(exponent), exponent);
             QCOMPARE(calc::visibleCounts(exponent), 250 << exponent);
-            // Exact at every level, and read back as the level.
+            // Exact at every scale, and converted back to the scale.
             const float caption = calc::scaleDistance(exponent);
             QCOMPARE(caption, 31.25F * static_cast<float>(1 << exponent));
             QCOMPARE(calc::exponentOfDistance(double{ caption }), exponent);
@@ -54,7 +54,7 @@ private slots:
         }
     }
 
-    void otherCaptionsGiveTheLowerZoom()
+    void otherDistancesGiveTheLowerScale()
     {
         QCOMPARE(calc::exponentOfDistance(100.0), 1);
         QCOMPARE(calc::exponentOfDistance(0.0), INT_MIN);
@@ -62,7 +62,7 @@ private slots:
         QCOMPARE(calc::exponentOfDistance(notANumber), 0);
     }
 
-    void theStepOfTheMasterSetsTheZoom()
+    void stepOfTheMasterSetsTheScale()
     {
         QCOMPARE(calc::exponentForMinstep(0.3F), -2);
         QCOMPARE(calc::exponentForMinstep(1.0F), 0);
@@ -78,7 +78,7 @@ private slots:
         QCOMPARE(calc::exponentForMinstep(std::numeric_limits<float>::infinity()), INT_MAX);
     }
 
-    void aStepPastAnEndIsRefused()
+    void scrollPastAnEndIsRefused()
     {
         struct Row
         {
@@ -143,7 +143,7 @@ private slots:
         QCOMPARE(calc::rangeFromDelay(2147419647, 8), (Range{ 2147419647, INT_MAX }));
         QCOMPARE(calc::rangeFromDelay(2147419648, 8), (Range{ 2147419647, INT_MAX }));
         QCOMPARE(calc::rangeFromDelay(0xFFFFFFFF, 0), (Range{ 2147419647, 2147419897 }));
-        QCOMPARE(calc::rangeFromDelay(0, 30), (Range{ 0, 64000 })); // zoom out of range
+        QCOMPARE(calc::rangeFromDelay(0, 30), (Range{ 0, 64000 })); // scale out of range
     }
 
     void aDragScrollsByTheCountsThatItCovers()

@@ -15,7 +15,7 @@ QByteArray factoryRecord(const char *key)
         .toByteArray();
 }
 
-/// Of a window of 800 x 500 with no docks and no tool bars.
+/// State of a window of 800 x 500 with no docks and no tool bars.
 QByteArray savedState()
 {
     static const QByteArray record = factoryRecord("WindowState/windowState");
@@ -51,7 +51,7 @@ class TestWindowGeometry : public QObject
     Q_OBJECT
 
 private slots:
-    void anyDamagedByteButThoseOfTheSizeIsRefused()
+    void damagedByteIsRefusedUnlessItBelongsToTheSize()
     {
         constexpr int sizeBegin = 13;
         constexpr int sizeEnd = 21;
@@ -87,7 +87,7 @@ private slots:
                 return window_geometry::isPlausibleGeometry(resized(rectangle, width, height),
                                                             desktop);
             };
-            // Of a screen that is gone.
+            // Saved on a screen that is no longer there.
             QVERIFY(isTaken(3840, 2160, { 1920, 1080 }));
             QVERIFY(isTaken(4000, 2400, { 1000, 600 }));
             QVERIFY(!isTaken(4001, 2400, { 1000, 600 }));
@@ -101,7 +101,7 @@ private slots:
         }
     }
 
-    void aHugeOrTurnedRectangleIsNotPlausible()
+    void hugeOrInvertedRectangleIsNotPlausible()
     {
         for (const int rectangle : rectangles) {
             for (int edge = 0; edge < 4; ++edge) {

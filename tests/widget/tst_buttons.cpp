@@ -21,7 +21,7 @@ const QString gain = QStringLiteral("://icons/rest_64/gain");
 
 constexpr QRgb pictureColour = 0xFFFF00FF;
 constexpr QRgb captionColour = 0xFF00FF00;
-const QString block = QStringLiteral("\u2588"); // fills its place to the edges
+const QString block = QStringLiteral("\u2588"); // fills its cell to the edges
 
 /// The columns of \a button that hold pixels of \a colour, first and last.
 QPair<int, int> columnsOf(QWidget &button, QRgb colour)
@@ -48,7 +48,7 @@ int lightestIn(QWidget &button, QPair<int, int> columns)
     return lightest;
 }
 
-/// Notes the palettes that bevels are drawn with.
+/// Records the palettes with which bevels are drawn.
 class Palettes : public QProxyStyle
 {
 public:
@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(columnsOf(button, pictureColour), qMakePair(71, 88));
     }
 
-    void aCaptionThatIsTooWideStaysOnTheButton()
+    void tooWideCaptionStaysOnTheButton()
     {
         PictureButton button;
         const QString word = block.repeated(4);
@@ -129,7 +129,7 @@ private slots:
         };
         const int oneLine = captionWidth();
         button.resize(100, 80);
-        // Two words over one another, in the same size.
+        // Two words on two lines, in the same size.
         const int wordWidth = QFontMetrics(button.font()).horizontalAdvance(word);
         QVERIFY(qAbs(captionWidth() - wordWidth) <= 1);
         QVERIFY(oneLine > 2 * wordWidth);
@@ -144,7 +144,7 @@ private slots:
         QCOMPARE(button.text().count(QLatin1Char('\n')), 1);
     }
 
-    void aDisabledPictureIsAsDimAsItsCaption()
+    void disabledPictureIsAsDimAsItsCaption()
     {
         QFile sheet(QStringLiteral(":/style/style_2.qss"));
         QVERIFY(sheet.open(QIODevice::ReadOnly));
@@ -165,7 +165,7 @@ private slots:
 
     // ---- InterfaceButton ----
 
-    void pureRedBecomesTheGreyOfQtAndTransparentStays()
+    void pureRedBecomesTheGreyOfQtAndTransparencyIsKept()
     {
         InterfaceButton button(nullptr);
         QPixmap halfRed(16, 16);
@@ -192,7 +192,7 @@ private slots:
         QCOMPARE(button.grayPixmap(clear).toImage().pixelColor(1, 1).alpha(), 0);
     }
 
-    void noPictureIsNoPicture()
+    void missingPictureGivesANullIcon()
     {
         InterfaceButton button(nullptr);
         QVERIFY(button.grayPixmap(QPixmap()).isNull());
@@ -214,12 +214,12 @@ private slots:
             const QImage on = iconImage(button.icon, mode, QIcon::On);
             QCOMPARE(on.convertToFormat(QImage::Format_ARGB32), coloured);
         }
-        // Under the mouse it is still the grey one.
+        // Under the mouse it is still grey.
         QVERIFY(iconImage(button.icon, QIcon::Active, QIcon::Off).allGray());
         QCOMPARE(button.QAbstractButton::icon().cacheKey(), button.icon.cacheKey());
     }
 
-    void settingTheIconAgainDoesNotPileUp()
+    void settingTheIconAgainReplacesIt()
     {
         InterfaceButton button(nullptr);
         for (int i = 0; i < 5; ++i) {
@@ -248,7 +248,7 @@ private slots:
         QCOMPARE(palettes->identities.size(), 1);
         QCOMPARE(palettes->grounds, QVector<QColor>(4, QColor(0x80, 0x60, 0x40)));
 
-        // As many colours as a user's sheet may have, and the first again.
+        // Many colours, as in a user's sheet, and the first again.
         palettes->grounds.clear();
         for (int red = 0; red < 40; ++red)
             paint(first, QStringLiteral("rgb(%1, 0, 0)").arg(red));
@@ -258,7 +258,7 @@ private slots:
         QCOMPARE(palettes->grounds.last(), QColor(0x80, 0x60, 0x40));
     }
 
-    void anApplicationHasOneOfItsOwnStyle()
+    void sharedStyleIsOneObjectWithTheStyleOfTheApplication()
     {
         QApplication::setStyle(QStringLiteral("Windows"));
         QCOMPARE(SharedBevels::instance(), SharedBevels::instance());

@@ -24,7 +24,7 @@ void drag(Cont_dial &dial, double turns)
     input::turnDial(&dial, 0.0, 360.0 * turns, qRound(40.0 * qAbs(turns)));
 }
 
-/// The rectangle that holds all pixels in which \a one and \a other differ.
+/// The bounding rectangle of all pixels in which \a one and \a other differ.
 QRect changedPart(const QImage &one, const QImage &other)
 {
     QRect all;
@@ -111,7 +111,7 @@ private slots:
                   });
     }
 
-    void theClampIsReportedEachTimeAndCorrectsNoTurns()
+    void clampedValueIsReportedEachTimeAndTurnsAreKept()
     {
         Cont_dial dial;
         dial.trueMax = 0;
@@ -130,7 +130,7 @@ private slots:
         QCOMPARE(dial.trueValue, -10);
     }
 
-    void theEndsOfAnIntAreNotPassed()
+    void valueSaturatesAtTheEndsOfInt()
     {
         Cont_dial dial;
         dial.trueMin = INT_MIN;
@@ -196,7 +196,7 @@ private slots:
         }
     }
 
-    void turningRoundAndRoundCounts()
+    void fullTurnsAreCounted()
     {
         for (const int accuracy : { 100, 1000, 8 }) {
             for (const double turns : { 3.0, -3.0 }) {
@@ -268,7 +268,7 @@ private slots:
 
     // ---- Painting ----
 
-    void theCaptionIsPaintedAtOnceAndThePictureNever()
+    void captionIsRepaintedAtOnceAndThePictureNever()
     {
         Cont_dial dial;
         show(dial);
@@ -304,7 +304,7 @@ private slots:
         QVERIFY(changed.width() > 20 && changed.width() < dial.width());
     }
 
-    void theRingLeavesNoMark()
+    void ringLeavesNoStalePixels()
     {
         Cont_dial dial;
         show(dial);

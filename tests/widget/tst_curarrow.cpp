@@ -45,7 +45,7 @@ private slots:
         }
     }
 
-    void theBrushStyleIsThePenWidthOfTheLetter()
+    void brushStyleSetsThePenWidthOfTheLetter()
     {
         for (const Qt::BrushStyle style : { Qt::SolidPattern, Qt::NoBrush }) {
             CurArrow marker(1);
@@ -104,7 +104,7 @@ private slots:
         QCOMPARE(marker.pos, 29.0F);
     }
 
-    void theLetterChangesSidesWhereItJustFits()
+    void letterChangesSidesWhereItNoLongerFits()
     {
         CurArrow marker(1);
         marker.setRect(QRectF(0, 0, 500, 250));
@@ -151,7 +151,7 @@ private slots:
         QCOMPARE(marker.visible, false);
     }
 
-    void theLetterIsThreeQuartersOfTheFont()
+    void letterHasThreeQuartersOfTheFontSize()
     {
         const auto points = [](float size) {
             CurArrow marker(1);
@@ -176,7 +176,7 @@ private slots:
         }
     }
 
-    void aMarkerLeavesItsScene()
+    void deletedMarkerLeavesItsScene()
     {
         QGraphicsScene scene;
         auto marker = std::make_unique<CurArrow>(1);

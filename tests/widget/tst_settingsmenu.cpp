@@ -27,7 +27,7 @@ private slots:
         f.reset(new SettingsFixture);
     }
 
-    void aNewDialogTouchesStyleLanguageGeometryAndDials()
+    void newDialogSelectsStyleLanguageGeometryAndDials()
     {
         const SettingsMenu &menu = f->menu;
         QCOMPARE(menu.save_load_index, 58);
@@ -45,12 +45,12 @@ private slots:
         }
         QCOMPARE(menu.tabs->widget(0), menu.files_widget);
         QCOMPARE(menu.tabs->widget(1), menu.settings_widget);
-        // Kept empty: the dialog is always opened on the other one.
+        // The page of files is empty: the dialog always opens on the other page.
         QCOMPARE(menu.files_widget->layout(), nullptr);
         QVERIFY(menu.files_widget->children().isEmpty());
     }
 
-    void ticksGoToTheirBits()
+    void checkBoxesSetTheirBits()
     {
         f->open();
         QTest::mouseClick(f->menu.files_settings_check, Qt::LeftButton, Qt::NoModifier, { 5, 5 });
@@ -66,7 +66,7 @@ private slots:
         QCOMPARE(f->menu.update_index, 0);
     }
 
-    void theControlsHaveTheirOrder()
+    void controlsAreInTheirOrder()
     {
         f->open();
         const SettingsMenu &menu = f->menu;
@@ -89,7 +89,7 @@ private slots:
         QVERIFY(menu.settings_check_box->isAncestorOf(menu.dial_settings_check));
     }
 
-    // tst_texts has that none of them stays English in a Russian window.
+    // tst_texts checks that none of them stays English in a Russian window.
     void everyControlHasItsText()
     {
         const SettingsMenu &menu = f->menu;
@@ -114,12 +114,12 @@ private slots:
                                 "OK|Apply|Cancel"));
     }
 
-    void noTextIsCut()
+    void noTextIsClipped()
     {
         f->live.current_CSS_path = QStringLiteral(":/style/style_2.qss");
         f->live.parse_CSS();
         f->menu.setStyleSheet(f->live.current_CSS);
-        // Open already when the language changes: the dialog must grow with its texts.
+        // The dialog is open when the language changes, so it must grow with its texts.
         f->open();
         for (const char *code : { "en_US", "ru_RU" }) {
             f->live.current_language = QLatin1String(code);
@@ -179,7 +179,7 @@ private slots:
         QCOMPARE(f->live.current_language, QStringLiteral("en_US"));
     }
 
-    void goingBackUnmarksALanguageAndNotASpeed()
+    void revertingUnmarksALanguageButNotASpeed()
     {
         f->open();
         f->menu.language_select->setCurrentIndex(1);
@@ -202,7 +202,7 @@ private slots:
         QVERIFY(f->menu.apply_button->isEnabled());
     }
 
-    void theLastOfTwoEqualNamesCounts()
+    void lastOfTwoEqualLanguageNamesIsUsed()
     {
         f->live.languageList[2].id = 2;
         f->live.languageList[2].CODE = QStringLiteral("en_GB");
@@ -273,7 +273,7 @@ private slots:
         QCOMPARE(f->menu.language_select->currentIndex(), 1);
     }
 
-    void okAppliesWhatApplyHasNotAndCloses()
+    void okAppliesRemainingChangesAndCloses()
     {
         QSignalSpy spy(&f->live, &SettingsData::dial_settings_changed);
         for (const bool applied : { false, true }) {

@@ -54,7 +54,7 @@ private slots:
         QFile::remove(program_files::settingsFile());
     }
 
-    void theFactorySettingsTouchNeitherTracesNorFolders()
+    void factorySettingsChangeNeitherTracesNorFolders()
     {
         SettingsFixture::press(f->menu.load_default_button);
         QCOMPARE(f->live.current_CSS_path, QStringLiteral(":/style/style_2.qss"));
@@ -81,9 +81,9 @@ private slots:
         QCOMPARE(emitted, QByteArray("dials "));
     }
 
-    void theStartingSettingsBringTheTracesBack()
+    void startSettingsRestoreTheTraces()
     {
-        // Without them the defaults are loaded.
+        // Without start settings the defaults are loaded.
         SettingsFixture::press(f->menu.load_last_button);
         QCOMPARE(f->live.cursor_dial_speed, 100);
         QCOMPARE(f->menu.cursor_accur->value(), 100);
@@ -141,7 +141,7 @@ private slots:
         // The edit can still be applied.
         QVERIFY(f->menu.apply_button->isEnabled());
         QCOMPARE(f->menu.cursor_accur->value(), 900);
-        // Nothing ticked: a file without keys.
+        // No section ticked: a file without keys.
         tickOnly({});
         const QString empty = folder->filePath(QStringLiteral("empty.ini"));
         answerFileDialog(f->menu.save_settings_button, typeFileName(empty));

@@ -99,7 +99,7 @@ private slots:
             });
     }
 
-    void untickedBoxesStandOutFromTheirGround()
+    void uncheckedBoxesContrastWithTheirBackground()
     {
         for (const char *sheet : { ":/style/style_2.qss", ":/style/style_1.qss" }) {
             SettingsFixture f;
@@ -123,7 +123,7 @@ private slots:
         }
     }
 
-    void aSheetThatDrawsTheBoxesKeepsThem()
+    void sheetThatDrawsCheckBoxesKeepsThem()
     {
         SettingsFixture f;
         f.live.current_CSS = QStringLiteral(

@@ -55,8 +55,8 @@ bool edgeShown(const MainWindowProbe &probe, int edge)
 
 } // namespace
 
-/// The chart, its series and its grid. Which points a trace has and which lines a grid is tested
-/// with calc::stepPoints and calc::planGrid.
+/// The chart, its series and its grid. tst_trace_points tests the points of a trace, tst_axis_grid
+/// the lines of a grid.
 class TestChart : public WindowTest
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ private slots:
         openOn({});
         const auto series = probe().Plot_Chart()->series();
         QCOMPARE(series.size(), 17);
-        QCOMPARE(series[0], probe().axisX()); // the one by which pixels become counts
+        QCOMPARE(series[0], probe().axisX()); // the series that maps pixels to counts
         const QColor colours[] = { QColor(0, 255, 0), QColor(0, 255, 255), QColor(255, 0, 255),
                                    QColor(255, 0, 0), QColor(255, 255, 0), QColor(0, 0, 255) };
         for (int slot = 0; slot < 6; ++slot) {
@@ -92,7 +92,7 @@ private slots:
         QCOMPARE(probe().Plot_Chart()->axes().size(), 2);
     }
 
-    void theChartHasItsBaseLineAndAxesAndNoLegend()
+    void chartHasBaseLineAndAxesAndNoLegend()
     {
         openOn({});
         const QLineSeries *line = probe().axisX();
@@ -141,7 +141,7 @@ private slots:
         QCOMPARE(levelOf(spline), 14.0);
     }
 
-    void menuAndSmoothingShowTheirFormOfATrace()
+    void visibilityAndSmoothingSelectTheShownSeries()
     {
         openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
         probe().selected_rfg()[1]->visible_action->trigger();
@@ -181,7 +181,7 @@ private slots:
         QCOMPARE(probe().diff_flag(), MainWindow::DIFF);
     }
 
-    void aRaisedSeriesKeepsEverythingButItsPlace()
+    void raisedSeriesChangesOnlyItsZOrder()
     {
         openOn({ TraceBuilder(), TraceBuilder() });
         QLineSeries *series = probe().rfg_series()[1];
@@ -219,7 +219,7 @@ private slots:
 
     // ---- Grid ----
 
-    void gridAndTitleLieInTheSceneUnderTheTraces()
+    void gridAndTitleAreInTheSceneUnderTheTraces()
     {
         fixture->open();
         const auto stack = stacked(*probe().Plot_Scene());
@@ -250,7 +250,7 @@ private slots:
         QCOMPARE(probe().axis_0_lbl()[0].text(), QStringLiteral("0.0"));
         QVERIFY(!probe().axis_0_lbl()[1].isVisible());
         QVERIFY(!probe().axis_0_lines()[1].isVisible());
-        // 15.614 m across: 1.25 m a step, 12 whole intervals.
+        // The view is 15.614 m wide: 1.25 m per step, 12 whole intervals.
         window().KU_change(3.0);
         QCOMPARE(interior(probe()).size(), 12);
         QCOMPARE(interior(probe()).mid(0, 2),
@@ -274,7 +274,7 @@ private slots:
         }
         QCOMPARE(probe().axis_0_lines()[0].x(), 0.0);
         QCOMPARE(probe().axis_0_lbl()[0].x(), left());
-        // A right edge of its own.
+        // The right edge is not on a line of the grid.
         window().setPlotRange(0, 238);
         QVERIFY(edgeShown(probe(), 1));
         QCOMPARE(probe().axis_0_lbl()[1].text(), QStringLiteral("29.8"));
@@ -282,7 +282,7 @@ private slots:
         QCOMPARE(probe().axis_0_lbl()[1].x(), width() + left());
     }
 
-    void layingOutPutsLabelsInTheMiddleOfTheBandUnderThePlot()
+    void layoutCentresLabelsInTheBandUnderThePlot()
     {
         fixture->open();
         QCOMPARE(probe().axis_lbl()[0].font().pixelSize(), 10);
@@ -297,7 +297,7 @@ private slots:
         QCOMPARE(interior(probe()).size(), 12);
     }
 
-    void noLabelIsCutAtTheRightEdgeOfTheView()
+    void noLabelIsClippedAtTheRightEdgeOfTheView()
     {
         fixture->open();
         bool wasMoved = false;
@@ -308,7 +308,7 @@ private slots:
                     continue;
                 const double right = pair.label->sceneBoundingRect().right();
                 QVERIFY(right < viewport()->width() + 0.001);
-                // Its own position stays, and it moves no farther than it must.
+                // A label is moved by its transform alone, and no farther than to the edge.
                 const bool isMoved = !pair.label->transform().isIdentity();
                 QVERIFY(!isMoved || right > viewport()->width() - 0.001);
                 wasMoved = wasMoved || isMoved;

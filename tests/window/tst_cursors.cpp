@@ -16,8 +16,8 @@
 using QtCharts::QAbstractSeries;
 using QtCharts::QLineSeries;
 
-/// The cursors: position, level, lines and markers. Which column and level a trace gives is tested
-/// with calc::cursorOn.
+/// The cursors: position, level, lines and markers. tst_trace_points tests the column and the level
+/// on a trace.
 class TestCursors : public WindowTest
 {
     Q_OBJECT
@@ -45,7 +45,8 @@ private slots:
         QCOMPARE(probe().curA_button()->text(), QStringLiteral("Cursor A\n x = 1.00 m\n y = "));
     }
 
-    // Two counts to a sample, three samples late, shifted by 4 samples to the right and 10 up.
+    // The trace has two counts per sample and a delay of three samples, and is shifted by 4 samples
+    // to the right and 10 levels up.
     void aCursorShowsItsColumnAndLevel()
     {
         openOn({ countingTrace().minstep(2.5F).delay(3).shiftX(4).shiftY(10) });
@@ -71,7 +72,7 @@ private slots:
         QCOMPARE(brokenInvariants(window()), QStringList());
     }
 
-    // The master every two counts and 3 samples late, the other every four.
+    // The master has two counts per sample and a delay of 3 samples, the other trace four counts.
     void aDifferenceHasNoLevelAndLimitsTheCursor()
     {
         openOn({ countingTrace().minstep(2.5F).delay(3), countingTrace().minstep(5.0F) });
@@ -84,7 +85,7 @@ private slots:
         // The master itself is drawn as it is.
         input::click(probe().selected_rfg()[0]);
         QCOMPARE(cursorAt(20), QPoint(20, 7));
-        // Without a master each trace is.
+        // Without a master each trace is drawn as it is.
         input::click(probe().selected_rfg()[1]);
         probe().rfg_master_ID() = -1;
         QCOMPARE(cursorAt(40), QPoint(40, 10));

@@ -20,8 +20,7 @@ TraceBuilder rising()
 
 } // namespace
 
-/// Difference mode. The points of a difference are tested with calc::stepDifference and in
-/// tst_trace_corpus.
+/// Difference mode. tst_trace_points and tst_trace_corpus test the points of a difference.
 class TestDifference : public WindowTest
 {
     Q_OBJECT
@@ -40,9 +39,10 @@ private:
     }
 
 private slots:
-    void aTraceIsDrawnWhereItsSamplesMeetTheMasters()
+    void differenceIsDrawnAtColumnsCommonWithTheMaster()
     {
-        // Master every 2 counts; the other every 4, from count 2 * 4 + 4 on, 2 levels higher.
+        // The master has 2 counts per sample. The other trace has 4, starts at count 2 * 4 + 4, and
+        // is 2 levels higher.
         openDifference(
             { rising().minstep(2.5F), levelTrace(3).minstep(5.0F).delay(2).shiftX(1).shiftY(2) });
         QCOMPARE(series(0)->count(), 499);
@@ -58,7 +58,7 @@ private slots:
         QCOMPARE(probe().rfg_series_sp()[1]->at(1), QPointF(16.0, 8.0 - 5.0));
     }
 
-    void anEmptyWindowTakesTheModeWithoutAMaster()
+    void emptyWindowEntersTheModeWithoutAMaster()
     {
         MainWindow &window = fixture->open();
         input::click(probe().difference_button());
@@ -71,9 +71,9 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 4);
     }
 
-    void anEmptyMasterCountsEverywhere()
+    void emptyMasterStillDeterminesDifferenceAndStep()
     {
-        // Slot 6 keeps the master's mark, and empty slots its step of 256 counts.
+        // Slot 6 keeps the mark of the master, and empty slots keep its step of 256 counts.
         QVector<TraceBuilder> traces = levelTraces(6);
         traces[5].minstep(320.0F);
         MainWindow &window = openOn(traces, 5);
@@ -126,7 +126,7 @@ private slots:
             QCOMPARE(series(slot)->at(0).y(), 7.0);
         window.H_Offset_change(100);
         QCOMPARE(series(1)->count(), 2 * 150 - 1);
-        // In normal mode the master alone is drawn.
+        // In normal mode only the master is drawn.
         input::click(probe().difference_button());
         probe().rfg_series()[1]->clear();
         window.V_Offset_change(9);
@@ -134,7 +134,7 @@ private slots:
         QCOMPARE(series(1)->count(), 0);
     }
 
-    void aShiftOfAnotherTraceRedrawsThatOneOnly()
+    void shiftOfAnotherTraceRedrawsOnlyThatTrace()
     {
         MainWindow &window = openDifference({ rising(), rising(), rising() });
         probe().rfg_buttons()->button(1)->click();
@@ -146,7 +146,7 @@ private slots:
         QCOMPARE(series(2)->count(), 0);
     }
 
-    void aTraceLoadedBesideTheMasterIsDrawnAloneAndOneOverItRedrawsAll()
+    void loadRedrawsOneTraceAndLoadIntoTheMasterRedrawsAll()
     {
         MainWindow &window = openDifference({ rising(), rising(), rising() });
         const QString other = fixture->trace(QStringLiteral("other.tdr"), levelTrace(40));

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// What \a dialog asks: title, label, and the value in its range, by its step.
+/// Title and label of \a dialog, its value, range and step.
 QString questionOf(const QInputDialog &dialog)
 {
     const auto number = [](double value) { return QString::number(value, 'g', 9); };
@@ -40,13 +40,15 @@ QString questionOf(const QInputDialog &dialog)
 
 } // namespace
 
-/// The dialogs that a right click opens. tst_typed_numbers has what can be typed into them.
+/// The dialogs that a right click opens. tst_typed_numbers tests the texts that can be typed into
+/// them.
 class TestEntryDialogs : public WindowTest
 {
     Q_OBJECT
 
 private:
-    /// Two traces: four counts to a sample, two samples right, 7 up; and two counts to a sample.
+    /// Opens a trace of four counts per sample, shifted two samples right and 7 levels up, and a
+    /// trace of two counts per sample.
     void openTraces()
     {
         openOn({ TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7), TraceBuilder().minstep(2.5F) });
@@ -82,7 +84,7 @@ private:
     }
 
 private slots:
-    void theFactorIsAskedInThousandthsAndSetsTheDialToItsWholePart()
+    void factorIsEnteredInThousandthsAndSetsTheDialToItsIntegerPart()
     {
         openTraces();
         QCOMPARE(answered(probe().KU_button(), 2.125),
@@ -97,7 +99,7 @@ private slots:
         QCOMPARE(probe().param_dial()->trueValue, 8);
     }
 
-    void theHorizontalShiftIsAskedInMetres()
+    void horizontalShiftIsEnteredInMetres()
     {
         openTraces();
         QCOMPARE(answered(probe().H_offset_button(), 3.6),
@@ -112,7 +114,7 @@ private slots:
         QCOMPARE(probe().param_dial()->trueValue, probe().master_scale());
     }
 
-    void theVerticalShiftIsAskedInSampleSteps()
+    void verticalShiftIsEnteredInSampleSteps()
     {
         openTraces();
         QCOMPARE(answered(probe().V_offset_button(), -100),
@@ -135,7 +137,7 @@ private slots:
         QCOMPARE(probe().rfg_DATA()[0].scroll, 79);
     }
 
-    void theScaleIsChosenFromNine()
+    void scaleIsChosenFromNineValues()
     {
         openTraces();
         const QString items = QStringLiteral("31.25m 62.5m 125m 250m 500m 1000m 2000m 4000m 8000m");
@@ -153,7 +155,7 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 0);
     }
 
-    void aCursorIsAskedInMetres()
+    void cursorIsEnteredInMetres()
     {
         openTraces();
         window().cursorSetup_slot(40);
@@ -194,7 +196,7 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 36);
     }
 
-    void theCursorsStepIsThatOfTheTraceThatDecides()
+    void cursorDialogHasTheStepOfTheCursor()
     {
         const QString oneCount = QStringLiteral("0.125000001");
         const QString two = QStringLiteral("0.250000001");
@@ -238,7 +240,7 @@ private slots:
         }
     }
 
-    void otherButtonsAndOtherPressesAskNothing()
+    void otherButtonsAndPressesOpenNoDialog()
     {
         openTraces();
         const auto answer = answerDialog(cancelDialog);

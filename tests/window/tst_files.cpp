@@ -12,7 +12,7 @@
 #include <QScopeGuard>
 #include <QtTest>
 
-/// Files that are opened. tst_trace_corpus has what each byte of a record does.
+/// Opening of files. tst_trace_corpus tests the effect of each byte of a record.
 class TestFiles : public WindowTest
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ private slots:
         }
     }
 
-    void ofMoreThanSixFilesTheFirstSixAreTaken()
+    void firstSixOfMoreFilesAreOpened()
     {
         fixture->open();
         QVERIFY(QDir(fixture->path({})).mkdir(QStringLiteral("near")));
@@ -103,7 +103,7 @@ private slots:
         const QString path
             = fixture->trace(QStringLiteral("one.tdr"), levelTrace(77).minstep(5.0F));
         QVERIFY(loadInto(*fixture, 3, path));
-        // Neither the selection nor the master moves to it.
+        // Selection and master do not change.
         QCOMPARE(slotsText(), QStringLiteral("Vv.v.., selected 0, master 0"));
         QCOMPARE(probe().master_scale(), 0);
         QCOMPARE(probe().settingsData()->read_index, 0b1011);

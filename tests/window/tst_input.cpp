@@ -32,7 +32,7 @@ private:
     }
 
 private slots:
-    void aLeftPressOutsideThePlotAndAMoveWithoutButtonsMoveNothing()
+    void leftPressOutsideThePlotAndMoveWithoutButtonsMoveNothing()
     {
         openOn(tracesOfSteps({ 1.25F }));
         window().cursorSetup_slot(100);
@@ -50,7 +50,7 @@ private slots:
         QCOMPARE(shape(), int(Qt::ArrowCursor));
     }
 
-    void aLeftDragTakesTheCursorAlongInsideAndOutsideThePlot()
+    void leftDragMovesTheCursorInsideAndOutsideThePlot()
     {
         openOn(tracesOfSteps({ 1.25F }));
         const QPoint start = input::pixelOf(probe(), 50);
@@ -64,10 +64,10 @@ private slots:
             QCOMPARE(probe().cursor_A_pos(), input::countAt(probe(), place.x()));
             QCOMPARE(shape(), int(Qt::ClosedHandCursor));
         }
-        // Over the upper edge of the view, still at a column of the plot.
+        // Above the upper edge of the view, still at a column of the plot.
         input::move(viewport(), QPoint(input::pixelOf(probe(), 150).x(), -40), Qt::LeftButton);
         QVERIFY(qAbs(probe().cursor_A_pos() - 150) <= 1);
-        // Far to the left is before the first column.
+        // Left of the first column.
         input::move(viewport(), QPoint(-300, 100), Qt::LeftButton);
         QCOMPARE(probe().cursor_A_pos(), 0);
         input::release(viewport(), QPoint(-300, 100), Qt::LeftButton);
@@ -118,7 +118,7 @@ private slots:
             input::release(viewport(), QPoint(180, 90), Qt::MiddleButton);
             QCOMPARE(shape(), int(Qt::ArrowCursor));
         }
-        // Past an end a pan is refused.
+        // A pan past an end is refused.
         window().scale_change(0);
         window().setPlotRange(5, 255);
         input::press(viewport(), QPoint(300, 100), Qt::MiddleButton);
@@ -161,9 +161,9 @@ private slots:
         QCOMPARE(probe().cursor_A_pos(), 40);
     }
 
-    void inDifferenceModeTheCoarserSampleCounts()
+    void differenceModeUsesTheCoarserSample()
     {
-        // Of the master, then of the selected trace.
+        // The master has the coarser step, then the selected trace.
         for (const QVector<float> &steps : { QVector<float>{ 10.0F, 2.5F }, { 2.5F, 10.0F } }) {
             openOn(tracesOfSteps(steps));
             input::click(probe().selected_rfg()[1]);
@@ -176,7 +176,7 @@ private slots:
         }
     }
 
-    void aNotchThatScalesGoesBackToTheCursor()
+    void wheelThatScalesCentresTheCursor()
     {
         openOn(tracesOfSteps({ 1.25F }));
         probe().scale_wheel_action()->trigger();
@@ -210,7 +210,7 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 12);
     }
 
-    void withoutACursorTheWheelStepsTheDialAlone()
+    void withoutACursorTheWheelStepsOnlyTheDial()
     {
         openOn(tracesOfSteps({ 2.5F }));
         window().cursorSetup_slot(10);
@@ -246,7 +246,7 @@ private slots:
         }
     }
 
-    void theWheelOnTheParameterDial()
+    void wheelOnTheParameterDialStepsTheParameter()
     {
         struct Row
         {
@@ -300,7 +300,7 @@ private slots:
                 const auto *box = qobject_cast<QMessageBox *>(&dialog);
                 isAbout = box != nullptr && box->parentWidget() == &window()
                     && box->text().contains(QStringLiteral("Qt"))
-                    // Qt's own title takes the place of the empty one.
+                    // Qt sets this title because the viewer's is empty.
                     && box->windowTitle() == QStringLiteral("About Qt");
                 dialog.reject();
             });
@@ -310,7 +310,7 @@ private slots:
         }
     }
 
-    void linksInTheAboutBoxCanBeReadOnEveryGround()
+    void linksInTheAboutBoxAreReadableOnEveryBackground()
     {
         fixture->open();
         for (const char *sheet : { "QWidget { background: rgb(64, 65, 66); color: white; }",
@@ -330,7 +330,7 @@ private slots:
             });
             QTest::mousePress(probe().logo_lbl(), Qt::LeftButton);
             QVERIFY(answer->served());
-            // The lines under the links.
+            // The underlines of the links.
             QVERIFY(points > 20);
             QVERIFY(best >= 4.5);
         }

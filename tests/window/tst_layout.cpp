@@ -27,7 +27,7 @@ struct Cell
     int stretch;
 };
 
-/// Stands for a sunken line in a list of cells.
+/// Placeholder for a sunken line in a list of cells.
 const QObject *const lineHere = nullptr;
 
 bool isSunkenLine(const QWidget *widget)
@@ -68,7 +68,7 @@ QString differenceFrom(const QGridLayout *grid, const QVector<QVector<QWidget *>
     return {};
 }
 
-/// What \a icon draws in the size of \a picture is \a picture.
+/// True when \a icon draws \a picture at the size of \a picture.
 bool draws(const QIcon &icon, const QImage &picture, QIcon::Mode mode, QIcon::State state)
 {
     const auto plain = [](const QImage &image) {
@@ -82,7 +82,7 @@ bool draws(const QIcon &icon, const QImage &picture, QIcon::Mode mode, QIcon::St
 
 #define COMPARE_CELLS(layout, ...) QCOMPARE(differenceFrom(layout, __VA_ARGS__), QString())
 
-/// Where the controls are and which pictures they have.
+/// Positions and pictures of the controls.
 class TestLayout : public WindowTest
 {
     Q_OBJECT

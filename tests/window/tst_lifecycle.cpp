@@ -27,7 +27,8 @@ void writeWindowState(const QByteArray &geometry, const QByteArray &state)
     WindowFixture::writeSettings(ini.bytes());
 }
 
-/// The record that Qt saves of a window without a frame at \a place of a screen 800 pixels wide.
+/// The geometry record that Qt saves for a window without a frame at \a place on a screen 800
+/// pixels wide.
 QByteArray geometryOf(const QRect &place)
 {
     QByteArray record;
@@ -64,7 +65,7 @@ class TestLifecycle : public WindowTest
     Q_OBJECT
 
 private slots:
-    void closingBacksTheFormerSettingsUpOnceAndSaves()
+    void closingBacksUpTheFormerSettingsOnceAndSaves()
     {
         fixture->open();
         fixture->close();
@@ -91,7 +92,7 @@ private slots:
 
     // 255 bytes, the longest name of most file systems. QSaveFile writes under a longer name, which
     // fails here.
-    void settingsWithTheLongestNameAreReadAndNeverTorn()
+    void settingsWithTheLongestNameAreReadAndNeverPartlyWritten()
     {
         SettingsData *settings = fixture->open().settings();
         const QString path = fixture->path(QString(251, QLatin1Char('n')) + QStringLiteral(".ini"));
@@ -125,7 +126,7 @@ private slots:
         QVERIFY(qAbs(probe().dist_coef() - 0.12500000057) < 1e-11); // in single precision
         const QButtonGroup *parameters = probe().down_buttons();
         QCOMPARE(parameters->checkedId(), int(MainWindow::H_OFFSET));
-        // The others are read only.
+        // The other parameters are read-only.
         for (int id = 0; id < 10; ++id)
             QCOMPARE(parameters->button(id)->isEnabled(),
                      (QVector<int>{ MainWindow::KU, MainWindow::V_OFFSET, MainWindow::H_OFFSET,
@@ -158,7 +159,7 @@ private slots:
         QCOMPARE(probe().settingsData()->window_state, state);
     }
 
-    void theWindowComesBackWithItsFormerSize()
+    void windowIsRestoredToItsFormerSize()
     {
         writeWindowState(geometryOf({ 0, 0, 800, 560 }), {});
         QCOMPARE(fixture->open().size(), QSize(800, 560));
@@ -167,7 +168,7 @@ private slots:
         QCOMPARE(window().height(), 520);
     }
 
-    void aWindowLargerThanTheScreenComesBackInView()
+    void windowLargerThanTheScreenIsRestoredInView()
     {
         // The offscreen platform has a screen of 800 x 600 pixels.
         writeWindowState(geometryOf({ 900, 700, 1000, 640 }), {});

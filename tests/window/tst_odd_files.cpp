@@ -21,15 +21,15 @@
 
 namespace {
 
-constexpr qint64 answerTime = 200; ///< most milliseconds for any file
+constexpr qint64 answerTime = 200; ///< longest time for any file, ms
 constexpr int fewestReadings = 200;
-constexpr qint64 patience = 20000; ///< most milliseconds until both kinds of readings occurred
+constexpr qint64 patience = 20000; ///< longest time until both kinds of readings occurred, ms
 
 /// What one reading of a changing file returned.
 enum class Reading {
     Whole,
     Part,
-    Wrong ///< what the file never held
+    Wrong ///< content that the file never held
 };
 
 /// A file that a thread writes, truncates and removes in a loop during its lifetime.
@@ -124,7 +124,7 @@ bool isQuick(const std::function<void()> &work)
 
 } // namespace
 
-/// Files that are no files, that have odd names, or that change while they are read.
+/// Paths that are no regular files or have odd names, and files that change while they are read.
 class TestOddFiles : public WindowTest
 {
     Q_OBJECT
@@ -142,7 +142,7 @@ private:
 private slots:
     // ---- Traces ----
 
-    void nothingOnScreenChangesWhateverIsLoadedInstead()
+    void failedLoadChangesNothingOnScreen()
     {
         MainWindow &window = openGood();
         const QStringList before = stateOf(window);
@@ -154,7 +154,7 @@ private slots:
         });
     }
 
-    void anEmptySlotTurnsIntoOneOfZerosAndNoOtherChanges()
+    void failedLoadIntoAnEmptySlotGivesZerosOnlyThere()
     {
         const auto otherSlots = [](MainWindow &window) {
             const QStringList lines = tracesOf(window);
@@ -171,7 +171,7 @@ private slots:
         });
     }
 
-    void aRunWithPathsThatCannotBeReadStartsAgain()
+    void windowStartsAfterARunWithUnreadablePaths()
     {
         eachPlace([this](const OddPlace &place) {
             fixture->close();
@@ -208,7 +208,7 @@ private slots:
     }
 #endif
 
-    void aTraceWithAStrangeNameIsRead()
+    void traceWithAnOddNameIsRead()
     {
         struct Row
         {
@@ -234,7 +234,7 @@ private slots:
             window.add_Selected_RFG(path, 0);
             QCOMPARE(probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
             QVERIFY(probe().chart_title().text().startsWith(row.shown + QStringLiteral(", /")));
-            // And again from the settings of this run.
+            // Read again from the settings of this run.
             fixture->open();
             QCOMPARE(probe().rfg_DATA()[0].full_path, path);
             QCOMPARE(probe().rfg_series()[0]->at(0), QPointF(0.0, -7.0));
@@ -243,14 +243,14 @@ private slots:
 
     // ---- Settings ----
 
-    void aLastFolderThatIsNoPathOpensTheDialog()
+    void fileDialogOpensWithAnInvalidLastFolder()
     {
         WindowFixture::writeSettings("[WorkFolders]\nlastFolder=\"\\x0\"\n");
         fixture->open();
         QVERIFY(chooseFiles(*fixture, {}));
     }
 
-    void settingsFromAnywhereAreDefaultsAndLeaveTheTraces()
+    void unreadableSettingsAreDefaultsAndKeepTheTraces()
     {
         constexpr state_index allButTracesAndFolders = 58;
         MainWindow &window = openGood();
@@ -271,7 +271,7 @@ private slots:
 
     // ---- Style sheets ----
 
-    void aSheetFromAnywhereIsEmptyAndLeavesTheTraces()
+    void unreadableSheetIsEmptyAndKeepsTheTraces()
     {
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);
@@ -286,12 +286,13 @@ private slots:
         });
     }
 
-    // Applied unless it names a file that may block: the window opens, and the text is kept.
-    void aSheetThatNamesSuchAPlaceDoesNotBlock()
+    // A sheet that names a file that may block is not applied. The window opens, and the text is
+    // kept.
+    void sheetThatNamesAnOddPlaceDoesNotBlock()
     {
         const QString sheet = fixture->path(QStringLiteral("a.qss"));
         eachPlace([&](const OddPlace &place) {
-            // Qt reads no further than to a NUL.
+            // Qt stops at a NUL.
             if (place.path.contains(QChar(0)))
                 return;
             const QByteArray name = QFile::encodeName(place.path);
@@ -311,7 +312,7 @@ private slots:
 
     // ---- Files that are removed, truncated or written while the program reads them ----
 
-    void aChangingTraceFillsWhatWasThere()
+    void changingTraceReplacesTheSamplesThatWereRead()
     {
         MainWindow &window = openOn({ levelTrace(7), levelTrace(9) });
         const QStringList before = stateOf(window).filter(QStringLiteral("[0]"));
@@ -333,7 +334,7 @@ private slots:
         QCOMPARE(stateOf(window).filter(QStringLiteral("[0]")), before);
     }
 
-    void changingSettingsAreWhatTheFileHeldAtSomeMoment()
+    void changingSettingsAreReadAsOfOneMoment()
     {
         MainWindow &window = openOn({ levelTrace(7) });
         const QStringList before = stateOf(window);
@@ -363,7 +364,7 @@ private slots:
         QCOMPARE(stateOf(window), before);
     }
 
-    void aChangingSheetIsWhatTheFileHeldAtSomeMoment()
+    void changingSheetIsReadAsOfOneMoment()
     {
         MainWindow &window = openOn({ levelTrace(7) });
         const QStringList before = stateOf(window).filter(QStringLiteral("rfg_series"));

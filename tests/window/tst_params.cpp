@@ -10,8 +10,8 @@
 #include <QButtonGroup>
 #include <QtTest>
 
-/// The parameters, set by the dial and by the window's operations. Which values are possible is
-/// tested with calc::wholeSamples, calc::clampedVerticalOffset and calc::clampedKU.
+/// The parameters, set by the dial and by the window's operations. tst_view_range tests the limits
+/// of the values.
 class TestParams : public WindowTest
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ private:
         return probe().param_dial();
     }
 
-    /// One trace of four counts to a sample, shifted by two samples and 7 steps.
+    /// Opens a trace of four counts per sample, shifted by two samples and 7 levels.
     void openWithTrace()
     {
         openOn({ TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7) });
@@ -35,7 +35,7 @@ private:
         emit dial()->trueValueChanged(value);
     }
 
-    /// What a parameter button sets on the dial, as one text.
+    /// The values that a parameter button sets on the dial, as one text.
     QString dialState() const
     {
         return QStringLiteral("%1 in %2..%3 of %4%5, '%6'")
@@ -140,7 +140,7 @@ private slots:
         }
     }
 
-    void eachDialParameterReachesItsOperation()
+    void turnOfTheDialChangesTheSelectedParameter()
     {
         openWithTrace();
         input::click(probe().H_offset_button());
@@ -219,7 +219,7 @@ private slots:
         openOn({ TraceBuilder().minstep(5.0F).shiftX(10) });
         QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n5.00 m"));
         window().KU_change(0.5);
-        // 40 counts of 0.18737 m, and the step of four.
+        // 40 counts of 0.18737 m, and the cursor step of four counts.
         QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift\n7.49 m"));
         QCOMPARE(dial()->titleText, QStringLiteral("X Shift\n7.49 m"));
         QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.75 m"));
@@ -229,7 +229,7 @@ private slots:
         QCOMPARE(probe().dist_coef(), 0.018737028625);
         QCOMPARE(probe().KU_button()->text(), QStringLiteral("KU\n10.000"));
         QCOMPARE(dial()->titleText, QStringLiteral("KU\n10.000"));
-        // The record keeps its own.
+        // The record keeps its own factor.
         QCOMPARE(float(recordedKU()), 1.49896229F);
     }
 };

@@ -26,7 +26,7 @@ private:
     }
 
 private slots:
-    void aScrollBeyondAnEndIsRefused()
+    void scrollPastAnEndIsRefused()
     {
         openOn({});
         const auto verify = [this](int step, const Ends &ends) {
@@ -39,7 +39,7 @@ private slots:
         verify(63700, { 63700, 63950 });
         verify(51, { 63700, 63950 });
         verify(50, { 63750, 64000 });
-        // A view left of the start is put back to it.
+        // A view left of the start is moved to the start.
         window().setPlotRange(-20, 230);
         QVERIFY(probe().scroll_left_button()->isEnabled());
         verify(-1, { 0, 250 });
@@ -80,7 +80,7 @@ private slots:
         QCOMPARE(range(), Ends(0, 250));
     }
 
-    void aScaleHasItsRangeAndCaption()
+    void scaleHasItsRangeAndCaption()
     {
         openOn({});
         probe().scale_button()->click();
@@ -99,7 +99,7 @@ private slots:
         }
         window().scale_change(std::numeric_limits<int>::max());
         QCOMPARE(probe().master_scale(), 8);
-        // The same scale once more returns to the start too.
+        // Setting the same scale again also returns to the start.
         window().scale_change(2);
         window().plotScroll(5000);
         window().scale_change(2);
@@ -107,7 +107,7 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 0);
     }
 
-    void aJumpBetweenTheEndsDisablesBothZoomButtons()
+    void jumpBetweenTheEndsDisablesBothZoomButtons()
     {
         openOn({});
         const auto verify = [this](int scale, bool down, bool up) {
@@ -133,7 +133,7 @@ private slots:
         input::click(probe().scale_down_button());
         QCOMPARE(probe().master_scale(), 0);
         QCOMPARE(range(), Ends(9875, 10125));
-        // The group takes a press from a disabled button.
+        // The group also reports a press of a disabled button.
         emit probe().scale_nav_group()->idPressed(0);
         QCOMPARE(probe().master_scale(), 0);
     }

@@ -19,8 +19,8 @@
 
 namespace {
 
-/// What is derived from the size of the window: the base size, points of fonts (pixels in the
-/// grid), pixels of icons.
+/// Values derived from the size of the window: the base size, font sizes in points (pixels in the
+/// grid), icon sizes in pixels.
 struct Sizes
 {
     const char *name;
@@ -63,7 +63,7 @@ private:
         window().resize(width, height);
         WindowFixture::settle();
     }
-    /// What a debug line says of the chart.
+    /// The debug line about the chart.
     QString report() const
     {
         const QRectF area = probe().Plot_Chart()->plotArea();
@@ -182,8 +182,8 @@ private slots:
         QVERIFY(qAbs(marker->scale - 1.0F) < 0.001F);
     }
 
-    // Scales are products of floats.
-    void twentyTripsToALargeSizeAndBackChangeNothing()
+    // The scale of a marker is an accumulated product of floats.
+    void twentyResizesAndBackChangeNothing()
     {
         for (int trip = 0; trip < 20; ++trip) {
             resizeTo(3840, 2160);
@@ -209,7 +209,7 @@ private slots:
                 QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
             }
         }
-        // Resized alone it sets exactly a fifth.
+        // A resize of the files button alone sets exactly a fifth.
         QResizeEvent event(QSize(50, 50), QSize(40, 40));
         QApplication::sendEvent(probe().legend_button(), &event);
         for (const QSpacerItem *spacer : spacers)
@@ -236,7 +236,7 @@ private slots:
                            .arg(report())
                            .arg(probe().Plot_View()->width())
                            .arg(probe().Plot_View()->height()));
-        // The sizes of the window on request.
+        // The sizes are also logged on request.
         caught().clear();
         qInstallMessageHandler(catchLine);
         window().reportSizes();

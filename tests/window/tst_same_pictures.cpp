@@ -29,7 +29,7 @@ constexpr int stateCount = 6; ///< of the window in which the layer is compared,
 using W = MainWindow;
 using P = MainWindowProbe;
 
-/// What repaints more of the plot than a cursor that moves.
+/// A change that repaints more of the plot than a cursor step.
 struct Change
 {
     const char *name;
@@ -123,8 +123,7 @@ const std::vector<Change> changes{
       } },
 };
 
-/// Six traces of unlike steps, delays and shifts, so that grids have common columns in some pairs
-/// only.
+/// Six traces of different steps, delays and shifts, so only some pairs have common columns.
 QVector<TraceBuilder> unlikeTraces()
 {
     QVector<TraceBuilder> traces;
@@ -144,8 +143,8 @@ QVector<TraceBuilder> unlikeTraces()
     return traces;
 }
 
-/// How many events the layer is compared after, for each seed and scale. The environment variable
-/// VELKOR_ACTIONS asks for more.
+/// Number of events after which the layer is compared, for each seed and scale. The environment
+/// variable VELKOR_ACTIONS sets another number.
 int comparedActions()
 {
     const int wanted = qEnvironmentVariableIntValue("VELKOR_ACTIONS");
@@ -213,8 +212,8 @@ void setState(Player &player, const QStringList &traces, int state)
 
 } // namespace
 
-/// The plot on the screen is that of a window painted again, and that which the chart module would
-/// paint itself. A grab repaints a window and hides what is stale, so no test grabs before its end.
+/// Compares the plot on the screen with a repainted window and with the painting of the chart
+/// module. A grab repaints a window and hides stale pixels, so no test grabs before its end.
 class TestSamePictures : public WindowTest
 {
     Q_OBJECT
@@ -237,7 +236,7 @@ private:
             WindowFixture::settle();
         }
     }
-    /// A place in the plot, another one for each \a number.
+    /// A place in the plot that depends on \a number.
     QPoint place(int number) const
     {
         const QRect area = probe().Plot_Chart()->plotArea().toRect();
@@ -258,7 +257,7 @@ private slots:
             QVERIFY(qobject_cast<const QOpenGLWidget *>(widget) == nullptr || !widget->isVisible());
     }
 
-    void aCursorStepRepaintsWhereTheCursorWasAndIs()
+    void cursorStepRepaintsOldAndNewPlaceOnly()
     {
         openOnTraces();
         for (const int column : { 41, 43, 42 }) {
@@ -304,8 +303,8 @@ private slots:
                     else
                         input::move(viewport(), place(number), Qt::LeftButton);
                 } },
-              // Anything that repaints the window at once between the two moves makes the scene
-              // forget where the cursor was.
+              // An immediate repaint between the two moves makes the scene forget the old place of
+              // the cursor.
               { "two moves during a repaint",
                 [this](int) {
                     viewport()->update(QRect(350, 100, 40, 40));
@@ -328,7 +327,7 @@ private slots:
             });
     }
 
-    void aCursorOutOfTheViewLeavesNothingBehind()
+    void cursorOutsideTheViewLeavesNoStalePixels()
     {
         openOnTraces();
         window().plotScroll(2000);
@@ -342,7 +341,7 @@ private slots:
             openOnTraces();
             row.change(window(), probe());
             window().cursorSetup_slot(51);
-            // A repaint can ask for a layout, and that for a repaint.
+            // A repaint can request a layout, and a layout a repaint.
             for (int turn = 0; turn < 3; ++turn)
                 WindowFixture::settle();
             moveCursorTo({ 62, 73, 71 });
@@ -362,7 +361,7 @@ private slots:
                 player.chooseFrom(traces);
                 const Script script = randomScript(seed, comparedActions());
                 for (int i = 0; i < script.size(); ++i) {
-                    // Each state for an equal part of the script, whatever the events change in it
+                    // Each state applies to an equal part of the script; events may change it
                     if (i % (comparedActions() / stateCount) == 0)
                         setState(player, traces, i / (comparedActions() / stateCount));
                     player.play(script[i]);
@@ -379,7 +378,7 @@ private slots:
             }
     }
 
-    void aDifferenceIsFound()
+    void comparisonDetectsADifference()
     {
         QImage one(4, 3, QImage::Format_RGB32);
         one.fill(Qt::black);

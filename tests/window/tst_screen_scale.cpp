@@ -34,7 +34,7 @@ bool isNear(const QRectF &one, const QRectF &other)
         && std::abs(one.bottom() - other.bottom()) <= unitsOff;
 }
 
-/// How steep the edges in \a picture are: the sum over all neighbours in its rows.
+/// Sharpness of \a picture: the sum of the differences of all neighbours in its rows.
 double steepness(const QImage &picture)
 {
     double sum = 0.0;
@@ -46,7 +46,7 @@ double steepness(const QImage &picture)
     return sum;
 }
 
-/// \a widget as it would be on a screen with one pixel for each unit.
+/// \a widget as on a screen with one pixel for each unit.
 QImage coarsePicture(QWidget &widget)
 {
     QImage picture(widget.size(), QImage::Format_RGB32);
@@ -56,8 +56,8 @@ QImage coarsePicture(QWidget &widget)
 
 } // namespace
 
-/// The window on a screen that has more than one pixel for a unit: as large as ever to the eye, and
-/// drawn in all of the pixels.
+/// The window on a screen with several pixels per device-independent unit: its size in units is the
+/// same, and it is drawn at full resolution.
 class TestScreenScale : public WindowTest
 {
     Q_OBJECT
@@ -153,7 +153,7 @@ private slots:
         }
     }
 
-    void aMovingCursorLeavesNothingBehind()
+    void movingCursorLeavesNoStalePixels()
     {
         for (int step = 0; step < 12; ++step) {
             window().cursorSetup_slot(40 + step * 11);
@@ -162,7 +162,7 @@ private slots:
         QCOMPARE(staleOf(window()), QString());
     }
 
-    void panAndZoomLeaveNothingBehind()
+    void panAndZoomLeaveNoStalePixels()
     {
         for (int step = 0; step < 8; ++step) {
             if (step % 2 == 0)

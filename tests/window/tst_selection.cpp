@@ -16,8 +16,8 @@
 
 #include <limits>
 
-/// Selected trace, visible traces and master. tst_texts has what the selection writes, and
-/// tst_trace_corpus what a master sets.
+/// Selected trace, visible traces and master. tst_texts tests the texts of the selection,
+/// tst_trace_corpus the effect of a master.
 class TestSelection : public WindowTest
 {
     Q_OBJECT
@@ -25,14 +25,14 @@ class TestSelection : public WindowTest
 private slots:
     // ---- Selected trace ----
 
-    void theStepLabelShowsTheStepThatCounts()
+    void stepLabelShowsTheStepOfTraceOrMaster()
     {
         const auto stepText = [this] { return probe().cursor_step_lbl().text(); };
         openOn({ TraceBuilder().minstep(5.0F), TraceBuilder().minstep(10.0F) });
         QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
         probe().rfg_buttons()->button(1)->click();
         QCOMPARE(stepText(), QStringLiteral("cursor step = 1.00 m"));
-        // The master's.
+        // In difference mode, the step of the master.
         input::click(probe().difference_button());
         QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
         input::click(probe().difference_button());
@@ -103,7 +103,7 @@ private slots:
 
     // ---- Visibility ----
 
-    void showingASlotInOneStepRepairsTheMaster()
+    void changingVisibilityUpdatesTheMaster()
     {
         MainWindow &window = openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() }, 2);
         window.addremove_aux(1, false);
@@ -118,7 +118,7 @@ private slots:
 
     // ---- Master ----
 
-    void aNumberOutsideOneToFiveMeansTheFirstSlot()
+    void masterNumberOutsideOneToFiveMeansTheFirstSlot()
     {
         MainWindow &window = openOn({ TraceBuilder(), TraceBuilder() }, 1);
         for (const int id : { 7, -1, 6, 0, std::numeric_limits<int>::min() }) {
@@ -143,7 +143,7 @@ private slots:
         QCOMPARE(slotsText(), QStringLiteral("vHh..., selected 0, master 1"));
     }
 
-    void theMasterAsBeforeChangesNothing()
+    void settingTheSameMasterChangesNothing()
     {
         MainWindow &window = openOn({ TraceBuilder().minstep(5.0F) });
         window.scale_change(7);
@@ -151,7 +151,7 @@ private slots:
         window.setMasterID(0);
         QCOMPARE(probe().master_scale(), 7);
         QCOMPARE(probe().master_params().KU + 0.0F, 3.0F);
-        // Unless no master is set: then the same slot is set again.
+        // When no master is set, the same slot is set again.
         probe().master_is_set() = false;
         window.setMasterID(0);
         QVERIFY(probe().master_is_set());
@@ -159,7 +159,7 @@ private slots:
         QCOMPARE(probe().master_params().KU + 0.0F, 1.49896229F);
     }
 
-    void theStepOfTheNewMasterReachesEmptySlotsOnly()
+    void stepOfTheNewMasterIsSetInEmptySlotsOnly()
     {
         MainWindow &window
             = openOn({ TraceBuilder(), TraceBuilder().minstep(10.0F), TraceBuilder() });
@@ -171,7 +171,7 @@ private slots:
         QCOMPARE(probe().master_params().sample_minstep + 0.0F, 10.0F);
     }
 
-    void differencesAreDrawnFromTheNewMasterBeforeItCountsAsSet()
+    void differencesAreDrawnFromTheNewMasterBeforeItIsMarkedAsSet()
     {
         MainWindow &window = openOn({ levelTrace(1), levelTrace(20) });
         window.setDiff_flag(true);

@@ -37,7 +37,7 @@ private:
 private slots:
     // ---- Emptying ----
 
-    void anEmptiedSlotKeepsItsRecordAndTakesTheMastersStep()
+    void emptiedSlotKeepsItsRecordAndTakesTheStepOfTheMaster()
     {
         openOn({ levelTrace(1).minstep(5.0F), levelTrace(2) });
         clearSlot(1);
@@ -51,7 +51,7 @@ private slots:
         QCOMPARE(trace.coef_from_min, 4);
         QCOMPARE(probe().rfg_buttons()->button(1)->text(), QStringLiteral("RFG 2\n(not loaded)"));
         QVERIFY(probe().selected_rfg()[1]->date.isEmpty());
-        // The selected trace is another one.
+        // The selected trace is not the cleared one.
         QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain\n30"));
         clearSlot(0);
         QCOMPARE(probe().gain_button()->text(), QStringLiteral("Gain"));
@@ -68,7 +68,7 @@ private slots:
         clearSlot(0);
         QCOMPARE(slotsText(), QStringLiteral(".V..v., selected 0, master 1"));
         QCOMPARE(probe().master_scale(), 1);
-        // Another one.
+        // A slot that is not the master.
         clearSlot(4);
         QCOMPARE(slotsText(), QStringLiteral(".V...., selected 0, master 1"));
     }
@@ -118,7 +118,7 @@ private slots:
         probe().settingsData()->master_ID = 2;
         window.show_AllSelected_RFGs(4);
         QCOMPARE(slotsText(), QStringLiteral("..V..., selected 2, master 2"));
-        // The last one stays marked until another becomes the master.
+        // The last master stays marked until another slot becomes the master.
         clearSlot(2);
         QCOMPARE(slotsText(), QStringLiteral("..:..., selected 2"));
         window.add_Selected_RFG(fixture->path(QStringLiteral("t1.tdr")), 3);
@@ -167,7 +167,7 @@ private slots:
                       for (int i = 1; i <= 3; ++i)
                           fixture->trace(QStringLiteral("t%1.tdr").arg(i), levelTrace(-10 * i));
                       row.reset();
-                      // The master is what gets selected.
+                      // The master is selected.
                       QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
                       QCOMPARE(probe().rfg_buttons()->checkedId(), 0);
                       QCOMPARE(firstPoint(0), QPointF(0.0, -10.0));
@@ -180,14 +180,14 @@ private slots:
                       QCOMPARE(probe().master_scale(), 0);
                       QCOMPARE(probe().master_params().KU + 0.0F, 1.49896229F);
                   });
-        // Without traces the view alone.
+        // Without traces only the view is reset.
         openOn({});
         window().plotScroll(100);
         input::click(probe().reset_all_button());
         QCOMPARE(probe().cust_axisX()->min(), 0.0);
     }
 
-    void aTraceWhoseFileIsGoneStaysAndKeepsItsPath()
+    void traceStaysLoadedWithItsPathWhenItsFileIsGone()
     {
         openOn(levelTraces(2));
         for (const char *name : { "t1.tdr", "t2.tdr" })
@@ -198,7 +198,7 @@ private slots:
         QCOMPARE(slotsText(), QStringLiteral("Vv...., selected 0, master 0"));
         for (int slot = 0; slot < 2; ++slot)
             QCOMPARE(firstPoint(slot).y(), slot + 1.0);
-        // The file is back.
+        // The file exists again.
         QVERIFY(QDir().rmdir(fixture->path(QStringLiteral("t2.tdr"))));
         fixture->trace(QStringLiteral("t2.tdr"), levelTrace(22));
         resetSlot(1);
@@ -208,7 +208,7 @@ private slots:
 
     // ---- The set of slots ----
 
-    void aFileThatVanishedSinceTheLastRunLeavesItsSlotLoaded()
+    void slotIsLoadedEvenIfItsFileIsGoneSinceTheLastRun()
     {
         WindowFixture::writePreviousRun({ fixture->path(QStringLiteral("gone.tdr")) });
         fixture->open();
@@ -219,7 +219,7 @@ private slots:
         QCOMPARE(probe().dist_coef(), 0.18737028625);
     }
 
-    void aSetOfSlotsHasOneMasterOrNone()
+    void setOfSlotsHasOneMasterOrNone()
     {
         MainWindow &window = openOn(levelTraces(2), 1);
         window.show_AllSelected_RFGs(0);

@@ -36,7 +36,7 @@ void write(const QString &path, const QByteArray &bytes)
     QTest::qSleep(20);
 }
 
-/// Replaces the file at \a path by a new one, as editors do that never leave half a file.
+/// Replaces the file at \a path by renaming a new one, as many editors save.
 void replaceByRenaming(const QString &path, const QByteArray &bytes)
 {
     const QString fresh = path + QStringLiteral(".new");
@@ -51,7 +51,7 @@ std::function<void(const QString &)> beforeWatching;
 } // namespace
 
 #ifdef Q_OS_LINUX
-// Qt finds this function instead of the one of the C library.
+// Qt calls this function instead of the one of the C library.
 extern "C" int inotify_add_watch(int descriptor, const char *path, uint32_t mask) noexcept
 {
     if (beforeWatching)
@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(probe().Plot_Scene()->backgroundBrush(), nearBlack);
     }
 
-    // tst_style_text has what is refused.
+    // tst_style_text tests which sheets are refused.
     void refusedSheetIsStoredAndNotApplied()
     {
         const QByteArray text = "QDial { qproperty-minimum: 100 }";
@@ -205,7 +205,7 @@ private slots:
             QTRY_COMPARE(look(), QByteArray());
             QCOMPARE(currentPath(), sheet);
             QVERIFY(probe().CSS_watcher().files().isEmpty());
-            // Other changes in its folder do not bring it back.
+            // Other changes in its folder do not restore it.
             window().CSS_watcher_slot(QStringLiteral(":/style/style_1.qss"));
             write(sheet + QLatin1Char('~'), secondSheet);
             QTest::qWait(30);

@@ -22,7 +22,7 @@ std::vector<corpus::TextRow> rowsOf(const char *table)
     return corpus::textRows(QStringLiteral(VELKOR_TEST_DATA "/") + QLatin1String(table));
 }
 
-/// \a text for a table: short, and with escapes for what cannot be seen.
+/// \a text for a table: shortened, with escapes for invisible characters.
 QString shown(const QString &text)
 {
     if (text.size() > 100)
@@ -106,7 +106,7 @@ Values valuesIn(const SettingsData &settings, const QString &trace)
     };
 }
 
-/// The settings of a window and what it shows of them.
+/// The settings of a window and the values that it shows.
 Values valuesIn(const WindowFixture &fixture, const QString &trace)
 {
     const MainWindowProbe &probe = fixture.probe();
@@ -127,7 +127,7 @@ Values valuesIn(const WindowFixture &fixture, const QString &trace)
     return values;
 }
 
-/// What is wrong with the slots that hold the good trace; empty when all show it.
+/// The error in the slots that hold the good trace; empty when all show it.
 QString faultOfTraces(const WindowFixture &fixture, const QString &trace)
 {
     const MainWindowProbe &probe = fixture.probe();

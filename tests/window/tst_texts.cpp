@@ -63,9 +63,8 @@ struct Text
 
 } // namespace
 
-/// What the controls say in both languages. The words themselves are tested with the dictionary,
-/// the texts of the settings dialog with that, those of the file dialogs in tst_files, captions and
-/// title of a trace in tst_trace_corpus.
+/// Texts of the controls in both languages. tst_dictionary tests the words, tst_settingsmenu the
+/// settings dialog, tst_files the file dialogs, tst_trace_corpus captions and title of a trace.
 class TestTexts : public WindowTest
 {
     Q_OBJECT
@@ -129,7 +128,7 @@ private:
         return texts;
     }
 
-    /// Every text that any object of the window holds, found without knowing the window.
+    /// Every text of every object of the window, found by its properties.
     QStringList foundTexts() const
     {
         QStringList found;
@@ -191,7 +190,7 @@ private slots:
         }
     }
 
-    void theLanguageOfThePreviousRunIsThereFromTheStart()
+    void languageOfThePreviousRunIsUsedFromTheStart()
     {
         WindowFixture::writeSettings("[General]\nlanguage=ru_RU\n");
         fixture->open();
@@ -199,7 +198,7 @@ private slots:
         verify(0, true);
     }
 
-    void nothingEnglishStaysInARussianWindow()
+    void noEnglishTextStaysInARussianWindow()
     {
         for (const int loaded : { 0, 2 }) {
             open(loaded);
@@ -230,7 +229,7 @@ private slots:
         }
     }
 
-    void anEmptySlotBesideLoadedOnesChangesItsTitleToo()
+    void languageSwitchChangesTheTitleOfAnEmptySlot()
     {
         open(1);
         QTest::mouseClick(probe().selected_rfg()[3], Qt::LeftButton);
@@ -242,7 +241,7 @@ private slots:
         QCOMPARE(probe().rfg_DATA()[0].name, text("РФГ 1"));
     }
 
-    void aLanguageChangeOfTheFilesButtonAloneIsEnough()
+    void languageChangeEventOfTheFilesButtonUpdatesAllTexts()
     {
         open(0);
         probe().smooth_button()->setText(QString());

@@ -182,7 +182,7 @@ private:
         WindowFixture::writePreviousRun({ good, QString(), second });
         MainWindow &window = fixture->open();
         window.cursorSetup_slot(cursorColumn);
-        // Creates what is created on first use.
+        // Creates the objects that are created on first use.
         window.grab();
         probe().smooth_button()->setChecked(true);
         probe().smooth_button()->setChecked(false);
@@ -199,7 +199,8 @@ private:
         window.add_Selected_RFG(fixture->path(QStringLiteral("g")), 0);
         window.add_Selected_RFG(fixture->path(QStringLiteral("s")), 2);
         probe().rfg_buttons()->button(0)->setChecked(true);
-        // A zoom button that is off at one end of the scale stays so on the way to the other end.
+        // A zoom button that is disabled at one end of the scale stays disabled after a jump to the
+        // other end.
         window.scale_change(1);
         window.setMasterID(0);
         window.remove_Selected_RFG(1);

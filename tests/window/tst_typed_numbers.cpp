@@ -105,8 +105,8 @@ class TestTypedNumbers : public WindowTest
     Q_OBJECT
 
 private:
-    /// Enters \a entry into \a dialog, then presses Enter and, when that does nothing, Tab. What
-    /// differs from the expectation; empty when nothing does.
+    /// Enters \a entry into \a dialog, then presses Enter and, when that does nothing, Tab. Returns
+    /// the difference from the expectation; empty if there is none.
     static QString problemWith(QInputDialog &dialog, const Entry &entry, Enter enter)
     {
         auto *box = static_cast<QAbstractSpinBox *>(dialog.focusWidget());
@@ -145,7 +145,7 @@ private:
     }
 
 private slots:
-    void aNumberIsReadAlikeInEveryLocale()
+    void numberIsReadEquallyInEveryLocale()
     {
         struct Row
         {
@@ -179,7 +179,7 @@ private slots:
         });
     }
 
-    void okByItsShortcutTakesTheTextThatIsStillEdited()
+    void shortcutOfOkAcceptsTheEditedText()
     {
         openOn({ TraceBuilder() });
         answerEntry(probe().curA_button(), [](QInputDialog &dialog) {

@@ -23,7 +23,7 @@
 
 namespace {
 
-/// A window that notes whose events its filter sees and counts those that it consumes.
+/// A window that records whose events its filter sees and counts the consumed ones.
 class WatchingWindow : public MainWindow
 {
 public:
@@ -43,7 +43,8 @@ public:
 } // namespace
 
 /// Groups, menus and watched objects, the choices that two controls share, and the settings dialog
-/// with the live window behind it. tst_text_corpus has what loaded settings do to the window.
+/// with the live window behind it. tst_text_corpus tests the effect of loaded settings on the
+/// window.
 class TestWiring : public WindowTest
 {
     Q_OBJECT
@@ -191,7 +192,7 @@ private slots:
         }
     }
 
-    void theSettingsDialogOpensUpToDateOnThePageOfSettings()
+    void settingsDialogOpensUpdatedOnThePageOfSettings()
     {
         fixture->open();
         window().resize(900, 600);
@@ -209,7 +210,7 @@ private slots:
         }));
     }
 
-    void whatIsAppliedReachesDialogAndWindowAtOnce()
+    void appliedSettingsReachDialogAndWindowAtOnce()
     {
         fixture->open();
         QVERIFY(inDialog([this] {
