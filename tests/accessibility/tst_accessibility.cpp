@@ -176,7 +176,7 @@ private slots:
             QCOMPARE(readOut(all.at(i)), english.at(i));
     }
 
-    void theDescriptionOfATraceNamesHiddenAndMaster()
+    void descriptionOfATraceNamesHiddenAndMaster()
     {
         openAndAttach();
         LegendButton *first = probe().selected_rfg()[0];

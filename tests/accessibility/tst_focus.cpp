@@ -83,7 +83,7 @@ private slots:
         }
     }
 
-    void theFocusOrderOfTheDialogIsFromTopToBottom()
+    void focusOrderOfTheDialogIsFromTopToBottom()
     {
         openAndAttach();
         SettingsMenu *dialog = probe().settingsMenu();
@@ -159,7 +159,7 @@ private slots:
         QCOMPARE(frame()->geometry(), placeOf(QApplication::focusWidget()));
     }
 
-    void aSyntheticPressAndAnotherWindowKeepTheFrame()
+    void syntheticPressAndAnotherWindowKeepTheFrame()
     {
         openAndAttach();
         press(Qt::Key_Tab);

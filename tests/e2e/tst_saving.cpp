@@ -60,7 +60,7 @@ private:
     }
 
 private slots:
-    void aCloseSavesAndEndsWithCodeZero()
+    void closeSavesAndEndsWithCodeZero()
     {
         ViewerRun viewer;
         checkEnd(viewer.run());
@@ -73,7 +73,7 @@ private slots:
         QVERIFY(viewer.settings().contains("StateIndex=63\n"));
     }
 
-    void aFullDiskLeavesTheOldSettings()
+    void fullDiskLeavesTheOldSettings()
     {
         ViewerRun viewer;
         viewer.startBy(withSmallFiles());
@@ -103,7 +103,7 @@ private slots:
         letAnybodyIn(viewer, QFileDevice::WriteOwner);
     }
 
-    void aUserWithNoPlaceToWriteKeepsTheOldSettings()
+    void userWithNoPlaceToWriteKeepsTheOldSettings()
     {
         ViewerRun viewer;
         viewer.startBy(asAnybody());

@@ -176,7 +176,7 @@ private slots:
         closeViewer();
     }
 
-    void aChangedReadingIsReported()
+    void changedReadingIsReported()
     {
         startOnTwoTraces();
         waitForFocus("Plot");

@@ -191,7 +191,7 @@ private slots:
                   });
     }
 
-    void existingFileIsReplacedOnlyAfterTheQuestion()
+    void existingFileIsReplacedOnlyAfterConfirmation()
     {
         open();
         // "v2" is not the suffix of a format, so ".png" is appended. A file of that name exists,

@@ -290,7 +290,7 @@ private slots:
         QVERIFY(!drawingOf(window).words().contains(QStringLiteral("t2.tdr")));
     }
 
-    void pageIsOneOfA4()
+    void pdfIsOneA4Page()
     {
         const QByteArray pdf = extras::chartPage(openOn({ comb() }));
         QVERIFY(pdf.startsWith("%PDF-1."));

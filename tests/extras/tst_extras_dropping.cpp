@@ -164,7 +164,7 @@ private slots:
         QCOMPARE(window.settings()->last_folder, QFileInfo(files.last()).path());
     }
 
-    void theFirstFilesOfAnEmptyWindowAreSelected()
+    void firstFilesOfAnEmptyWindowAreSelected()
     {
         const QStringList files = makeTraces(*fixture, 2);
         MainWindow &window = openThree();
@@ -317,7 +317,7 @@ private slots:
         }
     }
 
-    void nothingIsTakenWhileADialogIsOpen()
+    void dropIsRefusedWhileADialogIsOpen()
     {
         MainWindow &window = openThree();
         const QPoint plot = middleOf(probe().Plot_View());

@@ -55,7 +55,7 @@ private slots:
         QCOMPARE(cursorAfter(Qt::Key_Home), left());
     }
 
-    void theViewFollowsACursorThatLeavesIt()
+    void viewFollowsACursorThatLeavesIt()
     {
         MainWindow &window = openThree();
         press(&window, Qt::Key_3);
@@ -71,7 +71,7 @@ private slots:
         QCOMPARE(left(), 178 * 4 - 250);
     }
 
-    void theKeysForCursorAndTraceBringThemIntoView()
+    void keysForCursorAndTraceBringThemIntoView()
     {
         struct Row
         {

@@ -164,7 +164,7 @@ class TestExtrasKeys : public ThreeTracesTest
     Q_OBJECT
 
 private slots:
-    void aKeyDoesWhatTheMouseDoes()
+    void keyDoesWhatTheMouseDoes()
     {
         const auto stateAfter = [&](const Act &before, const Act &act) {
             openThree();
@@ -179,7 +179,7 @@ private slots:
         });
     }
 
-    void aRussianKeyboardHasTheSameKeys()
+    void russianKeyboardHasTheSameKeys()
     {
         struct Place
         {

@@ -108,7 +108,7 @@ private slots:
         }
     }
 
-    void theFontGrowsWithTheWindow()
+    void fontGrowsWithTheWindow()
     {
         MainWindow &window = openThree();
         for (const QSize size : { QSize(1280, 800), QSize(800, 500) }) {
@@ -119,7 +119,7 @@ private slots:
         }
     }
 
-    void aSlotShowsItsFileItsSizeAndTheDateOfTheMeasurement()
+    void slotShowsItsFileItsSizeAndTheDateOfTheMeasurement()
     {
         openThree();
         LegendButton *button = probe().selected_rfg()[1];
@@ -132,7 +132,7 @@ private slots:
         QVERIFY(facts[4].endsWith(QLatin1String(" 09:05:07")));
     }
 
-    void aSlotShowsWhatIsMissing()
+    void slotShowsMissingTraceFileOrDate()
     {
         MainWindow &window
             = openWith(*fixture, { TraceBuilder(), TraceBuilder().date(2024, 13, 40) });
@@ -152,7 +152,7 @@ private slots:
         QCOMPARE(facts(3), QStringList{ line("The file could not be read") });
     }
 
-    void aPathIsShownAsItIsWritten()
+    void pathIsShownAsItIsWritten()
     {
         const QString odd = fixture->trace(line("<b>Т & %1  &lt;.tdr"), TraceBuilder());
         QString folder;
@@ -180,7 +180,7 @@ private slots:
         }
     }
 
-    void aReadingHasAllItsDigits()
+    void readingHasAllItsDigits()
     {
         MainWindow &window = openThree();
         window.KU_change(1.5);
@@ -199,7 +199,7 @@ private slots:
         QCOMPARE(shownOn(probe().cursor_dial()).size(), 2);
     }
 
-    void aParameterShowsWhatTheDialDoes()
+    void parameterShowsRangeStepAndValue()
     {
         MainWindow &window = openThree();
         window.settings()->param_dial_speed = 70;
@@ -230,7 +230,7 @@ private slots:
                      QStringList{ line("Nothing to shift: no trace in this slot") });
     }
 
-    void aTooltipChangesNothing()
+    void tooltipChangesNothing()
     {
         MainWindow &window = openThree();
         WindowFixture::settle();

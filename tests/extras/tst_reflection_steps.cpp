@@ -123,7 +123,7 @@ private slots:
         QVERIFY(near(stops(), { 71.5, 104.0 }, 1.0));
     }
 
-    void aReflectionOutsideTheChartIsLeftOut()
+    void reflectionOutsideTheChartIsLeftOut()
     {
         MainWindow &window = openOn({ echoTrace({ { 20, 80 } }).shiftX(quint32(-40)) });
         QCOMPARE(extras::reflectionColumns(window), QVector<int>());

@@ -27,7 +27,7 @@ class TestMonkey : public WindowTest
     Q_OBJECT
 
 private slots:
-    void theSameSeedGivesTheSameScript()
+    void sameSeedGivesTheSameScript()
     {
         const Script script = randomScript(1, 2);
         QCOMPARE(textOf(script, "seed 1"),
@@ -37,13 +37,13 @@ private slots:
         QVERIFY(randomScript(2, 2) != script);
     }
 
-    void aWrittenScriptIsReadBack()
+    void writtenScriptIsReadBack()
     {
         const Script script = randomScript(5, 100);
         QCOMPARE(parsedScript(textOf(script, "a comment")), script);
     }
 
-    void aScriptShrinksToTheEventsThatMatter()
+    void scriptShrinksToTheEventsThatMatter()
     {
         // Fails when a "files" precedes a "drop" with an odd first number.
         int calls = 0;

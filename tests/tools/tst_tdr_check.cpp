@@ -46,7 +46,7 @@ private:
     QTemporaryDir m_folder;
 
 private slots:
-    void samplesAreSound()
+    void sampleTracesHaveNoFindings()
     {
         const Outcome outcome = tdr("check", samplePaths());
         QCOMPARE(outcome.lines(), QStringList());
@@ -54,7 +54,7 @@ private slots:
         QCOMPARE(outcome.code, 0);
     }
 
-    void findingsAreNamed()
+    void eachFindingHasItsText()
     {
         struct Row
         {
@@ -157,7 +157,7 @@ private slots:
         QCOMPARE(fault.value(QLatin1String("sign")).toString(), QStringLiteral("negative"));
     }
 
-    void samplesAreCounted()
+    void infoHasStatisticsOfTheSamples()
     {
         const QJsonObject samples
             = part(jsonOf(TraceBuilder().samples([](int i) { return i % 2 == 0 ? 127 : -127; })),

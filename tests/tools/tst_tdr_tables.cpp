@@ -84,7 +84,7 @@ private slots:
             }
     }
 
-    void extremeLevelsMakeTheRoundTrip()
+    void roundTripKeepsExtremeLevels()
     {
         const QByteArray former = TraceBuilder()
                                       .samples([](int i) { return i % 256 - 128; })
@@ -152,7 +152,7 @@ private slots:
                                     "nearest level") }));
     }
 
-    void optionsDecideOverTheTable()
+    void optionsOverrideTheTable()
     {
         const Outcome outcome
             = convert(tableOf("m;level\n", 500, 0.0625, countUp).replace(',', ';'),

@@ -56,7 +56,7 @@ private slots:
         }
     }
 
-    void anInvalidSpanHasStepZero()
+    void invalidSpanHasStepZero()
     {
         for (const double span : { 0.0, -31.25, notANumber, infinity, -infinity,
                                    std::numeric_limits<double>::denorm_min() })
@@ -175,7 +175,7 @@ private slots:
         }
     }
 
-    void aRangeWithoutDistanceHidesEverything()
+    void rangeWithoutDistanceHidesEverything()
     {
         struct Row
         {

@@ -117,7 +117,7 @@ class TestCatalogues : public QObject
     Q_OBJECT
 
 private slots:
-    void theRussianCatalogueHasEachTextAndNoOther()
+    void russianCatalogueHasEachTextAndNoOther()
     {
         QTranslator translator;
         QVERIFY(translator.load(QStringLiteral("Velkor_ru_RU"), QStringLiteral(":/l10n")));
@@ -129,7 +129,7 @@ private slots:
     }
 
     // Every text falls back to the English of the source.
-    void theEnglishCatalogueIsEmpty()
+    void englishCatalogueIsEmpty()
     {
         QTranslator translator;
         QVERIFY(translator.load(QStringLiteral("Velkor_en_US"), QStringLiteral(":/l10n")));
@@ -138,7 +138,7 @@ private slots:
     }
 
     // Qt's own dialogs stay English on purpose: the catalogues that this one names are not shipped.
-    void theCatalogueOfQtOnlyNamesOthers()
+    void catalogueOfQtOnlyNamesOthers()
     {
         const QString path = QStringLiteral(":/l10n/qt_ru.qm");
         QVERIFY(QFile::exists(path));

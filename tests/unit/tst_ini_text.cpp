@@ -223,7 +223,7 @@ private slots:
                   });
     }
 
-    void theReadingTimeIsLinear()
+    void readingTimeIsLinear()
     {
         constexpr int size = 4 << 20;
         QByteArray keys;

@@ -87,7 +87,7 @@ private slots:
         QVERIFY(values == three);
     }
 
-    void anOpenEndPeaksAtItsEchoTime()
+    void openEndPeaksAtItsEchoTime()
     {
         // Counts are metres x ku / 0.18737028625; a sample is step / 1.25 counts wide.
         struct Row
@@ -140,7 +140,7 @@ private slots:
         checkLevel(fineEchoes({ {}, 360.0 }), 0.0, 10.0);
     }
 
-    void aStepOfImpedanceHasMultipleReflections()
+    void stepOfImpedanceHasMultipleReflections()
     {
         const std::vector<double> values
             = fineEchoes({ { { lossless(20.0), {} }, { lossless(10.0, 60.0), {} } }, openCircuit });

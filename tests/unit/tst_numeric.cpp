@@ -70,7 +70,7 @@ private slots:
         QCOMPARE(switchbit(0, 4), 16);
     }
 
-    void theFirstBitOfAnEmptySetIsOneHundred()
+    void firstBitOfAnEmptySetIsOneHundred()
     {
         QCOMPARE(firstbit(0), char(100));
         QCOMPARE(firstbit(48), char(4));
@@ -152,7 +152,7 @@ private slots:
         QCOMPARE(calc::generalText(1234567.0), QStringLiteral("1.23457e+06"));
     }
 
-    void theDecimalPointIsTheSameInEveryLanguage()
+    void decimalPointIsTheSameInEveryLanguage()
     {
         const QLocale before;
         QLocale::setDefault(QLocale(QLocale::Russian));

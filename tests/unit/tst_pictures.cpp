@@ -136,7 +136,7 @@ private slots:
         });
     }
 
-    void theIconFileHoldsTwoSizes()
+    void iconFileHoldsTwoSizes()
     {
         QImageReader reader(QStringLiteral(":/icons/tdr_btr_64.ico"));
         QCOMPARE(reader.imageCount(), 2);
@@ -189,7 +189,7 @@ private slots:
         }
     }
 
-    void aDisabledPictureIsTheSameDrawingWithoutColour()
+    void disabledPictureIsTheSameDrawingWithoutColour()
     {
         struct Row
         {
@@ -213,7 +213,7 @@ private slots:
 
     // The number contrasts with the plate as the plate does with the window. The plain picture has
     // a flat top, that of the master a crown.
-    void aSlotPictureShowsTheColourOfItsTraceAndTheMaster()
+    void slotPictureShowsTheColourOfItsTraceAndTheMaster()
     {
         for (int slot = 0; slot < constants::slotCount; ++slot) {
             const QByteArray name = "icons/canal_64/canal_" + QByteArray::number(slot + 1);

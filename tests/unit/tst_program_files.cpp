@@ -156,7 +156,7 @@ private slots:
         QVERIFY(QFileInfo(inner).isDir());
     }
 
-    void aFullDiskLeavesTheOldFile()
+    void fullDiskLeavesTheOldFile()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a.ini"));
@@ -172,7 +172,7 @@ private slots:
         QCOMPARE(entriesOf(folder.path()), QStringList(QStringLiteral("a.ini")));
     }
 
-    void aLinkIsFollowedAndStays()
+    void linkIsFollowedAndKept()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("real.ini"));

@@ -229,7 +229,7 @@ private slots:
             });
     }
 
-    void aReflectionHasColumnLevelAndSignOfItsEcho()
+    void reflectionHasColumnLevelAndSignOfItsEcho()
     {
         // Wide and narrow echoes of both signs, the last two close together.
         const QVector<int> levels = Shape()

@@ -79,7 +79,7 @@ private slots:
 
     // The list is UTF-16, big-endian, with a byte order mark. Readers stop at the first empty line:
     // the languages after it have no catalogues yet.
-    void theLanguageListOffersTwoLanguages()
+    void languageListOffersTwoLanguages()
     {
         const QByteArray bytes = contentOf(QStringLiteral(":/l10n/translation.ini"));
         QCOMPARE(bytes.size(), 162);

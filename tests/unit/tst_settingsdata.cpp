@@ -23,7 +23,7 @@ private slots:
         path = folder->filePath(QStringLiteral("a.ini"));
     }
 
-    void aMissingFileGivesTheDefaults()
+    void missingFileGivesTheDefaults()
     {
         SettingsData data(nullptr);
         data.read_index = 7;
@@ -51,7 +51,7 @@ private slots:
         QCOMPARE(spy.count(), 0);
     }
 
-    void theSectionsOfAMaskAreLoadedAsTheyWereSaved()
+    void sectionsOfAMaskAreLoadedAsTheyWereSaved()
     {
         // The folder is created.
         path = folder->filePath(QStringLiteral("new/folder/a.ini"));
@@ -64,7 +64,7 @@ private slots:
         }
     }
 
-    void aFileAboveTheSizeLimitIsNotRead()
+    void fileAboveTheSizeLimitIsNotRead()
     {
         QByteArray text("[Dials]\ncursorSpeed=37\n;");
         text = text.leftJustified(4 * 1024 * 1024, 'x');
@@ -92,7 +92,7 @@ private slots:
         QVERIFY(again.current_language == data.current_language);
     }
 
-    void aChangedFileIsReadAgainWithAnyModificationTime()
+    void changedFileIsReadAgainWithAnyModificationTime()
     {
         SettingsData data(nullptr);
         // Both files have the same size and the same modification time, in the future.
@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(data.cursor_dial_speed, 39);
     }
 
-    void aSavedFileHoldsTheSectionsOfItsMaskAndNothingElse()
+    void savedFileHoldsTheSectionsOfItsMaskAndNothingElse()
     {
         struct Row
         {
@@ -134,7 +134,7 @@ private slots:
                   });
     }
 
-    void theSavedFoldersAreTheLastOneAndThreeFixedOnes()
+    void savedFoldersAreTheLastOneAndThreeFixedOnes()
     {
         SettingsData data(nullptr);
         data.last_folder = QStringLiteral("/traces");
@@ -195,7 +195,7 @@ private slots:
                                 "window_geometry_loaded dial_settings_changed"));
     }
 
-    void aCopyTakesTheSectionsOfItsMaskAndTheApplication()
+    void copyTakesTheSectionsOfItsMaskAndTheApplication()
     {
         SettingsData *from = filledStore();
         from->current_CSS = QStringLiteral("text");
@@ -244,7 +244,7 @@ private slots:
         }
     }
 
-    void aLanguageIsInstalledAndRemoved()
+    void languageIsInstalledAndRemoved()
     {
         // The last code causes no delay: it is truncated for the search.
         const QString endless(1000000, QLatin1Char('_'));

@@ -55,7 +55,7 @@ private slots:
         QVERIFY(record->ch.status == Protocol_VX840::CH_FAILED_BREAK);
     }
 
-    void everyByteOfAFullFileSurvives()
+    void everyByteOfAFullFileIsKept()
     {
         QByteArray bytes(recordSize, '\0');
         for (int i = 0; i < recordSize; ++i)
@@ -63,7 +63,7 @@ private slots:
         QCOMPARE(imageOf(*recordOf(bytes)), bytes);
     }
 
-    void aShortFileKeepsTheFormerBytesBeyondItsEnd()
+    void shortFileKeepsTheFormerBytesBeyondItsEnd()
     {
         const auto record = recordOf(QByteArray(recordSize, '\x55'));
         for (const qint64 size : { qint64{ 0 }, qint64{ -1 }, std::numeric_limits<qint64>::min() })
@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(imageOf(*record), QByteArray(100, '\x11') + QByteArray(recordSize - 100, '\x55'));
     }
 
-    void theTailOfALongFileIsIgnored()
+    void tailOfALongFileIsIgnored()
     {
         struct Guarded
         {
@@ -111,7 +111,7 @@ private slots:
             QCOMPARE(calc::usableStep(tooLarge), 64000);
     }
 
-    void theSavedShiftIsReadAsSigned()
+    void savedShiftIsReadAsSigned()
     {
         QCOMPARE(calc::initialScroll(0, 4), 0);
         QCOMPARE(calc::initialScroll(3, 4), 12);

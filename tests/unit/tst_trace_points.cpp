@@ -117,7 +117,7 @@ private slots:
         QCOMPARE(m_points[0].y(), 4294967550.0); // 2^32 - 1 + 255
     }
 
-    void aDifferenceHasAPointAtEachCommonColumn()
+    void differenceHasAPointAtEachCommonColumn()
     {
         // Samples at 0, 2, .. 498 and at 0, 3, .. 747 have the 84 multiples of 6 in common.
         const Samples thirds = samplesFrom([](int i) { return i / 3; });
@@ -181,7 +181,7 @@ private slots:
                   });
     }
 
-    void theBufferKeepsItsCapacity()
+    void bufferKeepsItsCapacity()
     {
         const TraceRef master = ramp(4);
         const TraceRef apart = ramp(4, 0, 1);
@@ -217,7 +217,7 @@ private slots:
         QCOMPARE(calc::clampedColumn(64001), 64000);
     }
 
-    void theLevelIsOffsetPlusSample()
+    void levelIsOffsetPlusSample()
     {
         QCOMPARE(calc::levelUnder(0, ramp(1)), -125);
         QCOMPARE(calc::levelUnder(249, ramp(1)), 124);
@@ -246,7 +246,7 @@ private slots:
         QCOMPARE(calc::levelUnder(8, ramp(4, 1, 6)), noLevel);
     }
 
-    void aCursorReadsTheLevelAtItsSnappedColumn()
+    void cursorReadsTheLevelAtItsSnappedColumn()
     {
         QCOMPARE(calc::cursorOn(10, ramp(4, 0, 0, 1)).column, 8);
         QCOMPARE(calc::cursorOn(10, ramp(4, 0, 0, 1)).level, -122);

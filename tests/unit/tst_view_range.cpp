@@ -107,7 +107,7 @@ private slots:
             [](const Row &row) { QCOMPARE(calc::scrolled(row.range, row.step), row.expected); });
     }
 
-    void theViewIsCentredUnlessAnEndIsNear()
+    void viewIsCentredUnlessAnEndIsNear()
     {
         struct Row
         {
@@ -135,7 +135,7 @@ private slots:
             [](const Row &row) { QCOMPARE(calc::centredOn(row.column, row.range), row.expected); });
     }
 
-    void aMasterIsShownFromItsDelay()
+    void masterIsShownFromItsDelay()
     {
         QCOMPARE(calc::rangeFromDelay(0, 0), (Range{ 0, 250 }));
         QCOMPARE(calc::rangeFromDelay(7, 2), (Range{ 7, 1007 }));
@@ -146,7 +146,7 @@ private slots:
         QCOMPARE(calc::rangeFromDelay(0, 30), (Range{ 0, 64000 })); // scale out of range
     }
 
-    void aDragScrollsByTheCountsThatItCovers()
+    void dragScrollsByTheCountsThatItCovers()
     {
         QCOMPARE(calc::panStep(0, 10.0, 500.0F), 5); // half a count per pixel
         QCOMPARE(calc::panStep(3, -3.0, 500.0F), -12);
@@ -194,7 +194,7 @@ private slots:
             QCOMPARE(calc::clampedKU(high), 10.0F);
     }
 
-    void theDialCountsThousandthsAboveOne()
+    void dialCountsThousandthsAboveOne()
     {
         QCOMPARE(calc::dialOfKU(1.0F), 0);
         QCOMPARE(calc::dialOfKU(1.49896229F), 498);

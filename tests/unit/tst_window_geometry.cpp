@@ -79,7 +79,7 @@ private slots:
         QVERIFY(!window_geometry::isPlausibleState(savedState() + '\0'));
     }
 
-    void aRectangleMayBeFourTimesAsLargeAsTheDesktop()
+    void rectangleMayBeFourTimesAsLargeAsTheDesktop()
     {
         QVERIFY(window_geometry::isPlausibleGeometry(factoryGeometry(), { 1920, 1080 }));
         for (const int rectangle : rectangles) {
@@ -115,7 +115,7 @@ private slots:
         }
     }
 
-    void theRecordsOfOlderQtVersionsArePlausibleAndNoOthers()
+    void recordsOfOlderQtVersionsArePlausibleAndNoOthers()
     {
         const QSize desktop(1920, 1080);
         const auto ofVersion = [](char version, int size) {

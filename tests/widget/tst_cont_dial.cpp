@@ -53,7 +53,7 @@ class TestContDial : public QObject
     Q_OBJECT
 
 private slots:
-    void theSlotsFollowTheSignal()
+    void slotsFollowTheSignal()
     {
         const QMetaObject &meta = Cont_dial::staticMetaObject;
         QStringList names;
@@ -178,7 +178,7 @@ private slots:
                   });
     }
 
-    void anyAccuracySurvivesWheelKeysAndPaint()
+    void anyAccuracyIsSafeForWheelKeysAndPaint()
     {
         for (const int steps : { 0, -100, INT_MAX }) {
             Cont_dial dial;
@@ -216,7 +216,7 @@ private slots:
         }
     }
 
-    void theCounterStopsAtItsLimits()
+    void counterStopsAtItsLimits()
     {
         for (const double turns : { 3.0, -3.0 }) {
             const int end = turns > 0 ? 130 : -40;
@@ -237,7 +237,7 @@ private slots:
         }
     }
 
-    void onlyADragCounts()
+    void onlyADragChangesTheTrueValue()
     {
         Cont_dial dial;
         show(dial);
@@ -288,7 +288,7 @@ private slots:
         QCOMPARE(dial.grab().toImage(), before);
     }
 
-    void theCaptionIsInTheMiddle()
+    void captionIsInTheMiddle()
     {
         Cont_dial dial;
         show(dial);
@@ -323,7 +323,7 @@ private slots:
         QCOMPARE(dial.grab().toImage(), plain.grab().toImage());
     }
 
-    void theCaptionFollowsTheSize()
+    void captionFollowsTheSize()
     {
         struct Row
         {

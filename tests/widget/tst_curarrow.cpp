@@ -18,7 +18,7 @@ class TestCurArrow : public QObject
     Q_OBJECT
 
 private slots:
-    void aMarkerHasTheLetterOfItsCursor()
+    void markerHasTheLetterOfItsCursor()
     {
         QCOMPARE(CurArrow(1).cur_lbl.text(), QStringLiteral("A"));
         QCOMPARE(CurArrow(2).cur_lbl.text(), QStringLiteral("B"));
@@ -27,7 +27,7 @@ private slots:
         QCOMPARE(int(CurArrow(2).id), 2);
     }
 
-    void aNewMarkerIsTwoTrianglesAndALetter()
+    void newMarkerIsTwoTrianglesAndALetter()
     {
         const CurArrow marker(1);
         const QPolygonF triangle({ QPointF(-3, 0), QPointF(3, 0), QPointF(0, 12) });
@@ -62,7 +62,7 @@ private slots:
         }
     }
 
-    void theMarkerIsOnTheEdgesOfThePlot()
+    void markerIsOnTheEdgesOfThePlot()
     {
         CurArrow marker(1);
         marker.setRect(QRectF(30.75, 20, 400, 250));
@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(marker.pos0, 31);
     }
 
-    void theFirstColumnIsTruncatedTowardsZero()
+    void firstColumnIsTruncatedTowardsZero()
     {
         const auto firstColumn = [](qreal left) {
             CurArrow marker(1);
@@ -90,7 +90,7 @@ private slots:
         QCOMPARE(firstColumn(std::numeric_limits<qreal>::quiet_NaN()), 0);
     }
 
-    void theMarkerFollowsItsColumn()
+    void markerFollowsItsColumn()
     {
         CurArrow marker(2);
         marker.setRect(QRectF(30, 20, 500, 250));

@@ -20,7 +20,7 @@ class TestDateTimeLbl : public QObject
     Q_OBJECT
 
 private slots:
-    void theTimeIsShownAtOnce()
+    void timeIsShownAtOnce()
     {
         const QDateTime before = QDateTime::currentDateTime();
         const DateTime_lbl label;
@@ -30,7 +30,7 @@ private slots:
         QCOMPARE(label.alignment(), Qt::AlignCenter);
     }
 
-    void theClockTicksEverySecond()
+    void clockTicksEverySecond()
     {
         DateTime_lbl label;
         const auto timers = label.findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);

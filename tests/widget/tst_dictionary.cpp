@@ -62,7 +62,7 @@ class TestDictionary : public QObject
     Q_OBJECT
 
 private slots:
-    void theWordsFollowTheLanguageWhenTheyAreSet()
+    void wordsFollowTheLanguageWhenTheyAreSet()
     {
         Dictionary dictionary(nullptr);
         for (const Word &word : words)

@@ -165,7 +165,7 @@ private slots:
         }
     }
 
-    void theLanguageBoxDoesNotFollowTheLiveLanguage()
+    void languageBoxDoesNotFollowTheLiveLanguage()
     {
         f->live.current_language = QStringLiteral("ru_RU");
         f->menu.interfaceUpdate();
@@ -211,7 +211,7 @@ private slots:
         QCOMPARE(f->menu.data_in->current_language, QStringLiteral("en_GB"));
     }
 
-    void anEditedSpeedReachesTheStoreWithApply()
+    void editedSpeedReachesTheStoreWithApply()
     {
         f->open();
         const QSignalSpy spy(&f->live, &SettingsData::dial_settings_changed);
@@ -234,7 +234,7 @@ private slots:
         QCOMPARE(spy.count(), 2);
     }
 
-    void aTextThatIsNoSpeedIsNotRead()
+    void textThatIsNoSpeedIsNotRead()
     {
         f->open();
         QSpinBox *box = f->menu.cursor_accur;
@@ -290,7 +290,7 @@ private slots:
         }
     }
 
-    void aSpeedOutsideTheRangeIsShownClampedAndKept()
+    void speedOutsideTheRangeIsShownClampedAndKept()
     {
         f->live.cursor_dial_speed = 5;
         f->live.param_dial_speed = 5000;

@@ -98,7 +98,7 @@ private slots:
         QCOMPARE(f->live.last_folder, QStringLiteral("/traces"));
     }
 
-    void aChosenFileIsLoadedAtOnce()
+    void chosenFileIsLoadedAtOnce()
     {
         writeFile(path, "[Dials]\ncursorSpeed=640\nparamSpeed=5\n");
         answerFileDialog(f->menu.load_settings_button, typeFileName(path));
@@ -110,7 +110,7 @@ private slots:
         QVERIFY(f->menu.isVisible());
     }
 
-    void theDialogsHaveTranslatedTexts()
+    void dialogsHaveTranslatedTexts()
     {
         f->live.current_language = QStringLiteral("ru_RU");
         f->live.setTranslation();
@@ -130,7 +130,7 @@ private slots:
         verify(f->menu.save_settings_button, QStringLiteral("Сохранить как"));
     }
 
-    void aSavedFileHoldsTheTickedSectionsWithoutOpenEdits()
+    void savedFileHoldsTheTickedSectionsWithoutOpenEdits()
     {
         tickOnly({ f->menu.dial_settings_check, f->menu.CSS_settings_check });
         f->menu.cursor_accur->setValue(900);
@@ -149,7 +149,7 @@ private slots:
         QCOMPARE(contentOf(empty), QByteArray());
     }
 
-    void aCancelledFileDialogChangesNothing()
+    void cancelledFileDialogChangesNothing()
     {
         answerFileDialog(f->menu.save_settings_button, cancelDialog);
         QVERIFY(QDir(folder->path()).isEmpty());

@@ -124,7 +124,7 @@ private slots:
         QVERIFY(y->labelsVisible());
     }
 
-    void theHiddenFormKeepsItsOldPoints()
+    void hiddenFormKeepsItsOldPoints()
     {
         openOn({ levelTrace(4) });
         const auto levelOf = [](const QXYSeries *series) { return series->at(0).y(); };
@@ -203,7 +203,7 @@ private slots:
         QCOMPARE(series->attachedAxes().size(), 2);
     }
 
-    void theUpdateSignalIsNeverEmitted()
+    void updateSignalIsNeverEmitted()
     {
         openOn({ TraceBuilder(), TraceBuilder() });
         const QSignalSpy spy(&window(), &MainWindow::rfg_update);
@@ -241,7 +241,7 @@ private slots:
         QVERIFY(probe().chart_title().font().bold());
     }
 
-    void theGridFollowsTheShorteningFactor()
+    void gridFollowsTheShorteningFactor()
     {
         fixture->open();
         QCOMPARE(interior(probe()).size(), 12);

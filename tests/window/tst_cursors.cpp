@@ -31,7 +31,7 @@ private:
     }
 
 private slots:
-    void aCursorSnapsToSamplesAndTheDialKeepsTheColumn()
+    void cursorSnapsToSamplesAndTheDialKeepsTheColumn()
     {
         openOn({ countingTrace().minstep(5.0F) });
         QCOMPARE(cursorAt(10).x(), 8);
@@ -47,7 +47,7 @@ private slots:
 
     // The trace has two counts per sample and a delay of three samples, and is shifted by 4 samples
     // to the right and 10 levels up.
-    void aCursorShowsItsColumnAndLevel()
+    void cursorShowsItsColumnAndLevel()
     {
         openOn({ countingTrace().minstep(2.5F).delay(3).shiftX(4).shiftY(10) });
         QCOMPARE(cursorAt(30), QPoint(30, 18));
@@ -73,7 +73,7 @@ private slots:
     }
 
     // The master has two counts per sample and a delay of 3 samples, the other trace four counts.
-    void aDifferenceHasNoLevelAndLimitsTheCursor()
+    void differenceHasNoLevelAndLimitsTheCursor()
     {
         openOn({ countingTrace().minstep(2.5F).delay(3), countingTrace().minstep(5.0F) });
         input::click(probe().difference_button());
@@ -110,7 +110,7 @@ private slots:
         QCOMPARE(probe().cursor_dial()->titleText, QStringLiteral("Δ"));
     }
 
-    void theOtherCursorIsUpdatedFirst()
+    void otherCursorIsUpdatedFirst()
     {
         openOn({ countingTrace() });
         window().cursorSetup_slot(30);
@@ -142,7 +142,7 @@ private slots:
 
     // ---- On the chart ----
 
-    void theActiveCursorIsYellowAndOnTop()
+    void activeCursorIsYellowAndOnTop()
     {
         openOn({ countingTrace() });
         const MainWindowProbe &p = probe();
@@ -177,7 +177,7 @@ private slots:
         }
     }
 
-    void aCursorOutsideTheViewHasNoMarker()
+    void cursorOutsideTheViewHasNoMarker()
     {
         openOn({ countingTrace() });
         const CurArrow *marker = probe().cur_arrowA();
@@ -196,7 +196,7 @@ private slots:
         }
     }
 
-    void theMarkersFollowCursorAndRange()
+    void markersFollowCursorAndRange()
     {
         openOn({ countingTrace() });
         const CurArrow *a = probe().cur_arrowA();

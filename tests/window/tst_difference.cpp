@@ -97,7 +97,7 @@ private slots:
         QCOMPARE(qRound(dialogStep), 32);
     }
 
-    void aMasterThatWasNeverLoadedIsARecordOfZeros()
+    void masterThatWasNeverLoadedIsARecordOfZeros()
     {
         MainWindow &window = openOn({ rising(), rising().minstep(5.0F) }, 4);
         QCOMPARE(probe().rfg_master_ID(), 4);
@@ -118,7 +118,7 @@ private slots:
 
     // ---- Which traces are drawn again ----
 
-    void aShiftOfTheMasterRedrawsEveryDifference()
+    void shiftOfTheMasterRedrawsEveryDifference()
     {
         MainWindow &window = openDifference({ rising(), rising(), rising() });
         window.V_Offset_change(7);

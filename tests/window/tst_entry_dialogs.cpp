@@ -183,7 +183,7 @@ private slots:
         QCOMPARE(probe().cursor_dial()->trueValue, 242);
     }
 
-    void anUnchangedValueMayMoveByOneSample()
+    void unchangedValueMayMoveByOneSample()
     {
         openTraces();
         const auto accept = [](QInputDialog &dialog) { dialog.accept(); };

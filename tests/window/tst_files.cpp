@@ -97,7 +97,7 @@ private slots:
         QVERIFY(one->served());
     }
 
-    void aSingleLoadFillsItsSlotAndNoOther()
+    void singleLoadFillsItsSlotAndNoOther()
     {
         openOn(levelTraces(2));
         const QString path
@@ -113,7 +113,7 @@ private slots:
         QCOMPARE(firstLevel(0), 1.0);
     }
 
-    void theFirstSingleLoadBecomesTheMaster()
+    void firstSingleLoadBecomesTheMaster()
     {
         fixture->open();
         const QString path = fixture->trace(QStringLiteral("one.tdr"), levelTrace(7).minstep(5.0F));

@@ -126,7 +126,7 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 5);
     }
 
-    void theRightButtonOpensTheChartMenuAtThePointer()
+    void rightButtonOpensTheChartMenuAtThePointer()
     {
         openOn(tracesOfSteps({ 1.25F }));
         const QPoint pointer(333, 222);
@@ -148,7 +148,7 @@ private slots:
 
     // ---- Wheel ----
 
-    void aNotchMovesTheCursorByOneSample()
+    void notchMovesTheCursorByOneSample()
     {
         openOn(tracesOfSteps({ 5.0F }));
         window().cursorSetup_slot(40);
@@ -197,7 +197,7 @@ private slots:
         QCOMPARE(probe().cursor_A_pos(), 3001);
     }
 
-    void theWheelOnTheCursorDialAlwaysMovesTheCursor()
+    void wheelOnTheCursorDialAlwaysMovesTheCursor()
     {
         openOn(tracesOfSteps({ 2.5F }));
         probe().scale_wheel_action()->trigger();
@@ -231,7 +231,7 @@ private slots:
         QCOMPARE(probe().scrollfactorX(), 0);
     }
 
-    void theWheelOnAnyOtherControlMovesNothing()
+    void wheelOnAnyOtherControlMovesNothing()
     {
         openOn(tracesOfSteps({ 5.0F }));
         window().cursorSetup_slot(40);

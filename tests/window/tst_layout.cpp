@@ -174,7 +174,7 @@ private slots:
         QCOMPARE(std::count_if(frames.begin(), frames.end(), isSunkenLine), 9);
     }
 
-    void theParameterColumnsAreEqualAtEverySizeInBothLanguages()
+    void parameterColumnsAreEqualAtEverySizeInBothLanguages()
     {
         fixture->open();
         const auto *grid = static_cast<QGridLayout *>(inWindow(2)->itemAt(1)->layout());
@@ -232,7 +232,7 @@ private slots:
         QCOMPARE(p.cursor_dial()->trueMax, 64000);
     }
 
-    void theChartViewShowsTheSceneFromItsCorner()
+    void chartViewShowsTheSceneFromItsCorner()
     {
         fixture->open();
         const QGraphicsView *view = probe().Plot_View();

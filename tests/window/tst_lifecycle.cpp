@@ -109,7 +109,7 @@ private slots:
 
     // ---- The new window ----
 
-    void aNewWindowHoldsItsInitialValues()
+    void newWindowHoldsItsInitialValues()
     {
         fixture->open();
         QCOMPARE(probe().master_scale(), 0);
@@ -134,7 +134,7 @@ private slots:
                           .contains(id)));
     }
 
-    void theInputDialogIsOpenedAndRejectedThreeTimesAtStart()
+    void inputDialogIsOpenedAndRejectedThreeTimesAtStart()
     {
         InputDialogWatch watch;
         fixture->open();
@@ -177,7 +177,7 @@ private slots:
         QVERIFY(window.geometry().intersects({ 0, 0, 800, 600 }));
     }
 
-    void aDamagedGeometryChangesNeitherWindowNorBytes()
+    void damagedGeometryChangesNeitherWindowNorBytes()
     {
         QByteArray geometry = geometryOf({ 0, 0, 800, 560 });
         geometry[32] = '\x7F'; // the right edge of the normal rectangle
@@ -186,7 +186,7 @@ private slots:
         QCOMPARE(probe().settingsData()->window_geometry, geometry);
     }
 
-    void aDamagedStateNeitherDelaysTheStartNorEndsTheProgram()
+    void damagedStateNeitherDelaysTheStartNorEndsTheProgram()
     {
         const QByteArray states[]
             = { // 2^31 lines of tool bars.

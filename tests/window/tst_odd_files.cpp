@@ -186,7 +186,7 @@ private slots:
 
 #ifdef Q_OS_LINUX
     // Reading the kernel's messages blocks until there is one.
-    void aFileOfSizeZeroIsNotRead()
+    void fileOfSizeZeroIsNotRead()
     {
         MainWindow &window = openGood();
         const QStringList before = tracesOf(window);

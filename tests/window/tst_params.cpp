@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(dial()->value(), 44);
     }
 
-    void theScaleKeepsItsOwnSpeed()
+    void scaleKeepsItsOwnSpeed()
     {
         openWithTrace();
         probe().settingsData()->param_dial_speed = 250;
@@ -87,7 +87,7 @@ private slots:
         QCOMPARE(dial()->maximum(), 50);
     }
 
-    void aReadOnlyParameterDoesNotChangeTheDial()
+    void readOnlyParameterDoesNotChangeTheDial()
     {
         openWithTrace();
         input::click(probe().scale_button());
@@ -105,7 +105,7 @@ private slots:
         QCOMPARE(probe().rfg_DATA()[0].scroll, 8);
     }
 
-    void anEmptySlotHasNoShiftsOnTheDial()
+    void emptySlotHasNoShiftsOnTheDial()
     {
         openOn({});
         input::click(probe().V_offset_button());
@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(probe().H_offset_button()->text(), QStringLiteral("X Shift"));
     }
 
-    void theDialCopiesTheFactorIntoTheRecord()
+    void dialCopiesTheFactorIntoTheRecord()
     {
         for (const bool empty : { true, false }) {
             if (empty)
@@ -169,7 +169,7 @@ private slots:
 
     // ---- Operations without the dial ----
 
-    void aHorizontalShiftIsTruncatedToWholeSamples()
+    void horizontalShiftIsTruncatedToWholeSamples()
     {
         openOn({ TraceBuilder(), TraceBuilder().minstep(5.0F) });
         input::click(probe().selected_rfg()[1]);
@@ -185,7 +185,7 @@ private slots:
         QCOMPARE(probe().rfg_series()[0]->at(0).x(), 0.0);
     }
 
-    void aVerticalShiftIsClampedAndUpdatesTheCursors()
+    void verticalShiftIsClampedAndUpdatesTheCursors()
     {
         openOn({ levelTrace(3) });
         input::click(probe().V_offset_button());
@@ -203,7 +203,7 @@ private slots:
         QCOMPARE(probe().cursor_A_pos_Y(), 129);
     }
 
-    void theDialOfAnotherParameterDoesNotChange()
+    void dialOfAnotherParameterDoesNotChange()
     {
         openOn({ TraceBuilder() });
         input::click(probe().KU_button());

@@ -48,7 +48,7 @@ private slots:
         QVERIFY(!probe().scroll_right_button()->isEnabled());
     }
 
-    void aScrollButtonMovesByTheScale()
+    void scrollButtonMovesByTheScale()
     {
         for (const int scale : { 0, 3, 7 }) {
             openOn({});
@@ -63,7 +63,7 @@ private slots:
         }
     }
 
-    void aScrollButtonHeldDownRepeats()
+    void scrollButtonHeldDownRepeats()
     {
         openOn({});
         for (const QPushButton *arrow :
@@ -123,7 +123,7 @@ private slots:
         verify(1, true, true);
     }
 
-    void aZoomButtonKeepsTheActiveCursorInView()
+    void zoomButtonKeepsTheActiveCursorInView()
     {
         openOn({ TraceBuilder() });
         window().cursorSetup_slot(10000);
@@ -138,7 +138,7 @@ private slots:
         QCOMPARE(probe().master_scale(), 0);
     }
 
-    void theCorrectionRestoresTheWidthOfThePlot()
+    void correctionRestoresTheWidthOfThePlot()
     {
         openOn({});
         const double width = double{ probe().trueWidth() };

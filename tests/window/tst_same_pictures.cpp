@@ -349,7 +349,7 @@ private slots:
         });
     }
 
-    void theLayerPaintsWhatTheChartModulePaints()
+    void layerPaintsWhatTheChartModulePaints()
     {
         QStringList traces;
         const auto unlike = unlikeTraces();

@@ -41,7 +41,7 @@ private slots:
         QCOMPARE(stepText(), QStringLiteral("cursor step = 0.50 m"));
     }
 
-    void theSelectedTraceIsOnTopAndThick()
+    void selectedTraceIsOnTopAndThick()
     {
         openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
         for (const int selected : { 1, 0, 2 }) {
@@ -64,7 +64,7 @@ private slots:
         }
     }
 
-    void aNumberOutsideTheSlotsIsIgnored()
+    void numberOutsideTheSlotsIsIgnored()
     {
         MainWindow &window = openOn({ TraceBuilder(), TraceBuilder() }, 1);
         for (const int id : { -1, 6, 1 << 30 }) {
@@ -84,7 +84,7 @@ private slots:
         }
     }
 
-    void theMenuOpensAtItsButtonInTheFontOfTheWindow()
+    void menuOpensAtItsButtonInTheFontOfTheWindow()
     {
         MainWindow &window = openOn({ TraceBuilder() });
         LegendButton *button = probe().selected_rfg()[2];
@@ -96,7 +96,7 @@ private slots:
         QVERIFY(answer->served());
     }
 
-    void theLegendTextIsReservedAndEmpty()
+    void legendTextIsReservedAndEmpty()
     {
         QVERIFY(openOn({ TraceBuilder() }).rfgLegend(0).isEmpty());
     }
@@ -130,7 +130,7 @@ private slots:
         }
     }
 
-    void theMenuMakesASlotTheMaster()
+    void menuMakesASlotTheMaster()
     {
         openOn({ TraceBuilder(), TraceBuilder(), TraceBuilder() });
         probe().selected_rfg()[2]->master_action->trigger();
@@ -182,7 +182,7 @@ private slots:
         QCOMPARE(probe().rfg_series()[1]->at(0).y(), 20.0);
     }
 
-    void theShorteningFactorIsAppliedWithTheStepOfTheNewMaster()
+    void shorteningFactorIsAppliedWithTheStepOfTheNewMaster()
     {
         MainWindow &window = fixture->open();
         const QString path
@@ -194,7 +194,7 @@ private slots:
         QCOMPARE(probe().cursor_step_lbl().text(), QStringLiteral("cursor step = 0.37 m"));
     }
 
-    void anEqualShorteningFactorIsNotAppliedAgain()
+    void equalShorteningFactorIsNotAppliedAgain()
     {
         MainWindow &window
             = openOn({ TraceBuilder().ku(2.0F), TraceBuilder().ku(2.0F), TraceBuilder().ku(3.0F) });
@@ -207,7 +207,7 @@ private slots:
         QCOMPARE(probe().dist_coef(), 0.18737028625 / 3.0);
     }
 
-    void aSingleLoadIntoTheMasterKeepsScaleRangeAndShorteningFactor()
+    void singleLoadIntoTheMasterKeepsScaleRangeAndShorteningFactor()
     {
         MainWindow &window = openOn({ TraceBuilder().minstep(5.0F).ku(2.0F) });
         window.plotScroll(40);

@@ -165,7 +165,7 @@ private slots:
         QLocale::setDefault(former);
     }
 
-    void theArrowsStepFromTheNumberThatWasTyped()
+    void arrowsStepFromTheNumberThatWasTyped()
     {
         openOn({ TraceBuilder() });
         answerEntry(probe().KU_button(), [](QInputDialog &dialog) {
@@ -190,7 +190,7 @@ private slots:
                  QStringLiteral(" x = 12.50 m"));
     }
 
-    void theNextDialogIsUsableAfterARefusedText()
+    void nextDialogIsUsableAfterARefusedText()
     {
         openOn({ TraceBuilder() });
         answerEntry(probe().V_offset_button(), [](QInputDialog &) {});

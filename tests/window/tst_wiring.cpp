@@ -116,7 +116,7 @@ private slots:
         QCOMPARE(window.seen.size(), 12);
     }
 
-    void theFilterConsumesNothing()
+    void filterConsumesNothing()
     {
         WatchingWindow watching;
         const MainWindowProbe p(watching);
@@ -143,7 +143,7 @@ private slots:
         QCOMPARE(watching.consumed, 0);
     }
 
-    void theChartMenuOffersTwoChoices()
+    void chartMenuOffersTwoChoices()
     {
         fixture->open();
         const MainWindowProbe &p = probe();
