@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# How every target of this project is compiled. Linked PRIVATE, so that a project which takes
-# the viewer in keeps its own options.
+# Compile options of every target of this project. Linked PRIVATE, so a project that contains the
+# viewer keeps its own options.
 add_library(velkor_options INTERFACE)
 target_compile_definitions(velkor_options INTERFACE
   QT_NO_CAST_FROM_ASCII
@@ -31,8 +31,9 @@ if(VELKOR_SANITIZE)
 endif()
 
 if(VELKOR_BUILD_FUZZERS)
-  # Instrumentation for the fuzzers. Comparisons are not traced: that takes half of the time, and
-  # few are with constants of the input.
+  # Instrumentation for the fuzzers. Comparisons are not traced: tracing takes half of the time, and
+  # few of them
+  # compare the input with constants.
   target_compile_options(velkor_options INTERFACE
     -fsanitize-coverage=inline-8bit-counters,pc-table)
 endif()

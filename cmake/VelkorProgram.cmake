@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # velkor_add_program(NAME SOURCE...)
-# A windowed program; on Windows with the icon that the shell shows, and what it tells of the file.
+# A windowed program; on Windows with icon and version.
 set(velkor_windows_folder ${CMAKE_CURRENT_LIST_DIR}/../packaging/windows)
 function(velkor_add_program name)
   add_executable(${name} WIN32 ${ARGN})

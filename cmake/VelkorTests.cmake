@@ -2,8 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # velkor_set_up_test(NAME LABEL label [TIMEOUT seconds] [ENVIRONMENT name=value...])
-# The environment that every entry of ctest runs in: no display, no locale, no configuration of the
-# user.
+# Sets label, timeout and environment of a test: no display, no locale, no configuration of the user.
 function(velkor_set_up_test name)
   cmake_parse_arguments(arg "" "LABEL;TIMEOUT" "ENVIRONMENT" ${ARGN})
   if(NOT arg_TIMEOUT)
@@ -22,8 +21,8 @@ function(velkor_set_up_test name)
 endfunction()
 
 # velkor_link_program(TARGET NAMES name...)
-# After each build of TARGET hard links to it as NAME.dir/NAME: copies that use no disk space, each in a
-# folder of its own, because the settings file lies beside the executable.
+# Makes hard links NAME.dir/NAME to TARGET after each build. Each is in a folder of its own, because
+# the settings file is beside the executable.
 function(velkor_link_program target)
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${target}> "-DNAMES=${ARGN}"
@@ -33,8 +32,8 @@ function(velkor_link_program target)
 endfunction()
 
 # velkor_add_valgrind_test(NAME COMMAND program argument...)
-# The command once more under Valgrind, which finds reads of uninitialised values, in Qt as well. Run
-# by the test preset "valgrind" only: it takes forty times as long.
+# Adds a test that runs the command under Valgrind, which finds reads of uninitialised values, also
+# in Qt. Only the test preset "valgrind" has it: it takes forty times as long.
 find_program(VELKOR_VALGRIND valgrind)
 function(velkor_add_valgrind_test name)
   cmake_parse_arguments(arg "" "" "COMMAND" ${ARGN})

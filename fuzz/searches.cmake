@@ -7,7 +7,7 @@ set(findings ${CMAKE_BINARY_DIR}/findings)
 file(MAKE_DIRECTORY ${findings})
 
 # velkor_add_search(NAME COST seconds COMMAND program argument... ROBUST argument... SOAK argument...)
-# COST is what the brief search takes of a core; the longest starts first.
+# COST is the CPU time of the brief search; ctest starts the longest first.
 function(velkor_add_search name)
   cmake_parse_arguments(arg "" "COST" "COMMAND;ROBUST;SOAK" ${ARGN})
   foreach(preset robust soak)
@@ -22,7 +22,7 @@ function(velkor_add_search name)
 endfunction()
 
 # velkor_add_fuzz_search(NAME LONGEST bytes COST seconds ROBUST runs SOAK runs)
-# What a fuzzer learns stays in build/fuzz/corpus, where its next search begins.
+# A fuzzer keeps its corpus in build/fuzz/corpus, where its next search begins.
 function(velkor_add_fuzz_search name)
   cmake_parse_arguments(arg "" "LONGEST;COST;ROBUST;SOAK" "" ${ARGN})
   set(learned ${CMAKE_BINARY_DIR}/corpus/${name})

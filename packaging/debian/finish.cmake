@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Run by CPack on the installed tree before it becomes a package: gives a Debian package the files
-# that Debian asks for, compressed as it wants them. Other packages stay as they are.
+# Run by CPack on the installed tree before packaging: adds the files that Debian requires to a
+# Debian package, compressed as required. Does not change other packages.
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
 endif()
@@ -10,18 +10,18 @@ endif()
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
 set(doc ${share}/doc/velkor)
 
-# The licence stands in the system once for all packages.
+# The system has one copy of the licence for all packages.
 file(REMOVE ${doc}/LICENSE)
 file(COPY ${CPACK_VELKOR_DEBIAN_DIR}/copyright DESTINATION ${doc}
   FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
-# A changelog in Debian's form, made of the points of this version in the project's own. Points end
-# at the next one; their lines are wrapped again, because Debian's are shorter.
+# Converts the list items of this version in the project's changelog to a changelog in Debian's
+# format. The lines are wrapped again, because Debian's are shorter.
 file(STRINGS ${doc}/CHANGELOG.md lines ENCODING UTF-8)
 set(version "")
 set(points)
 foreach(line IN LISTS lines)
-  # In a list a semicolon would be a border between two elements.
+  # A semicolon would separate two elements of a list.
   string(REPLACE ";" "@semicolon@" line "${line}")
   if(line MATCHES "^## \\[([0-9.]+)\\]")
     set(version ${CMAKE_MATCH_1})

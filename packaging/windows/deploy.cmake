@@ -1,16 +1,15 @@
 # SPDX-FileCopyrightText: 2026 The Velkor developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Puts Qt's libraries beside the installed program, with the tool that Qt brings
-# for it. Without that tool the program alone is installed, and it is said.
-# Qt's CMake files lie in lib/cmake/Qt5 or Qt6, its programs in bin beside lib. Some name
-# them after Qt's version.
+# Puts Qt's libraries beside the installed program with windeployqt. Without that tool only the
+# program is installed, with a message. Qt's CMake files are in lib/cmake/Qt5 or Qt6, its programs
+# in bin beside lib. Some installations add Qt's version to their names.
 find_program(VELKOR_WINDEPLOYQT
   NAMES windeployqt windeployqt${VELKOR_QT_MAJOR} windeployqt-qt${VELKOR_QT_MAJOR}
   HINTS ${Qt${VELKOR_QT_MAJOR}_DIR}/../../../bin)
 
 if(VELKOR_WINDEPLOYQT)
-  # The program's texts are in its own bundle, and it draws with the raster engine alone.
+  # The program has its translations in its own resources and uses only the raster engine.
   install(CODE "
     execute_process(
       COMMAND \"${VELKOR_WINDEPLOYQT}\" --no-translations --no-opengl-sw --compiler-runtime

@@ -31,7 +31,7 @@ public:
     QString path(const QString &name) const;
     /// Writes \a builder's record to \a name in the folder for traces and returns its path.
     QString trace(const QString &name, const TraceBuilder &builder) const;
-    /// The window's settings file, which lies beside the test program.
+    /// The window's settings file, which is beside the test program.
     static QString settingsFile();
     static void writeSettings(const QByteArray &bytes);
     /// Settings of a previous run that had \a traces open from slot 1 on, with master \a master.
