@@ -134,7 +134,8 @@ private slots:
         const MainWindowProbe &p = probe();
         for (const char *language : { "en_US", "ru_RU" }) {
             setLanguage(language);
-            // From each kind of editor to the others: the dialog is the same object.
+            // Each kind of editor follows each other kind, because the dialog is always the same
+            // object.
             for (QPushButton *button : QVector<QPushButton *>{
                      p.KU_button(), p.V_offset_button(), p.scale_button(), p.H_offset_button(),
                      p.V_offset_button(), p.scale_button(), p.curB_button() }) {

@@ -208,7 +208,7 @@ private slots:
     {
         const QString fifo = path(QStringLiteral("pipe"));
         Pipe pipe(fifo);
-        // A process that starts this test may ignore the signal, which would be inherited.
+        // The program would inherit an ignored signal from the parent process of this test.
         start(QStringLiteral("exec env --default-signal=PIPE \"$0\" 2>") + fifo);
         pipe.closeReader();
         // Each change of size writes messages.

@@ -148,7 +148,7 @@ private slots:
                 QWidget *focused = dialog.focusWidget();
                 askFor(focused ? focused : &dialog);
                 QCOMPARE(headingInView(), QLatin1String(row.heading));
-                // By its native window, because only that is blocked by a dialog.
+                // Clicks go to the native window, because a dialog blocks only that.
                 QWidget *help = openPage()->window();
                 const auto *chapters = help->findChild<QListWidget *>();
                 const QListWidgetItem *chapter = chapters->item(row.chapter);

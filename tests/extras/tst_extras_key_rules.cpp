@@ -42,7 +42,7 @@ private slots:
     {
         MainWindow &window = openThree();
         press(&window, Qt::Key_1);
-        // Shifted by 3 samples of one count each; the first sample is 8 after the pulse.
+        // The trace is shifted by 3 samples of one count and has a delay of 8 samples.
         QCOMPARE(cursorAfter(Qt::Key_Home), 3 + 8);
         QCOMPARE(probe().cursor_A_pos_Y(), 0);
         QCOMPARE(cursorAfter(Qt::Key_End), 3 + 8 + 249);
@@ -81,7 +81,7 @@ private slots:
             int scale;
         };
         MainWindow &window = openThree();
-        // Steps of one, two and four counts; the first trace begins 8 samples after the pulse.
+        // The steps are one, two and four counts; the first trace has a delay of 8 samples.
         for (const Row &row :
              { Row{ Qt::Key_1, 3, 11, 0 }, Row{ Qt::Key_2, 0, 0, 1 }, Row{ Qt::Key_3, 0, 0, 2 },
                Row{ Qt::Key_2, 1000, 1000, 1 }, Row{ Qt::Key_2, 63900, 64000 - 250, 0 },
@@ -100,13 +100,13 @@ private slots:
         press(&window, Qt::Key_F);
         press(&window, Qt::Key_Plus);
         QCOMPARE(probe().master_scale(), 3);
-        // A trace outside the chart, and none.
+        // First a trace outside the chart, then an empty slot.
         window.H_Offset_change(-64000);
         press(&window, Qt::Key_F);
         press(&window, Qt::Key_6);
         press(&window, Qt::Key_F);
         QCOMPARE(probe().master_scale(), 3);
-        // The cursor comes into the middle.
+        // The view is centred on the cursor.
         press(&window, Qt::Key_B);
         window.cursorSetup_slot(4000);
         window.setPlotRange(9000, 9500);
@@ -123,7 +123,7 @@ private slots:
     void scrollingStopsAtTheEnds()
     {
         MainWindow &window = openThree();
-        // Steps of 2 counts, ten at a time, from 107 on.
+        // Each press moves by ten steps of 2 counts, from 107 on.
         window.plotScroll(7);
         for (int i = 0; i < 5; ++i)
             press(&window, Qt::Key_BraceLeft, Qt::ShiftModifier);
@@ -159,7 +159,7 @@ private slots:
             QVERIFY(dial.value() != mark);
             QCOMPARE(cursorAfter(key, {}, cursorDial) - column, 2 * steps);
         }
-        // The other keys are the window's.
+        // The window handles the other keys.
         QCOMPARE(cursorAfter(Qt::Key_Home, {}, cursorDial), shift());
         QCOMPARE(cursorAfter(Qt::Key_Period, {}, probe().param_dial()), shift() + 2);
     }

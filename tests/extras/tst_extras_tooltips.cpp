@@ -185,8 +185,8 @@ private slots:
         MainWindow &window = openThree();
         window.KU_change(1.5);
         window.cursorSetup_slot(100);
-        // 100 counts of 1.25 ns at 0.18737028625 m / 1.5 each. The samples of slot 2 are two counts
-        // wide, 50 of them before this one, and it is lifted by 9.
+        // 100 counts of 1.25 ns at 0.18737028625 m / 1.5 each. Slot 2 has two counts per sample, so
+        // this is sample 50, and is shifted 9 levels up.
         const QStringList reading{ line("12.491352416666667 m"), line("125 ns") };
         QCOMPARE(shownOn(probe().curA_button()).mid(3), reading + QStringList{ line("Level: 9") });
         QCOMPARE(shownOn(probe().cursor_dial()).mid(2), reading + QStringList{ line("Level: 9") });

@@ -94,7 +94,7 @@ bool killSavingWindows(int kills, unsigned seed)
         const QByteArray former = contentOf(file);
         const QByteArray wanted = newSettings(window);
         const bool done = endsBeforeKill(window, random.bounded(longest));
-        // The moments cover the whole save on a machine of any speed.
+        // The range of delays adapts to the duration of a save on this machine.
         longest += done ? -longest / 20 : longest / 20 + 1;
         ++(done ? faster : killed);
         const QByteArray left = contentOf(file);

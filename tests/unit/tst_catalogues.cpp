@@ -18,7 +18,7 @@ struct Message
     const char *russian;
 };
 
-constexpr int wordsOfTheDictionary = 37; ///< tst_dictionary has them
+constexpr int wordsOfTheDictionary = 37; ///< tst_dictionary tests them
 
 const Message messages[] = {
     { "MainWindow", "Date", "Дата" },

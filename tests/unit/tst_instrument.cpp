@@ -129,7 +129,7 @@ private slots:
         const std::vector<Span> spans{ { lossless(12.5), {} } };
         const std::vector<double> open = fineEchoes({ spans, openCircuit });
         checkLevel(open, 12.5, 20.0);
-        // Half height is half a width, 10 ns, to either side.
+        // The echo has half its height at half a width, 10 ns, from its crest.
         checkLevel(open, 11.5, 10.0);
         checkLevel(open, 13.5, 10.0);
         checkLevel(open, 0.0, 0.0);
@@ -206,7 +206,8 @@ private slots:
         settings.gain = 6; // 80 becomes 159.6
         const Trace up = acquire({ spans, openCircuit }, settings, shortTrace);
         QCOMPARE(int(up.samples[100]), 127);
-        // 127.5 / 159.6 of a bell of 16 samples is 4.56 samples from its crest: four on each side.
+        // A bell of 16 samples has 127.5 / 159.6 of its height 4.56 samples from its crest: four on
+        // each side.
         QCOMPARE(up.clipped, 9);
         const Trace down = acquire({ spans, shortCircuit }, settings, shortTrace);
         QCOMPARE(int(down.samples[100]), -128);

@@ -266,19 +266,19 @@ private slots:
 
     void multipleReflectionsAreLeftOut()
     {
-        // Back from 100, forward again at 60 and back from 100: 140, at most 40 x 100 x 100 of
-        // shares of 100.
+        // A pulse that is reflected at 100, 60 and 100 arrives at 140, with a height of at most 100
+        // % x 40 % x 100 % = 40.
         const auto cable = [](double late) {
             return Shape().bell(60.0, 40.0).bell(100.0, 100.0).bell(140.0, late).levels();
         };
         QCOMPARE(placesIn(cable(30.0)), (QVector<int>{ 60, 100 }));
         QCOMPARE(placesIn(cable(-30.0)), (QVector<int>{ 60, 100 }));
         QCOMPARE(placesIn(cable(55.0)), (QVector<int>{ 60, 100, 140 }));
-        // The end of the cable and the terminals of the instrument, twice and three times.
+        // The second and third round trips between the end of the cable and the instrument.
         const QVector<int> end
             = Shape().bell(80.0, 90.0).bell(160.0, 30.0).bell(240.0, 10.0).levels();
         QCOMPARE(placesIn(end), QVector<int>{ 80 });
-        // They are elsewhere on a trace that starts later.
+        // On a trace that starts later, round trips end at other samples.
         QCOMPARE(placesIn(end, 15), (QVector<int>{ 80, 160 }));
         QCOMPARE(placesIn(Shape().bell(80.0, 90.0).bell(175.0, 30.0).levels(), 15),
                  QVector<int>{ 80 });

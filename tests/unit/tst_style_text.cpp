@@ -200,7 +200,7 @@ private slots:
         QVERIFY(!style_text::isAcceptable(largest + QLatin1Char(' ')));
     }
 
-    // Each takes Qt about 2 s, or some hundred megabytes.
+    // Each limit costs Qt about 2 s or some hundred megabytes.
     void workForQtIsBounded()
     {
         struct Row

@@ -179,7 +179,7 @@ private slots:
         QCOMPARE(gray.pixelColor(3, 3), QColor(level, level, level));
         QCOMPARE(gray.pixelColor(3, 3).alpha(), 255);
         QCOMPARE(gray.pixelColor(12, 3).alpha(), 0);
-        // Without a mask, and nothing but mask.
+        // A pixmap without a mask, and one that is transparent everywhere.
         QPixmap green(20, 10);
         green.fill(Qt::green);
         const QColor pixel = button.grayPixmap(green).toImage().pixelColor(1, 1);

@@ -88,7 +88,8 @@ private slots:
                     { "past the first page", 100, 95, 6, -89, 0 },
                     { "end to start", 100, 100, 0, 0, 1 },
                     { "start to end", 100, 0, 100, 0, -1 },
-                    // Up to 99 steps a page is half a turn: passing the middle looks like a wrap.
+                    // Up to 99 steps a page step is half a turn, so passing the middle counts as a
+                    // wrap.
                     { "over the middle of 20", 20, 10, 11, -19, -1 },
                     { "back over the middle of 20", 20, 11, 10, 19, 1 },
                     { "both ways cancel out", 1, 1, 0, -1, 0 },
@@ -123,7 +124,7 @@ private slots:
         QCOMPARE(spy.count(), 4);
         for (const QList<QVariant> &arguments : spy)
             QCOMPARE(arguments.at(0).toInt(), 0);
-        // The upper clamp wins.
+        // The upper limit takes precedence.
         dial.trueMin = 10;
         dial.trueMax = -10;
         dial.trueValue_slot(1);
@@ -243,7 +244,7 @@ private slots:
         show(dial);
         dial.trueValue = 40;
         const QSignalSpy spy(&dial, &Cont_dial::trueValueChanged);
-        // A press moves the ring there.
+        // A press moves the ring to its place.
         for (const double place : { 0.2, 0.9, 0.5 }) {
             input::turnDial(&dial, 360.0 * (place - 0.5), 0.0, 1);
             QVERIFY(qAbs(dial.value() - qRound(place * 100)) <= 2);

@@ -61,7 +61,7 @@ private slots:
         QCOMPARE(button->master_action->icon().pixmap(16).toImage(), up.pixmap(16).toImage());
         for (const QAction *action : own())
             QVERIFY(!action->icon().pixmap(32).isNull());
-        // Buttons share them.
+        // All buttons share the icons.
         const LegendButton other(words.get(), 3);
         const auto keyOf
             = [](const QAction &action) { return action.icon().pixmap(64).cacheKey(); };
@@ -156,7 +156,7 @@ private slots:
         QCOMPARE(colour(), QColor(0, 200, 0));
         child->setProperty("vis", false);
         QCOMPARE(colour(), QColor(1, 1, 1));
-        // Also when the value is the same.
+        // The sheets are applied even if the value does not change.
         child->setProperty("other", true);
         child->setVis(false);
         QCOMPARE(colour(), QColor(200, 0, 0));

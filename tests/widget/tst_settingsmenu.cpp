@@ -170,7 +170,8 @@ private slots:
         f->live.current_language = QStringLiteral("ru_RU");
         f->menu.interfaceUpdate();
         QCOMPARE(f->menu.language_select->currentText(), QStringLiteral("English"));
-        // Filling the box chose its first language: marked, though nothing can be applied yet.
+        // Filling the box selected its first language, so the section is marked although Apply is
+        // disabled.
         QCOMPARE(f->menu.update_index, 8);
         QVERIFY(!f->menu.apply_button->isEnabled());
         f->menu.cursor_accur->setValue(250);
@@ -196,7 +197,7 @@ private slots:
         f->menu.language_select->setCurrentIndex(0);
         QCOMPARE(f->menu.update_index, 32);
         QVERIFY(f->menu.apply_button->isEnabled());
-        // The speed is still marked when it is as before.
+        // The section stays marked when the speed is reverted.
         f->menu.param_accur->setValue(100);
         QCOMPARE(f->menu.update_index, 32);
         QVERIFY(f->menu.apply_button->isEnabled());

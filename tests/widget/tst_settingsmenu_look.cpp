@@ -18,8 +18,8 @@ namespace {
 
 struct TabColours
 {
-    QColor ground; ///< that most of the tab has
-    double contrast; ///< the best of any other colour against it
+    QColor ground; ///< most frequent colour of the tab
+    double contrast; ///< largest contrast of another colour to it
 };
 
 TabColours coloursOf(const QImage &picture)

@@ -53,7 +53,8 @@ private:
     {
         openOn({ TraceBuilder().minstep(5.0F).shiftX(2).shiftY(7), TraceBuilder().minstep(2.5F) });
     }
-    /// Right-clicks \a button; \a answer fills in the dialog and closes it. Returns what it asked.
+    /// Right-clicks \a button; \a answer fills in the dialog and closes it. Returns \c questionOf
+    /// the dialog.
     QString ask(QWidget *button, const std::function<void(QInputDialog &)> &answer)
     {
         QString question;

@@ -105,7 +105,8 @@ private slots:
             window().setPlotRange(20000, 20000 + width);
             input::press(viewport(), QPoint(200, 100), Qt::MiddleButton);
             QCOMPARE(shape(), int(Qt::ArrowCursor));
-            // The chart begins 10.25 pixels left of the view, and the last place is a whole number.
+            // The chart begins 10.25 pixels left of the view, and the last position is truncated to
+            // a whole pixel, so each move counts 0.25 pixels more.
             const double countsPerPixel = width / probe().Plot_Chart()->plotArea().width();
             int left = 20000 + int(countsPerPixel * 30.25);
             input::move(viewport(), QPoint(230, 90), Qt::MiddleButton);

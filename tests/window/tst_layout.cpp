@@ -159,7 +159,7 @@ private slots:
             QVERIFY(qobject_cast<const QVBoxLayout *>(column) != nullptr);
             QCOMPARE(column->spacing(), 0);
         }
-        // The scale grows by the left column of the grid.
+        // The left column of the grid has the button that increases the scale.
         const QVector<QVector<QWidget *>> buttons{ { p.scale_up_button(), p.scale_down_button() },
                                                    { p.scroll_left_button(),
                                                      p.scroll_right_button() },
@@ -246,15 +246,15 @@ private slots:
         QCOMPARE(view->mapToScene(0, 0), QPointF(0.0, 0.0));
         QVERIFY(view->hasMouseTracking());
         QVERIFY(view->viewport()->hasMouseTracking());
-        // As before the first resize.
+        // A new window is in the state before its first resize.
         MainWindow unshown;
         const MainWindowProbe p(unshown);
         QCOMPARE(p.Plot_Scene()->sceneRect(), QRectF(-0.5, -0.5, 400.0, 250.0));
         QCOMPARE(p.Plot_View()->sceneRect(), p.Plot_Scene()->sceneRect());
     }
 
-    // Buttons that stay down are grey when they are up; that is tested with InterfaceButton.
-    // "impendance" and "diifference" are how the bundle spells them.
+    // Checkable buttons are grey when unchecked, which tst_buttons tests. "impendance" and
+    // "diifference" are how the bundle spells them.
     void eachControlHasItsPicture()
     {
         struct Row
@@ -282,7 +282,7 @@ private slots:
               { p.settings_button(), "rest_64/setting", QIcon::Normal, QIcon::On },
               { p.difference_button(), "rest_64/diifference", QIcon::Normal, QIcon::Off },
               { p.difference_button(), "rest_64/diifference", QIcon::Normal, QIcon::On },
-              // The button of the lower scale zooms in.
+              // The button that decreases the scale zooms in.
               { p.scale_down_button(), "zoom_in.png", QIcon::Normal, QIcon::Off },
               { p.scale_down_button(), "zoom_in_dis.png", QIcon::Disabled, QIcon::Off },
               { p.scale_up_button(), "zoom_out.png", QIcon::Normal, QIcon::Off },

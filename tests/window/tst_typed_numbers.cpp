@@ -183,7 +183,7 @@ private slots:
     {
         openOn({ TraceBuilder() });
         answerEntry(probe().curA_button(), [](QInputDialog &dialog) {
-            type(dialog.focusWidget(), QStringLiteral("12,6 m")); // cut to whole samples
+            type(dialog.focusWidget(), QStringLiteral("12,6 m")); // truncated to whole samples
             dialog.accept();
         });
         QCOMPARE(probe().curA_button()->text().section(QLatin1Char('\n'), 1, 1),
