@@ -14,11 +14,11 @@
 
 namespace {
 
-/// Measures one cable and writes its record into \a folder; an empty text, or what went wrong.
+/// Measures one cable and writes its record to \a folder. Returns the error, empty on success.
 QString write(const instrument::SampleTrace &sample, const QDir &folder)
 {
     const instrument::Trace trace = instrument::acquire(sample.cable, sample.settings);
-    // A clipped trace would teach its reader a shape that the cable does not have.
+    // A clipped trace would show a shape that the cable does not have.
     if (trace.clipped > 0)
         return QStringLiteral("%1 samples are clipped").arg(trace.clipped);
 

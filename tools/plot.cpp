@@ -14,14 +14,14 @@
 #include <cstdio>
 
 /// \file
-/// velkor-plot: the picture that the viewer saves of traces, made without a screen. It follows the
-/// viewer's settings, such as the language, and changes none.
+/// velkor-plot draws traces as the viewer saves them, without a screen. It uses the viewer's
+/// settings, such as the language, and does not change them.
 
 namespace {
 
 constexpr QSize windowSize(1280, 800);
 
-/// Reports why there is no picture, and returns the exit status for that.
+/// Reports the reason of a failure and returns the exit status.
 int complain(const QString &subject, const QString &reason)
 {
     const QString line = QStringLiteral("velkor-plot: %1: %2\n").arg(subject, reason);
@@ -62,7 +62,7 @@ int draw(const QStringList &files, QString path, bool replace)
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Drops the viewer's messages for support, and what that platform lacks.
+    // Drops all messages except fatal ones, such as the viewer's debug messages.
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
         if (type == QtFatalMsg)
             complain(QStringLiteral("Qt"), text);

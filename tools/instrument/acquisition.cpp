@@ -24,7 +24,7 @@ constexpr std::size_t maxWindow = 65536; ///< samples
 static_assert(maxWindow > maxDelay + Protocol_VX840::fileSamples, "a record is one window");
 
 constexpr std::size_t maxOversampling = 16;
-constexpr double pointsPerPulse = 4.0; ///< a bell sampled so often aliases less than 1e-6 of it
+constexpr double pointsPerPulse = 4.0; ///< less than 1e-6 of the bell is aliased
 
 double sampleStepOf(const Settings &settings)
 {
@@ -37,7 +37,7 @@ double pulseWidthOf(const Settings &settings)
     return static_cast<double>(std::max<quint32>(settings.pulseWidth, 1));
 }
 
-/// Computed points per sample: the pulse decides how fine the computation is, not the record.
+/// Computed points per sample: the pulse width determines the time step of the computation.
 std::size_t oversampling(const Settings &settings)
 {
     std::size_t factor = 1;
@@ -48,8 +48,8 @@ std::size_t oversampling(const Settings &settings)
     return factor;
 }
 
-/// Samples until the computed time starts over, a power of two. A discrete spectrum belongs to a
-/// repeated signal: in the part beyond the \a last sample the echoes must die away.
+/// Period of the computed signal in samples, a power of two. A discrete spectrum has a periodic
+/// signal, so the echoes must decay in the part beyond the \a last sample.
 std::size_t windowFor(std::size_t last)
 {
     std::size_t window = 1;
@@ -66,8 +66,8 @@ double pulseSpectrum(double width, double frequency)
     return width * std::sqrt(pi / (4.0 * ln2)) * std::exp(-x * x / (4.0 * ln2));
 }
 
-/// Noise of standard deviation 1: twelve uniform numbers, each of variance 1/12. The tails end at
-/// 6, and the result does not depend on the standard library.
+/// Noise of standard deviation 1: the sum of twelve uniform numbers, each of variance 1/12. The
+/// tails end at 6, and the result does not depend on the standard library.
 double unitNoise(std::mt19937_64 &generator)
 {
     double sum = -6.0;
@@ -116,10 +116,10 @@ std::vector<double> echoes(const Cable &cable, const Settings &settings, std::si
 
     std::vector<Complex> values(size);
     for (std::size_t bin = 0; bin <= size / 2; ++bin) {
-        // At 0 Hz the line equations divide nothing by nothing; a little above they do not.
+        // At 0 Hz the line equations divide 0 by 0, so a slightly higher frequency is used.
         const double frequency = binWidth * std::max(static_cast<double>(bin), 1.0e-3);
         const double pulse = pulseSpectrum(width, frequency) * binWidth;
-        // Nothing is left of the pulse here, and further up there is less.
+        // From here on the spectrum of the pulse is negligible.
         if (pulse < 1.0e-18)
             break;
         const Complex received

@@ -21,7 +21,7 @@ struct Port
     Complex current;
 };
 
-/// What the far end of \a section looks like from its near end.
+/// The port at the near end of \a section with \a load at its far end.
 ///
 /// The telegrapher's equations, dV/dx = -(R + jwL) I and dI/dx = -(G + jwC) V, give
 ///     V(0) = cosh(g l) V(l) + Zc sinh(g l) I(l)
@@ -30,8 +30,8 @@ struct Port
 /// - skin effect, a sqrt(f) nepers per metre: R = 2 Z0 a sqrt(f), and since a current in the skin
 ///   lags by an eighth of a turn, a reactance of the same size, which delays by a sqrt(f) radians;
 /// - dielectric, b f nepers per metre: G = 2 b f / Z0.
-/// L and C follow from the impedance, Z0 = sqrt(L / C), and from the delay per metre sqrt(LC): that
-/// of the velocity factor, less what the skin effect adds to the group delay at its frequency.
+/// L and C follow from the impedance, Z0 = sqrt(L / C), and from the delay per metre, sqrt(LC): the
+/// delay of the velocity factor minus the group delay of the skin effect at velocityFrequency.
 Port throughSection(const Section &section, double frequency, const Port &load)
 {
     const double omega = 2.0 * pi * frequency;
@@ -63,8 +63,8 @@ Port throughJoint(const Joint &joint, double frequency, const Port &load)
         Port branch{ 1.0, 0.0 };
         for (auto section = joint.tap.rbegin(); section != joint.tap.rend(); ++section)
             branch = throughSection(*section, frequency, branch);
-        // Side by side: the voltages are one and the currents add. Scaling by the branch's voltage
-        // instead of dividing by it keeps a branch that shorts this frequency finite.
+        // In parallel, the voltages are equal and the currents add. The pair is multiplied by the
+        // branch's voltage, not divided by it: the branch can be a short at this frequency.
         port = { port.voltage * branch.voltage,
                  port.current * branch.voltage + port.voltage * branch.current };
     }

@@ -11,7 +11,7 @@ namespace {
 
 using Complex = std::complex<double>;
 
-/// Puts every value where its index with reversed bits points.
+/// Moves every value to its index with reversed bits.
 void reverseBits(std::vector<Complex> &values)
 {
     const std::size_t size = values.size();
@@ -36,7 +36,7 @@ void inverseTransform(std::vector<Complex> &values)
     if (size < 2 || (size & (size - 1)) != 0)
         return;
 
-    // Each turn from the library, not from multiplying the one before: errors would add up.
+    // Each factor is computed directly: in repeated multiplication the errors would add up.
     std::vector<Complex> turns(size / 2);
     for (std::size_t k = 0; k < turns.size(); ++k) {
         constexpr double fullTurn = 2.0 * 3.14159265358979323846;

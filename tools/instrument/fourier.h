@@ -7,9 +7,9 @@
 
 namespace instrument {
 
-/// From a spectrum to its signal, in place: value n becomes the sum of value k times
-/// exp(+2 pi j k n / size), without division by the size. The size is a power of two; any other
-/// leaves the values as they are.
+/// Transforms a spectrum to its signal, in place: value n becomes the sum of value k times exp(+2
+/// pi j k n / size), without division by the size. The size must be a power of two; with any other
+/// the values stay as they are.
 void inverseTransform(std::vector<std::complex<double>> &values);
 
 } // namespace instrument

@@ -21,7 +21,7 @@ constexpr quint32 logicVersion = 0x00010204; ///< 1.2.4
 constexpr quint32 firmwareVersion = 0x00030105; ///< 3.1.5
 constexpr double centimetresPerMetre = 100.0;
 
-/// Nearest whole number, held within 0 and what 32 bits hold; no number gives 0.
+/// \a value rounded and clamped to the range of quint32; NaN gives 0.
 quint32 toUnsigned(double value)
 {
     if (!(value > 0.0))
@@ -37,14 +37,14 @@ double echoTimeOf(double distance, const Settings &settings)
     return counts * constants::nsPerCount;
 }
 
-/// Two decimal digits in a byte; what needs more, or is no number, is held within 0 and 99.
+/// \a value, clamped to 0..99, as packed BCD.
 quint8 toBcd(int value)
 {
     const int held = std::clamp(value, 0, 99);
     return static_cast<quint8>(held / 10 * 16 + held % 10);
 }
 
-/// Leaves the rest of the field and at least its last byte 0.
+/// Copies \a text to \a field, truncated so that at least the last byte stays 0.
 template <std::size_t size> void writeText(char (&field)[size], const QByteArray &text)
 {
     std::memcpy(field, text.constData(), std::min(static_cast<std::size_t>(text.size()), size - 1));

@@ -11,7 +11,7 @@
 #include <vector>
 
 /// \file
-/// The writing half of the simulated instrument: a trace and what its user noted become a record.
+/// The writing half of the simulated instrument: makes a record of a trace and its user's notes.
 
 namespace instrument {
 
@@ -19,10 +19,10 @@ namespace instrument {
 struct Mark
 {
     double distance = 0.0; ///< m, 0 or more, at the KU of the settings
-    QByteArray note; ///< at most 63 bytes; cut
+    QByteArray note; ///< truncated to 63 bytes
 };
 
-/// What a record holds beside the samples and how they were taken.
+/// Contents of a record besides samples and settings.
 struct Survey
 {
     QDateTime time; ///< of the test, years 2000 to 2099
@@ -32,19 +32,19 @@ struct Survey
     double insulationResistance = 0.0; ///< megohms
     double loopResistance = 0.0; ///< ohms
     double capacity = 0.0; ///< nF
-    int shiftX = 0; ///< saved horizontal shift in samples, either way
+    int shiftX = 0; ///< saved horizontal shift in samples; negative to the left
     qint16 shiftY = 0; ///< saved vertical shift in sample steps
     std::vector<Mark> marks; ///< the first Protocol_VX840::markCount of them
-    QByteArray note; ///< at most 1023 bytes; cut
-    quint32 cable = 0; ///< number of the cable in its owner's books
+    QByteArray note; ///< truncated to 1023 bytes
+    quint32 cable = 0; ///< number that the owner gave the cable
     quint8 pair = 0; ///< pair within the cable
 };
 
-/// A complete record. Every byte is written: what does not apply is 0.
+/// A complete record; every byte without a value is 0.
 Protocol_VX840::TDR_FILE_t makeRecord(const Trace &trace, const Settings &settings,
                                       const Survey &survey);
 
-/// The check byte that \a record should have: with it all 37775 bytes add up to 0 modulo 256.
+/// The check byte for \a record: with it the sum of all 37775 bytes is 0 modulo 256.
 quint8 checkByte(const Protocol_VX840::TDR_FILE_t &record);
 
 /// The record as the bytes of a .tdr file.

@@ -5,7 +5,7 @@
 namespace instrument {
 namespace {
 
-constexpr double coaxKU = 1.51515; ///< light over pulse in solid polyethylene
+constexpr double coaxKU = 1.51515; ///< KU of solid polyethylene
 
 /// A pair of 0.5 mm copper wires in polyethylene: 120 ohms, one count per 0.125 m.
 Section pairOf(double length)

@@ -10,7 +10,7 @@
 
 namespace instrument {
 
-/// One of the traces in samples/: which cable, how measured, what noted.
+/// One of the traces in samples/: cable, settings and notes.
 struct SampleTrace
 {
     QString fileName; ///< without a folder
@@ -19,8 +19,8 @@ struct SampleTrace
     Survey survey;
 };
 
-/// The six traces, in the order of their file names. The first, as the master of the other five,
-/// shows 125 m; each keeps to its own band of levels there, except the pair of the same cable.
+/// The six traces, in the order of their file names. With the first as the master the view is 125 m
+/// wide, and each trace has its own band of levels, except the two of the same pair.
 std::vector<SampleTrace> sampleTraces();
 
 } // namespace instrument

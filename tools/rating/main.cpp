@@ -33,7 +33,7 @@ QString number(double value, int decimals)
     return QString::number(value, 'f', decimals);
 }
 
-/// \a part of \a whole, or a dash for a part of nothing.
+/// \a part of \a whole, or a dash when \a whole is 0.
 QString share(int part, int whole)
 {
     return whole == 0 ? QStringLiteral("-") : number(double(part) / whole, 3);
@@ -193,7 +193,7 @@ void printCrests(int traces, quint64 seed)
 struct Special
 {
     const char *name;
-    int reflections; ///< that are there
+    int reflections; ///< number to be found
     Shape (*shape)(Random &random);
 };
 

@@ -40,8 +40,8 @@ std::vector<double> randomPlaces(Random &random, double width)
     return places;
 }
 
-/// The echo of an open end behind \a spans without any other reflection: what the losses leave of
-/// the launched pulse.
+/// The echo of an open end behind \a spans without any other reflection: the launched pulse after
+/// the losses.
 Echo pulseThrough(std::vector<Span> spans, Settings settings)
 {
     for (Span &span : spans)
@@ -62,9 +62,9 @@ Echo pulseThrough(std::vector<Span> spans, Settings settings)
              static_cast<double>(wide) };
 }
 
-/// Adds the place behind the last span of \a cable, of reflection coefficient \a share. Returns the
-/// impedance of the section behind it, and the share of a pulse that passes it there and back in
-/// \a passed.
+/// Adds a place with reflection coefficient \a share behind the last span of \a cable. Returns the
+/// impedance of the section behind it. \a passed gets the share of a pulse that passes it twice,
+/// there and back.
 double addPlace(Cable &cable, Random &random, double share, double &passed)
 {
     Span &span = cable.spans.back();
@@ -82,7 +82,7 @@ double addPlace(Cable &cable, Random &random, double share, double &passed)
     return before;
 }
 
-/// Sets the tallest echo and the gain that shows it on the whole screen.
+/// Sets the tallest echo and the gain at which it has at most the full height.
 void setGain(TestCable &test)
 {
     for (const Echo &echo : test.echoes)

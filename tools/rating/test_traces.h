@@ -40,7 +40,7 @@ struct Echo
 struct TestCable
 {
     instrument::Cable cable;
-    instrument::Settings settings; ///< without noise; the gain makes the tallest echo 80 to 100
+    instrument::Settings settings; ///< no noise; at this gain the tallest echo has 80 to 100 steps
     double pulseWidth = 0.0; ///< samples at half height
     std::vector<Echo> echoes;
     double tallest = 0.0; ///< V, of the echoes
@@ -57,7 +57,7 @@ constexpr std::size_t traceLength = 250; ///< samples
 /// over \a noiseWidth samples: the width of the receiver's response at half height.
 QVector<int> levelsOf(const TestCable &cable, double deviation, double noiseWidth, quint64 seed);
 
-/// Noise of \a deviation sample steps without any cable, in the same way.
+/// The same without a cable: only noise of \a deviation sample steps.
 QVector<int> noiseLevels(double deviation, double noiseWidth, quint64 seed);
 
 /// Standard deviation of noise of \a noiseWidth samples behind the filter matched to a Gaussian

@@ -7,8 +7,8 @@
 
 namespace tdr {
 
-/// What is wrong with the trace file that holds \a bytes, a line each; empty for a sound one. A
-/// file that ends before the last drawn sample is reported for its size only.
+/// The faults of the trace file with the content \a bytes, one in each line; empty for a file
+/// without faults. For a file that ends before the last drawn sample, reports only the size.
 QStringList findings(const QByteArray &bytes);
 
 } // namespace tdr

@@ -19,7 +19,7 @@ QString captured(const QString &line, const QRegularExpression &pattern)
     return pattern.match(line).captured(1);
 }
 
-/// The facts of the viewer's table; other comments hold none.
+/// Reads the facts in a comment of the viewer's table; ignores other comments.
 void readComment(const QString &line, Curve &curve)
 {
     static const QRegularExpression ku(QStringLiteral("^# KU = c/v = ([0-9.]+) "));
@@ -39,7 +39,7 @@ QChar separatorOf(const QString &line)
     for (const QChar separator : { QLatin1Char(';'), QLatin1Char('\t') })
         if (line.contains(separator))
             return separator;
-    // Blanks that stand beside no comma separate; the commas are decimal ones then.
+    // Blanks with no comma beside them are separators; then commas are decimal commas.
     static const QRegularExpression blanks(QStringLiteral("[^,\\s]\\s+[^,\\s]"));
     const bool hasCommas = line.contains(QLatin1Char(',')) && !line.contains(blanks);
     return QLatin1Char(hasCommas ? ',' : ' ');

@@ -9,7 +9,7 @@
 
 namespace tdr {
 
-/// A measurement as a table holds it.
+/// A measurement from a table.
 struct Curve
 {
     struct Point
@@ -28,9 +28,9 @@ struct Curve
 
 /// Reads the table \a text into \a curve: two columns, distance or echo time and level, or the
 /// table that the viewer exports of one trace. Columns are separated by commas, semicolons,
-/// tabulators or blanks; with any but commas, numbers may have decimal commas. The line above the
-/// first numbers names the unit of the places, m or ns; without such a line they are metres. Lines
-/// that begin with # are comments. Returns why it could not be read, empty on success.
+/// tabulators or blanks; with any separator but commas, numbers may have decimal commas. The line
+/// above the first numbers names the unit of the places, m or ns; without such a line they are
+/// metres. Lines that begin with # are comments. Returns the error, empty on success.
 QString readCurve(const QByteArray &text, Curve &curve);
 
 } // namespace tdr

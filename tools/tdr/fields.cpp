@@ -21,7 +21,7 @@ constexpr double distanceUnits = 10000.0; ///< in a metre; distances are rounded
 
 // ---- Values ----
 
-/// To the seven digits of a float: 18.3, not 18.299999237060547.
+/// \a value rounded to the seven digits of a float: 18.3, not 18.299999237060547.
 double decimal(float value)
 {
     return QString::number(double{ value }, 'g', floatDigits).toDouble();
@@ -50,7 +50,7 @@ template <std::size_t size> QJsonValue text(const char (&field)[size])
     return shown;
 }
 
-/// The member of \a names that \a value counts to, or its digits.
+/// The name at index \a value of \a names, or the digits of \a value when there is none.
 template <std::size_t size> QJsonValue choice(quint32 value, const char *const (&names)[size])
 {
     return value < size ? QString::fromLatin1(names[value]) : QString::number(value);
@@ -206,7 +206,7 @@ Section samples(const TDR_FILE_t &record)
         .section("samples");
 }
 
-/// Where the trace lies at the stored KU, shifts included, as the viewer draws it.
+/// The extent of the trace at the stored KU, shifts included, as the viewer draws it.
 Section range(const calc::TraceRef &trace, double metresPerCount)
 {
     QVector<QPointF> points;

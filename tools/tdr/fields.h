@@ -16,7 +16,7 @@ namespace tdr {
 struct Field
 {
     QString name;
-    QJsonValue value; ///< null for NaN, infinities and dates that are none
+    QJsonValue value; ///< null for NaN, infinities and invalid dates
     QString unit; ///< empty for none, or when it is not known
 };
 
@@ -27,7 +27,7 @@ struct Section
     QVector<QVector<Field>> entries;
 };
 
-/// What the trace file with \a bytes says: the record's fields, and what follows from its samples.
+/// The fields of the trace file with the content \a bytes, and values computed from its samples.
 /// With \a all, also the fields of unknown meaning, in hexadecimal digits.
 QVector<Section> sectionsOf(const QByteArray &bytes, bool all);
 

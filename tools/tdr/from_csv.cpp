@@ -18,15 +18,15 @@ namespace {
 
 using Protocol_VX840::TDR_FILE_t;
 
-constexpr double stepTolerance = 0.001; ///< counts by which a step may be too short unnoticed
-constexpr double placeTolerance = 0.05; ///< counts within which a row lies on a sample
+constexpr double stepTolerance = 0.001; ///< counts by which a computed step may be too short
+constexpr double placeTolerance = 0.05; ///< counts; a nearer row lies on the sample
 
 QString numberText(double value)
 {
     return QString::number(value, 'g', 7);
 }
 
-/// The places of the samples, in samples from the origin of the axis.
+/// The places of the samples: \c start is in samples from the origin of the axis.
 struct Grid
 {
     int step = 1; ///< counts
@@ -61,12 +61,12 @@ int stepFor(const Curve &curve, const Demands &demands, QStringList &remarks)
     return step;
 }
 
-/// Where the samples get their levels from.
+/// Numbers of samples by the source of their levels.
 struct Tally
 {
-    int met = 0; ///< from the row that lies there
+    int met = 0; ///< level of a row at the same place
     int interpolated = 0;
-    int repeated = 0; ///< from the first or last row, beyond which they lie
+    int repeated = 0; ///< beyond the rows: level of the first or last row
     int rounded = 0;
     int clipped = 0;
 };
@@ -147,7 +147,7 @@ void putDate(const QDateTime &moment, TDR_FILE_t &record)
 
 void putGrid(const Grid &grid, TDR_FILE_t &record)
 {
-    // A delay has no sign; what begins left of the axis is shifted there.
+    // A delay cannot be negative; a trace that begins left of the axis gets a shift.
     auto &params = record.ch.params;
     params.sample_minstep = static_cast<float>(grid.step * constants::nsPerCount);
     params.delay = static_cast<quint32>(std::max<qint64>(0, grid.start));

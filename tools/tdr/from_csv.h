@@ -10,7 +10,7 @@
 
 namespace tdr {
 
-/// What the user demands of a record; what is not set is taken from the measurement.
+/// Options of the user for a record. Values that are not set are taken from the measurement.
 struct Demands
 {
     std::optional<double> step; ///< ns above 0
@@ -23,16 +23,16 @@ struct Demands
 struct Conversion
 {
     QByteArray record; ///< 37775 bytes, or none
-    QStringList remarks; ///< what was assumed, rounded, clipped or left out
-    QString failure; ///< why there is no record; otherwise empty
+    QStringList remarks; ///< values that were assumed, rounded, clipped or left out
+    QString failure; ///< the reason when there is no record, otherwise empty
 };
 
 /// True when the date of a record can hold \a moment.
 bool isStorable(const QDateTime &moment);
 
 /// Makes a record of the table \a text, which readCurve describes: 250 samples at a step that is a
-/// multiple of 1.25 ns, linearly interpolated. Without a demanded step it is the shortest one with
-/// which they are as long as the rows; up to half a step at either end can be lost.
+/// multiple of 1.25 ns, linearly interpolated. Without a demanded step, uses the shortest one at
+/// which the samples are as long as the rows; up to half a step at either end can be lost.
 Conversion fromCsv(const QByteArray &text, const Demands &demands);
 
 } // namespace tdr

@@ -8,12 +8,11 @@
 
 namespace tdr {
 
-/// What the trace file \a file with \a bytes says, as aligned lines of text. With \a all, also the
-/// fields of unknown meaning. A file that is too short for a trace reads as if zeros followed.
+/// The content \a bytes of the trace file \a file, as aligned lines of text. With \a all, also the
+/// fields of unknown meaning. Missing bytes of a short file count as 0.
 QString infoText(const QString &file, const QByteArray &bytes, bool all);
 
-/// The same as an object of JSON. A key is the name of the field and, after an underscore, its
-/// unit.
+/// The same as a JSON object. A key is the name of the field and, after an underscore, its unit.
 QJsonObject infoJson(const QString &file, const QByteArray &bytes, bool all);
 
 } // namespace tdr

@@ -67,7 +67,7 @@ template <typename Use> ExitCode eachFile(const QCommandLineParser &parser, Use 
     return code;
 }
 
-/// Why \a bytes hold no trace; empty when they do.
+/// The reason why \a bytes are no trace; empty when they are one.
 QString shortage(const QByteArray &bytes)
 {
     if (bytes.size() >= tdr::traceBytes)
@@ -135,7 +135,7 @@ ExitCode csv(const QCommandLineParser &parser)
         write(output, tdr::table(records, calc::decimalsOf(QLocale())), parser.isSet(forceOption)));
 }
 
-/// Reads the options of from-csv; the text says which of them is wrong.
+/// Reads the options of from-csv. Returns the error, empty on success.
 QString readDemands(const QCommandLineParser &parser, tdr::Demands &demands)
 {
     bool isNumber = true;

@@ -33,7 +33,7 @@ QString notReadable()
     return QStringLiteral("neither a regular file nor a pipe");
 }
 
-/// Why \a name may not be opened for reading. Opening a device can block or have effects.
+/// The reason not to open \a name for reading: opening a device can block or have side effects.
 QString obstacle(const QString &name)
 {
 #ifdef Q_OS_WIN

@@ -19,8 +19,8 @@ struct NamedRecord
 };
 
 /// The table that the viewer would export of \a records, without its cursors. The first record is
-/// the master, whose KU all distances are computed with, and the selected trace, whose reflections
-/// are listed.
+/// the master, whose KU is used for all distances, and the selected trace, whose reflections are
+/// listed.
 QByteArray table(const std::deque<NamedRecord> &records, calc::Decimals decimals);
 
 } // namespace tdr
