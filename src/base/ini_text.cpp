@@ -56,7 +56,7 @@ QByteArray escaped(const QString &value)
             text += "\\0";
             afterNumber = true;
         } else if (c < 0x20 || c >= 0x7f || (afterNumber && digitOf(character) < 16)) {
-            // A digit after such a number is also escaped: it would be read as part of the number.
+            // Also escapes a digit after an escaped number, which would be read as part of it.
             text += "\\x" + QByteArray::number(c, 16);
             afterNumber = true;
         } else {

@@ -34,7 +34,8 @@ double wantedFactor()
     return 1.0;
 }
 
-/// True when no variable sets the scale and every screen is within 5 % of \a wanted, not all exact.
+/// True when no variable sets the scale, the scale of every screen is within 5 % of \a wanted, and
+/// at least one is not exact.
 bool isAccident(double wanted)
 {
     for (const char *variable : { "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_USE_PHYSICAL_DPI",

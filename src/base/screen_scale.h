@@ -16,7 +16,7 @@ namespace screen_scale {
 /// of Qt's windows.
 ///
 /// An X server without a scale reports the size of the screen in whole millimetres, so 96 dpi may
-/// arrive as 96.1 dpi. Every line would be blurred for a window one pixel wider. Such a scale is
+/// arrive as 96.1 dpi. The window would be one pixel wider and every line blurred. Such a scale is
 /// ignored. It is known only after the application exists, so the application is created again,
 /// which takes some milliseconds.
 std::unique_ptr<QApplication> makeApplication(int &argc, char **argv);

@@ -15,8 +15,8 @@ class SharedBevels : public QProxyStyle
 public:
     using QProxyStyle::QProxyStyle;
 
-    /// The only instance, owned by the application, which must exist. It draws with the style that
-    /// the application has at the first call; Qt's default replaces a style of an unknown name.
+    /// The only instance, owned by the application, which must exist. It draws with the style of
+    /// the application at the first call, or with Qt's default if the name of that is unknown.
     static SharedBevels *instance();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

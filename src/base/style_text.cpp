@@ -17,7 +17,7 @@ namespace {
 constexpr int maxSize = 256 * 1024; ///< characters
 constexpr int maxCost = 16384; ///< takes about 2 s with the widgets of the main window
 constexpr int pictureCost = 32; ///< Qt looks for a missing picture under every known suffix
-/// Of all pictures together. Qt loads pictures that exceed its cache again for each widget.
+/// Of all pictures together. Pictures that exceed Qt's cache are loaded once for each widget.
 constexpr qint64 maxPixels = 2 << 20;
 constexpr int maxFactor = 5; ///< of the cost of a rule that may match every widget or button
 constexpr double maxNumber = 1e6;

@@ -10,7 +10,7 @@ namespace window_geometry {
 /// True when \a record, a geometry as QWidget::saveGeometry makes it (versions 1 to 3), can be
 /// given to restoreGeometry: it is complete, and each of its rectangles has its edges in order and
 /// is at most four times as wide and high as \a desktop, in pixels, and at most 32767.
-/// restoreGeometry itself accepts any size: after damage to one byte, memory can run out.
+/// restoreGeometry itself accepts any size: one damaged byte can exhaust the memory.
 bool isPlausibleGeometry(const QByteArray &record, const QSize &desktop);
 
 /// True when \a record is a state that QMainWindow::saveState can make of this window, which has no

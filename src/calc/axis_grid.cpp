@@ -71,7 +71,7 @@ GridPlan planGrid(const Range &range, double metresPerCount, float plotWidth)
     if (!(step > 0.0))
         return plan;
 
-    // Used as pixels per metre: a plot without a width causes no division by 0.
+    // Pixels per metre are used: metres per pixel would divide by a width of 0.
     const bool hasWidth = plotWidth > 0.0F && std::isfinite(plotWidth);
     const double width = hasWidth ? static_cast<double>(plotWidth) : 0.0;
     const double stepPixels = step * (width / span);

@@ -19,7 +19,7 @@ constexpr double estimateErrors = 5.5;
 /// Least height of a peak in sample steps. Rounding of the samples alone gives peaks of one; where
 /// the baseline bends, its error is one or two.
 constexpr double leastHeight = 3.0;
-/// Sample steps at which the converter saturates; with a symmetrical range it does at -127.
+/// Sample steps at which the converter saturates. One with a symmetrical range saturates at -127.
 constexpr double highestLevel = 127.0;
 constexpr double lowestLevel = -128.0;
 constexpr double roundingError = 0.29; ///< sample steps, standard deviation: 1 / sqrt(12)
@@ -41,7 +41,7 @@ constexpr double leastFree = 0.25; ///< least share of the samples that the nois
 /// Distance of the three samples of a second difference: more than the correlation length of most
 /// noise, and so short that a droop is straight over it.
 constexpr int differenceStep = 8;
-constexpr double valleySpan = 6.0; ///< widths; peaks farther apart have no valley between them
+constexpr double valleySpan = 6.0; ///< widths; between peaks farther apart, no peak is a valley
 
 double signOf(const Peak &peak)
 {
@@ -111,7 +111,7 @@ double slopeOf(const Curve &curve)
 Curve baselineOf(const Curve &curve, const Mask &covered)
 {
     Curve line = bridged(smoothed(curve, lightSmoothing), covered);
-    // Without the slope: on a ramp the median is taken from few samples and follows the noise.
+    // The slope is removed before the median, which would follow the noise on a ramp.
     const double slope = slopeOf(line);
     for (int i = 0; i < line.size(); ++i)
         line[i] -= slope * i;
@@ -131,12 +131,12 @@ Curve without(const Curve &values, const Mask &masked)
     return rest;
 }
 
-/// Upper bound of the standard deviation of the noise of \a smooth where it is not \a covered. The
-/// number of independent values is that of the sign changes of \a deviation, the distance of
-/// \a smooth from the baseline.
+/// Upper bound of the standard deviation of the noise of \a smooth where it is not \a covered.
+/// \a deviation is the distance of \a smooth from the baseline. The number of its sign changes is
+/// taken for the number of independent values.
 double noiseOf(const Curve &smooth, const Curve &deviation, const Mask &covered)
 {
-    // Where the baseline follows the noise, on a slope, second differences show it.
+    // On a slope the baseline follows the noise. Second differences show this noise, too.
     Curve bends;
     for (int i = differenceStep; i + differenceStep < smooth.size(); ++i) {
         const int before = i - differenceStep;

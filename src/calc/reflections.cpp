@@ -19,7 +19,7 @@ constexpr int leastSamples = 5; ///< a shorter trace is not searched
 /// Fraction of its height by which a spike exceeds both its neighbours. A pulse of 1.5 samples at
 /// half height, with its crest on a sample, exceeds them by 0.7.
 constexpr double spikeShare = 0.7;
-constexpr double spikeSteps = 4.0; ///< the same in median steps between two samples
+constexpr double spikeSteps = 4.0; ///< least excess in median steps between two samples
 
 /// A multiple reflection is expected within this many samples plus this share of its width.
 constexpr double placeError = 1.0;

@@ -42,8 +42,8 @@ void stepPoints(const TraceRef &trace, QVector<QPointF> &out);
 void splinePoints(const TraceRef &trace, QVector<QPointF> &out);
 
 /// Step form of \a master minus \a trace. It has a tread for each x at which both have a sample; a
-/// tread is as wide as the larger step. n such positions give 2n - 1 points, and none give no
-/// point. \a out as in stepPoints.
+/// tread is as wide as the larger step. n such positions give 2n - 1 points; without one there are
+/// no points. \a out as in stepPoints.
 void stepDifference(const TraceRef &master, const TraceRef &trace, QVector<QPointF> &out);
 
 /// Spline form of the same difference: one point for each shared position.

@@ -197,7 +197,7 @@ void MainWindow::remove_Selected_RFG(int id)
         master_is_set = false;
     else if (id == rfg_master_ID)
         setMasterID(lowest);
-    // When no trace is left, any selected slot is shown again, without values of the old master.
+    // Also when no trace is left: the controls can still show values of the old master.
     if (id == rfg_ID || !isSlot(lowest))
         rfgSelect_slot(rfg_ID);
 }

@@ -28,7 +28,7 @@
 namespace {
 
 constexpr double fontShare = 0.018; ///< base font size as a share of the smaller window extent
-constexpr int fontWidthNumerator = 15; ///< 15/16 of the width are the extent in this direction
+constexpr int fontWidthNumerator = 15; ///< 15/16 of the width is compared with the height
 constexpr int fontWidthDenominator = 16;
 constexpr double deltaFontFactor = 2.0; ///< of the base font size, for the cursor distance
 constexpr double navigationFontFactor = 1.5; ///< same, for "A" and "B" of the navigation buttons

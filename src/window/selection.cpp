@@ -147,7 +147,7 @@ int MainWindow::getMasterID() const
 
 void MainWindow::unmarkMaster(int id)
 {
-    // -1 before the first master; any number from a settings file.
+    // -1 before the first master; the settings can give any other number.
     if (!isSlot(id))
         return;
     selected_rfg[id]->setMast(false);
