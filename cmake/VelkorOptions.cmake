@@ -32,8 +32,7 @@ endif()
 
 if(VELKOR_BUILD_FUZZERS)
   # Instrumentation for the fuzzers. Comparisons are not traced: tracing takes half of the time, and
-  # few of them
-  # compare the input with constants.
+  # few of them compare the input with constants.
   target_compile_options(velkor_options INTERFACE
     -fsanitize-coverage=inline-8bit-counters,pc-table)
 endif()
