@@ -26,6 +26,15 @@ void clickUnheard(QAbstractButton *button)
     input::click(button);
 }
 
+/// Repaints \a dial when its caption changes, as the viewer does.
+void setCaption(Cont_dial &dial, const QString &caption)
+{
+    if (dial.titleText == caption)
+        return;
+    dial.titleText = caption;
+    dial.update();
+}
+
 } // namespace
 
 PeerSubject::PeerSubject(PeerPlot *plot, QSize size, const QStringList &files)
@@ -66,16 +75,14 @@ void PeerSubject::show(bool pointsChanged)
                 .arg(distance(m_model.cursors[i]), calc::levelText(m_model.level(i))));
     m_probe.delta_lbl()->setText(QStringLiteral("Δ = ")
                                  + distance(m_model.cursors[1] - m_model.cursors[0]));
-    // Last: it repaints at once everything that waits for it.
-    m_probe.cursor_dial()->setText(distance(m_model.cursors[0]));
+    setCaption(*m_probe.cursor_dial(), distance(m_model.cursors[0]));
 }
 
 void PeerSubject::showParameter(QAbstractButton *button, double value)
 {
     const QString text = QStringLiteral("X\n%1").arg(value);
     button->setText(text);
-    m_probe.param_dial()->titleText = text;
-    m_probe.param_dial()->update();
+    setCaption(*m_probe.param_dial(), text);
 }
 
 void PeerSubject::set(bool PeerModel::*mode, bool on)
