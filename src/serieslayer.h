@@ -20,8 +20,9 @@
 /// them. The OpenGL widget that would show them is created in a view that is never shown. The
 /// module paints series that are not marked.
 ///
-/// The item repaints itself when the series, the axes or the plot area change. It paints only near
-/// the region that the view repaints, so a cursor step paints only short parts of the traces.
+/// The item repaints itself when points (by replace()), pens, visibility, ranges or the plot area
+/// change; it has no use for other properties of series. It paints only near the region that the
+/// view repaints, so a cursor step paints only short parts of the traces.
 class SeriesLayer : public QGraphicsObject
 {
     Q_OBJECT
