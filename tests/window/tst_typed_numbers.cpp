@@ -105,8 +105,8 @@ class TestTypedNumbers : public WindowTest
     Q_OBJECT
 
 private:
-    /// Enters \a entry into \a dialog, then presses Enter and, when that does nothing, Tab. Returns
-    /// the difference from the expectation; empty if there is none.
+    /// Enters \a entry into \a dialog, then presses Enter. If that does nothing, steps in every way
+    /// and presses Tab. Returns the difference from the expectation; empty if there is none.
     static QString problemWith(QInputDialog &dialog, const Entry &entry, Enter enter)
     {
         auto *box = static_cast<QAbstractSpinBox *>(dialog.focusWidget());
@@ -127,6 +127,9 @@ private:
             const double number = isInt ? dialog.intValue() : dialog.doubleValue();
             return number == entry.number ? QString() : QString::number(number);
         }
+        QTest::keyClick(box, Qt::Key_Up);
+        input::wheel(box, 120);
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->width() - 6, 6)); // the upper arrow
         QTest::keyClick(box, Qt::Key_Tab);
         if (box->hasFocus() || isUsable(dialog) || box->text() != entered)
             return QStringLiteral("does not stay as it was entered");
