@@ -146,22 +146,23 @@ class TestExtrasDropping : public ThreeTracesTest
 private slots:
     void filesFillTheEmptySlotsFromTheFirstOn()
     {
-        const QStringList files = makeTraces(*fixture, 2);
-        MainWindow &window = openThree();
-        window.remove_Selected_RFG(0);
-        QStringList open;
-        for (const int slot : { 1, 2 })
-            open.append(probe().rfg_DATA()[slot].full_path);
-        Drag drag(window, urlsOf(files));
-        QVERIFY(drag.drop(middleOf(probe().Plot_View())));
-        QCOMPARE(probe().rfg_read_index(), 15);
-        for (int slot = 0; slot < 4; ++slot)
-            QCOMPARE(probe().rfg_DATA()[slot].full_path,
-                     (QStringList{ files[0], open[0], open[1], files[1] })[slot]);
-        // Nothing else changes.
-        QCOMPARE(probe().rfg_ID(), 1);
-        QCOMPARE(probe().rfg_master_ID(), 1);
-        QCOMPARE(window.settings()->last_folder, QFileInfo(files.last()).path());
+        for (const int count : { 2, 4 }) { // four slots are empty
+            const QStringList files = makeTraces(*fixture, count);
+            MainWindow &window = openThree();
+            window.remove_Selected_RFG(0);
+            QStringList expected = files;
+            for (const int slot : { 1, 2 })
+                expected.insert(slot, probe().rfg_DATA()[slot].full_path);
+            Drag drag(window, urlsOf(files));
+            QVERIFY(drag.drop(middleOf(probe().Plot_View())));
+            QCOMPARE(probe().rfg_read_index(), (1 << expected.size()) - 1);
+            for (int slot = 0; slot < expected.size(); ++slot)
+                QCOMPARE(probe().rfg_DATA()[slot].full_path, expected[slot]);
+            // Nothing else changes.
+            QCOMPARE(probe().rfg_ID(), 1);
+            QCOMPARE(probe().rfg_master_ID(), 1);
+            QCOMPARE(window.settings()->last_folder, QFileInfo(files.last()).path());
+        }
     }
 
     void firstFilesOfAnEmptyWindowAreSelected()
