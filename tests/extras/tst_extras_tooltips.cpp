@@ -193,6 +193,11 @@ private slots:
         QCOMPARE(shownOn(probe().curB_button()).mid(3),
                  (QStringList{ line("0 m"), line("0 ns"), line("Level: 9") }));
         QCOMPARE(shownOn(probe().delta_lbl()).mid(1), reading);
+        // And with B on the right of A.
+        window.cursorSelect_slot(MainWindow::CURSOR_B);
+        window.cursorSetup_slot(200);
+        QCOMPARE(shownOn(probe().delta_lbl()).mid(1), reading);
+        window.cursorSelect_slot(MainWindow::CURSOR_A);
         window.cursorSetup_slot(60000);
         QCOMPARE(shownOn(probe().curA_button()).last(), line("No level here"));
         window.cursorSelect_slot(MainWindow::DELTA);
