@@ -146,6 +146,16 @@ private slots:
                  (QVector<int>{ 130, 225 }));
     }
 
+    void verticalShiftDoesNotHideClipping()
+    {
+        // Too wide for an echo.
+        const auto clipped = [](int i) { return i >= 90 && i < 170 ? 127 : 0; };
+        openOn({ TraceBuilder().samples(clipped) });
+        QCOMPARE(extras::reflectionColumns(window()), QVector<int>());
+        window().V_Offset_change(-45);
+        QCOMPARE(extras::reflectionColumns(window()), QVector<int>());
+    }
+
     void cursorSnappedToTheLeftStillAdvances()
     {
         // In difference mode the master's delay of 30 snaps the cursor to the left of the requested
