@@ -235,6 +235,31 @@ private slots:
         QCOMPARE(extras::chartPicture(window, Background::Screen).width(), 3300);
     }
 
+    void labelsStandAtTheirLevelsAndDistances()
+    {
+        const MainWindow &window = openOn({ comb() });
+        const Drawing drawing = drawingOf(window);
+        const QRgb green = extras::Ink(window, Background::White).of(QColor(0, 255, 0)).rgb();
+        // From 0 m to the last sample at 124.5 m, and from level -20 to 20.
+        QRectF trace;
+        for (const Drawing::Line &line : drawing.lines)
+            if (line.colour == green && line.points.size() > 2)
+                trace = line.points.boundingRect();
+        const auto middleOf = [&drawing](const QString &label) {
+            return drawing.texts.value(drawing.words().indexOf(label)).place.center();
+        };
+        for (int level = -128; level <= 128; level += 32) {
+            const QString label = QString::number(level);
+            const double y = trace.center().y() - level * trace.height() / 40;
+            QVERIFY2(std::abs(middleOf(label).y() - y) < 1.0, qPrintable(label));
+        }
+        for (int i = 0; i <= 10; ++i) {
+            const QString label = QString::number(i * 12.5, 'f', 1);
+            const double x = trace.left() + i * 12.5 * trace.width() / 124.5;
+            QVERIFY2(std::abs(middleOf(label).x() - x) < 1.0, qPrintable(label));
+        }
+    }
+
     void levelLinesAreDashedWithinTheView()
     {
         MainWindow &window = openOn({ comb() });
