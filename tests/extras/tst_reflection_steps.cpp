@@ -104,6 +104,9 @@ private slots:
         QCOMPARE(back, there);
         window.cursorSetup_slot(480);
         QCOMPARE(stops(Qt::Key_P), QVector<double>{ there[0] });
+        // From the second one, on which the cursor was put by snapping.
+        window.cursorSetup_slot(extras::reflectionColumns(window)[1] + 1);
+        QCOMPARE(stops(Qt::Key_P), QVector<double>{ there[0] });
     }
 
     void stepsFollowTheSelectedTraceAndTheMode()
