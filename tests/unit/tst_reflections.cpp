@@ -264,6 +264,15 @@ private slots:
         }
     }
 
+    void symmetricalConverterClipsOneStepEarlier()
+    {
+        // Too wide for an echo.
+        QVector<int> levels = Shape().step(90, -500.0).step(170, 500.0).levels();
+        for (int &level : levels)
+            level = std::max(level, -127);
+        QCOMPARE(placesIn(levels), QVector<int>());
+    }
+
     void multipleReflectionsAreLeftOut()
     {
         // A pulse that is reflected at 100, 60 and 100 arrives at 140, with a height of at most 100
