@@ -111,8 +111,8 @@ struct MainWindowState
     MainWindowModes::CURSOR_MODE Cur_flag
         = MainWindowModes::CURSOR_A; ///< cursor that the dial drives
     MainWindowModes::CURSOR_MODE Cur_flag_true
-        = MainWindowModes::CURSOR_A; ///< the active cursor, also while cursors_update() sets
-                                     ///< Cur_flag
+        = MainWindowModes::CURSOR_A; ///< the active cursor; stays the same while
+                                     ///< cursors_update() changes Cur_flag
     int cursor_A_pos = 0; ///< counts
     int cursor_B_pos = 0;
     int cursor_A_pos_Y = 0; ///< sample steps, or 129

@@ -1,6 +1,6 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- Only refers to the toolkit's own catalogues. They are not shipped, so its dialogs stay English. -->
+<!-- Only refers to Qt's own catalogues. They are not shipped, so Qt's dialogs stay English. -->
 <TS version="2.1" language="ru" sourcelanguage="en">
 <dependencies>
     <dependency catalog="qtbase_ru"/>

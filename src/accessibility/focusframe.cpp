@@ -55,8 +55,8 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
         // An opening dialog sends FocusIn to its first control before that has the focus.
         if (!control->hasFocus())
             break;
-        // When the focused control is disabled, also by the mouse, Qt moves the focus with the
-        // reason of Tab.
+        // When the focused control is disabled, even by the mouse, Qt moves the focus and gives Tab
+        // as the reason.
         if (isByKeyboard(reason) && m_isKeyDown)
             surround(control);
         else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)

@@ -14,7 +14,7 @@ namespace {
 /// false peaks in noise alone, correlated over 0 to 10 samples, below 0.1 per trace.
 constexpr double noiseMultiple = 2.7;
 /// Standard errors that are added to the estimate of the noise. The standard error of a standard
-/// deviation from n independent values is 1 / sqrt(2 n) of it.
+/// deviation s from n independent values is s / sqrt(2 n).
 constexpr double estimateErrors = 5.5;
 /// Least height of a peak in sample steps. Rounding of the samples alone gives peaks of one; where
 /// the baseline bends, its error is one or two.
@@ -136,7 +136,7 @@ Curve without(const Curve &values, const Mask &masked)
 /// taken for the number of independent values.
 double noiseOf(const Curve &smooth, const Curve &deviation, const Mask &covered)
 {
-    // On a slope the baseline follows the noise. Second differences show this noise, too.
+    // On a slope the baseline follows the noise and hides it; second differences still show it.
     Curve bends;
     for (int i = differenceStep; i + differenceStep < smooth.size(); ++i) {
         const int before = i - differenceStep;

@@ -5,7 +5,7 @@
 class MainWindow;
 
 /// Keys, drag and drop, tooltips, help, copy and export. They are attached to the finished window.
-/// They read its parts and state, and change only by its operations, the values of its dials and
+/// They read its parts and state, and change it only by its operations, the values of its dials and
 /// the stored paths. Before the first key, drop or tooltip the window behaves as without them.
 namespace extras {
 

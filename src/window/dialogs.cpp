@@ -24,7 +24,7 @@ namespace {
 
 constexpr double kuDialogStep = 0.001;
 
-/// Reads the text that is entered in a number box. Point and comma are the decimal separator.
+/// Reads the text that is entered in a number box. Point or comma is the decimal separator.
 /// Blanks at the ends, between groups of three digits and before the unit are ignored. Any other
 /// text stays in the box as it was entered and disables OK. QAbstractSpinBox itself would drop
 /// unknown characters and read another number.

@@ -196,8 +196,9 @@ void MainWindow::filterControls(QObject *watched, QEvent *event)
         if (watched == logo_lbl) {
             adaptLinks(palette().color(QPalette::Window));
             QMessageBox::aboutQt(this, QLatin1String(""));
-        } else if (static_cast<QMouseEvent *>(event)->buttons() == Qt::RightButton)
+        } else if (static_cast<QMouseEvent *>(event)->buttons() == Qt::RightButton) {
             openEntryDialog(watched);
+        }
         break;
     default:
         break;

@@ -33,8 +33,8 @@ void retranslateButtons(const MainWindowParts &parts)
     parts.smooth_button->setText(MainWindow::tr("Smooth"));
     parts.reset_all_button->setText(MainWindow::tr("Reset All"));
     nameDialogButtons(parts);
-    // Named again after the queued LanguageChange event: on it, the dialog sets Qt's own texts,
-    // which are not translated.
+    // Repeated after the queued LanguageChange event, on which the dialog sets the untranslated
+    // texts of Qt.
     QMetaObject::invokeMethod(
         parts.input_dialog, [&parts] { nameDialogButtons(parts); }, Qt::QueuedConnection);
     parts.curA_nav_button->setText(QStringLiteral("A"));

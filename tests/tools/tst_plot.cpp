@@ -68,7 +68,7 @@ private slots:
         QVERIFY(!QImage(picture).isNull());
     }
 
-    void wrongUseIsAnError()
+    void wrongOptionsAreAnError()
     {
         const QString picture = path("none.png");
         const QString sample = samplePaths()[0];

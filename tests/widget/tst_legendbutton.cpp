@@ -120,7 +120,7 @@ private slots:
         QVERIFY(button->visible_action->isChecked());
     }
 
-    void signalsAreDeclaredInTheirOrder()
+    void signalsOfTheSlotAreDeclaredInTheirOrder()
     {
         const QMetaObject &meta = LegendButton::staticMetaObject;
         QByteArrayList names;

@@ -61,7 +61,7 @@ private slots:
         QCOMPARE(probe().settingsData()->last_folder, QFileInfo(chosen[5]).path());
     }
 
-    void cancellingChangesNothing()
+    void cancelledFileDialogChangesNothing()
     {
         openOn(levelTraces(6), 4);
         const QString folder = probe().settingsData()->last_folder;

@@ -26,7 +26,7 @@ private:
     }
 
 private slots:
-    void scrollPastAnEndIsRefused()
+    void scrollButtonsFollowTheRange()
     {
         openOn({});
         const auto verify = [this](int step, const Ends &ends) {

@@ -361,7 +361,7 @@ private slots:
                 player.chooseFrom(traces);
                 const Script script = randomScript(seed, comparedActions());
                 for (int i = 0; i < script.size(); ++i) {
-                    // Each state applies to an equal part of the script; events may change it
+                    // The script has equal parts, one per state. Events may change the state
                     if (i % (comparedActions() / stateCount) == 0)
                         setState(player, traces, i / (comparedActions() / stateCount));
                     player.play(script[i]);
